@@ -1,0 +1,48 @@
+#pragma once
+
+#include "base/unique.h"
+#include "base/windows_api.h"
+
+namespace voltaro {
+
+template <class H>
+struct GdiTraits {
+    using Handle = H;
+    static Handle Invalid() { return nullptr; }
+    static void Close(Handle handle) { DeleteObject(handle); }
+};
+using UniqueFont = Unique<GdiTraits<HFONT>>;
+using UniqueBrush = Unique<GdiTraits<HBRUSH>>;
+using UniquePen = Unique<GdiTraits<HPEN>>;
+using UniqueBitmap = Unique<GdiTraits<HBITMAP>>;
+
+struct MenuTraits {
+    using Handle = HMENU;
+    static Handle Invalid() { return nullptr; }
+    static void Close(Handle handle) { DestroyMenu(handle); }
+};
+using UniqueMenu = Unique<MenuTraits>;
+
+struct KernelTraits {
+    using Handle = HANDLE;
+    static Handle Invalid() { return nullptr; }
+    static void Close(Handle handle) { CloseHandle(handle); }
+};
+// An event or a thread.
+using UniqueHandle = Unique<KernelTraits>;
+
+struct KeyTraits {
+    using Handle = HKEY;
+    static Handle Invalid() { return nullptr; }
+    static void Close(Handle handle) { RegCloseKey(handle); }
+};
+using UniqueKey = Unique<KeyTraits>;
+
+struct SocketTraits {
+    using Handle = SOCKET;
+    static Handle Invalid() { return INVALID_SOCKET; }
+    static void Close(Handle handle) { closesocket(handle); }
+};
+using UniqueSocket = Unique<SocketTraits>;
+
+} // namespace voltaro

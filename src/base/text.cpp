@@ -1,0 +1,75 @@
+#include "base/text.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <cwchar>
+#include <cwctype>
+#include <limits>
+
+namespace voltaro {
+namespace {
+
+wchar_t Folded(wchar_t unit)
+{
+    if (unit < 0x80)
+        return unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit + (L'a' - L'A')) : unit;
+    return static_cast<wchar_t>(std::towlower(static_cast<wint_t>(unit)));
+}
+
+} // namespace
+
+bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b)
+{
+    return std::equal(
+        a.begin(), a.end(), b.begin(), b.end(), [](wchar_t x, wchar_t y) { return Folded(x) == Folded(y); });
+}
+
+std::int32_t LeadingNumber(std::wstring_view text)
+{
+    constexpr std::int64_t kHigh = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int64_t kLow = std::numeric_limits<std::int32_t>::min();
+    std::size_t at = text.find_first_not_of(L" \t\r\n");
+    if (at == std::wstring_view::npos)
+        return 0;
+    const bool negative = text[at] == L'-';
+    if (negative || text[at] == L'+')
+        ++at;
+    std::int64_t number = 0;
+    for (; at < text.size() && text[at] >= L'0' && text[at] <= L'9'; ++at)
+        number = std::min(number * 10 + (text[at] - L'0'), kHigh + 1);
+    return static_cast<std::int32_t>(std::clamp(negative ? -number : number, kLow, kHigh));
+}
+
+std::wstring NumberText(std::int64_t number)
+{
+    return std::to_wstring(number);
+}
+
+std::wstring Format(const wchar_t* format, ...)
+{
+    std::wstring text(128, L'\0');
+    for (;;) {
+        va_list arguments;
+        va_start(arguments, format);
+        const int length = std::vswprintf(text.data(), text.size(), format, arguments);
+        va_end(arguments);
+        if (length >= 0 && static_cast<std::size_t>(length) < text.size()) {
+            text.resize(static_cast<std::size_t>(length));
+            return text;
+        }
+        // A C library answers a full buffer and a text it cannot convert alike; beyond this size it is the latter.
+        if (text.size() > 1'000'000)
+            return {};
+        text.resize(text.size() * 4);
+    }
+}
+
+std::wstring Replaced(std::wstring_view text, std::wstring_view what, std::wstring_view with)
+{
+    std::wstring result(text);
+    for (std::size_t at = 0; (at = result.find(what, at)) != std::wstring::npos; at += with.size())
+        result.replace(at, what.size(), with);
+    return result;
+}
+
+} // namespace voltaro

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace voltaro {
+
+// One XML element as plain data: a text element (no children) or an element that holds elements. Requests are built
+// as such trees and turned into the document by one routine.
+struct Element {
+    std::wstring name;
+    std::wstring text;
+    std::vector<Element> children;
+
+    friend bool operator==(const Element&, const Element&) = default;
+};
+
+// An element that holds only text.
+[[nodiscard]] inline Element TextElement(std::wstring_view name, std::wstring_view text)
+{
+    return {std::wstring(name), std::wstring(text), {}};
+}
+
+// The first child of that name, or null.
+[[nodiscard]] inline const Element* FindChild(const Element& parent, std::wstring_view name)
+{
+    for (const Element& child : parent.children) {
+        if (child.name == name)
+            return &child;
+    }
+    return nullptr;
+}
+
+// The text of the child at a position, empty where there is none: replies are read by position.
+[[nodiscard]] inline std::wstring_view ChildText(const Element& parent, std::size_t position)
+{
+    return position < parent.children.size() ? std::wstring_view(parent.children[position].text) : std::wstring_view();
+}
+
+} // namespace voltaro

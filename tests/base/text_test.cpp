@@ -1,0 +1,63 @@
+#include "base/fixed_text.h"
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro {
+namespace {
+
+TEST(FixedTextTest, CutsAndStaysTerminated)
+{
+    FixedText<4> slot(L"abcdef");
+    EXPECT_EQ(slot.view(), L"abc");
+    slot = L"x";
+    EXPECT_EQ(slot.view(), L"x");
+    EXPECT_EQ(slot.data()[1], L'\0');
+    EXPECT_EQ(slot.data()[2], L'\0'); // a shorter text leaves nothing of the longer one behind
+}
+
+TEST(FixedTextTest, NeverCutsThroughASurrogatePair)
+{
+    const wchar_t text[] = {L'a', L'b', 0xD83D, 0xDE00, L'\0'};
+    EXPECT_EQ(FixedText<4>(text).view(), L"ab");
+    EXPECT_EQ(FixedText<5>(text).view(), text);
+}
+
+TEST(TextTest, LeadingNumbers)
+{
+    const struct {
+        const wchar_t* text;
+        std::int32_t number;
+    } kCases[] = {
+        {L"4916", 4916},
+        {L"  4916", 4916},
+        {L"4916x", 4916},
+        {L"x4916", 0},
+        {L"", 0},
+        {L"   ", 0},
+        {L"-7", -7},
+        {L"00000218", 218},
+        {L"99999999999999999999", 2147483647},
+        {L"-99999999999", -2147483647 - 1},
+        {L"+5", 5},
+    };
+    for (const auto& row : kCases)
+        EXPECT_EQ(LeadingNumber(row.text), row.number) << row.text;
+}
+
+TEST(TextTest, ComparesWithoutCase)
+{
+    EXPECT_TRUE(EqualsIgnoreCase(L"Success", L"sUCCESS"));
+    EXPECT_FALSE(EqualsIgnoreCase(L"Success", L"Success "));
+    EXPECT_FALSE(EqualsIgnoreCase(L"[", L"{")); // 0x20 apart, yet no letters
+}
+
+TEST(TextTest, FormatsOfAnyLength)
+{
+    EXPECT_EQ(Format(L"%02d:%ls|%.3f", 7, L"wide", 1.5), L"07:wide|1.500");
+    const std::wstring longText(5000, L'x');
+    EXPECT_EQ(Format(L"%ls", longText.c_str()), longText);
+}
+
+} // namespace
+} // namespace voltaro
