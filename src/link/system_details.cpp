@@ -73,7 +73,7 @@ void SystemDetails::Read(const Element* root)
 {
     for (Section& section : m_sections)
         std::fill(section.slots.begin(), section.slots.end(), NamedValue{});
-    m_stateText = L"";
+    m_stateText.Clear();
     if (!root)
         return;
     for (std::size_t i = 0; i < kDetailSections; ++i) {

@@ -39,7 +39,7 @@ Ready SelectOnce(SOCKET socket, WaitFor what, DWORD milliseconds)
     FD_ZERO(&ready);
     FD_SET(socket, &ready);
     fd_set failed = ready;
-    const timeval time{static_cast<long>(milliseconds / 1000), static_cast<long>(milliseconds % 1000 * 1000)};
+    timeval time{static_cast<long>(milliseconds / 1000), static_cast<long>(milliseconds % 1000 * 1000)};
     const bool connecting = what == WaitFor::Connection;
     const int count = select(0, connecting ? nullptr : &ready, connecting ? &ready : nullptr,
         connecting ? &failed : nullptr, milliseconds == kNoLimit ? nullptr : &time);
