@@ -1,0 +1,76 @@
+#include "console/activation.h"
+
+#include "base/text.h"
+#include "console/agent_lost.h"
+#include "console/main_view.h"
+#include "console/state.h"
+#include "ui/boxes.h"
+
+namespace voltaro {
+namespace {
+
+constexpr const wchar_t* kNotActivated = L"Not Activated";
+constexpr const wchar_t* kExpired = L"License Expired";
+
+constexpr const wchar_t* kNotActivatedText
+    = L"Voltaro on '%ls' is not activated.\nPlease activate Voltaro and try again.\n\nHint : To activate (in Voltaro "
+      L"Console Menu) click on Activate now... .";
+constexpr const wchar_t* kExpiredText = L"The license of Voltaro on '%ls' has expired.\nPlease renew the license and "
+                                        L"try again.\n\nHint : To activate (in "
+                                        L"Voltaro Console Menu) click on Activate now... .";
+
+void Refuse(HWND owner, const wchar_t* caption, Licence licence)
+{
+    const wchar_t* text = licence == Licence::Expired ? kExpiredText : kNotActivatedText;
+    Tell(owner, {caption, text}, Format(text, HostName().c_str()));
+}
+
+} // namespace
+
+Licence LicenceOf(std::wstring_view status)
+{
+    if (EqualsIgnoreCase(status, kNotActivated))
+        return Licence::NotActivated;
+    return EqualsIgnoreCase(status, kExpired) ? Licence::Expired : Licence::Active;
+}
+
+bool ReadActivationStatus()
+{
+    Reply reply = Send(Plain(Operation::GetActivationStatus));
+    if (!reply.Answered())
+        return false;
+    state.activationStatus = reply.Status();
+    if (mainView.repaint)
+        mainView.repaint();
+    return true;
+}
+
+bool OpenGate(HWND owner, const wchar_t* caption)
+{
+    if (!ReadActivationStatus()) {
+        OnAgentLost();
+        return false;
+    }
+    const Licence licence = LicenceOf(state.activationStatus);
+    if (licence != Licence::Active)
+        Refuse(owner, caption, licence);
+    return licence == Licence::Active;
+}
+
+bool IsLicenceRefusal(HWND owner, const wchar_t* caption, std::wstring_view status)
+{
+    const Licence licence = LicenceOf(status);
+    if (licence == Licence::Active)
+        return false;
+    Refuse(owner, caption, licence);
+    ReadActivationStatus();
+    return true;
+}
+
+std::wstring HostName()
+{
+    return agentAddress.wideHost == L"127.0.0.1" ? std::wstring(L"Localhost")
+                                                 : std::wstring(agentAddress.wideHost.view());
+}
+
+} // namespace voltaro

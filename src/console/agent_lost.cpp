@@ -1,0 +1,39 @@
+#include "console/agent_lost.h"
+
+#include "console/main_view.h"
+#include "console/state.h"
+#include "console/ui_calls.h"
+#include "ui/boxes.h"
+#include "ui/ui_thread.h"
+
+namespace voltaro {
+namespace {
+
+// The hint is laid out otherwise than in the connection check's box; both are meant.
+constexpr Box kLost = {L"Connection Issue",
+    L"Voltaro service on 'localhost' is not responding!\nPlease check if Voltaro service is started and try to "
+    L"reconnect "
+    L".\n\nHint :To check for services (in Windows) go to Start->Run.. type 'services.msc' press Enter.\n         To "
+    L"reconnect (in Voltaro Console Menu) click on Voltaro->Reinitialize ."};
+
+void ShowLoss()
+{
+    if (mainView.showAgentLost)
+        mainView.showAgentLost();
+    Tell(WindowOf(WindowId::Main), kLost);
+}
+
+} // namespace
+
+void OnAgentLost()
+{
+    if (!state.connected.TakeDown())
+        return;
+    state.detailsAnswered = false;
+    if (OnUiThread())
+        ShowLoss();
+    else
+        PostOnUi(ShowLoss);
+}
+
+} // namespace voltaro

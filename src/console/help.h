@@ -1,0 +1,19 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+#include <string>
+
+namespace voltaro {
+
+// Opens a page of the help file, such as L"Main Window.htm", with `owner` as the viewer's owner.
+void OpenHelp(HWND owner, const wchar_t* page);
+
+// The full topic: the help file below the installation directory, "::/" and the page.
+[[nodiscard]] std::wstring HelpTopic(const wchar_t* page);
+
+// The call to the help viewer; replaceable for tests.
+using HelpViewer = void (*)(HWND owner, const std::wstring& topic);
+extern HelpViewer helpViewer;
+
+} // namespace voltaro

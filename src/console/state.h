@@ -1,0 +1,113 @@
+#pragma once
+
+#include "base/installation.h"
+#include "base/windows_api.h"
+#include "link/replies.h"
+#include "link/system_details.h"
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace voltaro {
+
+// Every window of the program; created once at start-up, alive until exit.
+enum class WindowId : std::uint8_t {
+    Main,
+    SystemInfo,
+    Scheme,
+    SchemeDisplay,
+    SchemePowerOff,
+    SchemeProcessor,
+    Policy,
+    Rule,
+    JobList,
+    JobEditor,
+    JobActions,
+    JobTasks,
+    DeviceControl,
+    AccessControl,
+    Snooze,
+    Proxy,
+    Battery,
+    SystemInfoCpu,
+    SystemInfoPower,
+    SystemInfoOs,
+    SystemInfoNetwork,
+    SystemInfoDisks,
+    Savings,
+    SavingsTotals,
+    SavingsEstimates,
+    SavingsGraph,
+    Profile,
+    Activation,
+    Update,
+    Count,
+};
+
+// A flag that windows and workers share: a single byte, stored and read whole. A worker may act on it one cycle late.
+class SharedFlag {
+public:
+    SharedFlag() = default;
+    operator bool() const { return m_value.load(std::memory_order_relaxed) != 0; }
+    SharedFlag& operator=(bool value)
+    {
+        m_value.store(value ? 1 : 0, std::memory_order_relaxed);
+        return *this;
+    }
+    // Clears the flag; true for the one caller that found it set.
+    bool TakeDown() { return m_value.exchange(0) != 0; }
+
+private:
+    std::atomic<std::uint8_t> m_value{0};
+};
+
+// What a window asks the refresh worker for.
+enum class RefreshKind : std::int32_t { None = 0, SystemDetails = 1, PowerData = 2 };
+
+// The state of the process. The records are written on the user-interface thread alone: workers hand over what they
+// read (console/ui_calls.h).
+struct ConsoleState {
+    std::array<HWND, static_cast<std::size_t>(WindowId::Count)> windows{};
+
+    InstallDirectory installDirectory{};
+    FixedText<512> binDirectory;   // 1,024 bytes
+    FixedText<100> versionCaption; // for the about and update windows
+    FixedText<100> trayTooltip;
+    FixedText<10> secondHostText; // what the host configuration holds beside the port
+
+    SharedFlag connected;          // a complete load has run and nothing was lost since
+    SharedFlag consoleReady;       // no connection check is running; others repaint only then
+    SharedFlag trayRestoreAllowed; // set for good by the first complete load
+    SharedFlag detailsAnswered;    // the agent answered, the load may not have finished
+    SharedFlag notPaused;
+    SharedFlag updateBusy;
+    std::atomic<RefreshKind> refreshKind{RefreshKind::None};
+    std::atomic<std::int32_t> busyAnimation{0};
+    HANDLE refreshEvent = nullptr; // borrowed from the workers
+
+    SystemDetails details;
+    BatteryInfo battery;
+    FixedText<100> lastBatteryStatus;
+    FixedText<100> lastBatteryCharge;
+    std::vector<std::wstring> schemes;
+    std::vector<std::wstring> policies;
+    PowerSchemeSettings currentScheme;
+    int currentSchemeIndex = -1; // in the main window's scheme list
+    HostSettings host;
+    ProxySettings proxy;
+    PowerConsumptionData consumption;
+    std::vector<std::wstring> patch; // the patch record; nothing of it is shown
+    FieldText activationStatus;
+    FieldText pauseStatus;
+};
+inline ConsoleState state;
+
+[[nodiscard]] inline HWND WindowOf(WindowId id)
+{
+    return state.windows[static_cast<std::size_t>(id)];
+}
+
+} // namespace voltaro
