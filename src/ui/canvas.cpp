@@ -1,0 +1,142 @@
+#include "ui/canvas.h"
+
+#include "ui/theme.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace voltaro {
+namespace {
+
+struct MemoryDcTraits {
+    using Handle = HDC;
+    static Handle Invalid() { return nullptr; }
+    static void Close(Handle handle) { DeleteDC(handle); }
+};
+using UniqueMemoryDc = Unique<MemoryDcTraits>;
+
+class ScreenDc {
+public:
+    ScreenDc()
+        : m_dc(GetDC(nullptr))
+    {
+    }
+    ~ScreenDc() { ReleaseDC(nullptr, m_dc); }
+    ScreenDc(const ScreenDc&) = delete;
+    ScreenDc& operator=(const ScreenDc&) = delete;
+    [[nodiscard]] HDC Get() const { return m_dc; }
+
+private:
+    HDC m_dc;
+};
+
+bool IsGroupBox(HWND child)
+{
+    wchar_t name[16] = L"";
+    GetClassNameW(child, name, static_cast<int>(std::size(name)));
+    return CompareStringOrdinal(name, -1, WC_BUTTONW, -1, TRUE) == CSTR_EQUAL
+        && (GetWindowLongW(child, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
+}
+
+RECT PlaceIn(HWND window, HWND child)
+{
+    RECT place;
+    GetWindowRect(child, &place);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+// Leaves the visible children out of the copy. The copy goes over the group boxes, which then draw their frames again.
+void ExcludeChildren(HWND window, HDC screen, const RECT& painted)
+{
+    for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        if ((GetWindowLongW(child, GWL_STYLE) & WS_VISIBLE) == 0)
+            continue;
+        const RECT place = PlaceIn(window, child);
+        RECT common;
+        if (!IntersectRect(&common, &place, &painted))
+            continue;
+        if (IsGroupBox(child))
+            InvalidateRect(child, nullptr, FALSE);
+        else
+            ExcludeClipRect(screen, place.left, place.top, place.right, place.bottom);
+    }
+}
+
+// Copies a bitmap resource into a memory context and lets `copy` bring it to its place.
+template <class Copy>
+void WithBitmap(HDC dc, int resource, Copy copy)
+{
+    const HBITMAP bitmap = BitmapOf(resource);
+    BITMAP facts;
+    if (bitmap == nullptr || GetObjectW(bitmap, sizeof facts, &facts) == 0)
+        return;
+    const UniqueMemoryDc source(CreateCompatibleDC(dc));
+    const SelectGuard selected(source.Get(), bitmap);
+    copy(source.Get(), facts.bmWidth, facts.bmHeight);
+}
+
+} // namespace
+
+Canvas::Canvas(HWND window)
+    : m_window(window)
+    , m_screen(BeginPaint(window, &m_paint))
+    , m_memory(CreateCompatibleDC(m_screen))
+{
+    RECT client;
+    GetClientRect(window, &client);
+    m_bitmap.Reset(CreateCompatibleBitmap(m_screen, std::max(client.right, 1L), std::max(client.bottom, 1L)));
+    m_oldBitmap = SelectObject(m_memory, m_bitmap.Get());
+    FillRect(m_memory, &client, FaceBrush());
+}
+
+Canvas::~Canvas()
+{
+    const RECT& part = m_paint.rcPaint;
+    ExcludeChildren(m_window, m_screen, part);
+    BitBlt(m_screen, part.left, part.top, part.right - part.left, part.bottom - part.top, m_memory, part.left, part.top,
+        SRCCOPY);
+    SelectObject(m_memory, m_oldBitmap);
+    DeleteDC(m_memory);
+    EndPaint(m_window, &m_paint);
+}
+
+UniqueBitmap RenderBitmap(int width, int height, void (*draw)(HDC dc, void* context), void* context)
+{
+    const ScreenDc screen;
+    const UniqueMemoryDc memory(CreateCompatibleDC(screen.Get()));
+    UniqueBitmap bitmap(CreateCompatibleBitmap(screen.Get(), width, height));
+    const SelectGuard selected(memory.Get(), bitmap.Get());
+    const RECT whole{0, 0, width, height};
+    FillRect(memory.Get(), &whole, FaceBrush());
+    draw(memory.Get(), context);
+    return bitmap;
+}
+
+void DrawBitmap(HDC dc, int resource, int x, int y, int width, int height)
+{
+    WithBitmap(dc, resource, [=](HDC source, int sourceWidth, int sourceHeight) {
+        SetStretchBltMode(dc, HALFTONE);
+        SetBrushOrgEx(dc, 0, 0, nullptr);
+        StretchBlt(dc, x, y, width, height, source, 0, 0, sourceWidth, sourceHeight, SRCCOPY);
+    });
+}
+
+void DrawTransparentBitmap(HDC dc, int resource, int x, int y, int width, int height)
+{
+    WithBitmap(dc, resource, [=](HDC source, int sourceWidth, int sourceHeight) {
+        TransparentBlt(dc, x, y, width, height, source, 0, 0, sourceWidth, sourceHeight, kKeyColour);
+    });
+}
+
+void DrawTextAt(HDC dc, int x, int y, std::wstring_view text, HFONT font, COLORREF colour)
+{
+    const int saved = SaveDC(dc);
+    SelectObject(dc, font);
+    SetTextColor(dc, colour);
+    SetBkMode(dc, TRANSPARENT);
+    TextOutW(dc, x, y, text.data(), static_cast<int>(text.size()));
+    RestoreDC(dc, saved);
+}
+
+} // namespace voltaro

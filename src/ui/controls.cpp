@@ -1,0 +1,310 @@
+#include "ui/controls.h"
+
+#include "ui/list_view.h"
+#include "ui/window_class.h"
+
+#include <algorithm>
+#include <cassert>
+#include <iterator>
+
+namespace voltaro {
+namespace {
+
+// What Windows makes of a kind. Every control is a visible child besides.
+struct Shape {
+    Kind kind;
+    const wchar_t* className;
+    DWORD style;
+    DWORD extendedStyle;
+};
+
+constexpr DWORD kStatic = SS_NOPREFIX; // texts may carry names, in which an ampersand is a character
+constexpr DWORD kPlainText = ES_READONLY | ES_AUTOHSCROLL;
+constexpr DWORD kField = WS_TABSTOP | ES_AUTOHSCROLL;
+constexpr DWORD kCombo = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS | CBS_AUTOHSCROLL;
+constexpr DWORD kList = WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL;
+
+// clang-format off
+constexpr Shape kShapes[] = {
+    {Kind::GroupBox,          WC_BUTTONW,         BS_GROUPBOX,                                      0},
+    {Kind::TabStopGroupBox,   WC_BUTTONW,         BS_GROUPBOX | WS_TABSTOP,                         0},
+    {Kind::Label,             WC_STATICW,         kStatic | SS_LEFT,                                0},
+    {Kind::CentredLabel,      WC_STATICW,         kStatic | SS_CENTER,                              0},
+    {Kind::Edit,              WC_EDITW,           kField,                                           WS_EX_CLIENTEDGE},
+    {Kind::NumberEdit,        WC_EDITW,           kField | ES_NUMBER,                               WS_EX_CLIENTEDGE},
+    {Kind::PasswordEdit,      WC_EDITW,           kField | ES_PASSWORD,                             WS_EX_CLIENTEDGE},
+    {Kind::PlainEdit,         WC_EDITW,           kPlainText,                                       0},
+    {Kind::CentredPlainEdit,  WC_EDITW,           kPlainText | ES_CENTER,                           0},
+    {Kind::MultiLineText,     WC_EDITW,           ES_READONLY | ES_MULTILINE | ES_AUTOVSCROLL,      0},
+    {Kind::Combo,             WC_COMBOBOXW,       kCombo,                                           0},
+    {Kind::SortedCombo,       WC_COMBOBOXW,       kCombo | CBS_SORT | CBS_NOINTEGRALHEIGHT,         0},
+    {Kind::CheckBox,          WC_BUTTONW,         WS_TABSTOP | BS_AUTOCHECKBOX,                     0},
+    {Kind::Radio,             WC_BUTTONW,         BS_AUTORADIOBUTTON,                               0},
+    {Kind::Push,              WC_BUTTONW,         WS_TABSTOP | BS_PUSHBUTTON,                       0},
+    {Kind::DefaultPush,       WC_BUTTONW,         WS_TABSTOP | BS_DEFPUSHBUTTON,                    0},
+    {Kind::BitmapPush,        WC_BUTTONW,         WS_TABSTOP | BS_PUSHBUTTON | BS_BITMAP,           0},
+    {Kind::DefaultBitmapPush, WC_BUTTONW,         WS_TABSTOP | BS_DEFPUSHBUTTON | BS_BITMAP,        0},
+    {Kind::Trackbar,          TRACKBAR_CLASSW,    WS_TABSTOP | TBS_HORZ | TBS_AUTOTICKS,            0},
+    {Kind::Progress,          PROGRESS_CLASSW,    0,                                                0},
+    {Kind::SmoothProgress,    PROGRESS_CLASSW,    PBS_SMOOTH,                                       0},
+    {Kind::ListView,          WC_LISTVIEWW,       kList,                                            0},
+    {Kind::Tab,               WC_TABCONTROLW,     WS_TABSTOP | WS_CLIPSIBLINGS,                     0},
+    {Kind::TimePicker,        DATETIMEPICK_CLASSW, WS_TABSTOP | DTS_TIMEFORMAT,                     0},
+    {Kind::DatePicker,        DATETIMEPICK_CLASSW, WS_TABSTOP | DTS_SHORTDATECENTURYFORMAT,         0},
+    {Kind::IpAddress,         WC_IPADDRESSW,      WS_TABSTOP,                                       0},
+    {Kind::Link,              WC_LINK,            WS_TABSTOP,                                       0},
+};
+// clang-format on
+
+consteval bool ShapesInOrder()
+{
+    for (std::size_t i = 0; i < std::size(kShapes); ++i) {
+        if (kShapes[i].kind != static_cast<Kind>(i))
+            return false;
+    }
+    return std::size(kShapes) == static_cast<std::size_t>(Kind::Link) + 1;
+}
+static_assert(ShapesInOrder(), "a shape is found by its kind");
+
+const Shape& ShapeOf(const Control& row)
+{
+    return kShapes[static_cast<std::size_t>(row.kind)];
+}
+
+void InitialiseClasses()
+{
+    static const bool done = [] {
+        const INITCOMMONCONTROLSEX classes{sizeof classes,
+            ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES | ICC_DATE_CLASSES | ICC_INTERNET_CLASSES | ICC_LINK_CLASS};
+        InitCommonControlsEx(&classes);
+        return true;
+    }();
+    static_cast<void>(done);
+}
+
+bool IsPush(const Control& row)
+{
+    return row.kind >= Kind::Push && row.kind <= Kind::DefaultBitmapPush;
+}
+
+// The arrow keys move within a group: the radios up to the next group, and buttons that stand in a row.
+DWORD StyleOf(const Control& row, const Control* before)
+{
+    DWORD style = WS_CHILD | ShapeOf(row).style;
+    if ((row.flags & kHidden) == 0)
+        style |= WS_VISIBLE;
+    if ((row.flags & kDisabled) != 0)
+        style |= WS_DISABLED;
+    if ((row.flags & kRightAligned) != 0)
+        style |= SS_RIGHT;
+    if (row.kind == Kind::Radio && (row.flags & kGroup) != 0)
+        style |= WS_TABSTOP; // Windows moves it on to the radio that is chosen
+    const bool follows = row.kind == Kind::Radio || (before != nullptr && IsPush(row) && IsPush(*before));
+    if ((row.flags & kGroup) != 0 || ((style & WS_TABSTOP) != 0 && !follows))
+        style |= WS_GROUP;
+    if ((row.flags & kNoTabStop) != 0)
+        style &= ~static_cast<DWORD>(WS_TABSTOP);
+    return style;
+}
+
+// Esc in a text of several lines would close the window that holds it; it belongs to the dialog keys.
+LRESULT CALLBACK TextHabits(HWND text, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+{
+    if (message == WM_NCDESTROY)
+        RemoveWindowSubclass(text, &TextHabits, id);
+    const LRESULT answer = DefSubclassProc(text, message, w, l);
+    return message == WM_GETDLGCODE ? answer & ~(DLGC_WANTALLKEYS | DLGC_WANTTAB) : answer;
+}
+
+void Furnish(HWND control, Kind kind)
+{
+    if (kind == Kind::ListView) {
+        const DWORD looks = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
+        ListView_SetExtendedListViewStyleEx(control, looks, looks);
+        AddListHabits(control);
+    } else if (kind == Kind::MultiLineText) {
+        SetWindowSubclass(control, &TextHabits, 0, 0);
+    }
+}
+
+HWND Create(HWND window, const Shape& shape, DWORD style, const wchar_t* text, const RECT& place, int id, HFONT font)
+{
+    const HWND made = CreateWindowExW(shape.extendedStyle, shape.className, text, style, place.left, place.top,
+        place.right - place.left, place.bottom - place.top, window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+        Instance(), nullptr);
+    assert(made != nullptr);
+    SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    return made;
+}
+
+bool IsRadio(HWND control)
+{
+    return (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0;
+}
+
+bool StartsGroup(HWND control)
+{
+    return (GetWindowLongW(control, GWL_STYLE) & WS_GROUP) != 0;
+}
+
+// A click clears the other radios of a group by itself, a choice made by the program does not.
+void ClearRadioGroup(HWND radio)
+{
+    HWND control = radio;
+    while (!StartsGroup(control) && GetWindow(control, GW_HWNDPREV) != nullptr)
+        control = GetWindow(control, GW_HWNDPREV);
+    do {
+        if (IsRadio(control))
+            SendMessageW(control, BM_SETCHECK, BST_UNCHECKED, 0);
+        control = GetWindow(control, GW_HWNDNEXT);
+    } while (control != nullptr && !StartsGroup(control));
+}
+
+// Windows leaves the focus on a control that is disabled or hidden, and the keyboard is dead then: move it on first.
+void MoveFocusFrom(HWND window, HWND control)
+{
+    if (GetFocus() != control)
+        return;
+    const HWND next = GetNextDlgTabItem(window, control, FALSE);
+    SetFocus(next != nullptr && next != control ? next : window);
+}
+
+std::wstring EntryOf(HWND combo, int index)
+{
+    const LRESULT length = SendMessageW(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(index), 0);
+    if (length <= 0)
+        return {};
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    const LRESULT copied
+        = SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(std::max<LRESULT>(copied, 0)));
+    return text;
+}
+
+} // namespace
+
+void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
+{
+    constexpr Shape kName{Kind::Label, WC_STATICW, kStatic, 0};
+    InitialiseClasses();
+    const Control* before = nullptr;
+    for (const Control& row : rows) {
+        // A label of no size: a screen reader reads the static text right before a field as the field's name.
+        if (row.name != nullptr)
+            Create(window, kName, WS_CHILD | WS_VISIBLE | kStatic, row.name, {row.x, row.y, row.x, row.y}, kNoId, font);
+        const RECT place{row.x, row.y, row.x + row.width, row.y + row.height};
+        Furnish(Create(window, ShapeOf(row), StyleOf(row, before), row.text, place, row.id, font), row.kind);
+        before = &row;
+    }
+}
+
+HWND ControlOf(HWND window, int id)
+{
+    return GetDlgItem(window, id);
+}
+
+std::wstring TextOf(HWND window, int id)
+{
+    const HWND control = ControlOf(window, id);
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+void SetText(HWND window, int id, std::wstring_view text)
+{
+    if (TextOf(window, id) != text) // an unchanged text does not flicker
+        SetWindowTextW(ControlOf(window, id), std::wstring(text).c_str());
+}
+
+bool IsChecked(HWND window, int id)
+{
+    return SendMessageW(ControlOf(window, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void SetChecked(HWND window, int id, bool checked)
+{
+    const HWND control = ControlOf(window, id);
+    if (control == nullptr)
+        return;
+    if (checked && IsRadio(control))
+        ClearRadioGroup(control);
+    SendMessageW(control, BM_SETCHECK, static_cast<WPARAM>(checked ? BST_CHECKED : BST_UNCHECKED), 0);
+}
+
+void Enable(HWND window, int id, bool enabled)
+{
+    const HWND control = ControlOf(window, id);
+    if (!enabled)
+        MoveFocusFrom(window, control);
+    EnableWindow(control, enabled);
+}
+
+void Enable(HWND window, std::span<const int> ids, bool enabled)
+{
+    for (const int id : ids)
+        Enable(window, id, enabled);
+}
+
+void Show(HWND window, int id, bool visible)
+{
+    const HWND control = ControlOf(window, id);
+    if (!visible)
+        MoveFocusFrom(window, control);
+    ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void Show(HWND window, std::span<const int> ids, bool visible)
+{
+    for (const int id : ids)
+        Show(window, id, visible);
+}
+
+void FocusOn(HWND window, int id)
+{
+    const HWND control = ControlOf(window, id);
+    if (control == nullptr)
+        return;
+    SetFocus(control);
+    if ((SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0)
+        SendMessageW(control, EM_SETSEL, 0, -1);
+}
+
+void FillCombo(HWND window, int id, std::span<const std::wstring> entries)
+{
+    const HWND combo = ControlOf(window, id);
+    SendMessageW(combo, CB_RESETCONTENT, 0, 0);
+    for (const std::wstring& entry : entries)
+        SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
+}
+
+std::wstring SelectedText(HWND window, int id)
+{
+    const int index = SelectedIndex(window, id);
+    return index >= 0 ? EntryOf(ControlOf(window, id), index) : std::wstring();
+}
+
+int SelectedIndex(HWND window, int id)
+{
+    const HWND combo = ControlOf(window, id);
+    return combo != nullptr ? static_cast<int>(SendMessageW(combo, CB_GETCURSEL, 0, 0)) : -1;
+}
+
+void SelectIndex(HWND window, int id, int index)
+{
+    SendMessageW(ControlOf(window, id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+int SelectExact(HWND window, int id, std::wstring_view text)
+{
+    const HWND combo = ControlOf(window, id);
+    const int count = combo != nullptr ? static_cast<int>(SendMessageW(combo, CB_GETCOUNT, 0, 0)) : 0;
+    int index = 0;
+    while (index < count && EntryOf(combo, index) != text)
+        ++index;
+    const int found = index < count ? index : -1;
+    SelectIndex(window, id, found);
+    return found;
+}
+
+} // namespace voltaro

@@ -1,0 +1,29 @@
+#include "ui/file_dialog.h"
+
+#include <vector>
+
+namespace voltaro {
+namespace {
+
+std::optional<std::wstring> ChooseExistingFile(HWND owner, const FileDialog& dialog)
+{
+    std::vector<wchar_t> path(32768); // the longest path Windows knows
+    OPENFILENAMEW request{};
+    request.lStructSize = sizeof request;
+    request.hwndOwner = owner;
+    request.lpstrFilter = dialog.filter;
+    request.lpstrTitle = dialog.title;
+    request.lpstrFile = path.data();
+    request.nMaxFile = static_cast<DWORD>(path.size());
+    // The program's own current directory stays as it is.
+    request.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (!GetOpenFileNameW(&request))
+        return std::nullopt;
+    return std::wstring(path.data());
+}
+
+} // namespace
+
+FileChooser chooseFile = &ChooseExistingFile;
+
+} // namespace voltaro

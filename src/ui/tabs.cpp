@@ -1,0 +1,109 @@
+#include "ui/tabs.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace voltaro {
+namespace {
+
+using Pages = std::vector<HWND>;
+
+LRESULT CALLBACK TabHabits(HWND tab, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR data)
+{
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(tab, &TabHabits, id);
+        std::unique_ptr<Pages>(reinterpret_cast<Pages*>(data)).reset();
+    }
+    return DefSubclassProc(tab, message, w, l);
+}
+
+Pages* PagesOf(HWND tab)
+{
+    DWORD_PTR data = 0;
+    return GetWindowSubclass(tab, &TabHabits, 0, &data) ? reinterpret_cast<Pages*>(data) : nullptr;
+}
+
+// A page that lies beside its tab control must lie above it, or the control would paint over it; just above, so that
+// Tab reaches the page's fields between what was made before the tab control and after it.
+void PlaceAboveTab(HWND page, HWND tab)
+{
+    const LONG_PTR style = GetWindowLongPtrW(page, GWL_EXSTYLE);
+    SetWindowLongPtrW(page, GWL_EXSTYLE, style | WS_EX_CONTROLPARENT);
+    if (GetParent(page) != GetParent(tab))
+        return;
+    const HWND above = GetWindow(tab, GW_HWNDPREV);
+    if (above != page)
+        SetWindowPos(page, above != nullptr ? above : HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+bool HoldsFocus(HWND page)
+{
+    const HWND focus = GetFocus();
+    return focus != nullptr && (focus == page || IsChild(page, focus));
+}
+
+} // namespace
+
+void SetTabs(HWND tab, std::span<const TabPage> pages)
+{
+    TabCtrl_DeleteAllItems(tab);
+    Pages* remembered = PagesOf(tab);
+    if (remembered == nullptr) {
+        auto made = std::make_unique<Pages>();
+        if (!SetWindowSubclass(tab, &TabHabits, 0, reinterpret_cast<DWORD_PTR>(made.get())))
+            return;
+        remembered = made.release(); // freed by TabHabits
+    }
+    remembered->clear();
+    for (const TabPage& page : pages) {
+        TCITEMW item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = const_cast<wchar_t*>(page.caption);
+        SendMessageW(tab, TCM_INSERTITEMW, remembered->size(), reinterpret_cast<LPARAM>(&item));
+        remembered->push_back(page.page);
+        PlaceAboveTab(page.page, tab);
+    }
+    TurnTo(tab, 0);
+}
+
+void TurnTo(HWND tab, int index)
+{
+    const Pages* pages = PagesOf(tab);
+    if (pages == nullptr || index < 0 || static_cast<std::size_t>(index) >= pages->size())
+        return;
+    if (TabCtrl_GetCurSel(tab) != index)
+        TabCtrl_SetCurSel(tab, index);
+    const HWND shown = (*pages)[static_cast<std::size_t>(index)];
+    const bool focusLeaves
+        = std::any_of(pages->begin(), pages->end(), [=](HWND page) { return page != shown && HoldsFocus(page); });
+    ShowWindow(shown, SW_SHOWNA);
+    if (focusLeaves) {
+        const HWND first = GetNextDlgTabItem(shown, nullptr, FALSE);
+        SetFocus(first != nullptr ? first : tab);
+    }
+    for (const HWND page : *pages) {
+        if (page != shown)
+            ShowWindow(page, SW_HIDE);
+    }
+}
+
+void TurnToSelected(HWND tab)
+{
+    TurnTo(tab, SelectedTab(tab));
+}
+
+void TurnBy(HWND tab, int step)
+{
+    const int count = TabCtrl_GetItemCount(tab);
+    if (count > 0)
+        TurnTo(tab, ((SelectedTab(tab) + step) % count + count) % count);
+}
+
+int SelectedTab(HWND tab)
+{
+    return TabCtrl_GetCurSel(tab);
+}
+
+} // namespace voltaro

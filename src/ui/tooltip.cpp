@@ -1,0 +1,114 @@
+#include "ui/tooltip.h"
+
+#include <memory>
+#include <string>
+
+namespace voltaro {
+namespace {
+
+constexpr wchar_t kTipsProperty[] = L"VoltaroTooltips";
+constexpr int kTipWidth = 400; // pixels; longer texts wrap
+
+// The tip of one control, kept as its subclass data until the control dies.
+struct Tip {
+    HWND tips; // the tooltip window
+    std::wstring text;
+};
+
+// The tooltip window of a top-level window: owned by it, so it dies with it.
+HWND TipsOf(HWND control)
+{
+    const HWND root = GetAncestor(control, GA_ROOT);
+    if (const auto made = static_cast<HWND>(GetPropW(root, kTipsProperty)))
+        return made;
+    const HWND tips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
+        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, root, nullptr, nullptr, nullptr);
+    SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, kTipWidth);
+    SetPropW(root, kTipsProperty, tips);
+    return tips;
+}
+
+TTTOOLINFOW ToolOf(HWND control, const Tip& tip)
+{
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.uFlags = TTF_SUBCLASS | TTF_IDISHWND;
+    tool.hwnd = GetParent(control);
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = const_cast<wchar_t*>(tip.text.c_str());
+    return tool;
+}
+
+// Over a disabled control the mouse speaks to the parent: a second tool covers the control's place there, as long as
+// the control is visible.
+TTTOOLINFOW PlaceToolOf(HWND control, const Tip& tip)
+{
+    TTTOOLINFOW tool = ToolOf(control, tip);
+    tool.uFlags = TTF_SUBCLASS;
+    ++tool.uId; // window handles are even
+    if ((GetWindowLongW(control, GWL_STYLE) & WS_VISIBLE) != 0) {
+        GetWindowRect(control, &tool.rect);
+        MapWindowPoints(nullptr, tool.hwnd, reinterpret_cast<POINT*>(&tool.rect), 2);
+    }
+    return tool;
+}
+
+void Send(HWND control, const Tip& tip, UINT message)
+{
+    TTTOOLINFOW tool = ToolOf(control, tip);
+    SendMessageW(tip.tips, message, 0, reinterpret_cast<LPARAM>(&tool));
+    tool = PlaceToolOf(control, tip);
+    SendMessageW(tip.tips, message, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void Drop(HWND control, Tip* tip, SUBCLASSPROC habits)
+{
+    Send(control, *tip, TTM_DELTOOLW);
+    RemoveWindowSubclass(control, habits, 0);
+    std::unique_ptr<Tip>(tip).reset();
+}
+
+LRESULT CALLBACK TipHabits(HWND control, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR data)
+{
+    Tip* tip = reinterpret_cast<Tip*>(data);
+    if (message == WM_WINDOWPOSCHANGED) {
+        TTTOOLINFOW tool = PlaceToolOf(control, *tip);
+        SendMessageW(tip->tips, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
+    } else if (message == WM_NCDESTROY) {
+        Drop(control, tip, &TipHabits);
+    }
+    return DefSubclassProc(control, message, w, l);
+}
+
+Tip* TipOf(HWND control)
+{
+    DWORD_PTR data = 0;
+    return GetWindowSubclass(control, &TipHabits, 0, &data) ? reinterpret_cast<Tip*>(data) : nullptr;
+}
+
+} // namespace
+
+void SetTooltip(HWND control, std::wstring_view text)
+{
+    if (Tip* tip = TipOf(control)) {
+        if (text.empty())
+            return Drop(control, tip, &TipHabits);
+        tip->text = text;
+        return Send(control, *tip, TTM_UPDATETIPTEXTW);
+    }
+    if (text.empty() || !IsWindow(control))
+        return;
+    auto made = std::make_unique<Tip>(Tip{TipsOf(control), std::wstring(text)});
+    if (!SetWindowSubclass(control, &TipHabits, 0, reinterpret_cast<DWORD_PTR>(made.get())))
+        return;
+    Send(control, *made, TTM_ADDTOOLW);
+    made.release(); // freed by Drop
+}
+
+const wchar_t* TooltipOf(HWND control)
+{
+    const Tip* tip = TipOf(control);
+    return tip != nullptr ? tip->text.c_str() : L"";
+}
+
+} // namespace voltaro

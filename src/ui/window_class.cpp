@@ -1,0 +1,80 @@
+#include "ui/window_class.h"
+
+#include "ui/theme.h"
+
+namespace voltaro {
+namespace {
+
+constexpr int kProgramIcon = 1001;
+
+LRESULT FaceBehindText(HDC dc)
+{
+    SetBkMode(dc, TRANSPARENT);
+    SetBkColor(dc, GetSysColor(COLOR_3DFACE));
+    return reinterpret_cast<LRESULT>(FaceBrush());
+}
+
+// Themed check boxes and frames ask their parent for the background behind them.
+void FillWithFace(HWND window, HDC dc)
+{
+    RECT client;
+    GetClientRect(window, &client);
+    FillRect(dc, &client, FaceBrush());
+}
+
+bool IsChildWindow(HWND window)
+{
+    return (GetWindowLongW(window, GWL_STYLE) & WS_CHILD) != 0;
+}
+
+} // namespace
+
+bool RegisterWindow(const wchar_t* name, WNDPROC procedure, int menu)
+{
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hInstance = Instance();
+    windowClass.hIcon = LargeIcon(kProgramIcon);
+    windowClass.hIconSm = SmallIcon(kProgramIcon);
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = FaceBrush();
+    windowClass.lpszMenuName = menu != 0 ? MAKEINTRESOURCEW(menu) : nullptr;
+    windowClass.lpszClassName = name;
+    return RegisterClassExW(&windowClass) != 0;
+}
+
+SIZE ClientSize(int width, int height, DWORD style, DWORD extendedStyle, bool menu)
+{
+    RECT frame{};
+    AdjustWindowRectEx(&frame, style, menu, extendedStyle);
+    return {width - (frame.right - frame.left), height - (frame.bottom - frame.top)};
+}
+
+LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    switch (message) {
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN: return FaceBehindText(reinterpret_cast<HDC>(w));
+    case WM_PRINTCLIENT: FillWithFace(window, reinterpret_cast<HDC>(w)); return 0;
+    case WM_HELP:
+        if (!IsChildWindow(window))
+            return TRUE; // else Windows hands it on to the owner, whose help would open
+        break;
+    default: break;
+    }
+    return DefWindowProcW(window, message, w, l);
+}
+
+void Repaint(HWND window, bool erase)
+{
+    InvalidateRect(window, nullptr, erase);
+    UpdateWindow(window);
+}
+
+HINSTANCE Instance()
+{
+    return GetModuleHandleW(nullptr);
+}
+
+} // namespace voltaro
