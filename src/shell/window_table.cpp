@@ -1,0 +1,144 @@
+#include "shell/window_table.h"
+
+#include "resources/resource_ids.h"
+#include "shell/main_window.h"
+#include "ui/boxes.h"
+#include "ui/navigation.h"
+#include "ui/window_class.h"
+
+#include <iterator>
+
+namespace voltaro {
+namespace {
+
+// A window whose content is not made yet: its title-bar close hides it.
+LRESULT CALLBACK EmptyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    if (!(GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD))
+        NavigateWith(window);
+    if (message == WM_CLOSE) {
+        ShowWindow(window, SW_HIDE);
+        return 0;
+    }
+    return DefaultAnswer(window, message, w, l);
+}
+
+struct ClassRow {
+    const wchar_t* name;
+    int menu; // resource, 0 for none
+    WNDPROC procedure;
+    const wchar_t* registrationFailure;
+};
+
+// clang-format off
+constexpr ClassRow kClasses[] = {
+    {L"VLTConsoleMainWClass",   0,                  MainWindowProc,  L"Main Window Registration Failed"},
+    {L"SysInfoWClass",          IDM_SYSTEM_INFO,    EmptyWindowProc, L"SystemInfo Window Registration Failed"},
+    {L"AdvancedWClass",         0,                  EmptyWindowProc, L"Advanced Window Registration Failed"},
+    {L"AdvDisBrtClass",         0,                  EmptyWindowProc, L"AdvDispBrtTab Window Registration Failed"},
+    {L"AdvPowOptClass",         0,                  EmptyWindowProc, L"AdvPowOptTab Window Registration Failed"},
+    {L"AdvProSpdClass",         0,                  EmptyWindowProc, L"AdvProSpdTab Window Registration Failed"},
+    {L"AdvAppCtrlClass",        0,                  EmptyWindowProc, L"AdvAppCtrl Window Registration Failed"},
+    {L"AdvAppCtrlSetClass",     IDM_RULE,           EmptyWindowProc, L"AdvAppCtrlSettings Window Registration Failed"},
+    {L"SchedulerMClass",        0,                  EmptyWindowProc, L"Scheduler Window Registration Failed"},
+    {L"SchedulerJobClass",      0,                  EmptyWindowProc, L"Scheduler Job window Registration Failed"},
+    {L"SchdJobTab1Class",       0,                  EmptyWindowProc, L"Scheduler Job Tab1 Window Registration Failed"},
+    {L"SchdJobTab2Class",       0,                  EmptyWindowProc, L"Scheduler Job Tab2 Window Registration Failed"},
+    {L"DeviceControlWClass",    0,                  EmptyWindowProc, L"Voltaro System Security Window Registration Failed"},
+    {L"ConfigWClass",           IDM_ACCESS_CONTROL, EmptyWindowProc, L"Config Window Registration Failed"},
+    {L"BatteryWClass",          IDM_BATTERY,        EmptyWindowProc, L"Battery Window Registration Failed"},
+    {L"SysInfoCPUClass",        0,                  EmptyWindowProc, L"SysinfoTabCPU Window Registration Failed"},
+    {L"SysInfoPowerClass",      0,                  EmptyWindowProc, L"SysinfoTabPower Window Registration Failed"},
+    {L"SysInfoOSClass",         0,                  EmptyWindowProc, L"SysinfoTabOS Window Registration Failed"},
+    {L"SysInfoNetworkClass",    0,                  EmptyWindowProc, L"SysinfoTabNetwork Window Registration Failed"},
+    {L"SysInfoDiskInfoClass",   0,                  EmptyWindowProc, L"SysinfoTabDiskInfo Window Registration Failed"},
+    {L"EventGraphClass",        0,                  EmptyWindowProc, L"Event Graph Window Registration Failed"},
+    {L"EveGraphTab0Class",      0,                  EmptyWindowProc, L"EveGraphTab0 Window Registration Failed"},
+    {L"EveGraphTab1Class",      0,                  EmptyWindowProc, L"EveGraphTab1 Window Registration Failed"},
+    {L"EveGraphTab2Class",      0,                  EmptyWindowProc, L"EveGraphTab2 Window Registration Failed"},
+    {L"EveGraphSettingsWClass", 0,                  EmptyWindowProc, L"Event Graph Settings Window Registration Failed"},
+    {L"ActivateWClass",         0,                  EmptyWindowProc, L"Voltaro Activation Window Registration Failed"},
+    {L"CheckUpdateWClass",      0,                  EmptyWindowProc, L"Voltaro Update Check Window Registration Failed"},
+    {L"ProxySetWClass",         IDM_PROXY,          EmptyWindowProc, L"Voltaro Proxy Settings Window Registration Failed"},
+    {L"PSnoozeSetWClass",       0,                  EmptyWindowProc, L"Voltaro Snooze Settings Window Registration Failed"},
+};
+
+constexpr DWORD kControlParent = WS_EX_CONTROLPARENT;
+constexpr DWORD kTitled = WS_CAPTION | WS_SYSMENU;
+constexpr DWORD kPage = WS_CHILD | WS_VISIBLE;
+constexpr int kDefault = CW_USEDEFAULT;
+constexpr WindowId kNone = WindowId::Count;
+
+constexpr WindowRow kWindows[] = {
+    {WindowId::Main,              L"VLTConsoleMainWClass",   L"Voltaro Console - Standard Edition", WS_EX_WINDOWEDGE,                 kTitled | WS_MINIMIZEBOX, kDefault, kDefault, 510, 565, kNone,                L"Main Window Creation Failed"},
+    {WindowId::SystemInfo,        L"SysInfoWClass",          L"System Information",                 kControlParent,                   kTitled,                  kDefault, kDefault, 660, 505, kNone,                L"SysInfo Window Creation Failed"},
+    {WindowId::Scheme,            L"AdvancedWClass",         L"Power Scheme Settings",              kControlParent,                   kTitled,                  kDefault, kDefault, 565, 590, kNone,                L"Advanced Window Creation Failed"},
+    {WindowId::SchemeDisplay,     L"AdvDisBrtClass",         L"Display Brt Tab",                    kControlParent,                   kPage,                    13,       120,      532, 365, WindowId::Scheme,     L"Advanced Display Brightness Window Creation Failed"},
+    {WindowId::SchemePowerOff,    L"AdvPowOptClass",         L"Pwr Opts Tab",                       kControlParent,                   kPage,                    13,       120,      532, 365, WindowId::Scheme,     L"Advanced Power Options Window Creation Failed"},
+    {WindowId::SchemeProcessor,   L"AdvProSpdClass",         L"Processor Speed Tab",                kControlParent,                   kPage,                    13,       120,      532, 365, WindowId::Scheme,     L"Advanced Processor Speed Window Creation Failed"},
+    {WindowId::Policy,            L"AdvAppCtrlClass",        L"Application Sensor Policy Settings", kControlParent,                   kTitled,                  15,       80,       750, 520, WindowId::Scheme,     L"Application Sensor Policy Settings Window Creation Failed"},
+    {WindowId::Rule,              L"AdvAppCtrlSetClass",     L"Application Control Settings",       kControlParent,                   kTitled,                  kDefault, kDefault, 470, 485, WindowId::Policy,     L"AdvApCtrlSet Window Creation Failed"},
+    {WindowId::JobList,           L"SchedulerMClass",        L"Job Scheduler",                      kControlParent | WS_EX_APPWINDOW, kTitled,                  kDefault, kDefault, 750, 550, kNone,                L"Job Scheduler Window Creation Failed"},
+    {WindowId::JobEditor,         L"SchedulerJobClass",      L"Job Settings",                       WS_EX_APPWINDOW,                  kTitled,                  kDefault, kDefault, 750, 585, WindowId::JobList,    L"Scheduler Job Window Creation Failed"},
+    {WindowId::JobActions,        L"SchdJobTab1Class",       L"Scheduler Job Tab1",                 kControlParent,                   kPage,                    13,       275,      717, 236, WindowId::JobEditor,  L"Scheduler Job Tab1 Window Creation Failed"},
+    {WindowId::JobTasks,          L"SchdJobTab2Class",       L"Scheduler Job Tab2",                 kControlParent,                   kPage,                    13,       275,      717, 236, WindowId::JobEditor,  L"Scheduler Job Tab2 Window Creation Failed"},
+    {WindowId::DeviceControl,     L"DeviceControlWClass",    L"System Security Settings",           kControlParent,                   kTitled,                  kDefault, kDefault, 400, 490, kNone,                L"System Security Setting Window Creation Failed"},
+    {WindowId::AccessControl,     L"ConfigWClass",           L"Communication Ports",                kControlParent,                   kTitled,                  kDefault, kDefault, 340, 210, kNone,                L"Config Window Creation Failed"},
+    {WindowId::Snooze,            L"PSnoozeSetWClass",       L"Snooze Settings",                    kControlParent,                   kTitled,                  kDefault, kDefault, 480, 470, kNone,                L"Snooze Settings Window Creation Failed"},
+    {WindowId::Proxy,             L"ProxySetWClass",         L"Proxy Connection Settings",          kControlParent,                   kTitled,                  kDefault, kDefault, 400, 455, kNone,                L"Proxy Settings Window Creation Failed"},
+    {WindowId::Battery,           L"BatteryWClass",          L"Battery Information",                kControlParent,                   kTitled,                  kDefault, kDefault, 525, 345, kNone,                L"Battery Window Creation Failed"},
+    {WindowId::SystemInfoCpu,     L"SysInfoCPUClass",        L"CPU Tab",                            kControlParent,                   kPage,                    5,        25,       645, 380, WindowId::SystemInfo, L"SysInfo TAB CPU Window Creation Failed"},
+    {WindowId::SystemInfoPower,   L"SysInfoPowerClass",      L"Power Tab",                          kControlParent,                   kPage,                    5,        25,       645, 380, WindowId::SystemInfo, L"SysInfo TAB Power Window Creation Failed"},
+    {WindowId::SystemInfoOs,      L"SysInfoOSClass",         L"OS Tab",                             kControlParent,                   kPage,                    5,        25,       645, 380, WindowId::SystemInfo, L"SysInfo TAB OS Window Creation Failed"},
+    {WindowId::SystemInfoNetwork, L"SysInfoNetworkClass",    L"Network Tab",                        kControlParent,                   kPage,                    5,        25,       645, 380, WindowId::SystemInfo, L"SysInfo TAB Network Window Creation Failed"},
+    {WindowId::SystemInfoDisks,   L"SysInfoDiskInfoClass",   L"DiskInfo Tab",                       kControlParent,                   kPage,                    5,        25,       645, 380, WindowId::SystemInfo, L"SysInfo TAB DiskInfo Window Creation Failed"},
+    {WindowId::Savings,           L"EventGraphClass",        L"Power Savings Report",               kControlParent,                   kTitled | WS_MINIMIZEBOX, kDefault, kDefault, 800, 570, kNone,                L"Events Graphs Window Creation Failed"},
+    {WindowId::SavingsTotals,     L"EveGraphTab0Class",      L"Event Graph Tab0",                   kControlParent,                   kPage,                    5,        24,       670, 497, WindowId::Savings,    L"Event Graph Tab0 Window Creation Failed"},
+    {WindowId::SavingsEstimates,  L"EveGraphTab1Class",      L"Event Graph Tab1",                   kControlParent,                   kPage,                    5,        24,       670, 497, WindowId::Savings,    L"Event Graph Tab1 Window Creation Failed"},
+    {WindowId::SavingsGraph,      L"EveGraphTab2Class",      L"Event Graph Tab2",                   kControlParent,                   kPage,                    5,        24,       670, 497, WindowId::Savings,    L"Event Graph Tab2 Window Creation Failed"},
+    {WindowId::Profile,           L"EveGraphSettingsWClass", L"Power Consumption Settings",         kControlParent,                   kTitled,                  kDefault, kDefault, 500, 550, kNone,                L"Event Graph Settings Window Creation Failed"},
+    {WindowId::Activation,        L"ActivateWClass",         L"Voltaro Activation Window",          kControlParent,                   kTitled,                  kDefault, kDefault, 580, 470, kNone,                L"Voltaro Activation Window Creation Failed"},
+    {WindowId::Update,            L"CheckUpdateWClass",      L"Voltaro Update",                     kControlParent,                   kTitled,                  kDefault, kDefault, 580, 380, kNone,                L"Voltaro Check Update Window Creation Failed"},
+};
+// clang-format on
+static_assert(std::size(kClasses) == kWindowCount && std::size(kWindows) == kWindowCount);
+
+void ReportFailure(const wchar_t* text)
+{
+    Tell(nullptr, {L"Error", text});
+}
+
+} // namespace
+
+bool RegisterClasses()
+{
+    for (const ClassRow& row : kClasses) {
+        if (!RegisterWindow(row.name, row.procedure, row.menu)) {
+            ReportFailure(row.registrationFailure);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool CreateWindows()
+{
+    for (const WindowRow& row : kWindows) {
+        const HWND owner = row.owner == kNone ? nullptr : WindowOf(row.owner);
+        HWND& window = state.windows[static_cast<std::size_t>(row.id)];
+        window = CreateWindowExW(row.extendedStyle, row.className, row.title, row.style, row.x, row.y, row.width,
+            row.height, owner, nullptr, Instance(), nullptr);
+        if (!window) {
+            ReportFailure(row.creationFailure);
+            return false;
+        }
+    }
+    return true;
+}
+
+const WindowRow& WindowRowOf(std::size_t position)
+{
+    return kWindows[position];
+}
+
+} // namespace voltaro
