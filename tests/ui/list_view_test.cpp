@@ -51,13 +51,13 @@ TEST_F(List, RefillKeepsSelectionFocusAndScroll)
     Fill(500);
     EXPECT_EQ(RowCount(m_list), 500);
     EXPECT_EQ(CellOf(m_list, 499, 1), L"v499");
-    SelectRow(m_list, 310);
+    SelectRow(m_list, 350);
     ListView_EnsureVisible(m_list, 499, FALSE);
     ListView_EnsureVisible(m_list, 300, FALSE);
     ListView_Scroll(m_list, 40, 0);
     ASSERT_EQ(ListView_GetTopIndex(m_list), 300);
     Fill(400);
-    EXPECT_EQ(SelectedRow(m_list), 310);
+    EXPECT_EQ(SelectedRow(m_list), 350);
     EXPECT_EQ(ListView_GetTopIndex(m_list), 300);
     EXPECT_EQ(GetScrollPos(m_list, SB_HORZ), 40);
     Fill(3);
