@@ -1,0 +1,100 @@
+#pragma once
+
+#include "base/handles.h"
+#include "simulator/faults.h"
+#include "simulator/machine.h"
+
+#include <atomic>
+#include <functional>
+#include <list>
+#include <map>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace voltaro::simulator {
+
+// One request as it came over the wire.
+struct ReceivedRequest {
+    std::wstring operation; // empty when the text could not be read
+    std::wstring header;    // the eight length digits
+    std::wstring text;      // the document, without the digits and the NUL
+};
+
+// The agent on a socket of 127.0.0.1: a thread that accepts and one for each connection, so that a hung connection
+// holds up nobody. Every member may be called from any thread at any time.
+class AgentServer {
+public:
+    // Gets one line without a line end for everything that happens; may be called from several threads, never from two
+    // at once.
+    using LogSink = std::function<void(std::wstring_view line)>;
+
+    explicit AgentServer(const Scenario& scenario = DefaultScenario(), LogSink log = {});
+    AgentServer(const AgentServer&) = delete;
+    AgentServer& operator=(const AgentServer&) = delete;
+    ~AgentServer();
+
+    // Listens on the port, or on a free one for 0. False when the port is taken. May be started again after Stop.
+    [[nodiscard]] bool Start(int port = 0);
+    // The port listened on; the last one after Stop.
+    [[nodiscard]] int Port() const { return m_port; }
+    // Ends all connections, hung ones too, and returns when their threads are gone (tens of milliseconds).
+    void Stop();
+
+    // The operation misbehaves until its fault is cleared. "*" is every operation without a fault of its own;
+    // FaultKind::None clears.
+    void SetFault(std::wstring_view operation, Fault fault);
+    void ClearFaults();
+
+    // From now on the operation is answered with this text, whatever it is, and the machine does not see the request.
+    void ScriptReply(std::wstring_view operation, std::wstring_view text);
+    void ClearScripts();
+
+    // The requests received so far, oldest first.
+    [[nodiscard]] std::vector<ReceivedRequest> Requests() const;
+    void ClearRequests();
+
+    // Calls `use(machine)` while no request is being answered, and returns what it returns.
+    template <class Use>
+    auto WithMachine(Use use)
+    {
+        const std::lock_guard lock(m_mutex);
+        return use(m_machine);
+    }
+
+private:
+    struct Connection {
+        UniqueSocket socket;
+        std::atomic<bool> finished = false;
+        std::thread thread;
+    };
+
+    [[nodiscard]] bool Listen(int port);
+    [[nodiscard]] bool RefusesAll() const;
+    void FollowRefusal();
+    void AcceptLoop();
+    void Serve(SOCKET socket);
+    [[nodiscard]] bool ReceiveBytes(SOCKET socket, std::size_t count, std::string& bytes);
+    [[nodiscard]] Delivery AnswerFrame(const std::string& header, const std::string& body, bool complete);
+    void Send(SOCKET socket, const Delivery& delivery);
+    // False when the server is to stop.
+    [[nodiscard]] bool Sleep(int milliseconds) const;
+    void Log(std::wstring_view operation, std::wstring_view what);
+
+    mutable std::mutex m_mutex; // guards everything below but the atomics and the accepting thread's own list
+    Machine m_machine;
+    LogSink m_log;
+    std::map<std::wstring, Fault, std::less<>> m_faults;
+    std::map<std::wstring, std::wstring, std::less<>> m_scripts;
+    std::vector<ReceivedRequest> m_requests;
+    UniqueSocket m_listener;
+    std::atomic<int> m_port = 0;
+    std::atomic<bool> m_stopping = false;
+    std::thread m_accepting;
+    std::list<Connection> m_connections; // the accepting thread's
+    bool m_winsock = false;
+};
+
+} // namespace voltaro::simulator
