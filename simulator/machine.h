@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,19 +19,21 @@ struct MachineState {
     Licence licence;
     std::wstring activationKey;
     std::int64_t pausedUntil = 0; // seconds of the machine's clock
-    std::wstring activeScheme;
-    std::vector<Element> schemes;  // each a `details` of the 21 settings
-    std::vector<Element> policies; // each a `details` of `PolicyName` and `AppNo_1`...
-    Element snooze, proxy, host, consumption, manualConsumption, device;
+    std::wstring activeScheme{};
+    std::vector<Element> schemes{}; // each a `details` of the 21 settings
+    std::vector<Element> policies;  // each a `details` of `PolicyName` and `AppNo_1`...
+    Element snooze, proxy, host, device;
+    Element consumption, manualConsumption, autoConsumption; // the one in force and the two to choose from
     Element jobs;
-    std::wstring pendingAction;        // the power action that waits for "success" or "failure"
-    std::vector<std::wstring> actions; // power actions carried out, in order
+    Element battery;                     // the whole `response`
+    std::wstring pendingAction{};        // the power action that waits for "success" or "failure"
+    std::vector<std::wstring> actions{}; // power actions carried out, in order
 };
 
-// A request as far as it could be made out.
-struct RequestOutcome {
+// What became of a request.
+struct Outcome {
     std::wstring operation; // empty when the document did not say
-    std::wstring complaint; // what is wrong with the request; empty when it was answered in earnest
+    std::wstring complaint; // why it was refused; empty when it was granted
     Element response;
 };
 
@@ -44,9 +45,9 @@ public:
     // Answers one request document. A wrong one (not well-formed, wrong envelope, unknown operation, elements missing,
     // too many, out of order or with an impossible value) gets the status "Failure" with a message, and changes
     // nothing.
-    [[nodiscard]] RequestOutcome Answer(std::wstring_view requestText);
-    // Answers a `request` element.
-    [[nodiscard]] RequestOutcome Answer(const Element& request);
+    [[nodiscard]] Outcome Answer(std::wstring_view requestText);
+    // Answers the `request` element of a document.
+    [[nodiscard]] Outcome Answer(const Element& request);
 
     // For tests: read it, or set up what a test needs.
     [[nodiscard]] MachineState& State() { return m_state; }
@@ -57,8 +58,5 @@ private:
     MachineState m_state;
     Clock m_clock;
 };
-
-// `response` with a status and, unless empty, a message after it.
-[[nodiscard]] Element StatusResponse(std::wstring_view status, std::wstring_view message = {});
 
 } // namespace voltaro::simulator

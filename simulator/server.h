@@ -24,7 +24,7 @@ struct ReceivedRequest {
 };
 
 // The agent on a socket of 127.0.0.1: a thread that accepts and one for each connection, so that a hung connection
-// holds up nobody. Every member may be called from any thread at any time.
+// holds up nobody. Start and Stop belong to the owner's thread; every other member may be called from any thread.
 class AgentServer {
 public:
     // Gets one line without a line end for everything that happens; may be called from several threads, never from two
@@ -66,24 +66,21 @@ public:
 
 private:
     struct Connection {
-        UniqueSocket socket;
         std::atomic<bool> finished = false;
         std::thread thread;
     };
 
-    [[nodiscard]] bool Listen(int port);
-    [[nodiscard]] bool RefusesAll() const;
     void FollowRefusal();
     void AcceptLoop();
     void Serve(SOCKET socket);
     [[nodiscard]] bool ReceiveBytes(SOCKET socket, std::size_t count, std::string& bytes);
     [[nodiscard]] Delivery AnswerFrame(const std::string& header, const std::string& body, bool complete);
     void Send(SOCKET socket, const Delivery& delivery);
-    // False when the server is to stop.
-    [[nodiscard]] bool Sleep(int milliseconds) const;
-    void Log(std::wstring_view operation, std::wstring_view what);
+    void AwaitClose(SOCKET socket, int milliseconds);
+    [[nodiscard]] bool Wait(int milliseconds) const;
+    void Log(std::wstring_view operation, std::wstring_view what, const Fault& fault);
 
-    mutable std::mutex m_mutex; // guards everything below but the atomics and the accepting thread's own list
+    mutable std::mutex m_mutex; // guards everything but the atomics
     Machine m_machine;
     LogSink m_log;
     std::map<std::wstring, Fault, std::less<>> m_faults;
@@ -91,9 +88,8 @@ private:
     std::vector<ReceivedRequest> m_requests;
     UniqueSocket m_listener;
     std::atomic<int> m_port = 0;
-    std::atomic<bool> m_stopping = false;
-    std::thread m_accepting;
-    std::list<Connection> m_connections; // the accepting thread's
+    std::atomic<bool> m_stopping = true;
+    std::thread m_accepting; // Start's and Stop's own
     bool m_winsock = false;
 };
 
