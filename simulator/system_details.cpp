@@ -123,13 +123,13 @@ Element Flat(const wchar_t* name, std::span<const Detail> details)
     return section;
 }
 
-// Values of the full 119 units under names of 41.
+// Values of the full 119 units under names of 46.
 Element LargeGroup(const Section& section, int group)
 {
     Element element{section.group, {}, {}};
     for (int field = 0; field < kLargeFields; ++field) {
         std::wstring name = Format(L"%ls%03dField%02dPerformance", section.group, group, field);
-        name.resize(41, L'x');
+        name.resize(46, L'x');
         std::wstring value = Format(L"%ls %d, value %d:", section.group, group, field);
         while (value.size() < 119)
             value += static_cast<wchar_t>(value.size() % 8 == 0 ? L' ' : L'0' + static_cast<int>(value.size()) % 10);
