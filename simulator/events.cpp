@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kMinute = 60;
 constexpr int kHour = 3600;
-constexpr std::size_t kMostLines = 52; // no further idle period begins after so many
+constexpr std::size_t kMostLines = 47; // no further idle period begins after so many
 
 // A part of an idle period. Standby with a planned duration writes that duration after each of its two stamps.
 struct Stage {
@@ -35,16 +35,31 @@ constexpr Idle kIdles[] = {
     {2, {kDim, kMonitorOff, kStandby}},
 };
 constexpr Idle kLunch = {0, {kDim, kMonitorOff, {L"Sbtime", L"Setime", 30, 50, 3}}};
-// How the night ends and how the evening begins; a machine goes into the night and comes out of it in either way.
-constexpr const wchar_t* kMorningCodes[] = {L"QUptme", L"SUptme", L"QAgtme", L"Hetime", L"QUptme", L"QHetme", L"SUptme"};
-constexpr const wchar_t* kEveningCodes[] = {L"Qptime", L"Sdtime", L"Qptime", L"Hstime", L"Sdtime"};
+// How a machine goes into the night and how it comes out of it in the morning.
+constexpr struct Night {
+    const wchar_t *evening, *morning;
+} kNights[] = {
+    {L"Qptime", L"QUptme"}, {L"Sdtime", L"SUptme"}, {L"Hstime", L"Hetime"}, {L"Qptime", L"QAgtme"}, {L"Qhtime", L"QHetme"},
+};
 // clang-format on
+
+std::uint64_t Mixed(std::uint64_t value)
+{
+    value = (value ^ (value >> 30)) * 0xBF58476D1CE4E5B9ULL;
+    value = (value ^ (value >> 27)) * 0x94D049BB133111EBULL;
+    return value ^ (value >> 31);
+}
+
+const Night& NightAfter(std::int64_t day)
+{
+    return kNights[Mixed(static_cast<std::uint64_t>(day)) % std::size(kNights)];
+}
 
 class Day {
 public:
     explicit Day(const DateTime& date)
         : m_date(date)
-        , m_seed(static_cast<std::uint64_t>(DayNumber(date)) * 0x9E3779B97F4A7C15ULL)
+        , m_seed(Mixed(static_cast<std::uint64_t>(DayNumber(date))))
         , m_weekday(static_cast<int>(((DayNumber(date) + 4) % 7 + 7) % 7))
     {
     }
@@ -57,11 +72,11 @@ public:
         const int evening = weekend ? Between(14 * kHour, 16 * kHour) : Between(17 * kHour, 19 * kHour);
         m_now = weekend ? Between(9 * kHour, 11 * kHour) : Between(7 * kHour + 30 * kMinute, 9 * kHour);
         m_until = until;
-        Stamp(kMorningCodes[Between(0, static_cast<int>(std::size(kMorningCodes)) - 1)]);
+        Stamp(NightAfter(DayNumber(m_date) - 1).morning);
         bool eaten = weekend;
         bool met = weekend;
         while (m_now < evening && m_lines.size() < kMostLines) {
-            Pass(Between(8 * kMinute, 45 * kMinute), kWattsOn);
+            Pass(Between(15 * kMinute, 60 * kMinute), kWattsOn);
             if (!eaten && m_now > lunch) {
                 eaten = true;
                 RunIdle(kLunch);
@@ -73,7 +88,7 @@ public:
             }
         }
         Pass(Between(5 * kMinute, 20 * kMinute), kWattsOn);
-        Stamp(kEveningCodes[Between(0, static_cast<int>(std::size(kEveningCodes)) - 1)]);
+        Stamp(NightAfter(DayNumber(m_date)).evening);
         Pass(24 * kHour - m_now, kWattsOff);
         AddPowerLines();
         return std::move(m_lines);
@@ -83,9 +98,7 @@ private:
     int Between(int least, int most)
     {
         m_seed += 0x9E3779B97F4A7C15ULL;
-        std::uint64_t mixed = (m_seed ^ (m_seed >> 30)) * 0xBF58476D1CE4E5B9ULL;
-        mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBULL;
-        return least + static_cast<int>((mixed ^ (mixed >> 31)) % static_cast<std::uint64_t>(most - least + 1));
+        return least + static_cast<int>(Mixed(m_seed) % static_cast<std::uint64_t>(most - least + 1));
     }
 
     bool Happened() const { return m_now <= m_until; }
