@@ -13,15 +13,21 @@ constexpr int kSliceMs = 20;                   // how late a thread notices that
 constexpr int kRequestMs = 10'000;             // a request must be there by then
 constexpr int kFarewellMs = 2'000;             // the peer should have closed by then
 constexpr std::size_t kMostRequests = 100'000; // kept for the tests
+constexpr std::size_t kMostWorkers = 2'000;    // connections at once; more are closed
 constexpr std::size_t kLongestLogged = 60;
 
-bool IsReadable(SOCKET socket, int milliseconds)
+enum class Ready { ToRead, ToWrite };
+
+// Waits one slice for the socket.
+bool Is(Ready ready, SOCKET socket)
 {
     fd_set set;
     FD_ZERO(&set);
     FD_SET(socket, &set);
-    timeval wait{milliseconds / 1000, milliseconds % 1000 * 1000};
-    return select(0, &set, nullptr, nullptr, &wait) > 0;
+    timeval wait{0, kSliceMs * 1000};
+    fd_set* toRead = ready == Ready::ToRead ? &set : nullptr;
+    fd_set* toWrite = ready == Ready::ToWrite ? &set : nullptr;
+    return select(0, toRead, toWrite, nullptr, &wait) > 0;
 }
 
 // The next close drops what is under way and resets the connection.
@@ -79,39 +85,45 @@ bool AgentServer::Start(int port)
         m_port = PortOf(m_listener.Get());
     }
     m_stopping = false;
-    FollowRefusal();
     m_accepting = std::thread([this] { AcceptLoop(); });
+    std::unique_lock lock(m_mutex);
+    AwaitListener(lock);
     return true;
 }
 
 void AgentServer::Stop()
 {
-    m_stopping = true;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_stopping = true;
+    }
+    m_work.notify_all();
+    m_followed.notify_all();
     if (m_accepting.joinable())
         m_accepting.join();
+    for (std::thread& worker : m_workers)
+        worker.join();
     const std::lock_guard lock(m_mutex);
+    m_workers.clear();
+    m_waiting.clear();
     m_listener.Reset();
 }
 
 void AgentServer::SetFault(std::wstring_view operation, Fault fault)
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        if (fault.kind == FaultKind::None)
-            m_faults.erase(std::wstring(operation));
-        else
-            m_faults.insert_or_assign(std::wstring(operation), std::move(fault));
-    }
-    FollowRefusal();
+    std::unique_lock lock(m_mutex);
+    if (fault.kind == FaultKind::None)
+        m_faults.erase(std::wstring(operation));
+    else
+        m_faults.insert_or_assign(std::wstring(operation), std::move(fault));
+    AwaitListener(lock);
 }
 
 void AgentServer::ClearFaults()
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_faults.clear();
-    }
-    FollowRefusal();
+    std::unique_lock lock(m_mutex);
+    m_faults.clear();
+    AwaitListener(lock);
 }
 
 void AgentServer::ScriptReply(std::wstring_view operation, std::wstring_view text)
@@ -138,96 +150,121 @@ void AgentServer::ClearRequests()
     m_requests.clear();
 }
 
-// Closes the listening socket while every connection is to be refused, and opens it again on the same port after that.
-void AgentServer::FollowRefusal()
+bool AgentServer::RefusesAll() const
+{
+    const auto fault = m_faults.find(L"*");
+    return fault != m_faults.end() && fault->second.kind == FaultKind::Refuse;
+}
+
+// Waits until the accepting thread has closed or opened the listening socket as the faults want it. Nobody else does:
+// a socket that is closed under a waiting thread goes on listening until that wait is over.
+void AgentServer::AwaitListener(std::unique_lock<std::mutex>& lock)
+{
+    m_followed.wait_for(
+        lock, std::chrono::seconds(1), [this] { return m_stopping || static_cast<bool>(m_listener) != RefusesAll(); });
+}
+
+SOCKET AgentServer::FollowRefusal()
 {
     const std::lock_guard lock(m_mutex);
-    if (m_stopping)
-        return;
-    const auto fault = m_faults.find(L"*");
-    if (fault != m_faults.end() && fault->second.kind == FaultKind::Refuse)
+    if (RefusesAll())
         m_listener.Reset();
     else if (!m_listener)
         m_listener = ListeningSocket(m_port);
+    m_followed.notify_all();
+    return m_listener.Get();
 }
 
 void AgentServer::AcceptLoop()
 {
-    std::list<Connection> connections;
     while (!m_stopping) {
-        SOCKET listener = INVALID_SOCKET;
-        {
-            const std::lock_guard lock(m_mutex);
-            listener = m_listener.Get();
-        }
-        connections.remove_if([](Connection& connection) {
-            if (connection.finished)
-                connection.thread.join();
-            return connection.finished.load();
-        });
-        if (listener == INVALID_SOCKET) {
-            ::Sleep(kSliceMs);
-            continue;
-        }
-        if (!IsReadable(listener, kSliceMs))
-            continue;
-        const std::lock_guard lock(m_mutex);
-        if (m_listener.Get() != listener)
+        const SOCKET listener = FollowRefusal();
+        if (listener == INVALID_SOCKET)
+            Sleep(kSliceMs);
+        if (listener == INVALID_SOCKET || !Is(Ready::ToRead, listener))
             continue;
         UniqueSocket socket(accept(listener, nullptr, nullptr));
-        if (!socket)
-            continue;
-        Connection& connection = connections.emplace_back();
-        connection.thread = std::thread([this, &connection, held = std::move(socket)]() mutable {
-            Serve(held.Get());
-            held.Reset();
-            connection.finished = true;
-        });
+        u_long nonBlocking = 1;
+        if (socket && ioctlsocket(socket.Get(), FIONBIO, &nonBlocking) == 0)
+            Employ(std::move(socket));
     }
-    for (Connection& connection : connections)
-        connection.thread.join();
+}
+
+// Hands the connection to a worker, a new one when all are busy.
+void AgentServer::Employ(UniqueSocket socket)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_waiting.size() >= m_idle) {
+        if (m_workers.size() >= kMostWorkers)
+            return;
+        m_workers.emplace_back([this] { Work(); });
+    }
+    m_waiting.push_back(std::move(socket));
+    m_work.notify_one();
+}
+
+void AgentServer::Work()
+{
+    std::unique_lock lock(m_mutex);
+    while (!m_stopping) {
+        ++m_idle;
+        m_work.wait(lock, [this] { return m_stopping || !m_waiting.empty(); });
+        --m_idle;
+        if (m_stopping)
+            break;
+        UniqueSocket socket = std::move(m_waiting.front());
+        m_waiting.pop_front();
+        lock.unlock();
+        Serve(socket.Get());
+        socket.Reset();
+        lock.lock();
+    }
 }
 
 void AgentServer::Serve(SOCKET socket)
 {
-    std::string header;
-    std::string body;
-    bool complete = ReceiveBytes(socket, kHeaderBytes, header);
-    const std::size_t length = complete ? FrameLength(header) : 0;
-    complete = length > 0 && ReceiveBytes(socket, length - kHeaderBytes, body);
-    if (!m_stopping && !header.empty())
-        Send(socket, AnswerFrame(header, body, complete));
+    std::string bytes;
+    std::size_t length = 0;
+    if (Receive(socket, kHeaderBytes, bytes))
+        length = FrameLength(std::string_view(bytes).substr(0, kHeaderBytes));
+    if (length > 0 && !Receive(socket, length, bytes))
+        length = 0;
+    if (!m_stopping && !bytes.empty())
+        Send(socket, AnswerFrame(bytes, length));
 }
 
-// False when the bytes do not come in time; those that came stay.
-bool AgentServer::ReceiveBytes(SOCKET socket, std::size_t count, std::string& bytes)
+// Receives until there are so many bytes, or more when they are there already. False when they do not come in time;
+// those that came stay.
+bool AgentServer::Receive(SOCKET socket, std::size_t count, std::string& bytes)
 {
     const ULONGLONG end = GetTickCount64() + kRequestMs;
-    char piece[4096];
+    char piece[16384];
     while (bytes.size() < count && !m_stopping && GetTickCount64() < end) {
-        if (!IsReadable(socket, kSliceMs))
+        if (!Is(Ready::ToRead, socket))
             continue;
-        const std::size_t wanted = std::min(count - bytes.size(), sizeof piece);
-        const int received = recv(socket, piece, static_cast<int>(wanted), 0);
+        const int received = recv(socket, piece, sizeof piece, 0);
         if (received <= 0)
             return false;
         bytes.append(piece, static_cast<std::size_t>(received));
     }
-    return bytes.size() == count;
+    return bytes.size() >= count;
 }
 
-Delivery AgentServer::AnswerFrame(const std::string& header, const std::string& body, bool complete)
+// The length is that of the header, 0 for a frame that never became complete.
+Delivery AgentServer::AnswerFrame(const std::string& bytes, std::size_t length)
 {
     const std::lock_guard lock(m_mutex);
-    std::wstring text = UnitsOf(body);
-    const bool terminated = !text.empty() && text.back() == L'\0';
-    text.resize(std::min(text.find(L'\0'), text.size()));
-    const bool framed = complete && terminated && body.size() == text.size() * 2 + 2;
-    Outcome outcome = framed ? m_machine.Answer(text) : Outcome{};
-    if (!framed) {
-        outcome.complaint = complete ? L"The text does not end where the frame ends." : L"The frame is wrong.";
-        outcome.response = StatusResponse(L"Failure", outcome.complaint);
-    }
+    const std::wstring header = UnitsOf(std::string_view(bytes).substr(0, kHeaderBytes));
+    std::wstring text = bytes.size() > kHeaderBytes ? UnitsOf(std::string_view(bytes).substr(kHeaderBytes)) : L"";
+    const std::size_t end = text.find(L'\0');
+    const wchar_t* wrong = nullptr;
+    if (length == 0)
+        wrong = L"The frame is wrong.";
+    else if (bytes.size() != length || end + 1 != text.size())
+        wrong = L"The text does not end where the frame ends.";
+    text.resize(std::min(end, text.size()));
+    Outcome outcome
+        = wrong == nullptr ? m_machine.Answer(text) : Outcome{L"", wrong, StatusResponse(L"Failure", wrong)};
     const auto script = m_scripts.find(outcome.operation);
     const bool scripted = script != m_scripts.end() && !outcome.operation.empty();
     auto fault = m_faults.find(outcome.operation);
@@ -235,7 +272,7 @@ Delivery AgentServer::AnswerFrame(const std::string& header, const std::string& 
         fault = m_faults.find(L"*");
     const Fault chosen = fault == m_faults.end() ? Fault{} : fault->second;
     if (m_requests.size() < kMostRequests)
-        m_requests.push_back({outcome.operation, UnitsOf(header), text});
+        m_requests.push_back({outcome.operation, header, text});
     Log(outcome.operation,
         scripted                        ? L"scripted"
             : outcome.complaint.empty() ? L"answered"
@@ -255,10 +292,15 @@ void AgentServer::Send(SOCKET socket, const Delivery& delivery)
         const std::size_t rest = delivery.bytes.size() - at;
         const std::size_t piece = delivery.pieceSize > 0 ? std::min(delivery.pieceSize, rest) : rest;
         const int sent = send(socket, delivery.bytes.data() + at, static_cast<int>(piece), 0);
-        if (sent <= 0)
+        if (sent > 0) {
+            at += static_cast<std::size_t>(sent);
+            open = Wait(delivery.pauseMs);
+        } else if (WSAGetLastError() == WSAEWOULDBLOCK) {
+            static_cast<void>(Is(Ready::ToWrite, socket));
+            open = !m_stopping;
+        } else {
             return;
-        at += static_cast<std::size_t>(sent);
-        open = delivery.pauseMs == 0 ? !m_stopping.load() : Wait(delivery.pauseMs);
+        }
     }
     if (delivery.ending == Ending::Reset)
         ResetOnClose(socket);
@@ -275,7 +317,7 @@ void AgentServer::AwaitClose(SOCKET socket, int milliseconds)
     const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(milliseconds);
     char dropped[4096];
     while (!m_stopping && GetTickCount64() < end) {
-        if (IsReadable(socket, kSliceMs) && recv(socket, dropped, sizeof dropped, 0) <= 0)
+        if (Is(Ready::ToRead, socket) && recv(socket, dropped, sizeof dropped, 0) <= 0)
             return;
     }
 }

@@ -5,8 +5,9 @@
 #include "simulator/machine.h"
 
 #include <atomic>
+#include <condition_variable>
+#include <deque>
 #include <functional>
-#include <list>
 #include <map>
 #include <mutex>
 #include <string>
@@ -23,12 +24,13 @@ struct ReceivedRequest {
     std::wstring text;      // the document, without the digits and the NUL
 };
 
-// The agent on a socket of 127.0.0.1: a thread that accepts and one for each connection, so that a hung connection
-// holds up nobody. Start and Stop belong to the owner's thread; every other member may be called from any thread.
+// The agent on a socket of 127.0.0.1: a thread that accepts and as many workers as there are connections, so that a
+// hung connection holds up nobody. Start and Stop belong to the owner's thread; every other member may be called from
+// any thread.
 class AgentServer {
 public:
-    // Gets one line without a line end for everything that happens; may be called from several threads, never from two
-    // at once.
+    // Gets one line without a line end for everything that happens; called from several threads but never from two
+    // at once; must not call the server.
     using LogSink = std::function<void(std::wstring_view line)>;
 
     explicit AgentServer(const Scenario& scenario = DefaultScenario(), LogSink log = {});
@@ -65,16 +67,15 @@ public:
     }
 
 private:
-    struct Connection {
-        std::atomic<bool> finished = false;
-        std::thread thread;
-    };
-
-    void FollowRefusal();
+    [[nodiscard]] bool RefusesAll() const;
+    void AwaitListener(std::unique_lock<std::mutex>& lock);
+    [[nodiscard]] SOCKET FollowRefusal();
     void AcceptLoop();
+    void Employ(UniqueSocket socket);
+    void Work();
     void Serve(SOCKET socket);
-    [[nodiscard]] bool ReceiveBytes(SOCKET socket, std::size_t count, std::string& bytes);
-    [[nodiscard]] Delivery AnswerFrame(const std::string& header, const std::string& body, bool complete);
+    [[nodiscard]] bool Receive(SOCKET socket, std::size_t count, std::string& bytes);
+    [[nodiscard]] Delivery AnswerFrame(const std::string& bytes, std::size_t length);
     void Send(SOCKET socket, const Delivery& delivery);
     void AwaitClose(SOCKET socket, int milliseconds);
     [[nodiscard]] bool Wait(int milliseconds) const;
@@ -87,6 +88,11 @@ private:
     std::map<std::wstring, std::wstring, std::less<>> m_scripts;
     std::vector<ReceivedRequest> m_requests;
     UniqueSocket m_listener;
+    std::condition_variable m_followed; // the listener is as the faults want it
+    std::deque<UniqueSocket> m_waiting; // connections that no worker has taken yet
+    std::condition_variable m_work;     // one has come
+    std::vector<std::thread> m_workers;
+    std::size_t m_idle = 0; // workers without a connection
     std::atomic<int> m_port = 0;
     std::atomic<bool> m_stopping = true;
     std::thread m_accepting; // Start's and Stop's own
