@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 
+#include <algorithm>
 #include <chrono>
 
 namespace voltaro {
@@ -11,7 +12,6 @@ namespace chrono = std::chrono;
 
 constexpr const wchar_t* kWeekDayNames[]
     = {L"Sunday", L"Monday", L"Tuesday", L"Wednesday", L"Thursday", L"Friday", L"Saturday"};
-constexpr wchar_t kNoMoreRuns[] = L"This job does not run again.";
 
 // A job for the 29th of February may have to wait from 2096 to 2104.
 constexpr int kSearchedDays = 8 * 366;
@@ -54,7 +54,7 @@ std::wstring ScheduleText(const ScheduledJob& job)
 {
     switch (job.kind) {
     case ScheduleKind::Daily: break;
-    case ScheduleKind::OnDate: return Format(L"%8ls%10ls%c", L"On Date(", job.date.c_str(), L')');
+    case ScheduleKind::OnDate: return Format(L"On Date(%10ls)", job.date.c_str());
     case ScheduleKind::Weekly: return L"Weekly";
     case ScheduleKind::Monthly: return L"Monthly";
     }
@@ -80,25 +80,23 @@ std::wstring NextRunText(const ScheduledJob& job, CalendarDate today, TimeOfDay 
     if (!job.enabled)
         return L"This job is not enabled and does not run.";
     const auto start = ParseTime(job.startTime);
-    if (!start)
+    const auto date = job.kind == ScheduleKind::OnDate ? ParseDate(job.date) : today;
+    if (!start || !date)
         return L"The next run is not known.";
     const chrono::sys_days todayDays = Days(today);
-    chrono::sys_days first = todayDays + chrono::days(*start > now ? 0 : 1);
-    // A date may lie farther ahead than any other schedule reaches.
-    const auto date = job.kind == ScheduleKind::OnDate ? ParseDate(job.date) : std::nullopt;
-    if (date && Days(*date) > first)
-        first = Days(*date);
+    // A date may lie farther ahead than any other schedule reaches: the search starts there.
+    const chrono::sys_days first = std::max(todayDays + chrono::days(*start > now ? 0 : 1), Days(*date));
     for (int i = 0; i < kSearchedDays; ++i) {
         const chrono::sys_days day = first + chrono::days(i);
         if (!RunsOn(job, day))
             continue;
         const auto ahead = (day - todayDays).count();
-        const std::wstring when = ahead == 0 ? L"today"
-            : ahead == 1                     ? L"tomorrow"
-                         : std::wstring(kWeekDayNames[WeekDay(day)]) + L", " + DateText(DateOf(day));
+        std::wstring when = kWeekDayNames[WeekDay(day)] + (L", " + DateText(DateOf(day)));
+        if (ahead <= 1)
+            when = ahead == 0 ? L"today" : L"tomorrow";
         return L"Next run: " + when + L" at " + TimeText(*start);
     }
-    return kNoMoreRuns;
+    return L"This job does not run again.";
 }
 
 } // namespace voltaro

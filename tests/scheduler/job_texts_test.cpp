@@ -106,7 +106,7 @@ TEST(JobTextsTest, NextRuns)
         {K::OnDate, L"11:00:00", L"2024-02-28", {}, L"This job does not run again."},
         {K::OnDate, L"11:00:00", L"2023-12-31", {}, L"This job does not run again."},
         {K::OnDate, L"11:00:00", L"2055-01-01", {}, L"Next run: Friday, 2055-01-01 at 11:00:00"},
-        {K::OnDate, L"11:00:00", L"garbage", {}, L"This job does not run again."},
+        {K::OnDate, L"11:00:00", L"garbage", {}, L"The next run is not known."},
         {K::Weekly, L"11:00:00", L"", {3}, L"Next run: Wednesday, 2024-03-06 at 11:00:00"},
         {K::Weekly, L"11:00:00", L"", {0, 5}, L"Next run: Friday, 2024-03-01 at 11:00:00"},
         {K::Weekly, L"11:00:00", L"", {}, L"This job does not run again."},
