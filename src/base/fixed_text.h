@@ -23,15 +23,15 @@ public:
 
     constexpr FixedText& operator=(std::wstring_view text)
     {
-        std::size_t length = std::min(text.size(), kCapacity);
-        if (length < text.size() && length > 0 && (text[length - 1] & 0xFC00) == 0xD800)
-            --length;
-        const auto end = std::copy_n(text.begin(), length, m_units.begin());
+        const std::wstring_view kept = text.size() > kCapacity ? CutAtCapacity(text) : text;
+        const auto end = std::copy(kept.begin(), kept.end(), m_units.begin());
         std::fill(end, m_units.end(), L'\0');
         return *this;
     }
 
     constexpr FixedText& operator=(const wchar_t* text) { return *this = std::wstring_view(text); }
+
+    constexpr void Clear() { m_units.fill(L'\0'); }
 
     [[nodiscard]] constexpr const wchar_t* c_str() const { return m_units.data(); }
     // Up to the first NUL.
@@ -47,6 +47,12 @@ public:
     friend constexpr bool operator==(const FixedText& a, const wchar_t* b) { return a.view() == b; }
 
 private:
+    static constexpr std::wstring_view CutAtCapacity(std::wstring_view text)
+    {
+        const bool splitsPair = kCapacity > 0 && (text[kCapacity - 1] & 0xFC00) == 0xD800;
+        return text.substr(0, splitsPair ? kCapacity - 1 : kCapacity);
+    }
+
     std::array<wchar_t, N> m_units{};
 };
 

@@ -1,0 +1,69 @@
+#include "base/installation.h"
+
+#include "base/ansi.h"
+#include "base/handles.h"
+
+#include <algorithm>
+#include <string>
+
+namespace voltaro {
+namespace {
+
+constexpr const wchar_t* kMachineKey = L"SOFTWARE\\Kestrelfen\\VOLTARO";
+constexpr const wchar_t* kDefaultUserKey = L".DEFAULT\\SOFTWARE\\Kestrelfen\\VOLTARO";
+constexpr const char* kVariable = "VOLTARO_HOME";
+constexpr std::size_t kVariableLimit = 99; // characters
+constexpr DWORD kValueBytes = 255;         // of the registry's UTF-16 text; a longer value reads as empty
+constexpr std::size_t kValueLimit = 255;   // 8-bit characters
+
+void Store(InstallDirectory& directory, const std::string& text, std::size_t limit)
+{
+    directory.fill('\0');
+    std::copy_n(text.begin(), std::min(text.size(), limit), directory.begin());
+}
+
+bool FromEnvironment(InstallDirectory& directory)
+{
+    // An environment block holds at most 32,767 characters.
+    std::string value(32'767, '\0');
+    value.resize(GetEnvironmentVariableA(kVariable, value.data(), static_cast<DWORD>(value.size())));
+    Store(directory, value, kVariableLimit);
+    return !value.empty();
+}
+
+// All rights are asked for: a user without write rights takes the way without the key (meant).
+UniqueKey OpenKey(HKEY hive, const wchar_t* path)
+{
+    UniqueKey key;
+    RegOpenKeyExW(hive, path, 0, KEY_ALL_ACCESS, key.Put());
+    return key;
+}
+
+bool FromKey(const UniqueKey& key, InstallDirectory& directory)
+{
+    wchar_t value[kValueBytes + 1] = {};
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        DWORD bytes = kValueBytes;
+        if (RegQueryValueExW(key.Get(), L"InstallPath", nullptr, nullptr, reinterpret_cast<BYTE*>(value), &bytes)
+            == ERROR_SUCCESS)
+            break;
+    }
+    if (value[0] == L'\0')
+        return false;
+    Store(directory, Narrowed(value), kValueLimit);
+    return true;
+}
+
+} // namespace
+
+bool ReadInstallPath(InstallDirectory& directory)
+{
+    if (const UniqueKey machine = OpenKey(HKEY_LOCAL_MACHINE, kMachineKey))
+        return FromKey(machine, directory) || FromEnvironment(directory);
+    if (FromEnvironment(directory))
+        return true;
+    const UniqueKey user = OpenKey(HKEY_USERS, kDefaultUserKey);
+    return user && FromKey(user, directory);
+}
+
+} // namespace voltaro

@@ -1,0 +1,298 @@
+#include "link/document.h"
+
+#include "base/windows_api.h"
+#include "link/error_log.h"
+
+#include <msxml2.h>
+#include <wrl/client.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace voltaro {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+// In no import library.
+constexpr CLSID kClsidDomDocument30 = {0xF5078F32, 0xC551, 0x11D3, {0x89, 0xB9, 0x00, 0x00, 0xF8, 0x1F, 0xE2, 0x21}};
+constexpr IID kIidXmlDomDocument = {0x2933BF81, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
+
+using Document = ComPtr<IXMLDOMDocument>;
+using Node = ComPtr<IXMLDOMNode>;
+
+// An owned platform string.
+class Bstr {
+public:
+    Bstr() = default;
+    explicit Bstr(std::wstring_view text)
+        : m_text(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())))
+    {
+    }
+    ~Bstr() { SysFreeString(m_text); }
+    Bstr(const Bstr&) = delete;
+    Bstr& operator=(const Bstr&) = delete;
+    [[nodiscard]] BSTR Get() const { return m_text; }
+    [[nodiscard]] BSTR* Put()
+    {
+        SysFreeString(std::exchange(m_text, nullptr));
+        return &m_text;
+    }
+    [[nodiscard]] std::wstring_view View() const
+    {
+        return m_text ? std::wstring_view(m_text, SysStringLen(m_text)) : std::wstring_view();
+    }
+
+private:
+    BSTR m_text = nullptr;
+};
+
+// A VARIANT that borrows a string.
+VARIANT Borrowed(const Bstr& text)
+{
+    VARIANT variant{};
+    variant.vt = VT_BSTR;
+    variant.bstrVal = text.Get();
+    return variant;
+}
+
+Document DomCreate()
+{
+    Document document;
+    const bool made
+        = Succeeded(CoCreateInstance(kClsidDomDocument30, nullptr, CLSCTX_INPROC_SERVER, kIidXmlDomDocument,
+                        reinterpret_cast<void**>(document.GetAddressOf())),
+              "Create a new DOMDocument",
+              "CoCreateInstance(__uuidof(DOMDocument30), NULL, CLSCTX_INPROC_SERVER, __uuidof(IXMLDOMDocument), "
+              "(void**)&pxmldoc)")
+        && Succeeded(document->put_async(VARIANT_FALSE), "should never fail", "pxmldoc->put_async(VARIANT_FALSE)")
+        && Succeeded(document->put_validateOnParse(VARIANT_FALSE), "should never fail",
+            "pxmldoc->put_validateOnParse(VARIANT_FALSE)")
+        && Succeeded(document->put_resolveExternals(VARIANT_FALSE), "should never fail",
+            "pxmldoc->put_resolveExternals(VARIANT_FALSE)");
+    return made ? document : Document();
+}
+
+void ReportParseError(
+    IXMLDOMDocument* document, const char* message, std::source_location where = std::source_location::current())
+{
+    ComPtr<IXMLDOMParseError> error;
+    Bstr reason;
+    if (!Succeeded(document->get_parseError(&error), "dom->get_parseError:", "pDom->get_parseError(&pXMLErr)")
+        || !Succeeded(error->get_reason(reason.Put()), "parseError->get_reason:", "pXMLErr->get_reason(&bstrReason)"))
+        return;
+    std::string text(message);
+    for (const wchar_t unit : reason.View())
+        text += unit < 0x80 ? static_cast<char>(unit) : '?';
+    LogFault("parse error", text.c_str(), where);
+}
+
+bool AppendChild(IXMLDOMNode* parent, IXMLDOMNode* child)
+{
+    Node appended;
+    return Succeeded(parent->appendChild(child, &appended), "", "pParent->appendChild(pChild, &pNode)");
+}
+
+void AddWhiteSpaceToNode(IXMLDOMDocument* document, const std::wstring& text, IXMLDOMNode* node)
+{
+    ComPtr<IXMLDOMText> space;
+    if (Succeeded(document->createTextNode(Bstr(text).Get(), &space), "", "pDom->createTextNode(bstrWs,&pws)"))
+        AppendChild(node, space.Get());
+}
+
+// Appends an element with a text to the parent; returns it, or null after a log line.
+ComPtr<IXMLDOMElement> AddSubElement(
+    IXMLDOMDocument* document, const std::wstring& name, const std::wstring& text, IXMLDOMNode* parent)
+{
+    ComPtr<IXMLDOMElement> element;
+    if (!Succeeded(document->createElement(Bstr(name).Get(), &element), "", "pXMLDom->createElement(node,&pe)"))
+        return nullptr;
+    if (!text.empty())
+        Succeeded(element->put_text(Bstr(text).Get()), "", "pe->put_text(nodevalue)");
+    return AppendChild(parent, element.Get()) ? element : nullptr;
+}
+
+std::wstring Indent(int depth)
+{
+    return L"\n" + std::wstring(static_cast<std::size_t>(depth), L'\t');
+}
+
+// Appends the children of `element` to `node`, each on a line of its own at `depth` tabs.
+void AppendFields(IXMLDOMDocument* document, IXMLDOMNode* node, const Element& element, int depth)
+{
+    for (const Element& child : element.children) {
+        AddWhiteSpaceToNode(document, Indent(depth), node);
+        if (const auto made = AddSubElement(document, child.name, child.text, node))
+            AppendFields(document, made.Get(), child, depth + 1);
+    }
+}
+
+// The processing instruction and the root with its version.
+ComPtr<IXMLDOMElement> StartDocument(IXMLDOMDocument* document)
+{
+    ComPtr<IXMLDOMProcessingInstruction> instruction;
+    if (!Succeeded(
+            document->createProcessingInstruction(Bstr(L"xml").Get(), Bstr(L"version='1.0'").Get(), &instruction),
+            "createProcessingInstruction:", "pXMLDom->createProcessingInstruction( bstr,bstrs, &pi)")
+        || !AppendChild(document, instruction.Get()))
+        return nullptr;
+    ComPtr<IXMLDOMElement> root;
+    if (!Succeeded(document->createElement(Bstr(L"vltp").Get(), &root), "createelement",
+            "pXMLDom->createElement(bstr, &pRootV)"))
+        return nullptr;
+    ComPtr<IXMLDOMAttribute> version;
+    ComPtr<IXMLDOMAttribute> replaced;
+    const Bstr number(L"1.0");
+    const bool set = Succeeded(document->createAttribute(Bstr(L"version").Get(), &version), "",
+                         "pXMLDom->createAttribute(bstr, &pAttribute)")
+        && Succeeded(version->put_value(Borrowed(number)), "", "pAttribute->put_value(var)")
+        && Succeeded(root->setAttributeNode(version.Get(), &replaced), "",
+            "pRootV->setAttributeNode(pAttribute, &pAttributeOut)");
+    return set && AppendChild(document, root.Get()) ? root : nullptr;
+}
+
+// Only elements count; a leaf's text is the platform's text property of it.
+void ReadElement(IXMLDOMNode* node, Element& element, int depth)
+{
+    Node child;
+    bool leaf = true;
+    if (!Succeeded(node->get_firstChild(&child), "get_item:", "pNodes->get_item(i, &pNode)"))
+        return;
+    while (child) {
+        DOMNodeType type = NODE_INVALID;
+        child->get_nodeType(&type);
+        if (type == NODE_ELEMENT) {
+            leaf = false;
+            Bstr name;
+            if (depth >= kMaxDepth
+                || !Succeeded(child->get_nodeName(name.Put()), "get_nodeName:", "pNode->get_nodeName(&bstr)"))
+                return;
+            element.children.emplace_back();
+            element.children.back().name = name.View();
+            ReadElement(child.Get(), element.children.back(), depth + 1);
+        } else if (leaf) {
+            break; // text, comment or section: a leaf, unless an element comes later, which no answer has
+        }
+        Node next;
+        if (!Succeeded(child->get_nextSibling(&next), "get_item:", "pNodes->get_item(i, &pNode)"))
+            return;
+        child = std::move(next);
+    }
+    Bstr text;
+    if (leaf && child && Succeeded(node->get_text(text.Put()), "get_nodeValue:", "pNode->get_text(&bstr)"))
+        element.text = text.View();
+}
+
+std::optional<Element> ReadDocument(IXMLDOMDocument* document)
+{
+    ComPtr<IXMLDOMElement> root;
+    document->get_documentElement(&root);
+    if (!root)
+        return std::nullopt;
+    Element element;
+    Bstr name;
+    if (Succeeded(root->get_nodeName(name.Put()), "get_nodeName:", "pNode->get_nodeName(&bstr)"))
+        element.name = name.View();
+    ReadElement(root.Get(), element, 0);
+    return element;
+}
+
+} // namespace
+
+ComApartment::ComApartment()
+{
+    // Never released: leaving COM while a thread's storage is torn down is not allowed.
+    thread_local const bool kept = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+    m_entered = kept && SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+}
+
+ComApartment::~ComApartment()
+{
+    if (m_entered)
+        CoUninitialize();
+}
+
+std::optional<Element> ParseAnswer(const wchar_t* text)
+{
+    const ComApartment com;
+    const std::wstring_view view(text);
+    if (DeclaresDocumentType(view)) {
+        LogFault("loadXML", "an answer with a document type is refused");
+        return std::nullopt;
+    }
+    const Document document = DomCreate();
+    if (!document)
+        return std::nullopt;
+    VARIANT_BOOL loaded = VARIANT_FALSE;
+    if (!Succeeded(document->loadXML(Bstr(view).Get(), &loaded), "", "pXMLDom->loadXML(bstr, &status)"))
+        return std::nullopt;
+    if (loaded != VARIANT_TRUE) {
+        ReportParseError(document.Get(), "an answer is not well-formed: ");
+        return std::nullopt;
+    }
+    return ReadDocument(document.Get());
+}
+
+std::optional<Element> ParseFile(const std::wstring& path, const char* module)
+{
+    const ComApartment com;
+    const Document document = DomCreate();
+    if (!document)
+        return std::nullopt;
+    const Bstr name(path);
+    VARIANT_BOOL loaded = VARIANT_FALSE;
+    const HRESULT result = document->load(Borrowed(name), &loaded);
+    if (FAILED(result) || loaded != VARIANT_TRUE) {
+        LogFailure(module, __LINE__, "dom->load():", result, "pXMLDom->load(var, &status)");
+        return std::nullopt;
+    }
+    return ReadDocument(document.Get());
+}
+
+std::optional<std::wstring> SerialiseRequest(const Element& request)
+{
+    const ComApartment com;
+    const Document document = DomCreate();
+    if (!document)
+        return std::nullopt;
+    const ComPtr<IXMLDOMElement> root = StartDocument(document.Get());
+    if (!root)
+        return std::nullopt;
+    AddWhiteSpaceToNode(document.Get(), Indent(1), root.Get());
+    const ComPtr<IXMLDOMElement> element = AddSubElement(document.Get(), request.name, {}, root.Get());
+    if (!element)
+        return std::nullopt;
+    AppendFields(document.Get(), element.Get(), request, 2);
+    AddWhiteSpaceToNode(document.Get(), Indent(1), element.Get());
+    AddWhiteSpaceToNode(document.Get(), Indent(0), root.Get());
+    Bstr xml;
+    if (!Succeeded(document->get_xml(xml.Put()), "dom->get_xml", "pXMLDom->get_xml(&bstr)"))
+        return std::nullopt;
+    return std::wstring(xml.View());
+}
+
+bool DeclaresDocumentType(std::wstring_view text)
+{
+    return text.find(L"<!DOCTYPE") != std::wstring_view::npos;
+}
+
+bool DeclaresDocumentType(std::string_view bytes)
+{
+    std::wstring text;
+    for (const char byte : bytes) {
+        if (byte != '\0')
+            text.push_back(static_cast<unsigned char>(byte));
+    }
+    return DeclaresDocumentType(text);
+}
+
+std::wstring NewMessageId()
+{
+    GUID guid{};
+    wchar_t text[130] = {};
+    if (FAILED(CoCreateGuid(&guid)) || StringFromGUID2(guid, text, static_cast<int>(std::size(text))) == 0)
+        return {};
+    return text;
+}
+
+} // namespace voltaro

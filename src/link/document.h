@@ -1,0 +1,45 @@
+#pragma once
+
+#include "link/element.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace voltaro {
+
+// COM for one request: apartment-threaded, initialised and released with the guard's life. The first guard of a thread
+// also takes one reference that is kept for the thread's life, so that later requests find the library loaded.
+class ComApartment {
+public:
+    ComApartment();
+    ~ComApartment();
+    ComApartment(const ComApartment&) = delete;
+    ComApartment& operator=(const ComApartment&) = delete;
+
+private:
+    bool m_entered;
+};
+
+// The answer as an element tree: the document element, leaf texts as the platform's document gives them. Nothing when
+// the text is not well-formed, holds a document type or cannot be loaded; the reason is logged. Elements nested deeper
+// than kMaxDepth are left out.
+inline constexpr int kMaxDepth = 32;
+[[nodiscard]] std::optional<Element> ParseAnswer(const wchar_t* text);
+
+// The same for a file; failures of the load are logged in the name of `module`.
+[[nodiscard]] std::optional<Element> ParseFile(const std::wstring& path, const char* module);
+
+// Turns the `request` element into the whole document and serialises it: processing instruction, root `vltp` with
+// version "1.0", indentation as text nodes. Nothing when the document cannot be made.
+[[nodiscard]] std::optional<std::wstring> SerialiseRequest(const Element& request);
+
+// A fresh identifier for a request: 38 characters with braces, upper case; empty when the platform has none.
+[[nodiscard]] std::wstring NewMessageId();
+
+// True when the text declares a document type: the platform's switch against it is not honoured everywhere, and no
+// answer needs one. Bytes of any encoding: NULs are passed over.
+[[nodiscard]] bool DeclaresDocumentType(std::string_view bytes);
+[[nodiscard]] bool DeclaresDocumentType(std::wstring_view text);
+
+} // namespace voltaro

@@ -1,0 +1,32 @@
+#include "link/error_log.h"
+
+#include "base/windows_api.h"
+
+#include <cstdio>
+
+namespace voltaro {
+
+void LogFailure(const char* module, unsigned line, const char* label, long result, const char* call)
+{
+    char text[1024] = {};
+    std::snprintf(text, sizeof text, "%s:%u  HRCALL Failed: %s\n  0x%.8lx = %s\n", module, line, label,
+        static_cast<unsigned long>(result), call);
+    OutputDebugStringA(text);
+    std::fputs(text, stdout);
+    std::fflush(stdout);
+}
+
+bool Succeeded(long result, const char* label, const char* call, std::source_location where)
+{
+    if (SUCCEEDED(result))
+        return true;
+    LogFailure(where.file_name(), where.line(), label, result, call);
+    return false;
+}
+
+void LogFault(const char* label, const char* what, std::source_location where)
+{
+    LogFailure(where.file_name(), where.line(), label, E_FAIL, what);
+}
+
+} // namespace voltaro

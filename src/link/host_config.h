@@ -1,0 +1,23 @@
+#pragma once
+
+#include "base/fixed_text.h"
+
+#include <string>
+
+namespace voltaro {
+
+using HostConfigText = FixedText<10>;
+
+// The agent's port. The compiled-in value only lasts until start-up has read the host configuration: without a readable
+// port there it becomes 0, with no fall-back (meant).
+inline int servicePort = 4916;
+
+// Reads the agent's host configuration: the port and a second text, chosen by position. Without an installation
+// directory the user is told, and the reading goes on with an empty one. Every other failure is only logged and leaves
+// both texts as they were.
+void TcpPortGetter(HostConfigText& port, HostConfigText& second);
+
+// The configuration file below an installation directory (8-bit, ending in a separator), cut to 256 units.
+[[nodiscard]] std::wstring HostConfigPath(const char* installDirectory);
+
+} // namespace voltaro

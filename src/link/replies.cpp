@@ -1,0 +1,93 @@
+#include "link/replies.h"
+
+#include "base/text.h"
+
+namespace voltaro {
+
+const Element* FirstElement(const Element& root, std::wstring_view name)
+{
+    if (root.name == name)
+        return &root;
+    for (const Element& child : root.children) {
+        if (const Element* found = FirstElement(child, name))
+            return found;
+    }
+    return nullptr;
+}
+
+namespace {
+
+std::span<const Element> FieldsOfFirst(const Element& root, std::wstring_view name)
+{
+    const Element* element = FirstElement(root, name);
+    return element ? std::span<const Element>(element->children) : std::span<const Element>();
+}
+
+} // namespace
+
+std::span<const Element> ResponseFields(const Element& root)
+{
+    return FieldsOfFirst(root, L"response");
+}
+
+std::span<const Element> DetailsFields(const Element& root)
+{
+    return FieldsOfFirst(root, L"details");
+}
+
+std::span<const Element> DetailsOrResponseFields(const Element& root)
+{
+    return FirstElement(root, L"details") ? DetailsFields(root) : ResponseFields(root);
+}
+
+std::wstring_view TextAt(std::span<const Element> fields, std::size_t position)
+{
+    return position < fields.size() ? std::wstring_view(fields[position].text) : std::wstring_view();
+}
+
+std::vector<std::wstring> TextsOf(std::span<const Element> fields, std::size_t limit)
+{
+    std::vector<std::wstring> texts;
+    for (const Element& field : fields.first(std::min(limit, fields.size())))
+        texts.push_back(field.text);
+    return texts;
+}
+
+bool IsWord(std::wstring_view status, std::wstring_view word)
+{
+    return EqualsIgnoreCase(status, word);
+}
+
+std::vector<std::wstring> ReadNames(const Element& root)
+{
+    std::vector<std::wstring> names = TextsOf(DetailsFields(root), kMaxNames);
+    for (std::wstring& name : names)
+        name = FieldText(name).view();
+    return names;
+}
+
+std::optional<ApplicationSensorPolicy> ReadPolicy(const Element& root)
+{
+    const Element* details = FirstElement(root, L"details");
+    if (!details || details->children.empty())
+        return std::nullopt;
+    ApplicationSensorPolicy policy;
+    policy.name = ChildText(*details, 0);
+    const std::size_t count = std::min(details->children.size() - 1, kMaxRules);
+    for (std::size_t i = 1; i <= count; ++i) {
+        if (const Element* rule = FindChild(*details, Format(L"AppNo_%d", static_cast<int>(i))))
+            policy.rules.push_back(RecordOf<ApplicationRule>(rule->children));
+    }
+    return policy;
+}
+
+BatteryInfo ReadBattery(const Element& root)
+{
+    BatteryInfo battery;
+    const std::span<const Element> fields = ResponseFields(root);
+    for (const Element& field : fields.first(std::min(BatteryInfo::kMaxRows, fields.size())))
+        battery.rows.push_back({std::wstring_view(field.name), std::wstring_view(field.text)});
+    return battery;
+}
+
+} // namespace voltaro

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "link/members.h"
+
+#include <string>
+
+namespace voltaro {
+
+// One exchange with the agent: one request text out, one answer text in, over a connection of its own. Blocks its
+// caller until the answer is there, the member's time-out has passed or the connection fails; on the user-interface
+// thread painting and sent messages are served meanwhile. `host` is an 8-bit dotted address. True when a whole answer
+// was received into `response`. A member must not be entered twice at once.
+[[nodiscard]] bool ServiceRequest(
+    Member member, const wchar_t* request, std::wstring& response, const char* host, int port);
+
+} // namespace voltaro

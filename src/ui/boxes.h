@@ -1,0 +1,51 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+#include <cstdint>
+#include <string>
+
+namespace voltaro {
+
+enum class BoxIcon : std::uint8_t { None, Information, Warning, Question };
+enum class BoxButtons : std::uint8_t { Ok, YesNo };
+enum class Answer : std::uint8_t { Ok, Yes, No, TimedOut };
+
+// A message box as a constexpr row beside the code that shows it.
+struct Box {
+    const wchar_t* caption;
+    const wchar_t* text;
+    BoxIcon icon = BoxIcon::Warning;
+    BoxButtons buttons = BoxButtons::Ok;
+};
+
+// Shows a box with an OK button; `owner` may be null. The second form shows `text` in the place of the row's own, for
+// texts that carry a name.
+void Tell(HWND owner, const Box& box);
+void Tell(HWND owner, const Box& box, const std::wstring& text);
+
+// Shows a Yes/No box; true on Yes. Esc and the title bar count as No.
+[[nodiscard]] bool Ask(HWND owner, const Box& box);
+[[nodiscard]] bool Ask(HWND owner, const Box& box, const std::wstring& text);
+
+// A box that closes itself after the given time and then answers TimedOut. Its owner is enabled again afterwards if it
+// was enabled before.
+[[nodiscard]] Answer AskFor(HWND owner, const Box& box, unsigned milliseconds);
+
+// What a box is about to show, as handed to the door.
+struct BoxCall {
+    HWND owner;
+    std::wstring caption;
+    std::wstring text;
+    BoxIcon icon;
+    BoxButtons buttons;
+    unsigned milliseconds; // 0: stays until answered
+};
+
+// Every box goes through this door. Tests put a script in its place; at the end of the session it is closed with
+// CloseDoor, and later boxes answer at once (Ok, No or TimedOut) without being shown.
+using BoxDoor = Answer (*)(const BoxCall& call);
+extern BoxDoor boxDoor;
+void CloseDoor();
+
+} // namespace voltaro

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "base/handles.h"
+
+#include <string_view>
+
+namespace voltaro {
+
+// Selects an object into a device context and restores the old one.
+class SelectGuard {
+public:
+    SelectGuard(HDC dc, HGDIOBJ object)
+        : m_dc(dc)
+        , m_old(SelectObject(dc, object))
+    {
+    }
+    ~SelectGuard() { SelectObject(m_dc, m_old); }
+    SelectGuard(const SelectGuard&) = delete;
+    SelectGuard& operator=(const SelectGuard&) = delete;
+
+private:
+    HDC m_dc;
+    HGDIOBJ m_old;
+};
+
+// Between BeginPaint and EndPaint of a window: Dc() is a memory bitmap filled with the face colour; the destructor
+// copies it to the window once, around the child controls (but group boxes, which let their parent shine through), so
+// that nothing flickers. A window that paints with it answers WM_ERASEBKGND with 1.
+class Canvas {
+public:
+    explicit Canvas(HWND window);
+    ~Canvas();
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+    [[nodiscard]] HDC Dc() const { return m_memory; }
+
+private:
+    HWND m_window;
+    PAINTSTRUCT m_paint{};
+    HDC m_screen;
+    HDC m_memory;
+    UniqueBitmap m_bitmap;
+    HGDIOBJ m_oldBitmap;
+};
+
+// A memory bitmap of the given size on which `draw` paints, for copying a picture and for tests that look at pixels.
+[[nodiscard]] UniqueBitmap RenderBitmap(int width, int height, void (*draw)(HDC dc, void* context), void* context);
+
+// Draws a bitmap resource at its place and size in pixels; the transparent form leaves out the key colour.
+void DrawBitmap(HDC dc, int resource, int x, int y, int width, int height);
+void DrawTransparentBitmap(HDC dc, int resource, int x, int y, int width, int height);
+
+// Text at a point, transparent background, in the given font (borrowed) and colour.
+void DrawTextAt(HDC dc, int x, int y, std::wstring_view text, HFONT font, COLORREF colour);
+
+} // namespace voltaro

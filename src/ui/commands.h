@@ -1,0 +1,20 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+#include <span>
+
+namespace voltaro {
+
+// One row of a window's command table: a control, menu item or dialog key (IDOK for Enter, IDCANCEL for Esc) and the
+// function that serves it. `notification` is the control's notification code; 0 is a click or a menu choice.
+struct Command {
+    int id;
+    void (*handler)(HWND window);
+    int notification = 0;
+};
+
+// Serves WM_COMMAND from a table; `w` is the message's first parameter. Returns true when a row matched.
+bool Dispatch(std::span<const Command> commands, HWND window, WPARAM w);
+
+} // namespace voltaro

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace voltaro {
+
+// What a control row creates. Styles, class names and Windows' oddities live in the interpreter, not in the rows.
+enum class Kind : std::uint8_t {
+    GroupBox, // a frame with a caption
+    TabStopGroupBox, // the same, reachable by Tab
+    Label, // static text; also names the field that follows it for a screen reader
+    CentredLabel,
+    Edit, // one line, border, scrolls sideways
+    NumberEdit, // digits only
+    PasswordEdit, // masked
+    PlainEdit, // read-only one line without border, scrolls sideways
+    CentredPlainEdit,
+    MultiLineText, // read-only, wraps, no border
+    Combo, // drop-down list in the given order; the height is that of the opened list
+    SortedCombo, // drop-down list that sorts itself
+    CheckBox,
+    Radio, // automatic; the first of a group carries kGroup
+    Push,
+    DefaultPush,
+    BitmapPush, // a push-like button that shows only its picture
+    DefaultBitmapPush,
+    Trackbar,
+    Progress,
+    SmoothProgress,
+    ListView, // report view with border, full-row selection, copies as text by keyboard and menu
+    Tab,
+    TimePicker,
+    DatePicker,
+    IpAddress,
+    Link, // text with <a> parts
+};
+
+enum ControlFlags : std::uint8_t {
+    kPlain = 0,
+    kHidden = 1, // created hidden
+    kDisabled = 2, // created disabled
+    kGroup = 4, // starts a group for the arrow keys
+    kNoTabStop = 8,
+    kRightAligned = 16, // labels
+};
+
+inline constexpr int kNoId = -1;
+
+// One row of a window's table, in tab order. Pixels, relative to the client area of the window that holds it.
+// `name` is what a screen reader says for a field that has no visible label right before it in the table.
+struct Control {
+    Kind kind;
+    int id;
+    const wchar_t* text;
+    int x;
+    int y;
+    int width;
+    int height;
+    std::uint8_t flags = kPlain;
+    const wchar_t* name = nullptr;
+};
+
+// Creates the children of a window from its rows, all with one font (borrowed). Asserts that each was made.
+void CreateControls(HWND window, std::span<const Control> rows, HFONT font);
+
+// Compile-time proof-reading of tables.
+consteval bool IdsAreUnique(std::span<const Control> rows)
+{
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        for (std::size_t k = i + 1; k < rows.size(); ++k) {
+            if (rows[i].id != kNoId && rows[i].id == rows[k].id)
+                return false;
+        }
+    }
+    return true;
+}
+
+// True when every rectangle lies inside a client area of that size (a combo counts by its closed height).
+consteval bool FitInside(std::span<const Control> rows, int width, int height)
+{
+    for (const Control& row : rows) {
+        const bool combo = row.kind == Kind::Combo || row.kind == Kind::SortedCombo;
+        const int rowHeight = combo ? 24 : row.height;
+        if (row.x < 0 || row.y < 0 || row.x + row.width > width || row.y + rowHeight > height)
+            return false;
+    }
+    return true;
+}
+
+// Small readings and writings by control id. A missing control reads as empty and ignores writes.
+[[nodiscard]] HWND ControlOf(HWND window, int id);
+[[nodiscard]] std::wstring TextOf(HWND window, int id);
+void SetText(HWND window, int id, std::wstring_view text);
+[[nodiscard]] bool IsChecked(HWND window, int id);
+void SetChecked(HWND window, int id, bool checked);
+void Enable(HWND window, int id, bool enabled);
+void Enable(HWND window, std::span<const int> ids, bool enabled);
+void Show(HWND window, int id, bool visible);
+void Show(HWND window, std::span<const int> ids, bool visible);
+// Gives a field the focus and selects its text; how every refused input ends.
+void FocusOn(HWND window, int id);
+
+// Combo boxes. Filling keeps nothing of the old content; the index is -1 where nothing is selected or found.
+void FillCombo(HWND window, int id, std::span<const std::wstring> entries);
+[[nodiscard]] std::wstring SelectedText(HWND window, int id);
+[[nodiscard]] int SelectedIndex(HWND window, int id);
+void SelectIndex(HWND window, int id, int index);
+// Selects the entry that equals the text exactly (case counts as the combo box's own search does not: compared here).
+// Returns the index, or -1 with the selection cleared.
+int SelectExact(HWND window, int id, std::wstring_view text);
+
+} // namespace voltaro

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+#include <optional>
+#include <string>
+
+namespace voltaro {
+
+// A file-open dialog prepared once at start-up and shown when a window asks for it. `filter` is in the platform's form:
+// pairs of NUL-separated texts.
+struct FileDialog {
+    const wchar_t* filter;
+    const wchar_t* title;
+};
+
+// Lets the user choose an existing file; the full path, or nothing when it was cancelled. Replaceable for tests.
+using FileChooser = std::optional<std::wstring> (*)(HWND owner, const FileDialog& dialog);
+extern FileChooser chooseFile;
+
+} // namespace voltaro

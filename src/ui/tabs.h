@@ -1,0 +1,26 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+#include <span>
+
+namespace voltaro {
+
+// One page of a tab control: its caption and the child window (or windows) that belong to it.
+struct TabPage {
+    const wchar_t* caption;
+    HWND page;
+};
+
+// Adds the pages' captions to a tab control and shows the first page. The tab control must be made before its pages are
+// turned; the pages are remembered with the control (copied).
+void SetTabs(HWND tab, std::span<const TabPage> pages);
+
+// Shows the page at `index`, hides the others, selects its caption. Also called on TCN_SELCHANGE: TurnToSelected.
+void TurnTo(HWND tab, int index);
+void TurnToSelected(HWND tab);
+// One page on or back, wrapping; what Ctrl+Tab does. The page's first field gets the focus when the focus was on a page.
+void TurnBy(HWND tab, int step);
+[[nodiscard]] int SelectedTab(HWND tab);
+
+} // namespace voltaro

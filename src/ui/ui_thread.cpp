@@ -1,0 +1,40 @@
+#include "ui/ui_thread.h"
+
+#include "base/windows_api.h"
+
+#include <atomic>
+
+namespace voltaro {
+namespace {
+
+std::atomic<DWORD> uiThread{0};
+std::atomic<bool> waitsEnded{false};
+
+} // namespace
+
+void AdoptUiThread()
+{
+    uiThread = GetCurrentThreadId();
+}
+
+bool OnUiThread()
+{
+    return uiThread == GetCurrentThreadId();
+}
+
+void EndWaits()
+{
+    waitsEnded = true;
+}
+
+bool WaitsEnded()
+{
+    return waitsEnded;
+}
+
+void AllowWaits()
+{
+    waitsEnded = false;
+}
+
+} // namespace voltaro

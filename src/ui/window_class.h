@@ -1,0 +1,24 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+namespace voltaro {
+
+// Registers a class the way all windows of the program have it: style 0, arrow cursor, face-colour background, the
+// program icon large and at 16 x 16. `menu` is a menu resource or 0. False when Windows refuses.
+[[nodiscard]] bool RegisterWindow(const wchar_t* name, WNDPROC procedure, int menu);
+
+// Size of the client area that a window of that outer size and style has; for layout assertions in tests.
+[[nodiscard]] SIZE ClientSize(int width, int height, DWORD style, DWORD extendedStyle, bool menu);
+
+// The answers that every window of the program gives alike to a message that it does not serve itself: F1 and the like
+// stay with the window; edits and labels get the window's face colour behind them.
+[[nodiscard]] LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l);
+
+// Repaints a window at once; `erase` repaints its background too.
+void Repaint(HWND window, bool erase = false);
+
+// Instance handle of the program.
+[[nodiscard]] HINSTANCE Instance();
+
+} // namespace voltaro
