@@ -1,6 +1,6 @@
 // Damages the documents of scheduled jobs and reads them back.
 //
-//   clang++ -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -Isrc -o job_document_fuzz \
+//   clang++ -std=c++20 -g -O2 -fsanitize=fuzzer,address,undefined -Isrc -o job_document_fuzz \
 //       fuzz/job_document_fuzz.cpp src/scheduler/job*.cpp src/base/choices.cpp src/base/text.cpp
 //       src/base/text_rules.cpp
 //   ./job_document_fuzz -runs=1000000 -max_len=512

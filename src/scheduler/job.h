@@ -21,11 +21,11 @@ enum class ScheduleKind { Daily, OnDate, Weekly, Monthly };
 
 // A program or batch file that a job starts.
 struct ScheduledTask {
-    FixedText<260> path; // unique within the job, without regard to case
-    FixedText<260> parameters;
+    FixedText<260> path{}; // unique within the job, without regard to case
+    FixedText<260> parameters{};
     bool delayEnabled = false;     // a repeat interval is set
     std::int32_t delayMinutes = 0; // the repeat interval
-    FixedText<16> endTime;         // hours:minutes:seconds; after it the task is no longer repeated
+    FixedText<16> endTime{};       // hours:minutes:seconds; after it the task is no longer repeated
 
     friend bool operator==(const ScheduledTask&, const ScheduledTask&) = default;
 };
@@ -33,21 +33,21 @@ struct ScheduledTask {
 // One scheduled job. What belongs to another kind of schedule, to an unset scheme or power-off, is neither sent nor
 // read back.
 struct ScheduledJob {
-    FixedText<100> name; // unique in the list, without regard to case
-    FixedText<256> description;
+    FixedText<100> name{}; // unique in the list, without regard to case
+    FixedText<256> description{};
     bool enabled = false;
-    FixedText<16> startTime; // hours:minutes:seconds
+    FixedText<16> startTime{}; // hours:minutes:seconds
     ScheduleKind kind = ScheduleKind::Daily;
-    FixedText<16> date;             // OnDate: year-month-day
+    FixedText<16> date{};           // OnDate: year-month-day
     std::array<bool, 7> weekDays{}; // Weekly: Sunday first
     std::array<bool, 12> months{};  // Monthly: January first
-    FixedText<16> monthStartDay;    // Monthly: "01" to "31", first and
-    FixedText<16> monthEndDay;      // last day of the month on which the job runs
+    FixedText<16> monthStartDay{};  // Monthly: "01" to "31", first and
+    FixedText<16> monthEndDay{};    // last day of the month on which the job runs
     bool powerOn = false;
     bool applyScheme = false;
-    FixedText<100> schemeName;
+    FixedText<100> schemeName{};
     bool powerOff = false;
-    FixedText<20> powerOffType;   // one of kPowerOffTypes
+    FixedText<20> powerOffType{}; // one of kPowerOffTypes
     std::int32_t idleMinutes = 0; // idleness after which the power-off is tried
     bool useAppSensor = false;
     std::vector<ScheduledTask> tasks; // at most kMaxTasks

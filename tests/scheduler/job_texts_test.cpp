@@ -24,29 +24,6 @@ TEST(JobChoicesTest, EveryChoiceBothWays)
     check(kRepeatChoices, kRepeat, L" Hour");
 }
 
-TEST(JobChoicesTest, NumbersThatNoChoiceHas)
-{
-    const struct {
-        Choices choices;
-        std::int32_t stored;
-        const wchar_t* shown;
-    } kRows[] = {
-        {kIdlenessChoices, 0, L"2 Mins"},
-        {kIdlenessChoices, 6, L"10 Mins"},
-        {kIdlenessChoices, 46, L"1 Hr"},
-        {kIdlenessChoices, 361, L"6 Hrs"},
-        {kRepeatChoices, 31, L"1 Hour"},
-        {kRepeatChoices, 61, L"2 Hours"},
-        {kRepeatChoices, 2147483647, L"12 Hours"},
-    };
-    for (const auto& row : kRows) {
-        const std::size_t index = ShownChoice(row.choices, row.stored);
-        EXPECT_STREQ(row.choices[index].text, row.shown);
-        EXPECT_EQ(ChosenNumber(row.choices, index, row.stored), row.stored);
-        EXPECT_EQ(ChosenNumber(row.choices, static_cast<std::size_t>(-1), row.stored), row.stored); // no selection
-    }
-}
-
 TEST(JobTextsTest, Rows)
 {
     ScheduledJob job;
