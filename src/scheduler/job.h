@@ -79,7 +79,7 @@ struct TimeOfDay {
     int minute;
     int second;
 
-    friend auto operator<=>(const TimeOfDay&, const TimeOfDay&) = default;
+    friend bool operator==(const TimeOfDay&, const TimeOfDay&) = default;
 };
 
 struct CalendarDate {
@@ -87,7 +87,7 @@ struct CalendarDate {
     int month; // from 1
     int day;   // from 1
 
-    friend auto operator<=>(const CalendarDate&, const CalendarDate&) = default;
+    friend bool operator==(const CalendarDate&, const CalendarDate&) = default;
 };
 
 // The texts of a record ("08:05:00", "2024-05-01") and back; nothing for a text that is no such time or date.

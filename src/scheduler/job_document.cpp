@@ -162,7 +162,7 @@ void ReadSchedule(const Element& schedule, std::size_t number, ScheduledJob& job
         job.date = ChildText(schedule, 1);
         if (job.date == kNoDate) {
             job.kind = ScheduleKind::Daily;
-            job.date = L"";
+            job.date.Clear();
         }
     } else if (job.kind == ScheduleKind::Monthly) {
         job.monthStartDay = ChildText(schedule, 1);

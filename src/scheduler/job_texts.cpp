@@ -29,6 +29,11 @@ CalendarDate DateOf(chrono::sys_days days)
         static_cast<int>(static_cast<unsigned>(day.day()))};
 }
 
+int Seconds(TimeOfDay time)
+{
+    return (time.hour * 60 + time.minute) * 60 + time.second;
+}
+
 unsigned WeekDay(chrono::sys_days days)
 {
     return chrono::weekday(days).c_encoding();
@@ -85,7 +90,8 @@ std::wstring NextRunText(const ScheduledJob& job, CalendarDate today, TimeOfDay 
         return L"The next run is not known.";
     const chrono::sys_days todayDays = Days(today);
     // A date may lie farther ahead than any other schedule reaches: the search starts there.
-    const chrono::sys_days first = std::max(todayDays + chrono::days(*start > now ? 0 : 1), Days(*date));
+    const chrono::sys_days first
+        = std::max(todayDays + chrono::days(Seconds(*start) > Seconds(now) ? 0 : 1), Days(*date));
     for (int i = 0; i < kSearchedDays; ++i) {
         const chrono::sys_days day = first + chrono::days(i);
         if (!RunsOn(job, day))

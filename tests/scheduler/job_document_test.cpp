@@ -1,5 +1,7 @@
 #include "scheduler/job_document.h"
 
+#include "base/text.h"
+
 #include <gtest/gtest.h>
 
 namespace voltaro {
@@ -108,7 +110,8 @@ TEST(JobDocumentTest, TenJobsOfSevenTasksAndNoMore)
         std::wstring tasks;
         for (const std::wstring k : {L"1", L"2", L"3", L"4", L"5", L"6", L"7"}) {
             jobs.back().tasks.push_back({std::wstring_view(n + L"-" + k), std::wstring_view(k)});
-            tasks += L" APP_" + n + k + L"[Path=" + n + L"-" + k + L" Parameters=" + k + L" RDelay= REndTime=]";
+            tasks += Format(L" APP_%ls%ls[Path=%ls-%ls Parameters=%ls RDelay= REndTime=]", n.c_str(), k.c_str(),
+                n.c_str(), k.c_str(), k.c_str());
         }
         line += L" "
             + JobLine(n, n, L"StartDate=NULL EndDate=NULL Frequency_" + n + L"[JobStart=AST",
