@@ -62,9 +62,10 @@ TEST(JobDocumentTest, SmallListsBothWays)
         {L"once", [](J& j) { j.kind = K::OnDate; j.date = L"2031-12-24"; },
             L"StartDate=2031-12-24 EndDate=2031-12-24 Frequency_1[JobStart=AST", L"RunTask_1[]"},
         {L"week", [](J& j) { j.kind = K::Weekly; j.weekDays[0] = j.weekDays[6] = true; },
-            L"StartDate=NULL EndDate=NULL Frequency_1[JobStart=Weekly Sun=Yes Mon=No Tue=No Wed=No Thu=No Fri=No Sat=Yes",
-            L"RunTask_1[]"},
-        {L"month", [](J& j) { j.kind = K::Monthly; j.months[0] = true; j.monthStartDay = L"01"; j.monthEndDay = L"31"; },
+            L"StartDate=NULL EndDate=NULL Frequency_1[JobStart=Weekly Sun=Yes Mon=No Tue=No Wed=No Thu=No Fri=No "
+            L"Sat=Yes", L"RunTask_1[]"},
+        {L"month",
+            [](J& j) { j.kind = K::Monthly; j.months[0] = true; j.monthStartDay = L"01"; j.monthEndDay = L"31"; },
             L"StartDate=01 EndDate=31 Frequency_1[JobStart=Monthly Jan=Yes Feb=No Mar=No Apr=No May=No Jun=No Jul=No "
             L"Aug=No Sep=No Oct=No Nov=No Dec=No", L"RunTask_1[]"},
         {L"wake", [](J& j) { j.powerOn = true; }, kDaily, L"PowerOn=Yes RunTask_1[]"},
@@ -109,13 +110,14 @@ TEST(JobDocumentTest, TenJobsOfSevenTasksAndNoMore)
         jobs.push_back(Job(n));
         std::wstring tasks;
         for (const std::wstring k : {L"1", L"2", L"3", L"4", L"5", L"6", L"7"}) {
-            jobs.back().tasks.push_back({std::wstring_view(n + L"-" + k), std::wstring_view(k)});
+            jobs.back().tasks.push_back(
+                {std::wstring_view(Format(L"%ls-%ls", n.c_str(), k.c_str())), std::wstring_view(k)});
             tasks += Format(L" APP_%ls%ls[Path=%ls-%ls Parameters=%ls RDelay= REndTime=]", n.c_str(), k.c_str(),
                 n.c_str(), k.c_str(), k.c_str());
         }
-        line += L" "
-            + JobLine(n, n, L"StartDate=NULL EndDate=NULL Frequency_" + n + L"[JobStart=AST",
-                L"RunTask_" + n + L"[" + tasks.substr(1) + L"]");
+        const std::wstring schedule = Format(L"StartDate=NULL EndDate=NULL Frequency_%ls[JobStart=AST", n.c_str());
+        const std::wstring action = Format(L"RunTask_%ls[%ls]", n.c_str(), tasks.c_str() + 1);
+        line += L" " + JobLine(n, n, schedule, action);
     }
     ExpectBothWays(jobs, line.substr(1));
     EXPECT_NE(line.find(L"APP_107[Path=10-7 "), line.npos);
@@ -165,11 +167,11 @@ std::wstring Short(const JobList& jobs)
 // 3 schedule (in it 3 frequency), 4 action (in it 0 power-off, 1 tasks).
 TEST(JobDocumentTest, DamagedTreesInventNothing)
 {
-    ScheduledJob whole = Job(L"whole");
+    ScheduledJob whole = Job(L"j");
     whole.kind = ScheduleKind::Weekly;
     whole.weekDays[0] = whole.weekDays[6] = true;
     whole.powerOff = true;
-    whole.powerOffType = L"Restart";
+    whole.powerOffType = L"Off";
     whole.tasks = {{L"1.exe"}, {L"2.exe"}};
     using E = Element;
     // clang-format off
@@ -182,16 +184,16 @@ TEST(JobDocumentTest, DamagedTreesInventNothing)
         {[](E& e) { At(e, {0}).name = L"Job_"; },                      L"", 1, 0},
         {[](E& e) { At(e, {0}).children.clear(); },                    L"", 1, 0},
         {[](E& e) { At(e, {0, 0}).text.clear(); },                     L"", 1, 0},
-        {[](E& e) { e.children.push_back({}); },                       L"whole 08:05:00 2 off=Restart 1.exe 2.exe;", 1, 0},
-        {[](E& e) { e.children.push_back(E(e.children[0])); },         L"whole 08:05:00 2 off=Restart 1.exe 2.exe;", 1, 0},
-        {[](E& e) { At(e, {0, 3}).children.clear(); },                 L"whole  daily off=Restart 1.exe 2.exe;", 0, 0},
-        {[](E& e) { At(e, {0, 3}).name = L"Schedule_2"; },             L"whole  daily off=Restart 1.exe 2.exe;", 0, 0},
-        {[](E& e) { At(e, {0, 3, 3, 0}).text = L"Hourly"; },           L"whole 08:05:00 daily off=Restart 1.exe 2.exe;", 0, 0},
-        {[](E& e) { At(e, {0, 3, 3}).children.resize(3); },            L"whole 08:05:00 1 off=Restart 1.exe 2.exe;", 0, 0},
-        {[](E& e) { At(e, {0}).children.resize(4); },                  L"whole 08:05:00 2;", 0, 0},
-        {[](E& e) { At(e, {0, 4, 0}).children.clear(); },              L"whole 08:05:00 2 off= 1.exe 2.exe;", 0, 0},
-        {[](E& e) { At(e, {0, 4, 1, 0}).name = L"APP_21"; },           L"whole 08:05:00 2 off=Restart 2.exe;", 0, 1},
-        {[](E& e) { At(e, {0, 4, 1, 1, 0}).text.clear(); },            L"whole 08:05:00 2 off=Restart 1.exe;", 0, 1},
+        {[](E& e) { e.children.push_back({}); },                       L"j 08:05:00 2 off=Off 1.exe 2.exe;", 1, 0},
+        {[](E& e) { e.children.push_back(E(e.children[0])); },         L"j 08:05:00 2 off=Off 1.exe 2.exe;", 1, 0},
+        {[](E& e) { At(e, {0, 3}).children.clear(); },                 L"j  daily off=Off 1.exe 2.exe;", 0, 0},
+        {[](E& e) { At(e, {0, 3}).name = L"Schedule_2"; },             L"j  daily off=Off 1.exe 2.exe;", 0, 0},
+        {[](E& e) { At(e, {0, 3, 3, 0}).text = L"Hourly"; },           L"j 08:05:00 daily off=Off 1.exe 2.exe;", 0, 0},
+        {[](E& e) { At(e, {0, 3, 3}).children.resize(3); },            L"j 08:05:00 1 off=Off 1.exe 2.exe;", 0, 0},
+        {[](E& e) { At(e, {0}).children.resize(4); },                  L"j 08:05:00 2;", 0, 0},
+        {[](E& e) { At(e, {0, 4, 0}).children.clear(); },              L"j 08:05:00 2 off= 1.exe 2.exe;", 0, 0},
+        {[](E& e) { At(e, {0, 4, 1, 0}).name = L"APP_21"; },           L"j 08:05:00 2 off=Off 2.exe;", 0, 1},
+        {[](E& e) { At(e, {0, 4, 1, 1, 0}).text.clear(); },            L"j 08:05:00 2 off=Off 1.exe;", 0, 1},
     };
     // clang-format on
     for (const auto& row : kRows) {
