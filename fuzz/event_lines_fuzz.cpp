@@ -1,5 +1,5 @@
 // Feeds arbitrary lines to the walk over a day and everything computed from it. In one command:
-//   clang++ -std=c++20 -O1 -g -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=all -Isrc
+//   clang++ -std=c++20 -O2 -g -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=all -Isrc
 //       fuzz/event_lines_fuzz.cpp src/savings/*.cpp src/base/text.cpp -o event_lines_fuzz
 // and run with -dict=fuzz/event_lines.dict -max_len=4096.
 #include "savings/event_walk.h"

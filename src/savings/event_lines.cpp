@@ -1,6 +1,5 @@
 #include "savings/event_lines.h"
 
-#include "base/text.h"
 #include "savings/decimal.h"
 
 #include <algorithm>
@@ -8,9 +7,25 @@
 namespace voltaro {
 namespace {
 
+constexpr std::size_t kCodeLength = 6;
+
+// A code of six ASCII letters of either case as one number, 0 for any other text: thousands of lines are looked up.
+constexpr std::uint64_t KeyOf(std::wstring_view code)
+{
+    std::uint64_t key = 0;
+    for (const wchar_t unit : code) {
+        const wchar_t lower = unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit + (L'a' - L'A')) : unit;
+        if (lower < L'a' || lower > L'z')
+            return 0;
+        key = key << 8 | static_cast<std::uint64_t>(lower);
+    }
+    return code.size() == kCodeLength ? key : 0;
+}
+
 // clang-format off
-constexpr struct {
-    std::wstring_view text;
+constexpr struct EventCodeRow {
+    constexpr EventCodeRow(std::wstring_view text, EventCode named) : key(KeyOf(text)), code(named) {}
+    std::uint64_t key;
     EventCode code;
 } kEventCodes[] = {
     {L"Istime", EventCode::IdleStart},            {L"Ietime", EventCode::IdleEnd},
@@ -37,6 +52,16 @@ constexpr struct {
 };
 // clang-format on
 
+bool IsBlank(wchar_t unit)
+{
+    return unit == L' ' || (unit >= L'\t' && unit <= L'\r');
+}
+
+bool IsDigit(wchar_t unit)
+{
+    return unit >= L'0' && unit <= L'9';
+}
+
 // Reads a text from the front the way the agent's own formats are scanned, the same with every C library.
 class Scanner {
 public:
@@ -48,12 +73,11 @@ public:
     // Up to six characters that are no blanks, after any blanks.
     std::wstring_view Code()
     {
-        constexpr std::size_t kCodeLength = 6;
         SkipBlanks();
-        const std::size_t length = std::min({m_rest.find_first_of(kBlanks), m_rest.size(), kCodeLength});
-        const std::wstring_view code = m_rest.substr(0, length);
-        m_rest.remove_prefix(length);
-        return code;
+        std::size_t length = 0;
+        while (length < std::min(m_rest.size(), kCodeLength) && !IsBlank(m_rest[length]))
+            ++length;
+        return Cut(length);
     }
 
     // The given character, at once; a blank stands for any blanks or none.
@@ -65,7 +89,7 @@ public:
         }
         if (!m_rest.starts_with(literal))
             return false;
-        m_rest.remove_prefix(1);
+        Cut(1);
         return true;
     }
 
@@ -73,22 +97,35 @@ public:
     bool Number(std::size_t width, int& number)
     {
         SkipBlanks();
-        const std::wstring_view field = m_rest.substr(0, width);
-        const std::size_t sign = field.starts_with(L'-') || field.starts_with(L'+') ? 1 : 0;
-        const std::size_t end = std::min(field.find_first_not_of(L"0123456789", sign), field.size());
+        width = std::min(width, m_rest.size());
+        const bool negative = m_rest.starts_with(L'-');
+        const std::size_t sign = negative || m_rest.starts_with(L'+') ? 1 : 0;
+        std::size_t end = sign;
+        int value = 0;
+        for (; end < width && IsDigit(m_rest[end]); ++end)
+            value = value * 10 + static_cast<int>(m_rest[end] - L'0');
         if (end == sign)
             return false;
-        number = LeadingNumber(field.substr(0, end));
-        m_rest.remove_prefix(end);
+        number = negative ? -value : value;
+        Cut(end);
         return true;
     }
 
     [[nodiscard]] std::wstring_view Rest() const { return m_rest; }
 
 private:
-    static constexpr std::wstring_view kBlanks = L" \t\n\v\f\r";
+    void SkipBlanks()
+    {
+        while (!m_rest.empty() && IsBlank(m_rest.front()))
+            m_rest.remove_prefix(1);
+    }
 
-    void SkipBlanks() { m_rest.remove_prefix(std::min(m_rest.find_first_not_of(kBlanks), m_rest.size())); }
+    std::wstring_view Cut(std::size_t length)
+    {
+        const std::wstring_view front = m_rest.substr(0, length);
+        m_rest.remove_prefix(length);
+        return front;
+    }
 
     std::wstring_view m_rest;
 };
@@ -114,8 +151,9 @@ std::wstring_view EventPath(std::wstring_view answer)
 
 EventCode EventCodeOf(std::wstring_view code)
 {
-    const auto row = std::find_if(std::begin(kEventCodes), std::end(kEventCodes),
-        [code](const auto& candidate) { return EqualsIgnoreCase(candidate.text, code); });
+    const std::uint64_t key = KeyOf(code);
+    const auto row = std::find_if(
+        std::begin(kEventCodes), std::end(kEventCodes), [key](const auto& candidate) { return candidate.key == key; });
     return row == std::end(kEventCodes) ? EventCode::None : row->code;
 }
 
