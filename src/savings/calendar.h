@@ -39,7 +39,7 @@ inline constexpr std::int64_t kNoTime = -1;
     const std::int64_t years = time.year - 1601;
     const std::int64_t days = years * 365 + years / 4 - years / 100 + years / 400 + kDaysBefore[time.month - 1]
         + (time.month > 2 ? leapDay : 0) + time.day - 1;
-    return days * kDaySeconds + time.hour * 3600 + time.minute * 60 + time.second;
+    return ((days * 24 + time.hour) * 60 + time.minute) * 60 + time.second;
 }
 
 [[nodiscard]] constexpr bool IsSameDay(const LocalTime& a, const LocalTime& b)

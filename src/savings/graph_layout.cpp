@@ -54,7 +54,7 @@ constexpr State kStates[] = {
     {1, L"HIBERNATE (Upon IDLE)",      Rgb(255, 128, 0),  [](const D& d) { return d.hibernateUponIdle; }},
     {1, L"SHUTDOWN (Upon IDLE)",       Rgb(255, 0, 0),    [](const D& d) { return d.shutdown; }},
     {2, L"ON",                         Rgb(128, 128, 0),  [](const D& d) { return d.poweredOn; }},
-    {2, L"OFF  (Done by Voltaro)",     Rgb(128, 0, 0),    [](const D& d) { return d.offInAll; }},
+    {2, L"OFF  (Done by Voltaro)",     Rgb(128, 0, 0),    [](const D& d) { return d.offInAll; }}, // two blanks, as meant
 };
 // clang-format on
 

@@ -35,6 +35,8 @@ struct GraphLine {
     int y2 = 0;
     GraphColour colour = 0;
     GraphPen pen = GraphPen::Solid;
+
+    friend bool operator==(const GraphLine&, const GraphLine&) = default;
 };
 
 // Right and bottom are not part of it.
@@ -43,6 +45,8 @@ struct GraphBox {
     int top = 0;
     int right = 0;
     int bottom = 0;
+
+    friend bool operator==(const GraphBox&, const GraphBox&) = default;
 };
 
 // A text with its top left corner.

@@ -25,50 +25,44 @@ TEST(GraphLayoutTest, SegmentsAndMarkers)
     const GraphLayout layout = LayOutGraph(kDay, L"February 29, 2024");
     const struct {
         const wchar_t* state;
-        int left, top, right, bottom;
+        GraphBox bar;
         GraphColour colour;
-        int markerFrom, markerTo; // no marker where both are 0
-        GraphPen pen;
     } kSegments[] = {
-        {L"IDLE", 85, 360, 125, 480, 0x006000, 85, 50, GraphPen::DashDot},
-        {L"ACTIVE", 85, 160, 125, 360, 0x8A2A00, 85, 50, GraphPen::DashDot},
-        {L"IDLE without Power Savings", 170, 460, 210, 480, 0x37E38C, 170, 125, GraphPen::DashDot},
-        {L"DIM (Upon IDLE)", 170, 420, 210, 460, 0xFFA42D, 170, 125, GraphPen::DashDot},
-        {L"MONITOR OFF (Upon IDLE)", 170, 420, 210, 420, 0x808080, 0, 0, GraphPen::DashDot},
-        {L"STANDBY (Upon IDLE)", 170, 400, 210, 420, 0xFF00FF, 170, 125, GraphPen::DashDot},
-        {L"STANDBY (Done Manually)", 170, 360, 210, 400, 0xA03070, 170, 125, GraphPen::DashDot},
-        {L"HIBERNATE (Upon IDLE)", 170, 340, 210, 360, 0x0080FF, 170, 125, GraphPen::DashDot},
-        {L"SHUTDOWN (Upon IDLE)", 170, 340, 210, 340, 0x0000FF, 0, 0, GraphPen::DashDot}, // 179 s are no pixel
-        {L"ON", 254, 160, 294, 480, 0x008080, 210, 254, GraphPen::Solid},
-        {L"OFF  (Done by Voltaro)", 254, 0, 294, 160, 0x000080, 210, 254, GraphPen::Solid},
+        {L"IDLE", {85, 360, 125, 480}, 0x006000},
+        {L"ACTIVE", {85, 160, 125, 360}, 0x8A2A00},
+        {L"IDLE without Power Savings", {170, 460, 210, 480}, 0x37E38C},
+        {L"DIM (Upon IDLE)", {170, 420, 210, 460}, 0xFFA42D},
+        {L"MONITOR OFF (Upon IDLE)", {170, 420, 210, 420}, 0x808080},
+        {L"STANDBY (Upon IDLE)", {170, 400, 210, 420}, 0xFF00FF},
+        {L"STANDBY (Done Manually)", {170, 360, 210, 400}, 0xA03070},
+        {L"HIBERNATE (Upon IDLE)", {170, 340, 210, 360}, 0x0080FF},
+        {L"SHUTDOWN (Upon IDLE)", {170, 340, 210, 340}, 0x0000FF},
+        {L"ON", {254, 160, 294, 480}, 0x008080},
+        {L"OFF  (Done by Voltaro)", {254, 0, 294, 160}, 0x000080},
     };
     ASSERT_EQ(layout.segments.size(), std::size(kSegments));
     ASSERT_EQ(layout.legend.size(), std::size(kSegments));
-    std::size_t marker = 0;
     for (std::size_t i = 0; i < std::size(kSegments); ++i) {
-        const auto& row = kSegments[i];
-        SCOPED_TRACE(row.state);
-        const GraphSegment& segment = layout.segments[i];
-        EXPECT_EQ(segment.state, row.state);
-        EXPECT_EQ(segment.bar.left, row.left);
-        EXPECT_EQ(segment.bar.top, row.top);
-        EXPECT_EQ(segment.bar.right, row.right);
-        EXPECT_EQ(segment.bar.bottom, row.bottom);
-        EXPECT_EQ(segment.colour, row.colour);
-        EXPECT_EQ(layout.legend[i].colour, row.colour);
-        EXPECT_EQ(layout.legend[i].label.text, row.state);
-        if (row.markerFrom == 0)
-            continue;
-        ASSERT_LT(marker, layout.markers.size());
-        const GraphLine& line = layout.markers[marker++];
-        EXPECT_EQ(line.x1, row.markerFrom);
-        EXPECT_EQ(line.x2, row.markerTo);
-        EXPECT_EQ(line.y1, row.top);
-        EXPECT_EQ(line.y2, row.top);
-        EXPECT_EQ(line.colour, row.colour);
-        EXPECT_EQ(line.pen, row.pen);
+        SCOPED_TRACE(kSegments[i].state);
+        EXPECT_EQ(layout.segments[i].state, kSegments[i].state);
+        EXPECT_EQ(layout.segments[i].bar, kSegments[i].bar);
+        EXPECT_EQ(layout.segments[i].colour, kSegments[i].colour);
+        EXPECT_EQ(layout.legend[i].colour, kSegments[i].colour);
+        EXPECT_EQ(layout.legend[i].label.text, kSegments[i].state);
     }
-    EXPECT_EQ(marker, layout.markers.size());
+    // No monitor off, and 179 s of shutdown are no pixel.
+    EXPECT_EQ(layout.markers,
+        (std::vector<GraphLine>{
+            {85, 360, 50, 360, 0x006000, GraphPen::DashDot},
+            {85, 160, 50, 160, 0x8A2A00, GraphPen::DashDot},
+            {170, 460, 125, 460, 0x37E38C, GraphPen::DashDot},
+            {170, 420, 125, 420, 0xFFA42D, GraphPen::DashDot},
+            {170, 400, 125, 400, 0xFF00FF, GraphPen::DashDot},
+            {170, 360, 125, 360, 0xA03070, GraphPen::DashDot},
+            {170, 340, 125, 340, 0x0080FF, GraphPen::DashDot},
+            {210, 160, 254, 160, 0x008080, GraphPen::Solid},
+            {210, 0, 254, 0, 0x000080, GraphPen::Solid},
+        }));
 }
 
 TEST(GraphLayoutTest, ScaleAndTexts)
