@@ -23,9 +23,11 @@ public:
 
     constexpr FixedText& operator=(std::wstring_view text)
     {
-        const std::wstring_view kept = text.size() > kCapacity ? CutAtCapacity(text) : text;
-        const auto end = std::copy(kept.begin(), kept.end(), m_units.begin());
-        std::fill(end, m_units.end(), L'\0');
+        const std::size_t length = std::min(text.size(), kCapacity);
+        for (std::size_t i = 0; i < N; ++i)
+            m_units[i] = i < length ? text[i] : L'\0';
+        if (text.size() > kCapacity && IsFirstOfPair(m_units[kCapacity - 1]))
+            m_units[kCapacity - 1] = L'\0';
         return *this;
     }
 
@@ -47,11 +49,7 @@ public:
     friend constexpr bool operator==(const FixedText& a, const wchar_t* b) { return a.view() == b; }
 
 private:
-    static constexpr std::wstring_view CutAtCapacity(std::wstring_view text)
-    {
-        const bool splitsPair = kCapacity > 0 && (text[kCapacity - 1] & 0xFC00) == 0xD800;
-        return text.substr(0, splitsPair ? kCapacity - 1 : kCapacity);
-    }
+    static constexpr bool IsFirstOfPair(wchar_t unit) { return (unit & 0xFC00) == 0xD800; }
 
     std::array<wchar_t, N> m_units{};
 };

@@ -27,6 +27,14 @@ Reply Send(const Request& request)
     return Exchange(request);
 }
 
+Reply SendPrepared(Operation operation)
+{
+    if (!OnUiThread())
+        return ExchangePrepared(operation);
+    const Waiting waiting;
+    return ExchangePrepared(operation);
+}
+
 Reply SendOrLose(const Request& request)
 {
     Reply reply = Send(request);

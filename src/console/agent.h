@@ -8,7 +8,11 @@ namespace voltaro {
 // the windows kept alive. When the agent does not answer, the caller says so in its own way.
 [[nodiscard]] Reply Send(const Request& request);
 
-// The same for a window that has no words of its own for it: when the agent does not answer, OnAgentLost is called.
+// The same for a request that was built beforehand (PrepareRequest).
+[[nodiscard]] Reply SendPrepared(Operation operation);
+
+// The same as Send for a window that has no words of its own for it: when the agent does not answer, OnAgentLost is
+// called.
 [[nodiscard]] Reply SendOrLose(const Request& request);
 
 // True while the user-interface thread waits for an answer; what arrives meanwhile and would ask for more is passed

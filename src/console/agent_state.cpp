@@ -3,8 +3,6 @@
 #include "console/main_view.h"
 #include "console/ui_calls.h"
 
-#include <algorithm>
-
 namespace voltaro {
 namespace {
 
@@ -40,14 +38,6 @@ bool ReadBatteryWith(Operation operation)
 
 } // namespace
 
-void SelectCurrentScheme()
-{
-    const auto at = std::find(state.schemes.begin(), state.schemes.end(), state.currentScheme.powerScheme.view());
-    state.currentSchemeIndex = at == state.schemes.end() ? -1 : static_cast<int>(at - state.schemes.begin());
-    if (mainView.normalControls)
-        mainView.normalControls();
-}
-
 bool ReadPowerSchemes()
 {
     return ReadWith(Operation::GetPowerSchemes, [](const Element& root) {
@@ -67,7 +57,8 @@ bool ReadCurrentPowerSettings()
     return ReadWith(Operation::GetCurrentPowerSettings, [](const Element& root) {
         if (const auto settings = ReadRecord<PowerSchemeSettings>(root)) {
             state.currentScheme = *settings;
-            SelectCurrentScheme();
+            if (mainView.normalControls)
+                mainView.normalControls();
         }
     });
 }

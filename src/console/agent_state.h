@@ -19,7 +19,4 @@ bool ReadProxySettings();
 bool ReadCurrentConsumption();
 bool ReadPatchDetails();
 
-// Selects the current scheme in the main window's list by exact match and remembers the index.
-void SelectCurrentScheme();
-
 } // namespace voltaro

@@ -3,6 +3,8 @@
 #include "ui/list_view.h"
 #include "ui/window_class.h"
 
+#include <uxtheme.h>
+
 #include <algorithm>
 #include <cassert>
 #include <iterator>
@@ -259,6 +261,13 @@ void Show(HWND window, std::span<const int> ids, bool visible)
 {
     for (const int id : ids)
         Show(window, id, visible);
+}
+
+void SetBarColour(HWND window, int id, COLORREF colour)
+{
+    const HWND bar = ControlOf(window, id);
+    SetWindowTheme(bar, L" ", L" "); // names no style; empty texts would mean the usual one
+    SendMessageW(bar, PBM_SETBARCOLOR, 0, static_cast<LPARAM>(colour));
 }
 
 void FocusOn(HWND window, int id)

@@ -103,6 +103,8 @@ void Enable(HWND window, int id, bool enabled);
 void Enable(HWND window, std::span<const int> ids, bool enabled);
 void Show(HWND window, int id, bool visible);
 void Show(HWND window, std::span<const int> ids, bool visible);
+// Gives a progress bar its own colour. Its visual style is switched off, since a themed bar ignores colours.
+void SetBarColour(HWND window, int id, COLORREF colour);
 // Gives a field the focus and selects its text; how every refused input ends.
 void FocusOn(HWND window, int id);
 

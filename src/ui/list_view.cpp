@@ -56,7 +56,7 @@ ListView ViewOf(HWND list)
 
 void RestoreScroll(HWND list, const ListView& view, int rows)
 {
-    if (view.top > 0 && rows > 0) {
+    if (rows > 0 && ListView_GetTopIndex(list) != std::min(view.top, rows - 1)) {
         ListView_EnsureVisible(list, rows - 1, FALSE);
         ListView_EnsureVisible(list, std::min(view.top, rows - 1), FALSE);
     }
@@ -159,7 +159,11 @@ bool OnKey(HWND list, WPARAM key)
     return true;
 }
 
-LRESULT CALLBACK ListHabits(HWND list, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+// The procedure of all list views, called for what the habits leave. A subclass of the common controls would do too,
+// but looks its data up at every message: where that is slow, filling a list would take many times as long.
+WNDPROC listProcedure = nullptr;
+
+LRESULT CALLBACK ListHabits(HWND list, UINT message, WPARAM w, LPARAM l)
 {
     constexpr WPARAM kCtrlA = 1;
     constexpr WPARAM kCtrlC = 3;
@@ -173,10 +177,9 @@ LRESULT CALLBACK ListHabits(HWND list, UINT message, WPARAM w, LPARAM l, UINT_PT
             return 0; // else the list looks for a row that starts with it, and beeps
         break;
     case WM_CONTEXTMENU: ShowMenu(list, l); return 0;
-    case WM_NCDESTROY: RemoveWindowSubclass(list, &ListHabits, id); break;
     default: break;
     }
-    return DefSubclassProc(list, message, w, l);
+    return CallWindowProcW(listProcedure, list, message, w, l);
 }
 
 } // namespace
@@ -280,7 +283,10 @@ void AddListHabits(HWND list)
 {
     const DWORD habits = LVS_EX_INFOTIP | LVS_EX_LABELTIP;
     ListView_SetExtendedListViewStyleEx(list, habits, habits);
-    SetWindowSubclass(list, &ListHabits, 0, 0);
+    const auto habitual = reinterpret_cast<LONG_PTR>(&ListHabits);
+    if (GetWindowLongPtrW(list, GWLP_WNDPROC) == habitual)
+        return;
+    listProcedure = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(list, GWLP_WNDPROC, habitual));
 }
 
 } // namespace voltaro

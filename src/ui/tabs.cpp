@@ -9,20 +9,20 @@ namespace voltaro {
 namespace {
 
 using Pages = std::vector<HWND>;
-
-LRESULT CALLBACK TabHabits(HWND tab, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR data)
-{
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(tab, &TabHabits, id);
-        std::unique_ptr<Pages>(reinterpret_cast<Pages*>(data)).reset();
-    }
-    return DefSubclassProc(tab, message, w, l);
-}
+constexpr wchar_t kPagesProperty[] = L"VoltaroPages";
 
 Pages* PagesOf(HWND tab)
 {
-    DWORD_PTR data = 0;
-    return GetWindowSubclass(tab, &TabHabits, 0, &data) ? reinterpret_cast<Pages*>(data) : nullptr;
+    return static_cast<Pages*>(GetPropW(tab, kPagesProperty));
+}
+
+LRESULT CALLBACK TabHabits(HWND tab, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+{
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(tab, &TabHabits, id);
+        const std::unique_ptr<Pages> pages(static_cast<Pages*>(RemovePropW(tab, kPagesProperty)));
+    }
+    return DefSubclassProc(tab, message, w, l);
 }
 
 // A page that lies beside its tab control must lie above it, or the control would paint over it; just above, so that
@@ -52,7 +52,7 @@ void SetTabs(HWND tab, std::span<const TabPage> pages)
     Pages* remembered = PagesOf(tab);
     if (remembered == nullptr) {
         auto made = std::make_unique<Pages>();
-        if (!SetWindowSubclass(tab, &TabHabits, 0, reinterpret_cast<DWORD_PTR>(made.get())))
+        if (!SetWindowSubclass(tab, &TabHabits, 0, 0) || !SetPropW(tab, kPagesProperty, made.get()))
             return;
         remembered = made.release(); // freed by TabHabits
     }

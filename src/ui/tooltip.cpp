@@ -6,10 +6,11 @@
 namespace voltaro {
 namespace {
 
-constexpr wchar_t kTipsProperty[] = L"VoltaroTooltips";
-constexpr int kTipWidth = 400; // pixels; longer texts wrap
+constexpr wchar_t kTipsProperty[] = L"VoltaroTooltips"; // of a top-level window: its tooltip window
+constexpr wchar_t kTipProperty[] = L"VoltaroTip";       // of a control: its Tip
+constexpr int kTipWidth = 400;                          // pixels; longer texts wrap
 
-// The tip of one control, kept as its subclass data until the control dies.
+// The tip of one control, kept until the control dies.
 struct Tip {
     HWND tips; // the tooltip window
     std::wstring text;
@@ -61,45 +62,44 @@ void Send(HWND control, const Tip& tip, UINT message)
     SendMessageW(tip.tips, message, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void Drop(HWND control, Tip* tip, SUBCLASSPROC habits)
+Tip* TipOf(HWND control)
 {
-    Send(control, *tip, TTM_DELTOOLW);
-    RemoveWindowSubclass(control, habits, 0);
-    std::unique_ptr<Tip>(tip).reset();
+    return static_cast<Tip*>(GetPropW(control, kTipProperty));
 }
 
-LRESULT CALLBACK TipHabits(HWND control, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR data)
+void Drop(HWND control)
 {
-    Tip* tip = reinterpret_cast<Tip*>(data);
-    if (message == WM_WINDOWPOSCHANGED) {
+    if (const std::unique_ptr<Tip> tip{static_cast<Tip*>(RemovePropW(control, kTipProperty))})
+        Send(control, *tip, TTM_DELTOOLW);
+}
+
+LRESULT CALLBACK TipHabits(HWND control, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+{
+    const Tip* tip = TipOf(control);
+    if (message == WM_WINDOWPOSCHANGED && tip != nullptr) {
         TTTOOLINFOW tool = PlaceToolOf(control, *tip);
         SendMessageW(tip->tips, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
     } else if (message == WM_NCDESTROY) {
-        Drop(control, tip, &TipHabits);
+        RemoveWindowSubclass(control, &TipHabits, id);
+        Drop(control);
     }
     return DefSubclassProc(control, message, w, l);
-}
-
-Tip* TipOf(HWND control)
-{
-    DWORD_PTR data = 0;
-    return GetWindowSubclass(control, &TipHabits, 0, &data) ? reinterpret_cast<Tip*>(data) : nullptr;
 }
 
 } // namespace
 
 void SetTooltip(HWND control, std::wstring_view text)
 {
+    if (text.empty())
+        return Drop(control);
     if (Tip* tip = TipOf(control)) {
-        if (text.empty())
-            return Drop(control, tip, &TipHabits);
         tip->text = text;
         return Send(control, *tip, TTM_UPDATETIPTEXTW);
     }
-    if (text.empty() || !IsWindow(control))
+    if (!SetWindowSubclass(control, &TipHabits, 0, 0))
         return;
     auto made = std::make_unique<Tip>(Tip{TipsOf(control), std::wstring(text)});
-    if (!SetWindowSubclass(control, &TipHabits, 0, reinterpret_cast<DWORD_PTR>(made.get())))
+    if (!SetPropW(control, kTipProperty, made.get()))
         return;
     Send(control, *made, TTM_ADDTOOLW);
     made.release(); // freed by Drop

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "link/element.h"
+
+namespace voltaro::simulator {
+
+inline constexpr std::size_t kMostJobs = 10;
+inline constexpr std::size_t kMostTasks = 7;
+
+// `details` with the first so many (at most ten) of the simulated machine's jobs.
+[[nodiscard]] Element InitialJobs(int count);
+
+// Throws a Refusal unless `details` hold a job list in the form in which it is sent and read back: `Job_1`... with
+// their schedules, actions and tasks, each element in its place.
+void RequireJobs(const Element& details);
+
+} // namespace voltaro::simulator

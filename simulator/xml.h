@@ -1,0 +1,28 @@
+#pragma once
+
+#include "link/element.h"
+
+#include <string>
+#include <string_view>
+
+namespace voltaro::simulator {
+
+// What the agent takes for a document: elements and text, attributes on the root alone, the five named entities and
+// numeric references. White space between elements is dropped; a text beside elements is refused.
+struct XmlDocument {
+    bool declared = false; // begins with <?xml version="1.0"...?>
+    std::wstring version;  // the root's attribute `version`
+    Element root;
+    std::wstring error; // why the text is not such a document, with the unit where it stopped; empty when it is
+};
+
+// Reads strictly: no document type, no comments, no CDATA, at most 16 levels.
+[[nodiscard]] XmlDocument ParseXml(std::wstring_view text);
+
+// The text with &, < and > written as entities, and without what no document may hold.
+[[nodiscard]] std::wstring EscapedText(std::wstring_view text);
+
+// The reply document around a `response`, on one line.
+[[nodiscard]] std::wstring ReplyText(const Element& response);
+
+} // namespace voltaro::simulator

@@ -1,0 +1,93 @@
+#include "power/policy.h"
+
+#include "base/text.h"
+#include "power/names.h"
+
+namespace voltaro {
+namespace {
+
+// The words for a set and an unset check box: the status has its own.
+struct CheckWords {
+    const wchar_t* set;
+    const wchar_t* unset;
+};
+constexpr CheckWords kStatusWords = {L"Enabled", L"Disabled"};
+constexpr CheckWords kActivityWords = {L"Yes", L"No"};
+
+const CheckWords& WordsOf(std::size_t check)
+{
+    return check == 0 ? kStatusWords : kActivityWords;
+}
+
+// clang-format off
+constexpr Refusal kNoRoom = {L"Applications list max limit reached ",
+    L"Applications limit per policy name is 50 applications ."};
+constexpr Refusal kRuleTaken = {L"Application name already in the list ",
+    L"Application ' %ls ' already exists, please enter different application name."};
+
+constexpr Refusal kNoRules = {L"Blank Applications List ",
+    L"Application's list cannot be blank!\nPlease add some applications to the list using the 'Add Rule' button."};
+constexpr Refusal kTooManyRules = {L"Applications List Exceeded Limitation",
+    L"Application's list cannot contain more than 50 application names."};
+constexpr Refusal kNoRulesInNew = {L"Blank Applications List ",
+    L"Application's list cann't be blank!\nPlease add some applications to the list using the 'Add Rule' button."};
+constexpr Refusal kTooManyRulesInNew = {L"Applications List Exceeded Limitation",
+    L"Application's list cann't contain more than 50 application names."};
+// clang-format on
+
+} // namespace
+
+RuleRow RowOfRule(const ApplicationRule& rule)
+{
+    RuleRow row;
+    for (std::size_t i = 0; i < kRuleColumnCount; ++i)
+        row[i] = rule.*kRuleColumns[i];
+    return row;
+}
+
+ApplicationRule RuleOfRow(const RuleRow& row)
+{
+    ApplicationRule rule;
+    for (std::size_t i = 0; i < kRuleColumnCount; ++i)
+        rule.*kRuleColumns[i] = row[i];
+    return rule;
+}
+
+bool IsRuleChecked(const ApplicationRule& rule, std::size_t check)
+{
+    return rule.*kRuleChecks[check] == WordsOf(check).set;
+}
+
+void SetRuleChecked(ApplicationRule& rule, std::size_t check, bool checked)
+{
+    rule.*kRuleChecks[check] = checked ? WordsOf(check).set : WordsOf(check).unset;
+}
+
+const Refusal* CheckRoomForRule(std::span<const ApplicationRule> rules)
+{
+    return rules.size() < kMaxRules ? nullptr : &kNoRoom;
+}
+
+const Refusal* CheckRuleName(
+    std::wstring_view name, std::span<const ApplicationRule> rules, std::optional<std::size_t> self)
+{
+    if (const Refusal* refusal = CheckExecutableName(name))
+        return refusal;
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        if (i != self && EqualsIgnoreCase(rules[i].applicationName, name))
+            return &kRuleTaken;
+    }
+    return nullptr;
+}
+
+const Refusal* CheckRules(std::span<const ApplicationRule> rules, PolicyMode mode)
+{
+    const bool isNew = mode == PolicyMode::New;
+    if (rules.empty())
+        return isNew ? &kNoRulesInNew : &kNoRules;
+    if (rules.size() > kMaxRules)
+        return isNew ? &kTooManyRulesInNew : &kTooManyRules;
+    return nullptr;
+}
+
+} // namespace voltaro

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "base/refusal.h"
+#include "link/records.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace voltaro {
+
+using RuleSlot = ApplicationRule::Slot ApplicationRule::*;
+
+// The columns of the rule list, left to right.
+inline constexpr RuleSlot kRuleColumns[] = {
+    &ApplicationRule::applicationName,
+    &ApplicationRule::description,
+    &ApplicationRule::ruleStatus,
+    &ApplicationRule::dimMonitor,
+    &ApplicationRule::monitorOff,
+    &ApplicationRule::lockScreen,
+    &ApplicationRule::hardDisk,
+    &ApplicationRule::logOff,
+    &ApplicationRule::standby,
+    &ApplicationRule::hibernate,
+    &ApplicationRule::shutdown,
+};
+inline constexpr std::size_t kRuleColumnCount = std::size(kRuleColumns);
+
+// The check boxes of the rule dialog, top to bottom: the rule's status ("Enabled", "Disabled"), then the activities
+// ("Yes", "No"). Columns and check boxes run alike from here on.
+inline constexpr auto kRuleChecks = std::span(kRuleColumns).subspan<2>();
+
+// A rule as the cells of its row, and back. The texts are the record's own and travel unchanged.
+using RuleRow = std::array<std::wstring_view, kRuleColumnCount>;
+[[nodiscard]] RuleRow RowOfRule(const ApplicationRule& rule);
+[[nodiscard]] ApplicationRule RuleOfRow(const RuleRow& row);
+
+// One check box of the dialog, `check` an index into kRuleChecks.
+[[nodiscard]] bool IsRuleChecked(const ApplicationRule& rule, std::size_t check);
+void SetRuleChecked(ApplicationRule& rule, std::size_t check, bool checked);
+
+// Each check returns a refusal, or null. Show it with RefusalText(*refusal, name).
+
+// "Add Rule..": whether there is room for one more.
+[[nodiscard]] const Refusal* CheckRoomForRule(std::span<const ApplicationRule> rules);
+
+// "Save" of the rule dialog. `self` is the place of the rule that is being modified, which may keep its name.
+[[nodiscard]] const Refusal* CheckRuleName(
+    std::wstring_view name, std::span<const ApplicationRule> rules, std::optional<std::size_t> self);
+
+// "Save" of the policy window: one to kMaxRules rules. A new policy's texts are spelt in their own way, and that is
+// meant.
+enum class PolicyMode { New, Existing };
+[[nodiscard]] const Refusal* CheckRules(std::span<const ApplicationRule> rules, PolicyMode mode);
+
+} // namespace voltaro

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "base/text_rules.h"
+#include "scheduler/job.h"
+
+#include <string_view>
+
+namespace voltaro {
+
+// Whether an editor adds a record or changes one that is in the list. Only an added one is compared with the others:
+// a changed record keeps its name, and may take another's; that is meant.
+enum class EditMode { Add, Update };
+
+// Each check returns the refusal of the first rule that fails, or null. Show it with RefusalText(*refusal, name).
+
+// "Save" (Add) and "Update" of the job editor. `jobs` is the list as it stands.
+[[nodiscard]] const Refusal* CheckJobName(std::wstring_view name, const JobList& jobs, EditMode mode);
+
+// A weekly job needs a day, a monthly one a month.
+[[nodiscard]] const Refusal* CheckSchedule(const ScheduledJob& job);
+
+// "Add Task" (Add) and "Update Task". `job` holds the tasks as they stand.
+[[nodiscard]] const Refusal* CheckTaskPath(std::wstring_view path, const ScheduledJob& job, EditMode mode);
+
+} // namespace voltaro

@@ -1,0 +1,67 @@
+#include "shell/closing.h"
+
+#include "base/timing.h"
+#include "shell/main_commands.h"
+#include "shell/main_menus.h"
+#include "shell/main_window.h"
+#include "shell/tray.h"
+#include "shell/workers.h"
+#include "ui/boxes.h"
+#include "ui/menus.h"
+#include "ui/ui_thread.h"
+
+namespace voltaro {
+namespace {
+
+constexpr Box kCloseQuestion = {L"Close Voltaro Console ?",
+    L"Voltaro will automatically close in 5 Seconds.\n\nDo you want to close Voltaro Console now?",
+    BoxIcon::Information, BoxButtons::YesNo};
+
+} // namespace
+
+void OnCloseQuestion(HWND main)
+{
+    EnableItem(TrayMenu(), kTrayClose, false);
+    const Answer answer = AskFor(main, kCloseQuestion, timing.selfClosingBox);
+    EnableItem(TrayMenu(), kTrayClose, true);
+    if (answer != Answer::No) {
+        DestroyWindow(main);
+        return;
+    }
+    ShowWindow(main, SW_RESTORE);
+    ShowNormalControls(main);
+}
+
+LRESULT OnMainDestroyed()
+{
+    EndWaits();
+    CloseDoor();
+    StopWorkers(StopOrder::MainWindowDestroyed);
+    RemoveTrayIcon();
+    PostQuitMessage(0);
+    return 0;
+}
+
+LRESULT OnQueryEndSession(LPARAM reason)
+{
+    constexpr LPARAM kStopsProgram = ENDSESSION_CLOSEAPP | ENDSESSION_CRITICAL | static_cast<LPARAM>(ENDSESSION_LOGOFF);
+    if (reason & kStopsProgram) {
+        EndWaits();
+        CloseDoor();
+        StopWorkers(StopOrder::SessionEnds);
+        RemoveTrayIcon();
+        PostQuitMessage(0);
+    }
+    return TRUE;
+}
+
+LRESULT OnEndSession(HWND main, WPARAM ending, LPARAM reason)
+{
+    if (!ending || !(reason & ENDSESSION_CLOSEAPP))
+        return DefWindowProcW(main, WM_ENDSESSION, ending, reason);
+    RemoveTrayIcon();
+    PostQuitMessage(0);
+    return 0;
+}
+
+} // namespace voltaro

@@ -1,0 +1,185 @@
+#include "shell/connection.h"
+
+#include "base/timing.h"
+#include "console/activation.h"
+#include "console/agent_state.h"
+#include "shell/main_commands.h"
+#include "shell/main_menus.h"
+#include "shell/main_window.h"
+#include "shell/pause.h"
+#include "ui/boxes.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
+#include "ui/liveness.h"
+#include "ui/menus.h"
+#include "ui/ui_thread.h"
+#include "ui/window_class.h"
+
+#include <cstring>
+#include <iterator>
+#include <shlobj.h>
+
+namespace voltaro {
+namespace {
+
+// The hint is laid out otherwise than in the lost agent's box; both are meant.
+constexpr Box kNotResponding = {L"Connection Issue",
+    L"Voltaro service on 'localhost' is not responding!\nPlease check if Voltaro service is started and try to "
+    L"reconnect "
+    L".\n\nHint :\n           To check for services (in Windows) go to Start->Run.. , type 'services.msc', press "
+    L"Enter.\n"
+    L"           To reconnect (in Voltaro Console Menu) click on Voltaro->Reinitialize ."};
+constexpr Box kSchemesFailed = {L"Failed to communicate with Voltaro Agent", L"Voltaro Agent not responding"};
+
+constexpr int kConnectionTries = 3;
+constexpr const wchar_t* kLocalHost = L"127.0.0.1";
+
+constexpr const wchar_t* kSavingsRows[] = {L"Date (YYYY-MM-DD)", L"Power saved", L"Percentage power saved",
+    L"Co2 emission saved", L"Power Consumption (After Savings)"};
+
+HWND Main()
+{
+    return WindowOf(WindowId::Main);
+}
+
+// Idle view and everything greyed that needs an agent.
+void ShowNotConnected()
+{
+    ShowIdleView(Main());
+    ApplyOccasion(Main(), Occasion::CheckFailed);
+    Repaint(Main());
+}
+
+bool AgentAnswers()
+{
+    for (int attempt = 0; attempt < kConnectionTries; ++attempt) {
+        if (attempt > 0 && !WaitAlive(timing.connectionRetry, WaitsEnded))
+            return false;
+        if (Send(Plain(Operation::GetSystemStatus)).Answered())
+            return true;
+    }
+    return false;
+}
+
+// Reads the system details and shows them; false when the agent does not answer.
+bool LoadSystemDetails()
+{
+    Reply reply = Send(Plain(Operation::GetSystemDetails));
+    SetProgress(Main(), 20);
+    if (!reply.Answered())
+        return false;
+    state.detailsAnswered = true;
+    Repaint(Main());
+    state.details.Read(reply.Root());
+    return true;
+}
+
+void LoadSavingsTotal()
+{
+    Reply reply = Send(Plain(Operation::GetSavingsTillDate));
+    if (!reply.Root())
+        return;
+    const std::span<const Element> values = DetailsOrResponseFields(*reply.Root());
+    std::vector<std::vector<std::wstring>> rows;
+    for (std::size_t i = 0; i < std::size(kSavingsRows); ++i)
+        rows.push_back({kSavingsRows[i], std::wstring(TextAt(values, i))});
+    FillList(ControlOf(Main(), kSavingsList), rows);
+}
+
+void BecomeConnected()
+{
+    EnableWindow(Main(), TRUE);
+    state.consoleReady = true;
+    ShowWindow(Main(), SW_RESTORE);
+    UpdateWindow(Main());
+    if (IsUserAnAdmin())
+        EnableItem(MainMenuBar(), kPorts, true);
+    ShowRunningState();
+    state.connected = true;
+    state.trayRestoreAllowed = true;
+    ApplyOccasion(Main(), Occasion::Loaded);
+    Repaint(Main());
+    SetProgress(Main(), 90);
+}
+
+// One read of the load whose failure is passed over.
+void Quietly(bool) { }
+
+} // namespace
+
+void CheckAgentConnection()
+{
+    agentAddress.wideHost = kLocalHost;
+    std::strcpy(agentAddress.host, "127.0.0.1");
+    ShowBusyView(Main());
+    SetProgress(Main(), 10);
+    if (AgentAnswers()) {
+        LoadConsoleData();
+        return;
+    }
+    state.detailsAnswered = false;
+    Tell(nullptr, kNotResponding);
+    ShowNotConnected();
+}
+
+void LoadConsoleData()
+{
+    if (!LoadSystemDetails()) {
+        state.connected = false;
+        ShowNotConnected();
+        return;
+    }
+    Quietly(ReadBatteryInfo());
+    EnableItem(MainMenuBar(), kBatteryInfo, !IsWord(state.battery.Status(), kNoBattery));
+    if (!ReadPowerSchemes())
+        Tell(Main(), kSchemesFailed);
+    Quietly(ReadPolicies());
+    Quietly(ReadCurrentPowerSettings());
+    Quietly(ReadHostSettings());
+    Quietly(ReadProxySettings());
+    Quietly(ReadActivationStatus());
+    LoadSavingsTotal();
+    BecomeConnected();
+    Quietly(ReadPauseStatus());
+    SetProgress(Main(), 95);
+    Quietly(ReadCurrentConsumption());
+    Quietly(ReadPatchDetails());
+    SetProgress(Main(), 100);
+    ShowIdleView(Main());
+}
+
+void RefreshConsoleData()
+{
+    if (ReadPowerSchemes()) {
+        Quietly(ReadPolicies());
+        Quietly(ReadCurrentPowerSettings());
+    } else {
+        Tell(Main(), kSchemesFailed);
+    }
+    state.currentSchemeIndex = SelectExact(Main(), kSchemeList, state.currentScheme.powerScheme);
+    Quietly(ReadBatteryInfo());
+    Quietly(ReadActivationStatus());
+    Quietly(ReadPauseStatus());
+    ShowNormalControls(Main());
+    Repaint(Main());
+}
+
+void OnRefresh(HWND)
+{
+    RefreshConsoleData();
+}
+
+void OnReinitialize(HWND main)
+{
+    state.connected = false;
+    Repaint(main);
+    EnableWindow(main, FALSE);
+    state.consoleReady = false;
+    CheckAgentConnection();
+    EnableWindow(main, TRUE);
+    state.consoleReady = true;
+    Repaint(main, true);
+    DrawMenuBar(main);
+}
+
+} // namespace voltaro

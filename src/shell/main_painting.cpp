@@ -1,0 +1,116 @@
+#include "base/text.h"
+#include "console/activation.h"
+#include "console/state.h"
+#include "resources/resource_ids.h"
+#include "shell/main_window.h"
+#include "ui/canvas.h"
+#include "ui/theme.h"
+
+namespace voltaro {
+namespace {
+
+struct PaintedBitmap {
+    int resource;
+    int x;
+    int y;
+    int width;
+    int height;
+};
+
+struct PaintedText {
+    int x;
+    int y;
+    const wchar_t* text;
+};
+
+// clang-format off
+constexpr PaintedBitmap kPictures[] = {
+    {IDB_WORDMARK, 19,   5,  69,  20},
+    {IDB_EMBLEM,   20,  35,  65,  65},
+    {IDB_BANNER,    0, 420, 510, 100},
+};
+
+constexpr PaintedText kTexts[] = {
+    {515, 110, L"Connected to :"}, // both stand outside the window and never show (meant)
+    {515, 130, L"Connect to :"},
+    {165, 470, L"Voltaro and its emblems are trade marks of Kestrelfen."},
+    {255, 485, L"All rights reserved."},
+};
+// clang-format on
+
+constexpr PaintedBitmap kLicencePicture = {0, 255, 6, 125, 16};
+
+// The indicators: a picture and a text for the power source and for the battery.
+constexpr PaintedBitmap kBatteryPlace = {0, 165, 116, 32, 32};
+constexpr POINT kBatteryText = {205, 128};
+constexpr POINT kRemainingText = {205, 146};
+constexpr PaintedBitmap kSourcePlace = {0, 350, 116, 32, 32};
+constexpr POINT kSourceText = {390, 124};
+
+struct Indicator {
+    const wchar_t* text; // null: any other text that is not empty
+    int resource;
+};
+
+constexpr Indicator kSources[] = {{L"On AC", IDB_SOURCE_AC}, {nullptr, IDB_SOURCE_BATTERY}};
+constexpr Indicator kBatteryStates[] = {
+    {kNoBattery, IDB_BATTERY_NONE},
+    {L"Charging", IDB_BATTERY_CHARGING},
+    {L"Unknown status", IDB_BATTERY_UNKNOWN},
+    {nullptr, IDB_BATTERY_DISCHARGING},
+};
+
+void DrawPicture(HDC dc, int resource, const PaintedBitmap& place)
+{
+    DrawTransparentBitmap(dc, resource, place.x, place.y, place.width, place.height);
+}
+
+void DrawIndicator(HDC dc, std::wstring_view text, const Indicator* rows, const PaintedBitmap& place, POINT textPlace)
+{
+    if (text.empty())
+        return;
+    while (rows->text && !EqualsIgnoreCase(rows->text, text))
+        ++rows;
+    DrawPicture(dc, rows->resource, place);
+    DrawTextAt(dc, textPlace.x, textPlace.y, text, FontOf(15, 400), kTextGreen);
+}
+
+int LicencePicture()
+{
+    switch (LicenceOf(state.activationStatus)) {
+    case Licence::NotActivated: return IDB_LICENSE_INACTIVE;
+    case Licence::Expired: return IDB_LICENSE_EXPIRED;
+    case Licence::Active: break;
+    }
+    return IDB_LICENSE_ACTIVE;
+}
+
+} // namespace
+
+std::wstring HostLineText()
+{
+    if (state.connected) {
+        wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
+        DWORD size = static_cast<DWORD>(std::size(name));
+        GetComputerNameW(name, &size);
+        return std::wstring(L"Hostname :") + name;
+    }
+    return state.detailsAnswered ? L"Initializing, please wait .." : L"Not initialized.";
+}
+
+void DrawMainWindow(HDC dc)
+{
+    for (const PaintedBitmap& picture : kPictures)
+        DrawPicture(dc, picture.resource, picture);
+    if (!state.activationStatus.empty())
+        DrawPicture(dc, LicencePicture(), kLicencePicture);
+    if (state.connected) {
+        DrawIndicator(dc, state.battery.PowerSource(), kSources, kSourcePlace, kSourceText);
+        DrawIndicator(dc, state.battery.Status(), kBatteryStates, kBatteryPlace, kBatteryText);
+        DrawTextAt(dc, kRemainingText.x, kRemainingText.y, state.battery.RemainingTime(), FontOf(15, 400), kTextGreen);
+    }
+    for (const PaintedText& text : kTexts)
+        DrawTextAt(dc, text.x, text.y, text.text, FontOf(15, 400), kTextGreen);
+}
+
+} // namespace voltaro

@@ -1,0 +1,348 @@
+// The main window: the console's home. Opened at start-up; every other window is opened from its commands.
+#include "shell/main_window.h"
+
+#include "base/text.h"
+#include "console/activation.h"
+#include "console/agent_lost.h"
+#include "console/agent_state.h"
+#include "console/help.h"
+#include "console/main_view.h"
+#include "console/ui_calls.h"
+#include "link/host_config.h"
+#include "resources/resource_ids.h"
+#include "shell/about.h"
+#include "shell/closing.h"
+#include "shell/connection.h"
+#include "shell/main_commands.h"
+#include "shell/main_menus.h"
+#include "shell/openings.h"
+#include "shell/pause.h"
+#include "shell/quick_actions.h"
+#include "shell/tray.h"
+#include "shell/window_table.h"
+#include "ui/boxes.h"
+#include "ui/canvas.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
+#include "ui/navigation.h"
+#include "ui/theme.h"
+#include "ui/tooltip.h"
+#include "ui/window_class.h"
+
+namespace voltaro {
+namespace {
+
+// clang-format off
+constexpr Control kControls[] = {
+    // kind                 id                   text                                x    y    w    h
+    {Kind::ListView,         kSavingsList,       L"Main List01",                     160, 325, 330, 140, kPlain, L"Savings till date"},
+    {Kind::GroupBox,         kSchemeGroup,       L"Current Active Power Scheme",     105,  30, 385,  70},
+    {Kind::SortedCombo,      kSchemeList,        L"",                                120,  60, 245, 150, kPlain, L"Power scheme"},
+    {Kind::PlainEdit,        kHostLine,          L"",                                 15, 195, 475,  16, kNoTabStop, L"Host"},
+    {Kind::CentredPlainEdit, kChargeLine,        L"",                                220, 108,  50,  16, kNoTabStop, L"Battery charge"},
+    {Kind::TabStopGroupBox,  kActionsGroup,      L"Quick Power Options",              15, 220, 475,  95},
+    {Kind::TabStopGroupBox,  kInnerGroup,        L"",                                 20, 225, 465,  85},
+    {Kind::BitmapPush,       kLockScreen,        L"Lock Screen",                      42, 245,  41,  41},
+    {Kind::BitmapPush,       kLogOff,            L"LogOff",                          118, 245,  41,  41},
+    {Kind::BitmapPush,       kStandby,           L"Standby",                         195, 245,  41,  41},
+    {Kind::BitmapPush,       kHibernate,         L"Hibernate",                       270, 245,  41,  41},
+    {Kind::BitmapPush,       kShutdown,          L"Shutdown",                        346, 245,  41,  41},
+    {Kind::BitmapPush,       kRestart,           L"Restart",                         422, 245,  41,  41},
+    {Kind::DefaultPush,      kChange,            L"Change",                          380,  60,  95,  25},
+    {Kind::DefaultPush,      kExitToTray,        L"Exit to Tray",                    390,   4, 100,  22},
+    {Kind::DefaultPush,      kSet,               L"Set",                             380,  60,  95,  25, kHidden},
+    {Kind::DefaultBitmapPush, kResumeButton,     L"Resume",                          105,   4,  95,  22},
+    {Kind::SmoothProgress,   kProgressBar,       L"",                                 50, 140, 346,  23, kHidden, L"Progress"},
+    {Kind::Progress,         kSecondProgressBar, L"",                                 40, 230, 425,  20, kHidden, L"Progress"},
+};
+
+// What a quick-action button shows, says when pointed at, and the caption painted under it inside the inner group.
+struct ActionFace {
+    int button;
+    int bitmap;
+    const wchar_t* tip;
+    int captionX;
+    const wchar_t* caption;
+};
+constexpr int kCaptionY = 65;
+constexpr ActionFace kActionFaces[] = {
+    {kLockScreen, IDB_ACTION_LOCK_SCREEN, L"Lock this system's screen",           9, L"Lock Screen"},
+    {kLogOff,     IDB_ACTION_LOG_OFF,     L"Log off from this system",           99, L"Log Off"},
+    {kStandby,    IDB_ACTION_STANDBY,     L"Put this system to standby",        173, L"Standby"},
+    {kHibernate,  IDB_ACTION_HIBERNATE,   L"Hibernate this system",             244, L"Hibernate"},
+    {kShutdown,   IDB_ACTION_SHUTDOWN,    L"Shut this system down",             319, L"Shutdown"},
+    {kRestart,    IDB_ACTION_RESTART,     L"Restart this system",               403, L"Restart"},
+};
+// clang-format on
+
+static_assert(IdsAreUnique(kControls));
+static_assert(FitInside(kControls, 504, 516)); // of 510 x 565, less the frame, the caption and the menu bar
+
+constexpr Column kSavingsColumns[] = {{L"Estimated (Till date), Power Details", 210}, {L"Value", 120}};
+
+constexpr Box kSetFailed = {L"Set Scheme Failed", L"Unable to Set Scheme."};
+constexpr const wchar_t* kSetRefused = L"Unable to Set Scheme";
+constexpr const wchar_t* kHelpPage = L"Main Window.htm";
+
+constexpr int kBusyViewHides[]
+    = {kLockScreen, kLogOff, kStandby, kHibernate, kShutdown, kRestart, kActionsGroup, kInnerGroup, kSavingsList};
+
+HFONT MainFont()
+{
+    return FontOf(15, 400);
+}
+
+void ShowAgentLost()
+{
+    const HWND window = WindowOf(WindowId::Main);
+    ShowIdleView(window);
+    ApplyOccasion(window, Occasion::AgentLost);
+    ClearList(ControlOf(window, kSavingsList));
+    Repaint(window);
+}
+
+void ShowSchemes()
+{
+    FillCombo(WindowOf(WindowId::Main), kSchemeList, state.schemes);
+    ShowNormalControls(WindowOf(WindowId::Main));
+}
+
+void RepaintMain()
+{
+    Repaint(WindowOf(WindowId::Main));
+}
+
+void ShowNormalControlsOfMain()
+{
+    ShowNormalControls(WindowOf(WindowId::Main));
+}
+
+// Paints the captions under the buttons on the inner group itself, between a begin and an end of its own paint.
+void PaintInnerGroup(HWND window)
+{
+    const HWND group = ControlOf(window, kInnerGroup);
+    InvalidateRect(group, nullptr, FALSE);
+    PAINTSTRUCT paint;
+    const HDC dc = BeginPaint(group, &paint);
+    for (const ActionFace& face : kActionFaces)
+        DrawTextAt(dc, face.captionX, kCaptionY, face.caption, MainFont(), kTextGreen);
+    EndPaint(group, &paint);
+}
+
+void SetTextIfChanged(HWND window, int id, const std::wstring& text)
+{
+    if (TextOf(window, id) != text)
+        SetText(window, id, text);
+}
+
+// --- handlers ---
+
+LRESULT OnCreate(HWND window)
+{
+    CreateControls(window, kControls, MainFont());
+    const HWND list = ControlOf(window, kSavingsList);
+    SetColumns(list, kSavingsColumns);
+    ListView_SetBkColor(list, kProductGreen);
+    ListView_SetTextBkColor(list, kProductGreen);
+    ListView_SetTextColor(list, RGB(255, 255, 255));
+    for (const ActionFace& face : kActionFaces) {
+        const HWND button = ControlOf(window, face.button);
+        SendMessageW(button, BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(BitmapOf(face.bitmap)));
+        SetTooltip(button, face.tip);
+    }
+    SendMessageW(
+        ControlOf(window, kResumeButton), BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(BitmapOf(IDB_RESUME)));
+    BuildMainMenus(window);
+    mainView = {ShowAgentLost, ShowSchemes, ShowNormalControlsOfMain, RepaintMain};
+
+    HostConfigText port;
+    HostConfigText second;
+    TcpPortGetter(port, second);
+    servicePort = LeadingNumber(port);
+    state.secondHostText = second;
+    PreparePauseStatus();
+    return 0;
+}
+
+LRESULT OnPaint(HWND window)
+{
+    SetTextIfChanged(window, kHostLine, HostLineText());
+    SetTextIfChanged(window, kChargeLine, state.connected ? std::wstring(state.battery.Charge()) : std::wstring());
+    {
+        const Canvas canvas(window);
+        DrawMainWindow(canvas.Dc());
+    }
+    PaintInnerGroup(window);
+    return 0;
+}
+
+void OnChange(HWND window)
+{
+    SelectExact(window, kSchemeList, state.currentScheme.powerScheme);
+    Enable(window, kSchemeList, true);
+    Show(window, kChange, false);
+    Show(window, kSet, true);
+    SetFocus(ControlOf(window, kSchemeList));
+}
+
+void ApplyChosenScheme(HWND window, const std::wstring& scheme)
+{
+    if (!OpenGate(window, kSetRefused))
+        return;
+    std::wstring status;
+    {
+        Reply reply = SendOrLose(WithText(Operation::ApplyPowerScheme, L"scheme", scheme));
+        if (!reply.Answered())
+            return;
+        status = reply.Status();
+    }
+    if (IsLicenceRefusal(window, kSetRefused, status))
+        return;
+    if (IsWord(status, kFailure))
+        Tell(window, kSetFailed);
+    else if (!ReadCurrentPowerSettings())
+        OnAgentLost();
+}
+
+void OnSet(HWND window)
+{
+    Enable(window, kSchemeList, false);
+    Show(window, kSet, false);
+    Repaint(window);
+    ApplyChosenScheme(window, SelectedText(window, kSchemeList));
+    ShowNormalControls(window);
+}
+
+void OnExitToTray(HWND window)
+{
+    ShowWindow(window, SW_HIDE);
+}
+
+void OnHelp(HWND)
+{
+    OpenHelp(GetDesktopWindow(), kHelpPage);
+    if (state.connected)
+        ShowNormalControls(WindowOf(WindowId::Main));
+}
+
+void OnWebSite(HWND window)
+{
+    // The shell may want its own kind of apartment for the call.
+    const bool entered = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+    ShellExecuteW(window, L"open", Format(L"http://%ls", kWebSiteHost).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    if (entered)
+        CoUninitialize();
+}
+
+void OnTrayVoltaro(HWND window)
+{
+    ShowWindow(window, SW_RESTORE);
+    ShowWindow(window, SW_SHOW);
+    SetForegroundWindow(window);
+}
+
+LRESULT OnPowerBroadcast(WPARAM event)
+{
+    // A sent message: it may come while this very thread waits for an answer, and then the read is passed over.
+    if (event == PBT_APMPOWERSTATUSCHANGE && state.connected && !IsWaitingForAgent() && !ReadBatteryInfo())
+        OnAgentLost();
+    return TRUE;
+}
+
+// clang-format off
+constexpr Command kCommands[] = {
+    {kTrayClose,        OnCloseQuestion},
+    {kTrayHelp,         OnHelp},
+    {kTrayAbout,        OnAbout},
+    {kResume,           OnResume},
+    {kPauseOneHour,     OnPause<1>},
+    {kPauseOneHour + 1, OnPause<2>},
+    {kPauseOneHour + 2, OnPause<3>},
+    {kPauseOneHour + 3, OnPause<4>},
+    {kPauseFiveHours,   OnPause<5>},
+    {kTrayVoltaro,      OnTrayVoltaro},
+    {kStandby,          OnQuickAction<kStandby>},
+    {kHibernate,        OnQuickAction<kHibernate>},
+    {kShutdown,         OnQuickAction<kShutdown>},
+    {kRestart,          OnQuickAction<kRestart>},
+    {kLogOff,           OnQuickAction<kLogOff>},
+    {kLockScreen,       OnQuickAction<kLockScreen>},
+    {kChange,           OnChange},
+    {kExitToTray,       OnExitToTray},
+    {kSet,              OnSet},
+    {kResumeButton,     OnResume},
+    {kMenuExitToTray,   OnExitToTray},
+    {kPowerScheme,      OnOpen<kPowerScheme>},
+    {kAbout,            OnAbout},
+    {kHelp,             OnHelp},
+    {kWebSite,          OnWebSite},
+    {kSystemInfo,       OnOpen<kSystemInfo>},
+    {kClose,            OnCloseQuestion},
+    {kRefresh,          OnRefresh},
+    {kJobScheduler,     OnOpen<kJobScheduler>},
+    {kUpdate,           OnOpen<kUpdate>},
+    {kPorts,            OnOpen<kPorts>},
+    {kBatteryInfo,      OnOpen<kBatteryInfo>},
+    {kSavingsReport,    OnOpen<kSavingsReport>},
+    {kActivate,         OnOpen<kActivate>},
+    {kReinitialize,     OnReinitialize},
+    {kProxy,            OnOpen<kProxy>},
+    {kSecurity,         OnOpen<kSecurity>},
+    {kSnooze,           OnOpen<kSnooze>},
+};
+// clang-format on
+
+} // namespace
+
+void ShowBusyView(HWND window)
+{
+    SetProgress(window, 0);
+    Show(window, kBusyViewHides, false);
+    Show(window, kProgressBar, true);
+}
+
+void ShowIdleView(HWND window)
+{
+    Show(window, kProgressBar, false);
+    SetProgress(window, 0);
+    Show(window, kBusyViewHides, true);
+}
+
+void SetProgress(HWND window, int position)
+{
+    SendMessageW(ControlOf(window, kProgressBar), PBM_SETPOS, static_cast<WPARAM>(position), 0);
+}
+
+void ShowNormalControls(HWND window)
+{
+    state.currentSchemeIndex = SelectExact(window, kSchemeList, state.currentScheme.powerScheme);
+    Enable(window, kSchemeList, false);
+    Show(window, kSet, false);
+    Show(window, kChange, true);
+}
+
+LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    NavigateWith(window);
+    if (const auto answered = AnswerTray(window, message, w, l))
+        return *answered;
+    switch (message) {
+    case WM_CREATE: return OnCreate(window);
+    case WM_PAINT: return OnPaint(window);
+    case WM_ERASEBKGND: return 1;
+    case WM_PRINTCLIENT: DrawMainWindow(reinterpret_cast<HDC>(w)); return 0;
+    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
+    case WM_HELP: OnHelp(window); return TRUE;
+    case WM_CLOSE: OnCloseQuestion(window); return 0;
+    case WM_DESTROY: return OnMainDestroyed();
+    case WM_QUERYENDSESSION: return OnQueryEndSession(l);
+    case WM_ENDSESSION: return OnEndSession(window, w, l);
+    case WM_POWERBROADCAST: return OnPowerBroadcast(w);
+    case kRunOnUiMessage: RunSentWork(l); return 0;
+    case kPostedOnUiMessage: RunPostedWork(l); return 0;
+    default: return DefaultAnswer(window, message, w, l);
+    }
+}
+
+} // namespace voltaro

@@ -1,0 +1,151 @@
+#include "shell/pause.h"
+
+#include "base/text.h"
+#include "console/activation.h"
+#include "console/state.h"
+#include "console/ui_calls.h"
+#include "resources/resource_ids.h"
+#include "shell/main_commands.h"
+#include "shell/main_menus.h"
+#include "shell/main_window.h"
+#include "shell/tray.h"
+#include "ui/boxes.h"
+#include "ui/controls.h"
+#include "ui/menus.h"
+
+namespace voltaro {
+namespace {
+
+constexpr Box kPauseFailed = {L"Pause Failed", L"Could not Pause"};
+constexpr Box kResumeFailed = {L"Resume Failed", L"Could not Resume"};
+constexpr const wchar_t* kPauseRefused = L"Unable to pause";
+constexpr const wchar_t* kPausedTooltip = L"Voltaro Paused";
+
+// What the paused state needs of the main window when the agent, not the user, says that it is paused.
+constexpr int kNeededWhilePaused[]
+    = {kResumeButton, kSavingsList, kLockScreen, kLogOff, kStandby, kHibernate, kShutdown, kRestart};
+
+void CheckHours(int hours)
+{
+    for (int i = 1; i <= kPauseHours; ++i)
+        CheckItem(PauseMenu(), static_cast<unsigned>(kPauseNone + i), i == hours);
+}
+
+void EnableHours(bool enabled)
+{
+    for (int i = 1; i <= kPauseHours; ++i)
+        EnableItem(PauseMenu(), static_cast<unsigned>(kPauseNone + i), enabled);
+}
+
+void EnableResumeItems(bool enabled)
+{
+    EnableItem(MainMenuBar(), kResume, enabled);
+    EnableItem(TrayMenu(), kResume, enabled);
+}
+
+// The pause sends the console to the tray. While a secondary window has the console, that goes too.
+void HideConsole(HWND main)
+{
+    if (!state.consoleReady) {
+        for (const HWND window : state.windows) {
+            if (window != main && !(GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD))
+                ShowWindow(window, SW_HIDE);
+        }
+        EnableWindow(main, TRUE);
+    }
+    ShowWindow(main, SW_HIDE);
+}
+
+std::wstring StatusTextOf(Reply& reply)
+{
+    return reply.Root() ? std::wstring(TextAt(DetailsOrResponseFields(*reply.Root()), 0)) : std::wstring();
+}
+
+// Sends a request and takes the result text; nothing when the agent does not answer, which nobody is told (meant).
+std::optional<std::wstring> SendForResult(const Request& request)
+{
+    Reply reply = Send(request);
+    if (!reply.Answered())
+        return std::nullopt;
+    return StatusTextOf(reply);
+}
+
+} // namespace
+
+void PauseFor(HWND main, int hours)
+{
+    const auto status = SendForResult(WithText(Operation::Pause, L"duration", NumberText(hours)));
+    if (!status || IsLicenceRefusal(main, kPauseRefused, *status))
+        return;
+    if (IsWord(*status, kFailure)) {
+        Tell(main, kPauseFailed);
+    } else if (IsWord(*status, kSuccess)) {
+        state.notPaused = false;
+        Enable(main, kChange, false);
+        HideConsole(main);
+        CheckHours(hours);
+        ShowPausedState();
+        ShowNormalControls(main);
+    }
+}
+
+void OnResume(HWND main)
+{
+    ShowRunningState();
+    const auto status = SendForResult(Plain(Operation::Resume));
+    if (!status)
+        return;
+    if (IsWord(*status, kFailure))
+        Tell(main, kResumeFailed);
+    else if (IsWord(*status, kSuccess))
+        ShowNormalControls(main);
+}
+
+void ShowPausedState()
+{
+    EnableItem(MainMenuBar(), kPauseNone, false);
+    EnableResumeItems(true);
+    EnableHours(false);
+    state.notPaused = false;
+    ChangeTrayIcon(IDI_PAUSED, kPausedTooltip);
+}
+
+void ShowRunningState()
+{
+    EnableItem(MainMenuBar(), kPauseNone, true);
+    EnableResumeItems(false);
+    CheckHours(0);
+    EnableHours(true);
+    Enable(WindowOf(WindowId::Main), kChange, true);
+    ChangeTrayIcon(IDI_RUNNING, state.trayTooltip);
+}
+
+void ApplyPauseStatus(std::wstring_view status)
+{
+    state.pauseStatus = status;
+    if (EqualsIgnoreCase(status, L"Resumed")) {
+        state.notPaused = true;
+        ShowRunningState();
+        return;
+    }
+    if (status.size() != 1 || status[0] < L'1' || status[0] > L'5')
+        return;
+    CheckHours(status[0] - L'0');
+    ShowPausedState();
+    Enable(WindowOf(WindowId::Main), kNeededWhilePaused, true);
+}
+
+void PreparePauseStatus()
+{
+    PrepareRequest(Plain(Operation::PauseStatus));
+}
+
+bool ReadPauseStatus()
+{
+    Reply reply = SendPrepared(Operation::PauseStatus);
+    if (reply.Root())
+        OnUi([status = StatusTextOf(reply)] { ApplyPauseStatus(status); });
+    return reply.Answered();
+}
+
+} // namespace voltaro

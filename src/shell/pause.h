@@ -1,0 +1,33 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+#include <string_view>
+
+namespace voltaro {
+
+// Asks the agent to pause for that many hours (1 to 5); after a success the console goes to the tray.
+void PauseFor(HWND main, int hours);
+
+template <int Hours>
+void OnPause(HWND main)
+{
+    PauseFor(main, Hours);
+}
+
+// Ends the pause. The running state is shown at once, before the agent answers, and stays whatever it answers (meant).
+void OnResume(HWND main);
+
+// Menus, tray icon and tooltip in the paused or the running state.
+void ShowPausedState();
+void ShowRunningState();
+
+// Shows the state that a status text stands for: "Resumed", or the hours "1" to "5". Any other text changes nothing.
+void ApplyPauseStatus(std::wstring_view status);
+
+// The status request is built once, with the main window, and reused for every read, identifier included.
+void PreparePauseStatus();
+// Reads and applies the pause status, from any thread. False when the agent does not answer.
+bool ReadPauseStatus();
+
+} // namespace voltaro

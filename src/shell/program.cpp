@@ -1,0 +1,40 @@
+#include "shell/program.h"
+
+#include "base/ansi.h"
+#include "base/text.h"
+#include "console/state.h"
+#include "shell/connection.h"
+#include "shell/main_menus.h"
+#include "ui/window_class.h"
+
+namespace voltaro {
+
+void PrepareVersionTexts()
+{
+    state.binDirectory = Format(L"%lsbin", Widened(state.installDirectory.data()).c_str());
+    state.versionCaption = Format(L"Voltaro - Standard Edition  [ Version : %hs ]", kVersion);
+    state.trayTooltip = Format(L"Voltaro - Standard Edition  \n[ Version : %hs ]", kVersion);
+}
+
+void PrepareForCheck()
+{
+    const HWND main = WindowOf(WindowId::Main);
+    EnableWindow(main, FALSE);
+    state.consoleReady = false;
+    ApplyOccasion(main, Occasion::StartUp);
+    state.connected = false;
+    Repaint(main);
+}
+
+void RunFirstCheck()
+{
+    const HWND main = WindowOf(WindowId::Main);
+    EnableWindow(main, FALSE);
+    state.consoleReady = false;
+    CheckAgentConnection();
+    EnableWindow(main, TRUE);
+    state.consoleReady = true;
+    Repaint(main, true);
+}
+
+} // namespace voltaro

@@ -1,0 +1,18 @@
+#pragma once
+
+namespace voltaro {
+
+inline constexpr const char* kVersion = "1.06.006.000";
+
+// The steps of start-up that tests take too.
+
+// Bin directory, version caption and tray tooltip from the installation directory and the version.
+void PrepareVersionTexts();
+
+// The main window disabled, greyed and not connected, as it stands before the first check.
+void PrepareForCheck();
+
+// The first connection check; afterwards the main window is enabled and the console ready, whatever came of it.
+void RunFirstCheck();
+
+} // namespace voltaro

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+namespace voltaro {
+
+// Asks, sends and tells the outcome of the quick power action with that command id; then the normal controls.
+void RunQuickAction(HWND main, int command);
+
+template <int Id>
+void OnQuickAction(HWND main)
+{
+    RunQuickAction(main, Id);
+}
+
+// Locks the screen of this session; replaceable for tests.
+using ScreenLocker = void (*)();
+extern ScreenLocker lockThisScreen;
+
+} // namespace voltaro

@@ -1,0 +1,104 @@
+#include "shell/tray.h"
+
+#include "base/fixed_text.h"
+#include "console/agent_lost.h"
+#include "console/agent_state.h"
+#include "console/ui_calls.h"
+#include "resources/resource_ids.h"
+#include "shell/main_menus.h"
+#include "shell/main_window.h"
+#include "ui/theme.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace voltaro {
+namespace {
+
+NOTIFYICONDATAW record{}; // its size is the platform's own
+bool added = false;
+
+void PutTip(std::wstring_view tooltip)
+{
+    const FixedText<std::size(NOTIFYICONDATAW{}.szTip)> tip(tooltip);
+    std::copy_n(tip.c_str(), std::size(record.szTip), record.szTip);
+}
+
+// Reads the battery as any tray click does; only while connected.
+void ReadBatteryWhenConnected()
+{
+    if (state.connected && !ReadBatteryInfo())
+        OnAgentLost();
+}
+
+void OnLeftClick(HWND main)
+{
+    if (state.trayRestoreAllowed) {
+        ShowWindow(main, SW_RESTORE);
+        ShowWindow(main, SW_SHOW);
+        SetForegroundWindow(main);
+    }
+    if (!state.connected)
+        return;
+    ReadBatteryWhenConnected();
+    ShowNormalControls(main);
+}
+
+void OnRightClick(HWND main)
+{
+    SetForegroundWindow(main);
+    POINT cursor{};
+    GetCursorPos(&cursor);
+    TrackPopupMenu(TrayMenu(), TPM_LEFTALIGN | TPM_TOPALIGN, cursor.x, cursor.y, 0, main, nullptr);
+    PostMessageW(main, WM_NULL, 0, 0); // lets the menu close when the user clicks elsewhere
+    ReadBatteryWhenConnected();
+}
+
+} // namespace
+
+void AddTrayIcon(HWND main)
+{
+    record = {};
+    record.cbSize = sizeof record;
+    record.hWnd = main;
+    record.uID = kTrayIconId;
+    record.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
+    record.uCallbackMessage = kTrayMessage;
+    record.hIcon = SmallIcon(IDI_RUNNING);
+    PutTip(state.trayTooltip);
+    added = true;
+    Shell_NotifyIconW(NIM_ADD, &record);
+}
+
+void ChangeTrayIcon(int iconResource, std::wstring_view tooltip)
+{
+    record.hIcon = SmallIcon(iconResource);
+    PutTip(tooltip);
+    if (added)
+        Shell_NotifyIconW(NIM_MODIFY, &record);
+}
+
+void RemoveTrayIcon()
+{
+    if (std::exchange(added, false))
+        Shell_NotifyIconW(NIM_DELETE, &record);
+}
+
+std::optional<LRESULT> AnswerTray(HWND main, UINT message, WPARAM w, LPARAM l)
+{
+    static const UINT taskbarCreated = RegisterWindowMessageW(L"TaskbarCreated");
+    if (message == taskbarCreated && added) {
+        Shell_NotifyIconW(NIM_ADD, &record);
+        return 0;
+    }
+    if (message != kTrayMessage || w != kTrayIconId)
+        return std::nullopt;
+    if (l == WM_LBUTTONUP)
+        OnLeftClick(main);
+    else if (l == WM_RBUTTONUP)
+        OnRightClick(main);
+    return 0;
+}
+
+} // namespace voltaro

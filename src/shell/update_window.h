@@ -1,0 +1,14 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+namespace voltaro {
+
+// One update check, on its worker: asks the agent and shows the outcome in the update window. Does nothing when none
+// was asked for.
+void RunUpdateCheck();
+
+// Moves the update window's bar while the check runs, on the busy-animation worker. Does nothing when it was not asked.
+void AnimateUpdateBar();
+
+} // namespace voltaro

@@ -1,0 +1,145 @@
+#include "power/levels.h"
+#include "power/timeouts.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace voltaro {
+namespace {
+
+struct List {
+    Choices choices;
+    std::vector<int> minutes; // without the closing "Never"
+};
+
+const std::vector<List>& Lists()
+{
+    static const std::vector<List> lists = {
+        {kDimChoices, {2, 3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360}},
+        {kMonitorOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420}},
+        {kLockChoices, {1, 2, 3, 5, 10, 15, 20, 25, 30}},
+        {kHardDiskChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300}},
+        {kLogOffChoices,
+            {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780}},
+        {kStandbyChoices,
+            {5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840}},
+        {kHibernateChoices,
+            {10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840, 900}},
+    };
+    return lists;
+}
+
+std::wstring TextFor(int minutes)
+{
+    const int count = minutes < 60 ? minutes : minutes / 60;
+    return L"After " + std::to_wstring(count) + (minutes < 60 ? L" Min" : L" Hr") + (count == 1 ? L"" : L"s");
+}
+
+TEST(TimeoutsTest, EveryChoiceOfEveryListBothWays)
+{
+    for (const List& list : Lists()) {
+        ASSERT_EQ(list.choices.size(), list.minutes.size() + 1);
+        for (std::size_t i = 0; i < list.minutes.size(); ++i) {
+            const std::wstring minutes = std::to_wstring(list.minutes[i]);
+            EXPECT_EQ(list.choices[i].text, TextFor(list.minutes[i]));
+            EXPECT_EQ(ShownText(list.choices, minutes), TextFor(list.minutes[i]));
+            EXPECT_EQ(ChosenText(list.choices, TextFor(list.minutes[i]), L"0"), minutes);
+        }
+        EXPECT_STREQ(ShownText(list.choices, L"0"), L"Never");
+        EXPECT_EQ(ChosenText(list.choices, L"Never", L"10"), L"0");
+        EXPECT_EQ(ChosenText(list.choices, L"Disabled", L"45"), L"0");
+    }
+}
+
+TEST(TimeoutsTest, NumbersThatNoChoiceHas)
+{
+    const struct {
+        Choices choices;
+        const wchar_t* stored;
+        const wchar_t* shown;
+    } kRows[] = {
+        {kDimChoices, L"1", L"After 2 Mins"},
+        {kDimChoices, L"4", L"After 5 Mins"},
+        {kDimChoices, L"90", L"After 2 Hrs"},
+        {kDimChoices, L"361", L"Never"},
+        {kLockChoices, L"45", L"Never"},
+        {kHibernateChoices, L"005", L"After 10 Mins"},
+        {kBrightnessSteps, L"120", L"128"},
+        {kBrightnessSteps, L"255", L"128"},
+        {kCpuLoads, L"150", L"99"},
+    };
+    for (const auto& row : kRows) {
+        EXPECT_STREQ(ShownText(row.choices, row.stored), row.shown);
+        EXPECT_EQ(ChosenText(row.choices, row.shown, row.stored), row.stored); // untouched
+        EXPECT_EQ(ChosenText(row.choices, row.choices[1].text, row.stored), std::to_wstring(row.choices[1].number));
+    }
+    EXPECT_EQ(ChosenText(kDimChoices, L"Never", L""), L"0"); // an answer without the field
+}
+
+TEST(LevelsTest, StepsAndLoads)
+{
+    constexpr int kSteps[] = {0, 15, 30, 45, 60, 75, 90, 105, 128};
+    for (std::size_t i = 0; i < std::size(kSteps); ++i)
+        EXPECT_EQ(ShownChoice(kBrightnessSteps, kSteps[i]), i);
+    ASSERT_EQ(kCpuLoads.size(), 100u);
+    for (std::size_t i = 0; i < 100; ++i)
+        EXPECT_EQ(ShownText(kCpuLoads, std::to_wstring(i)), std::to_wstring(i));
+}
+
+// For every entry of the first combo: the second starts at the same place of its own list, its text kept if it is
+// there.
+TEST(LinkedListsTest, EveryEntry)
+{
+    const List& dim = Lists()[0];
+    const List& standby = Lists()[5];
+    for (std::size_t k = 0; k <= dim.minutes.size(); ++k) {
+        const bool never = k == dim.minutes.size();
+        const ComboList list = MonitorOffList(never ? L"Never" : TextFor(dim.minutes[k]), L"After 15 Mins");
+        EXPECT_EQ(list.choices.size(), never ? 16 : 16 - k);
+        EXPECT_EQ(list.choices[0].text, TextFor(Lists()[1].minutes[never ? 0 : k]));
+        EXPECT_EQ(list.selected, never ? 3u : k < 4 ? 3 - k : 0u);
+        EXPECT_STREQ(list.choices.back().text, L"Never");
+    }
+    for (std::size_t k = 0; k <= standby.minutes.size(); ++k) {
+        const bool never = k == standby.minutes.size();
+        const ComboList list = HibernateList(true, never ? L"Never" : TextFor(standby.minutes[k]), L"Never");
+        EXPECT_EQ(list.choices.size(), never ? 22 : 22 - k);
+        EXPECT_EQ(list.choices[0].text, TextFor(Lists()[6].minutes[never ? 0 : k]));
+        EXPECT_EQ(list.selected, list.choices.size() - 1);
+    }
+    for (const int minutes : Lists()[1].minutes) {
+        const ComboList list = LockList(TextFor(minutes), L"After 5 Mins");
+        EXPECT_EQ(list.choices.size(), 10u);
+        EXPECT_EQ(list.selected, 3u);
+    }
+    EXPECT_STREQ(MonitorOffList(L"After 45 Mins", L"After 3 Mins").choices[0].text, L"After 1 Hr");
+}
+
+TEST(LinkedListsTest, NeverAndMissingCapabilities)
+{
+    const struct {
+        ComboList list;
+        std::size_t size;
+        const wchar_t* first;
+        std::size_t selected;
+    } kRows[] = {
+        {LockList(L"Never", L"After 5 Mins"), 1, L"Never", 0},
+        {StandbyList(true, L"After 10 Mins"), 22, L"After 5 Mins", 1},
+        {StandbyList(false, L"After 10 Mins"), 1, L"Disabled", 0},
+        {HibernateList(false, L"After 10 Mins", L"Never"), 1, L"Disabled", 0},
+        {HibernateList(true, L"Disabled", L"After 20 Mins"), 22, L"After 10 Mins", 2},
+        {HibernateList(true, L"Never", L"Disabled"), 22, L"After 10 Mins", 0},
+    };
+    for (const auto& row : kRows) {
+        EXPECT_EQ(row.list.choices.size(), row.size);
+        EXPECT_STREQ(row.list.choices[0].text, row.first);
+        EXPECT_EQ(row.list.selected, row.selected);
+    }
+    // A link that moved the second combo is stored as shown, whatever the agent had stored.
+    EXPECT_EQ(ChosenText(kMonitorOffChoices, L"After 1 Hr", L"7"), L"60");
+}
+
+} // namespace
+} // namespace voltaro

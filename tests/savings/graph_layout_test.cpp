@@ -1,0 +1,111 @@
+#include "savings/graph_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace voltaro {
+namespace {
+
+// 16 h on: idle 6 h (without savings 1 h, dim 2 h, timed standby 1 h, standby by hand 2 h), active 10 h; off 8 h.
+constexpr DayDurations kDay = {.poweredOn = 57600,
+    .offInAll = 28800,
+    .active = 36000,
+    .idle = 21600,
+    .idleWithoutSavings = 3600,
+    .dim = 7200,
+    .standby = 10800,
+    .hibernate = 28800,
+    .shutdown = 179,
+    .hibernateUponIdle = 3600,
+    .timedStandby = 3600};
+
+TEST(GraphLayoutTest, SegmentsAndMarkers)
+{
+    const GraphLayout layout = LayOutGraph(kDay, L"February 29, 2024");
+    const struct {
+        const wchar_t* state;
+        GraphBox bar;
+        GraphColour colour;
+    } kSegments[] = {
+        {L"IDLE", {85, 360, 125, 480}, 0x006000},
+        {L"ACTIVE", {85, 160, 125, 360}, 0x8A2A00},
+        {L"IDLE without Power Savings", {170, 460, 210, 480}, 0x37E38C},
+        {L"DIM (Upon IDLE)", {170, 420, 210, 460}, 0xFFA42D},
+        {L"MONITOR OFF (Upon IDLE)", {170, 420, 210, 420}, 0x808080},
+        {L"STANDBY (Upon IDLE)", {170, 400, 210, 420}, 0xFF00FF},
+        {L"STANDBY (Done Manually)", {170, 360, 210, 400}, 0xA03070},
+        {L"HIBERNATE (Upon IDLE)", {170, 340, 210, 360}, 0x0080FF},
+        {L"SHUTDOWN (Upon IDLE)", {170, 340, 210, 340}, 0x0000FF},
+        {L"ON", {254, 160, 294, 480}, 0x008080},
+        {L"OFF  (Done by Voltaro)", {254, 0, 294, 160}, 0x000080},
+    };
+    ASSERT_EQ(layout.segments.size(), std::size(kSegments));
+    ASSERT_EQ(layout.legend.size(), std::size(kSegments));
+    for (std::size_t i = 0; i < std::size(kSegments); ++i) {
+        SCOPED_TRACE(kSegments[i].state);
+        EXPECT_EQ(layout.segments[i].state, kSegments[i].state);
+        EXPECT_EQ(layout.segments[i].bar, kSegments[i].bar);
+        EXPECT_EQ(layout.segments[i].colour, kSegments[i].colour);
+        EXPECT_EQ(layout.legend[i].colour, kSegments[i].colour);
+        EXPECT_EQ(layout.legend[i].label.text, kSegments[i].state);
+    }
+    // No monitor off, and 179 s of shutdown are no pixel.
+    EXPECT_EQ(layout.markers,
+        (std::vector<GraphLine>{
+            {85, 360, 50, 360, 0x006000, GraphPen::DashDot},
+            {85, 160, 50, 160, 0x8A2A00, GraphPen::DashDot},
+            {170, 460, 125, 460, 0x37E38C, GraphPen::DashDot},
+            {170, 420, 125, 420, 0xFFA42D, GraphPen::DashDot},
+            {170, 400, 125, 400, 0xFF00FF, GraphPen::DashDot},
+            {170, 360, 125, 360, 0xA03070, GraphPen::DashDot},
+            {170, 340, 125, 340, 0x0080FF, GraphPen::DashDot},
+            {210, 160, 254, 160, 0x008080, GraphPen::Solid},
+            {210, 0, 254, 0, 0x000080, GraphPen::Solid},
+        }));
+}
+
+TEST(GraphLayoutTest, ScaleAndTexts)
+{
+    const GraphLayout layout = LayOutGraph(kDay, L"February 29, 2024");
+    ASSERT_EQ(layout.grid.size(), 25U);
+    EXPECT_EQ(layout.grid[24].y1, 480);
+    const auto has = [&layout](const wchar_t* text, int x, int y) {
+        return std::any_of(layout.texts.begin(), layout.texts.end(),
+            [=](const GraphText& t) { return t.text == text && t.x == x && t.y == y; });
+    };
+    EXPECT_TRUE(has(L"24", 30, -3));
+    EXPECT_TRUE(has(L"23", 30, 15));
+    EXPECT_TRUE(has(L"0", 30, 475));
+    EXPECT_TRUE(has(L"Graph for VLT Events of Date  :", 380, 15));
+    EXPECT_TRUE(has(L"February 29, 2024", 400, 32));
+    EXPECT_TRUE(has(L"IDLE breakup", 160, 481));
+    for (const GraphLegendEntry& entry : layout.legend) // below the list, inside the tab
+        EXPECT_TRUE(
+            entry.swatch.top > 410 && entry.label.y + entry.label.font.height <= 497 && entry.swatch.left >= 345);
+}
+
+TEST(GraphLayoutTest, FullEmptyAndImpossibleDays)
+{
+    const GraphLayout full = LayOutGraph({.poweredOn = 86400, .active = 86400}, L"");
+    EXPECT_EQ(full.segments[1].bar.top, 0);
+    EXPECT_EQ(full.markers.size(), 3U); // the two of the first column always, and ON
+    const GraphLayout wild = LayOutGraph({.active = -90000, .idle = 1'000'000'000'000'000}, L"");
+    EXPECT_EQ(wild.segments[0].bar.top, 0);
+    EXPECT_EQ(wild.segments[1].bar.top, 0);
+}
+
+TEST(GraphLayoutTest, TooltipsOfTheSegmentUnderThePoint)
+{
+    const GraphLayout layout = LayOutGraph(kDay, L"");
+    const GraphSegment* dim = SegmentAt(layout, 170, 459);
+    ASSERT_NE(dim, nullptr);
+    EXPECT_EQ(SegmentTooltip(*dim, layout.daySeconds), L"DIM (Upon IDLE)\n2 Hrs : 0 Mins\n8.3 % of the day");
+    EXPECT_EQ(SegmentAt(layout, 209, 460)->state, L"IDLE without Power Savings");
+    EXPECT_EQ(SegmentAt(layout, 210, 460), nullptr);
+    EXPECT_EQ(SegmentAt(layout, 170, 480), nullptr);
+    EXPECT_EQ(SegmentAt(layout, 85, 159), nullptr);
+}
+
+} // namespace
+} // namespace voltaro

@@ -1,0 +1,118 @@
+#include "scheduler/job_texts.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro {
+namespace {
+
+TEST(JobChoicesTest, EveryChoiceBothWays)
+{
+    constexpr std::int32_t kIdleness[] = {2, 3, 4, 5, 10, 15, 20, 30, 45, 60, 120, 180, 240, 300, 360};
+    constexpr std::int32_t kRepeat[] = {5, 10, 15, 30, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720};
+    const auto check = [](Choices choices, std::span<const std::int32_t> minutes, const wchar_t* hour) {
+        ASSERT_EQ(choices.size(), minutes.size());
+        for (std::size_t i = 0; i < choices.size(); ++i) {
+            EXPECT_EQ(ShownChoice(choices, minutes[i]), i);
+            EXPECT_EQ(ChosenNumber(choices, i, -1), i == 0 ? -1 : minutes[i]); // -1 is shown by entry 0, and stays
+            EXPECT_EQ(ChosenNumber(choices, i, 100000), i + 1 == choices.size() ? 100000 : minutes[i]);
+            const bool hours = minutes[i] >= 60;
+            const std::wstring unit = !hours ? L" Mins" : minutes[i] == 60 ? hour : hour + std::wstring(L"s");
+            EXPECT_EQ(choices[i].text, std::to_wstring(hours ? minutes[i] / 60 : minutes[i]) + unit);
+        }
+    };
+    check(kIdlenessChoices, kIdleness, L" Hr");
+    check(kRepeatChoices, kRepeat, L" Hour");
+}
+
+TEST(JobTextsTest, Rows)
+{
+    ScheduledJob job;
+    job.name = L"Nightly";
+    job.description = L"all disks";
+    job.startTime = L"23:30:00";
+    job.tasks.resize(2);
+    job.powerOffType = L"Shutdown"; // left over from before the power-off was switched off
+    job.idleMinutes = 10;
+    using Row = std::array<std::wstring, 7>;
+    EXPECT_EQ(JobRow(job), (Row{L"Nightly", L"all disks", L"23:30:00", L"*******", L"2", L"", L""}));
+    job.powerOff = true;
+    job.kind = ScheduleKind::OnDate;
+    job.date = L"2024-02-29";
+    EXPECT_EQ(JobRow(job),
+        (Row{L"Nightly", L"all disks", L"23:30:00", L"On Date(2024-02-29)", L"2", L"Shutdown", L"10 Mins"}));
+    job.idleMinutes = 50; // shown as the next longer choice
+    EXPECT_EQ(JobRow(job)[6], L"1 Hr");
+    job.kind = ScheduleKind::Weekly;
+    EXPECT_EQ(ScheduleText(job), L"Weekly");
+    job.kind = ScheduleKind::Monthly;
+    EXPECT_EQ(ScheduleText(job), L"Monthly");
+
+    using Cells = std::array<std::wstring, 3>;
+    EXPECT_EQ(TaskRow({L"a.exe", L"-x", true, 60, L"17:00:00"}), (Cells{L"a.exe", L"17:00:00", L"1 Hour"}));
+    EXPECT_EQ(TaskRow({L"a.exe", L"-x", false, 60, L"17:00:00"}), (Cells{L"a.exe", L"17:00:00", L""}));
+}
+
+TEST(JobTextsTest, TimesAndDates)
+{
+    EXPECT_EQ(TimeText({8, 5, 0}), L"08:05:00");
+    EXPECT_EQ(DateText({2024, 2, 29}), L"2024-02-29");
+    EXPECT_EQ(ParseTime(L"08:05:09"), (TimeOfDay{8, 5, 9}));
+    EXPECT_EQ(ParseDate(L"2024-02-29"), (CalendarDate{2024, 2, 29}));
+    for (const wchar_t* text :
+        {L"", L"08:05", L"24:00:00", L"08:60:00", L"08:05:60", L"08:05:00:00", L"-1:05:00", L"::", L"99999999999:0:0"})
+        EXPECT_EQ(ParseTime(text), std::nullopt) << text;
+    for (const wchar_t* text : {L"NULL", L"2023-02-29", L"2024-13-01", L"2024-00-10", L"2024-04-31", L"2024-04-0"})
+        EXPECT_EQ(ParseDate(text), std::nullopt) << text;
+}
+
+// Asked on Wednesday the 28th of February 2024 at noon.
+TEST(JobTextsTest, NextRuns)
+{
+    using K = ScheduleKind;
+    const struct {
+        K kind;
+        const wchar_t* startTime;
+        const wchar_t* date;     // OnDate; "first-last" for Monthly
+        std::vector<int> chosen; // week days, Sunday 0; months, January 0
+        const wchar_t* text;
+    } kRows[] = {
+        {K::Daily, L"12:00:01", L"", {}, L"Next run: today at 12:00:01"},
+        {K::Daily, L"12:00:00", L"", {}, L"Next run: tomorrow at 12:00:00"},
+        {K::Daily, L"", L"", {}, L"The next run is not known."},
+        {K::OnDate, L"13:00:00", L"2024-02-28", {}, L"Next run: today at 13:00:00"},
+        {K::OnDate, L"11:00:00", L"2024-02-28", {}, L"This job does not run again."},
+        {K::OnDate, L"11:00:00", L"2023-12-31", {}, L"This job does not run again."},
+        {K::OnDate, L"11:00:00", L"2055-01-01", {}, L"Next run: Friday, 2055-01-01 at 11:00:00"},
+        {K::OnDate, L"11:00:00", L"garbage", {}, L"The next run is not known."},
+        {K::Weekly, L"11:00:00", L"", {3}, L"Next run: Wednesday, 2024-03-06 at 11:00:00"},
+        {K::Weekly, L"11:00:00", L"", {0, 5}, L"Next run: Friday, 2024-03-01 at 11:00:00"},
+        {K::Weekly, L"11:00:00", L"", {}, L"This job does not run again."},
+        {K::Monthly, L"11:00:00", L"01-31", {1}, L"Next run: tomorrow at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"01-28", {1}, L"Next run: Saturday, 2025-02-01 at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"29-29", {1, 11}, L"Next run: tomorrow at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"31-31", {3, 4}, L"Next run: Friday, 2024-05-31 at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"30-31", {1}, L"This job does not run again."},
+        {K::Monthly, L"11:00:00", L"20-10", {0}, L"This job does not run again."},
+    };
+    for (const auto& row : kRows) {
+        ScheduledJob job;
+        job.enabled = true;
+        job.kind = row.kind;
+        job.startTime = row.startTime;
+        job.date = row.date;
+        if (row.kind == K::Monthly) {
+            job.monthStartDay = std::wstring_view(row.date).substr(0, 2);
+            job.monthEndDay = std::wstring_view(row.date).substr(3);
+        }
+        for (const int i : row.chosen)
+            (row.kind == K::Weekly ? job.weekDays[static_cast<std::size_t>(i)]
+                                   : job.months[static_cast<std::size_t>(i)])
+                = true;
+        EXPECT_EQ(NextRunText(job, {2024, 2, 28}, {12, 0, 0}), row.text) << row.date;
+        job.enabled = false;
+        EXPECT_EQ(NextRunText(job, {2024, 2, 28}, {12, 0, 0}), L"This job is not enabled and does not run.");
+    }
+}
+
+} // namespace
+} // namespace voltaro

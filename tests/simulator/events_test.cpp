@@ -1,0 +1,92 @@
+#include "simulator/events.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cwchar>
+
+namespace voltaro::simulator {
+namespace {
+
+constexpr DateTime kNow{2026, 11, 21, 43200};
+
+// The second of the day of a time line of `date`, -1 for a line of another form.
+int StampOf(const std::wstring& line, const DateTime& date)
+{
+    wchar_t code[7]{};
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
+    if (std::swscanf(
+            line.c_str(), L"%6ls # %4d/%2d/%2d %2d:%2d:%2d", code, &year, &month, &day, &hour, &minute, &second)
+        != 7)
+        return -1;
+    EXPECT_TRUE(year == date.year && month == date.month && day == date.day) << line;
+    return hour * 3600 + minute * 60 + second;
+}
+
+TEST(AgentEventsTest, EveryDayIsWellFormed)
+{
+    const std::pair<std::wstring, std::wstring> kPairs[] = {{L"Dstime", L"Detime"}, {L"Mstime", L"Metime"},
+        {L"Qstime", L"Qetime"}, {L"Sbtime", L"Duratn"}, {L"Setime", L"Duratn"}};
+    const std::pair<std::wstring, std::wstring> kNights[] = {{L"Qptime", L"QUptme"}, {L"Qptime", L"QAgtme"},
+        {L"Sdtime", L"SUptme"}, {L"Hstime", L"Hetime"}, {L"Qhtime", L"QHetme"}};
+    for (int month = 1; month <= 12; ++month) {
+        for (int day = 1; day <= 27; ++day) {
+            const DateTime date{2025, month, day, 0};
+            const std::vector<std::wstring> lines = EventsOf(date, kNow);
+            ASSERT_EQ(lines, EventsOf(date, kNow));
+            ASSERT_GE(lines.size(), 12u);
+            ASSERT_LE(lines.size(), 60u);
+            EXPECT_EQ(lines[lines.size() - 2].substr(0, 9), L"Pwrcon # ");
+            EXPECT_EQ(lines[lines.size() - 1].substr(0, 9), L"Pwrsav # ");
+            // The night ends as it began.
+            const std::wstring evening = lines[lines.size() - 3].substr(0, 6);
+            const std::wstring morning = EventsOf({2025, month, day + 1, 0}, kNow)[0].substr(0, 6);
+            EXPECT_TRUE(std::any_of(std::begin(kNights), std::end(kNights),
+                [&](const auto& night) { return night.first == evening && night.second == morning; }))
+                << evening << morning;
+            int last = -1;
+            int open = 0;
+            for (std::size_t i = 0; i + 2 < lines.size(); ++i) {
+                const std::wstring code = lines[i].substr(0, 6);
+                EXPECT_LE(lines[i].size(), 60u);
+                open += code == L"Istime" ? 1 : code == L"Ietime" ? -1 : 0;
+                EXPECT_TRUE(open == 0 || open == 1);
+                for (const auto& [start, end] : kPairs)
+                    EXPECT_TRUE(code != start || lines[i + 1].substr(0, 6) == end) << lines[i];
+                if (code == L"Duratn")
+                    continue;
+                const int stamp = StampOf(lines[i], date);
+                EXPECT_GE(stamp, last) << lines[i];
+                EXPECT_LT(stamp, 86400) << lines[i];
+                last = stamp;
+            }
+            EXPECT_EQ(open, 0);
+        }
+    }
+}
+
+TEST(AgentEventsTest, TodayEndsNowAndTomorrowIsEmpty)
+{
+    const std::vector<std::wstring> today = EventsOf(kNow, kNow);
+    const std::vector<std::wstring> whole = EventsOf(kNow, {2026, 11, 22, 0});
+    ASSERT_GT(today.size(), 2u);
+    ASSERT_LT(today.size(), whole.size());
+    for (std::size_t i = 0; i + 2 < today.size(); ++i) {
+        EXPECT_EQ(today[i], whole[i]);
+        EXPECT_LE(StampOf(today[i], kNow), kNow.second);
+    }
+    EXPECT_TRUE(EventsOf({2026, 11, 22, 0}, kNow).empty());
+}
+
+TEST(AgentEventsTest, ReadsDays)
+{
+    const std::optional<DateTime> leapDay = ParseMonthDayYear(L"02292024");
+    ASSERT_TRUE(leapDay);
+    EXPECT_TRUE(leapDay->year == 2024 && leapDay->month == 2 && leapDay->day == 29);
+    EXPECT_EQ(DayNumber(*leapDay), 19782);
+    for (const wchar_t* wrong : {L"02292025", L"13012025", L"00012025", L"1012025", L"010120255", L"0101202x", L""})
+        EXPECT_FALSE(ParseMonthDayYear(wrong)) << wrong;
+}
+
+} // namespace
+} // namespace voltaro::simulator

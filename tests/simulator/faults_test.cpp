@@ -1,0 +1,105 @@
+#include "simulator/faults.h"
+#include "simulator/frame.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro::simulator {
+namespace {
+
+const Element kResponse{L"response", {}, {{L"details", {}, {TextElement(L"a", L"1"), TextElement(L"b", L"2")}}}};
+const std::wstring kDocument
+    = L"<?xml version=\"1.0\"?><vltp version=\"1.0\"><response><details><a>1</a><b>2</b></details></response></vltp>";
+
+Delivery Faulted(const wchar_t* fault, const std::wstring* script = nullptr)
+{
+    const std::optional<Fault> parsed = ParseFault(fault);
+    EXPECT_TRUE(parsed) << fault;
+    return Deliver(kResponse, script, parsed.value_or(Fault{}));
+}
+
+std::wstring HeaderOf(const Delivery& delivery)
+{
+    return UnitsOf(delivery.bytes.substr(0, kHeaderBytes));
+}
+
+std::wstring TextOf(const Delivery& delivery)
+{
+    return UnitsOf(delivery.bytes.substr(kHeaderBytes, delivery.bytes.size() - kHeaderBytes - 2));
+}
+
+TEST(AgentFrameTest, LengthsInBytes)
+{
+    EXPECT_EQ(FrameOf(L""), BytesOf(std::wstring(L"00000018\0", 9)));
+    EXPECT_EQ(HeaderOf({.bytes = FrameOf(std::wstring(100, L'x'))}), L"00000218");
+    EXPECT_EQ(BytesOf(L"\xE9\x20AC"), std::string("\xE9\x00\xAC\x20", 4));
+    const struct {
+        const wchar_t* digits;
+        std::size_t length;
+    } kCases[] = {{L"00000018", 18}, {L"00000218", 218}, {L"01048576", 1048576}, {L"01048578", 0}, {L"00000016", 0},
+        {L"00000219", 0}, {L"99999999", 0}, {L"     218", 0}, {L"-0000218", 0}, {L"0000218x", 0}, {L"0000218", 0}};
+    for (const auto& row : kCases)
+        EXPECT_EQ(FrameLength(BytesOf(row.digits)), row.length) << row.digits;
+}
+
+TEST(AgentFaultTest, EveryKindDoesWhatItSays)
+{
+    const std::string whole = FrameOf(kDocument);
+    EXPECT_EQ(Faulted(L"none").bytes, whole);
+    const struct {
+        const wchar_t* fault;
+        std::size_t bytes;
+        const wchar_t* header;
+        std::size_t pieceSize;
+        int delayMs, pauseMs;
+        Ending ending;
+    } kCases[] = {
+        {L"refuse", 0, L"", 0, 0, 0, Ending::Reset},
+        {L"close", 0, L"", 0, 0, 0, Ending::Close},
+        {L"silent", 0, L"", 0, 0, 0, Ending::Hang},
+        {L"close-mid-frame", 113, L"00000226", 0, 0, 0, Ending::Close},
+        {L"close-mid-frame:20", 20, L"00000226", 0, 0, 0, Ending::Close},
+        {L"close-mid-frame:9999", 226, L"00000226", 0, 0, 0, Ending::Close},
+        {L"late:30", 226, L"00000226", 0, 30, 0, Ending::Orderly},
+        {L"Slow:50", 226, L"00000226", 29, 0, 50, Ending::Orderly},
+        {L"byte-by-byte", 226, L"00000226", 1, 0, 0, Ending::Orderly},
+        {L"wrong-length", 226, L"00000290", 0, 0, 0, Ending::Close},
+        {L"wrong-length:-26", 226, L"00000200", 0, 0, 0, Ending::Close},
+        {L"wrong-length:-9999", 226, L"00000000", 0, 0, 0, Ending::Close},
+        {L"huge-length", 226, L"99999999", 0, 0, 0, Ending::Close},
+        {L"no-nul", 224, L"00000224", 0, 0, 0, Ending::Orderly},
+        {L"garbage:41", 100, L"00000100", 0, 0, 0, Ending::Orderly},
+        {L"status:Not Activated", 216, L"00000216", 0, 0, 0, Ending::Orderly},
+    };
+    for (const auto& row : kCases) {
+        const Delivery delivery = Faulted(row.fault);
+        EXPECT_EQ(delivery.bytes.size(), row.bytes) << row.fault;
+        EXPECT_EQ(HeaderOf(delivery), row.header) << row.fault;
+        EXPECT_EQ(delivery.pieceSize, row.pieceSize) << row.fault;
+        EXPECT_EQ(delivery.delayMs, row.delayMs) << row.fault;
+        EXPECT_EQ(delivery.pauseMs, row.pauseMs) << row.fault;
+        EXPECT_EQ(delivery.ending, row.ending) << row.fault;
+    }
+    for (const wchar_t* unknown : {L"", L"explode", L"slo", L":5"})
+        EXPECT_FALSE(ParseFault(unknown)) << unknown;
+}
+
+TEST(AgentFaultTest, ChangesTheDocument)
+{
+    EXPECT_EQ(TextOf(Faulted(L"status:License Expired")),
+        L"<?xml version=\"1.0\"?><vltp version=\"1.0\"><response><status>License Expired</status></response></vltp>");
+    EXPECT_EQ(TextOf(Faulted(L"not-well-formed")), kDocument.substr(0, kDocument.size() - 12));
+    EXPECT_NE(TextOf(Faulted(L"long-texts:5")).find(L"<a>1xxxx</a><b>2xxxx</b>"), std::wstring::npos);
+    EXPECT_NE(TextOf(Faulted(L"many-elements:4"))
+                  .find(L"<response><details><a>1</a><b>2</b><b>2</b><b>2</b></details>"
+                        L"<details><a>1</a><b>2</b></details>"),
+        std::wstring::npos);
+    const std::wstring doctype = TextOf(Faulted(L"doctype"));
+    EXPECT_EQ(doctype.find(L"<?xml version=\"1.0\"?><!DOCTYPE vltp [<!ENTITY e0 "), 0u);
+    EXPECT_NE(doctype.find(L"]><vltp version=\"1.0\"><response><details><a>1&e5;</a>"), std::wstring::npos);
+    const std::wstring script = L"any & thing";
+    EXPECT_EQ(TextOf(Faulted(L"none", &script)), script);
+    EXPECT_EQ(TextOf(Faulted(L"long-texts", &script)), script); // a script has no elements to grow
+}
+
+} // namespace
+} // namespace voltaro::simulator

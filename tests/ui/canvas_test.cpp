@@ -1,0 +1,99 @@
+#include "ui/canvas.h"
+
+#include "support/test_window.h"
+#include "ui/clipboard.h"
+#include "ui/controls.h"
+#include "ui/theme.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro {
+namespace {
+
+constexpr COLORREF kRed = RGB(200, 0, 0);
+
+COLORREF PixelOf(HBITMAP bitmap, int x, int y)
+{
+    const HDC dc = CreateCompatibleDC(nullptr);
+    COLORREF colour = 0;
+    {
+        const SelectGuard selected(dc, bitmap);
+        colour = GetPixel(dc, x, y);
+    }
+    DeleteDC(dc);
+    return colour;
+}
+
+COLORREF PixelOnScreen(HWND window, int x, int y)
+{
+    const HDC dc = GetDC(window);
+    const COLORREF colour = GetPixel(dc, x, y);
+    ReleaseDC(window, dc);
+    return colour;
+}
+
+void FillRed(HDC dc, void*)
+{
+    const RECT part{10, 10, 300, 200};
+    FillRect(dc, &part, BrushOf(kRed));
+}
+
+TEST(Canvas, RendersOntoTheFaceColourAndCopies)
+{
+    const UniqueBitmap bitmap = RenderBitmap(320, 220, &FillRed, nullptr);
+    EXPECT_EQ(PixelOf(bitmap.Get(), 5, 5), GetSysColor(COLOR_3DFACE));
+    EXPECT_EQ(PixelOf(bitmap.Get(), 50, 50), kRed);
+    ASSERT_TRUE(CopyToClipboard(nullptr, bitmap.Get()));
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    BITMAP copied{};
+    GetObjectW(GetClipboardData(CF_BITMAP), sizeof copied, &copied);
+    CloseClipboard();
+    EXPECT_EQ(copied.bmWidth, 320);
+    EXPECT_EQ(PixelOf(bitmap.Get(), 50, 50), kRed) << "the clipboard has a copy, not the bitmap";
+}
+
+TEST(Canvas, TextIsDrawnInItsColourWithoutABackground)
+{
+    const UniqueBitmap bitmap = RenderBitmap(
+        60, 60, [](HDC dc, void*) { DrawTextAt(dc, 0, 0, L"\x2588\x2588", FontOf(40, 400), kTextGreen); }, nullptr);
+    int green = 0;
+    for (int x = 0; x < 60; ++x)
+        green += PixelOf(bitmap.Get(), x, 20) == kTextGreen;
+    EXPECT_GT(green, 5);
+    EXPECT_EQ(PixelOf(bitmap.Get(), 55, 58), GetSysColor(COLOR_3DFACE));
+}
+
+TEST(Canvas, PaintsAroundControlsButUnderGroupBoxes)
+{
+    constexpr Control kRows[] = {
+        {Kind::GroupBox, 1, L"", 20, 20, 200, 100},
+        {Kind::Progress, 2, L"", 40, 50, 100, 40},
+        {Kind::Push, 3, L"", 40, 140, 100, 40, kHidden},
+    };
+    const TestWindow window([](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_ERASEBKGND)
+            return 1;
+        if (message != WM_PAINT)
+            return std::nullopt;
+        const Canvas canvas(self);
+        FillRed(canvas.Dc(), nullptr);
+        return 0;
+    });
+    CreateControls(window.Get(), kRows, WindowFont());
+    for (int round = 0; round < 3; ++round) {
+        RedrawWindow(window.Get(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+        Pump();
+        EXPECT_EQ(PixelOnScreen(window.Get(), 12, 12), kRed);
+        EXPECT_EQ(PixelOnScreen(window.Get(), 200, 100), kRed) << "inside the group box";
+        EXPECT_EQ(PixelOnScreen(window.Get(), 50, 150), kRed) << "a hidden control";
+        EXPECT_EQ(PixelOnScreen(window.Get(), 5, 5), GetSysColor(COLOR_3DFACE));
+        EXPECT_NE(PixelOnScreen(window.Get(), 90, 70), kRed) << "a control";
+        int frame = 0;
+        for (int y = 110; y < 122; ++y)
+            frame += PixelOnScreen(window.Get(), 120, y) != kRed;
+        EXPECT_GT(frame, 0) << "the frame of the group box";
+    }
+}
+
+} // namespace
+} // namespace voltaro

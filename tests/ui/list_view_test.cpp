@@ -1,0 +1,110 @@
+#include "ui/list_view.h"
+
+#include "support/test_window.h"
+#include "ui/controls.h"
+#include "ui/theme.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro {
+namespace {
+
+class List : public testing::Test {
+protected:
+    List()
+    {
+        constexpr Control kRows[] = {{Kind::ListView, 1, L"Rows", 0, 0, 200, 120}};
+        constexpr Column kColumns[] = {{L"Name", 150}, {L"Value", 150}};
+        CreateControls(m_window.Get(), kRows, WindowFont());
+        m_list = ControlOf(m_window.Get(), 1);
+        SetColumns(m_list, kColumns);
+    }
+
+    void Fill(std::size_t rows)
+    {
+        std::wstring text;
+        FillList(m_list, rows, [&](std::size_t row, std::size_t column) {
+            text = (column == 0 ? L"n" : L"v") + std::to_wstring(row);
+            return text.c_str();
+        });
+    }
+
+    static std::wstring Clipboard()
+    {
+        std::wstring text;
+        if (OpenClipboard(nullptr)) {
+            if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
+                text = static_cast<const wchar_t*>(GlobalLock(data));
+                GlobalUnlock(data);
+            }
+            CloseClipboard();
+        }
+        return text;
+    }
+
+    TestWindow m_window;
+    HWND m_list;
+};
+
+TEST_F(List, RefillKeepsSelectionFocusAndScroll)
+{
+    Fill(500);
+    EXPECT_EQ(RowCount(m_list), 500);
+    EXPECT_EQ(CellOf(m_list, 499, 1), L"v499");
+    SelectRow(m_list, 350);
+    ListView_EnsureVisible(m_list, 499, FALSE);
+    ListView_EnsureVisible(m_list, 300, FALSE);
+    ListView_Scroll(m_list, 40, 0);
+    ASSERT_EQ(ListView_GetTopIndex(m_list), 300);
+    Fill(400);
+    EXPECT_EQ(SelectedRow(m_list), 350);
+    EXPECT_EQ(ListView_GetTopIndex(m_list), 300);
+    EXPECT_EQ(GetScrollPos(m_list, SB_HORZ), 40);
+    Fill(3);
+    EXPECT_EQ(SelectedRow(m_list), -1);
+    EXPECT_EQ(ListView_GetTopIndex(m_list), 0);
+    ClearList(m_list);
+    EXPECT_EQ(RowCount(m_list), 0);
+    SelectRow(m_list, 0);
+    EXPECT_EQ(SelectedRow(m_list), -1);
+}
+
+TEST_F(List, FillingAHiddenListDoesNotShowIt)
+{
+    Show(m_window.Get(), 1, false);
+    Fill(5);
+    EXPECT_FALSE(IsWindowVisible(m_list));
+}
+
+TEST_F(List, RowsShorterOrLongerThanTheColumnsFit)
+{
+    const std::vector<std::wstring> rows[] = {{L"a"}, {L"b", L"c", L"d"}, {}};
+    FillList(m_list, rows);
+    EXPECT_EQ(ListText(m_list, false), L"Name\tValue\r\na\t\r\nb\tc\r\n\t\r\n");
+}
+
+TEST_F(List, TextKeepsRowsAndColumnsWhateverTheCellsHold)
+{
+    const std::wstring longText(5000, L'x');
+    const std::vector<std::wstring> rows[] = {{L"a\tb", L"c\r\nd"}, {longText, L"%s \xD83D\xDE00"}};
+    FillList(m_list, rows);
+    EXPECT_EQ(ListText(m_list, false), L"Name\tValue\r\na b\tc  d\r\n" + longText + L"\t%s \xD83D\xDE00\r\n");
+    SelectRow(m_list, 0);
+    EXPECT_EQ(ListText(m_list, true), L"a b\tc  d\r\n");
+}
+
+TEST_F(List, KeysCopyTheChosenRowAndAllRows)
+{
+    Fill(3);
+    SelectRow(m_list, 1);
+    SetForegroundWindow(m_window.Get());
+    SetFocus(m_list);
+    Press('C', VK_CONTROL);
+    EXPECT_EQ(Clipboard(), L"n1\tv1\r\n");
+    Press('A', VK_CONTROL);
+    Press('C', VK_CONTROL);
+    EXPECT_EQ(Clipboard(), L"n0\tv0\r\nn1\tv1\r\nn2\tv2\r\n");
+}
+
+} // namespace
+} // namespace voltaro

@@ -1,0 +1,89 @@
+#include "ui/liveness.h"
+
+#include "support/test_window.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace voltaro {
+namespace {
+
+TEST(Liveness, AWaitAnswersProbesAndPaintsButLeavesInput)
+{
+    int paints = 0;
+    int keys = 0;
+    const TestWindow window([&](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_PAINT) {
+            ++paints;
+            ValidateRect(self, nullptr);
+            return 0;
+        }
+        keys += message == WM_KEYDOWN;
+        return std::nullopt;
+    });
+    Pump();
+    paints = 0;
+    PostMessageW(window.Get(), WM_KEYDOWN, 'X', 0);
+    std::atomic<int> answered = 0;
+    std::thread prober([&] {
+        for (int i = 0; i < 20; ++i) {
+            DWORD_PTR result = 0;
+            answered += SendMessageTimeoutW(window.Get(), WM_NULL, 0, 0, SMTO_BLOCK, 50, &result) != 0;
+            InvalidateRect(window.Get(), nullptr, FALSE);
+            Sleep(5);
+        }
+    });
+    EXPECT_TRUE(WaitAlive(500));
+    prober.join();
+    EXPECT_EQ(answered, 20);
+    EXPECT_GT(paints, 5);
+    EXPECT_EQ(keys, 0) << "input waits for the message loop";
+    Pump();
+    EXPECT_EQ(keys, 1);
+}
+
+TEST(Liveness, AWindowThatNeverStopsAskingForPaintDoesNotMakeItSpin)
+{
+    int paints = 0;
+    const TestWindow window([&](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message != WM_PAINT)
+            return std::nullopt;
+        ++paints;
+        return 0; // not validated
+    });
+    paints = 0;
+    const ULONGLONG start = GetTickCount64();
+    EXPECT_TRUE(WaitAlive(200));
+    EXPECT_LT(GetTickCount64() - start, 400u);
+    EXPECT_LT(paints, 100);
+}
+
+TEST(Liveness, EndsEarlyAndLeavesTheQuitMessage)
+{
+    PostQuitMessage(5);
+    const ULONGLONG start = GetTickCount64();
+    EXPECT_FALSE(WaitAlive(5000, [] { return true; }));
+    EXPECT_TRUE(WaitAlive(50));
+    EXPECT_LT(GetTickCount64() - start, 1000u);
+    MSG message;
+    ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+    while (message.message != WM_QUIT)
+        ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 5u);
+}
+
+TEST(Liveness, TheWaitCursorIsRestored)
+{
+    const HCURSOR before = SetCursor(LoadCursorW(nullptr, IDC_CROSS));
+    {
+        const WaitCursor outer;
+        const WaitCursor inner;
+        EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
+    }
+    EXPECT_EQ(SetCursor(before), LoadCursorW(nullptr, IDC_CROSS));
+}
+
+} // namespace
+} // namespace voltaro

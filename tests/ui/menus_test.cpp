@@ -1,0 +1,75 @@
+#include "ui/menus.h"
+
+#include "ui/commands.h"
+
+#include <gtest/gtest.h>
+
+#include <iterator>
+#include <vector>
+
+namespace voltaro {
+namespace {
+
+constexpr MenuItem kPauseRows[] = {{L"For &1 Hour", 31}, {L"For &2 Hours", 32}};
+constexpr MenuItem kFileRows[] = {{L"&Open", 11}, SharedPopup(L"&Pause"), kSeparator, {L"&Close", 12}};
+constexpr MenuItem kBarRows[] = {Popup(L"&File", kFileRows), {L"&Refresh", 20}};
+constexpr MenuItem kTrayRows[] = {{L"Close", 41}, SharedPopup(L"Pause")};
+
+TEST(Menus, ASharedPopupOutlivesTheMenusThatShowIt)
+{
+    const UniqueMenu pause = BuildPopup(kPauseRows, std::size(kPauseRows));
+    {
+        const UniqueMenu bar = BuildMenuBar(kBarRows, std::size(kBarRows), pause.Get());
+        const UniqueMenu tray = BuildPopup(kTrayRows, std::size(kTrayRows), pause.Get());
+        ASSERT_EQ(GetMenuItemCount(bar.Get()), 2);
+        const HMENU file = GetSubMenu(bar.Get(), 0);
+        ASSERT_EQ(GetMenuItemCount(file), 4);
+        EXPECT_EQ(GetSubMenu(file, 1), pause.Get());
+        EXPECT_NE(GetMenuState(file, 2, MF_BYPOSITION) & MF_SEPARATOR, 0u);
+        EnableItem(bar.Get(), 31, false);
+        EXPECT_FALSE(IsItemEnabled(tray.Get(), 31)) << "one menu shown in two places";
+        RemoveShared(bar.Get(), pause.Get());
+        RemoveShared(tray.Get(), pause.Get());
+        EXPECT_EQ(GetMenuItemCount(file), 3);
+    }
+    EXPECT_EQ(GetMenuItemCount(pause.Get()), 2);
+}
+
+TEST(Menus, ItemsAreFoundAnywhereAndUnknownOnesIgnored)
+{
+    const UniqueMenu pause = BuildPopup(kPauseRows, std::size(kPauseRows));
+    const UniqueMenu bar = BuildMenuBar(kBarRows, std::size(kBarRows), pause.Get());
+    for (const unsigned id : {12u, 20u, 32u}) {
+        EXPECT_TRUE(IsItemEnabled(bar.Get(), id)) << id;
+        EnableItem(bar.Get(), id, false);
+        EXPECT_FALSE(IsItemEnabled(bar.Get(), id)) << id;
+        EnableItem(bar.Get(), id, true);
+        EXPECT_TRUE(IsItemEnabled(bar.Get(), id)) << id;
+    }
+    CheckItem(bar.Get(), 11, true);
+    EXPECT_NE(GetMenuState(bar.Get(), 11, MF_BYCOMMAND) & MF_CHECKED, 0u);
+    EnableItem(bar.Get(), 99, true);
+    EXPECT_FALSE(IsItemEnabled(bar.Get(), 99));
+    RemoveShared(bar.Get(), pause.Get());
+}
+
+std::vector<int> served;
+
+TEST(Commands, TheRowWithTheIdAndTheNotificationServes)
+{
+    constexpr Command kCommands[] = {
+        {IDOK, [](HWND) { served.push_back(1); }},
+        {5001, [](HWND) { served.push_back(2); }, CBN_SELCHANGE},
+        {9011, [](HWND) { served.push_back(3); }},
+    };
+    served.clear();
+    EXPECT_TRUE(Dispatch(kCommands, nullptr, MAKEWPARAM(9011, 0)));
+    EXPECT_TRUE(Dispatch(kCommands, nullptr, MAKEWPARAM(5001, CBN_SELCHANGE)));
+    EXPECT_TRUE(Dispatch(kCommands, nullptr, MAKEWPARAM(IDOK, 0)));
+    EXPECT_FALSE(Dispatch(kCommands, nullptr, MAKEWPARAM(5001, CBN_DROPDOWN)));
+    EXPECT_FALSE(Dispatch(kCommands, nullptr, MAKEWPARAM(9012, 0)));
+    EXPECT_EQ(served, (std::vector{3, 2, 1}));
+}
+
+} // namespace
+} // namespace voltaro
