@@ -56,7 +56,7 @@ constexpr const wchar_t* kInvalidPort = L"Invalid Port Number";
 constexpr const wchar_t* kPortRange = L"Please enter an integer value in the range (1024 – 65535) as the port number.";
 
 // In the order of HostFault.
-constexpr Refusal kRefusals[] = {
+constexpr RefusedField kRefusals[] = {
     {kTcpPort, {kInvalidPort, L"TCP port cannot be blank."}},
     {kTcpPort, {kInvalidPort, kPortRange}},
     {kUdpPort, {kInvalidPort, L"UDP port cannot be blank."}},

@@ -56,7 +56,7 @@ static_assert(IdsAreUnique(kControls) && FitInside(kControls, 394, 406));
 constexpr const wchar_t* kInvalidPort = L"Invalid Port Number";
 
 // In the order of ProxyFault; the trailing blanks of the captions are meant.
-constexpr Refusal kRefusals[] = {
+constexpr RefusedField kRefusals[] = {
     {kServer, {L"Blank Proxy Server ", L"Proxy Server name cannot be blank."}},
     {kPort, {kInvalidPort, L"Proxy port cannot be blank."}},
     {kPort, {kInvalidPort, L"Proxy port should be a non zero numeric value in range ( 1 - 65535 ) ."}},

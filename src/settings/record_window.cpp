@@ -114,7 +114,7 @@ FieldText FieldShown(HWND window, int id, Form form, const FieldText& asRead)
     return asRead;
 }
 
-void Refuse(HWND window, const Refusal& refusal)
+void Refuse(HWND window, const RefusedField& refusal)
 {
     Tell(window, refusal.box);
     SetText(window, refusal.id, L"");

@@ -30,7 +30,7 @@ struct Binding {
 };
 
 // What a refused input shows; the edit is then emptied and gets the focus.
-struct Refusal {
+struct RefusedField {
     int id;
     Box box;
 };
@@ -45,15 +45,16 @@ struct RecordForm {
     int applyButton; // made grey: it waits for the first record, so that nothing is overwritten with blanks
     Box applied;
     Box failed;
-    std::size_t (*complete)(Record& edited) = nullptr; // number of a refusal, counted from 1, or 0
-    std::span<const Refusal> refusals = {};
-    void (*enable)(HWND window) = nullptr; // greys the controls that depend on others
+    // Makes what the controls hold what is sent; gives the number of a refusal, counted from 1, or 0.
+    std::size_t (*complete)(Record& edited) = [](Record&) -> std::size_t { return 0; };
+    std::span<const RefusedField> refusals = {};
+    void (*enable)(HWND window) = [](HWND) {}; // greys the controls that depend on others
 };
 
 // The steps that no record's type matters for.
 void ShowField(HWND window, int id, Form form, const FieldText& value);
 [[nodiscard]] FieldText FieldShown(HWND window, int id, Form form, const FieldText& asRead);
-void Refuse(HWND window, const Refusal& refusal);
+void Refuse(HWND window, const RefusedField& refusal);
 // The gate, the request and the box that tells the outcome; the window's controls are disabled meanwhile. True when the
 // agent has taken the change.
 [[nodiscard]] bool SendChange(HWND window, const Request& request, const Box& applied, const Box& failed);
@@ -69,8 +70,7 @@ bool ReadAndShow(HWND window)
         for (const Binding<Record>& binding : form->bindings)
             ShowField(window, binding.id, binding.form, (*record).*binding.slot);
         Enable(window, form->applyButton, true);
-        if (form->enable)
-            form->enable(window);
+        form->enable(window);
     }
     return reply.Answered();
 }
@@ -100,8 +100,7 @@ void ApplyRecord(HWND window)
     Record edited = *form->record;
     for (const Binding<Record>& binding : form->bindings)
         edited.*binding.slot = FieldShown(window, binding.id, binding.form, edited.*binding.slot);
-    const std::size_t refusal = form->complete ? form->complete(edited) : 0;
-    if (refusal != 0)
+    if (const std::size_t refusal = form->complete(edited))
         return Refuse(window, form->refusals[refusal - 1]);
     if (SendChange(window, WithRecord(form->apply, edited), form->applied, form->failed))
         RefreshRecord<form>(window);
