@@ -29,9 +29,9 @@ constexpr Control kNetworkControls[] = {
     {Kind::ListView, kList, L"Power Exceptions List", 90, 15, 545, 355, kPlain, L"Network"},
 };
 constexpr Control kDiskControls[] = {
-    {Kind::Label,    kNoId,       L"Physical Disk Information :", 90,   7, 545,  17},
+    {Kind::Label,    kNoId,       L"Physical Disk Information :", 90,  10, 545,  15},
     {Kind::ListView, kList,       L"Physical Disk List",          90,  25, 545, 150},
-    {Kind::Label,    kNoId,       L"Logical Disk Information :",  90, 182, 545,  17},
+    {Kind::Label,    kNoId,       L"Logical Disk Information :",  90, 185, 545,  15},
     {Kind::ListView, kSecondList, L"Logical Disk List",           90, 200, 545, 175},
 };
 static_assert(FitInside(kCpuControls, 645, 380) && FitInside(kDiskControls, 645, 380));
