@@ -52,17 +52,6 @@ TEST(Canvas, RendersOntoTheFaceColourAndCopies)
     EXPECT_EQ(PixelOf(bitmap.Get(), 50, 50), kRed) << "the clipboard has a copy, not the bitmap";
 }
 
-TEST(Canvas, TextIsDrawnInItsColourWithoutABackground)
-{
-    const UniqueBitmap bitmap = RenderBitmap(
-        60, 60, [](HDC dc, void*) { DrawTextAt(dc, 0, 0, L"\x2588\x2588", FontOf(40, 400), kTextGreen); }, nullptr);
-    int green = 0;
-    for (int x = 0; x < 60; ++x)
-        green += PixelOf(bitmap.Get(), x, 20) == kTextGreen;
-    EXPECT_GT(green, 5);
-    EXPECT_EQ(PixelOf(bitmap.Get(), 55, 58), GetSysColor(COLOR_3DFACE));
-}
-
 TEST(Canvas, PaintsAroundControlsButUnderGroupBoxes)
 {
     constexpr Control kRows[] = {
