@@ -80,40 +80,57 @@ struct Row {
     void (*wire)(Delivery& delivery, int number);
 };
 
-// clang-format off
 constexpr std::array kRows = {
-    Row{L"none",            0,     nullptr, nullptr, nullptr},
-    Row{L"refuse",          0,     nullptr, nullptr, [](Delivery& delivery, int) { SendNothing(delivery, Ending::Reset); }},
-    Row{L"close",           0,     nullptr, nullptr, [](Delivery& delivery, int) { SendNothing(delivery, Ending::Close); }},
-    Row{L"close-mid-frame", 0,     nullptr, nullptr, [](Delivery& delivery, int number) {
-        const std::size_t half = delivery.bytes.size() / 2;
-        delivery.bytes.resize(number > 0 ? std::min(static_cast<std::size_t>(number), delivery.bytes.size()) : half);
-        delivery.ending = Ending::Close; }},
-    Row{L"silent",          0,     nullptr, nullptr, [](Delivery& delivery, int) { SendNothing(delivery, Ending::Hang); }},
-    Row{L"late",            2000,  nullptr, nullptr, [](Delivery& delivery, int number) { delivery.delayMs = number; }},
-    Row{L"slow",            200,   nullptr, nullptr, [](Delivery& delivery, int number) {
-        delivery.pieceSize = delivery.bytes.size() / 8 + 1;
-        delivery.pauseMs = number; }},
-    Row{L"byte-by-byte",    0,     nullptr, nullptr, [](Delivery& delivery, int number) {
-        delivery.pieceSize = 1;
-        delivery.pauseMs = number; }},
-    Row{L"wrong-length",    64,    nullptr, nullptr, [](Delivery& delivery, int number) {
-        WriteLength(delivery, std::ssize(delivery.bytes) + number);
-        delivery.ending = Ending::Close; }},
-    Row{L"huge-length",     0,     nullptr, nullptr, [](Delivery& delivery, int) {
-        WriteLength(delivery, 99'999'999);
-        delivery.ending = Ending::Close; }},
-    Row{L"no-nul",          0,     nullptr, nullptr, [](Delivery& delivery, int) {
-        delivery.bytes.resize(delivery.bytes.size() - 2);
-        WriteLength(delivery, std::ssize(delivery.bytes)); }},
-    Row{L"garbage",         100,   nullptr, [](std::wstring& text, int number) { text = GarbageUnits(static_cast<std::size_t>(number)); }, nullptr},
-    Row{L"not-well-formed", 0,     nullptr, [](std::wstring& text, int) { text.resize(text.size() - std::min<std::size_t>(text.size(), 12)); }, nullptr},
-    Row{L"long-texts",      20000, [](Element& response, int number) { LengthenTexts(response, static_cast<std::size_t>(number)); }, nullptr, nullptr},
-    Row{L"many-elements",   600,   [](Element& response, int number) { MultiplyElements(response, static_cast<std::size_t>(number)); }, nullptr, nullptr},
-    Row{L"doctype",         0,     nullptr, [](std::wstring& text, int) { DeclareEntities(text); }, nullptr},
-    Row{L"status",          0,     nullptr, nullptr, nullptr}, // its argument is a word: below
+    Row{L"none", 0, nullptr, nullptr, nullptr},
+    Row{L"refuse", 0, nullptr, nullptr, [](Delivery& delivery, int) { SendNothing(delivery, Ending::Reset); }},
+    Row{L"close", 0, nullptr, nullptr, [](Delivery& delivery, int) { SendNothing(delivery, Ending::Close); }},
+    Row{L"close-mid-frame", 0, nullptr, nullptr,
+        [](Delivery& delivery, int number) {
+            const std::size_t half = delivery.bytes.size() / 2;
+            delivery.bytes.resize(
+                number > 0 ? std::min(static_cast<std::size_t>(number), delivery.bytes.size()) : half);
+            delivery.ending = Ending::Close;
+        }},
+    Row{L"silent", 0, nullptr, nullptr, [](Delivery& delivery, int) { SendNothing(delivery, Ending::Hang); }},
+    Row{L"late", 2000, nullptr, nullptr, [](Delivery& delivery, int number) { delivery.delayMs = number; }},
+    Row{L"slow", 200, nullptr, nullptr,
+        [](Delivery& delivery, int number) {
+            delivery.pieceSize = delivery.bytes.size() / 8 + 1;
+            delivery.pauseMs = number;
+        }},
+    Row{L"byte-by-byte", 0, nullptr, nullptr,
+        [](Delivery& delivery, int number) {
+            delivery.pieceSize = 1;
+            delivery.pauseMs = number;
+        }},
+    Row{L"wrong-length", 64, nullptr, nullptr,
+        [](Delivery& delivery, int number) {
+            WriteLength(delivery, std::ssize(delivery.bytes) + number);
+            delivery.ending = Ending::Close;
+        }},
+    Row{L"huge-length", 0, nullptr, nullptr,
+        [](Delivery& delivery, int) {
+            WriteLength(delivery, 99'999'999);
+            delivery.ending = Ending::Close;
+        }},
+    Row{L"no-nul", 0, nullptr, nullptr,
+        [](Delivery& delivery, int) {
+            delivery.bytes.resize(delivery.bytes.size() - 2);
+            WriteLength(delivery, std::ssize(delivery.bytes));
+        }},
+    Row{L"garbage", 100, nullptr,
+        [](std::wstring& text, int number) { text = GarbageUnits(static_cast<std::size_t>(number)); }, nullptr},
+    Row{L"not-well-formed", 0, nullptr,
+        [](std::wstring& text, int) { text.resize(text.size() - std::min<std::size_t>(text.size(), 12)); }, nullptr},
+    Row{L"long-texts", 20000,
+        [](Element& response, int number) { LengthenTexts(response, static_cast<std::size_t>(number)); }, nullptr,
+        nullptr},
+    Row{L"many-elements", 600,
+        [](Element& response, int number) { MultiplyElements(response, static_cast<std::size_t>(number)); }, nullptr,
+        nullptr},
+    Row{L"doctype", 0, nullptr, [](std::wstring& text, int) { DeclareEntities(text); }, nullptr},
+    Row{L"status", 0, nullptr, nullptr, nullptr}, // its argument is a word: below
 };
-// clang-format on
 static_assert(kRows.size() == static_cast<std::size_t>(FaultKind::Status) + 1);
 
 constexpr auto kNames = [] {

@@ -17,40 +17,112 @@ struct Task {
     const wchar_t *path, *parameters, *delay, *end;
 };
 struct Job {
-    const wchar_t *name, *description, *enabled;
-    const wchar_t *startTime, *startDate, *endDate;
-    const wchar_t *kind, *flags; // one Y or N a day or a month
-    bool powerOn;
-    const wchar_t* scheme;                   // null: none
-    const wchar_t *powerOff, *idle, *sensor; // null: none
-    Task tasks[2];                           // null path: none
+    const wchar_t* name;
+    const wchar_t* description = L"";
+    const wchar_t* enabled = L"Yes";
+    const wchar_t* startTime;
+    const wchar_t *startDate = L"NULL", *endDate = L"NULL";
+    const wchar_t *kind = L"AST", *flags = L""; // one Y or N a day or a month
+    bool powerOn = false;
+    const wchar_t* scheme = nullptr;
+    const wchar_t *powerOff = nullptr, *idle = L"", *sensor = L"No";
+    Task tasks[2] = {}; // null path: none
 };
 
-// clang-format off
 constexpr Job kJobs[] = {
-    {L"Morning wake up", L"Ready before the office opens", L"Yes", L"07:45:00", L"NULL", L"NULL", L"Weekly", L"NYYYYYN", true, L"Balanced", nullptr, nullptr, nullptr, {}},
-    {L"Nightly backup", L"Copy the day's work & power off", L"Yes", L"22:30:00", L"NULL", L"NULL", L"AST", L"", true, nullptr, L"Shutdown", L"15", L"Yes",
-        {{L"C:\\Tools\\Backup\\BackupRunner.exe", L"/all /log:\"C:\\Logs\\night.txt\"", L"", L"23:59:00"}, {L"C:\\Tools\\cleanup.bat", L"", L"60", L"23:30:00"}}},
-    {L"Quarter closing", L"Reports on the first days of a quarter", L"No", L"06:15:30", L"01", L"05", L"Monthly", L"YNNYNNYNNYNN", true, L"Baseline", nullptr, nullptr, nullptr,
-        {{L"C:\\Reports\\quarter.exe", L"-year current", L"120", L"11:00:00"}}},
-    {L"Inventory", L"Once, for the yearly count", L"Yes", L"19:00:00", L"2027-03-15", L"2027-03-15", L"AST", L"", true, nullptr, L"Hibernate", L"45", L"No",
-        {{L"C:\\Tools\\inventory.exe", L"/full", L"", L"20:00:00"}}},
-    {L"Lunch standby", L"", L"Yes", L"12:30:00", L"NULL", L"NULL", L"Weekly", L"NYYYYYN", false, L"MaxPowerSaver", L"Standby", L"5", L"Yes", {}},
-    {L"Weekend power off", L"Nobody is in", L"Yes", L"18:30:00", L"NULL", L"NULL", L"Weekly", L"NNNNNYN", false, nullptr, L"Shutdown", L"30", L"No", {}},
-    {L"Sunday restart", L"", L"No", L"03:00:00", L"NULL", L"NULL", L"Weekly", L"YNNNNNN", true, nullptr, L"Restart", L"2", L"No", {}},
-    {L"Synchronise", L"Every day, each quarter of an hour", L"Yes", L"09:00:00", L"NULL", L"NULL", L"AST", L"", false, nullptr, nullptr, nullptr, nullptr,
-        {{L"C:\\Tools\\sync.exe", L"", L"15", L"17:00:00"}}},
-    {L"Summer scheme", L"Longer breaks from June to August", L"Yes", L"08:00:00", L"01", L"31", L"Monthly", L"NNNNNYYYNNNN", false, L"Office_Hours", nullptr, nullptr, nullptr, {}},
-    {L"Training day", L"Projector room", L"Yes", L"08:30:00", L"2027-02-01", L"2027-02-01", L"AST", L"", true, L"Minimum", L"Standby", L"360", L"Yes", {}},
+    {.name = L"Morning wake up",
+        .description = L"Ready before the office opens",
+        .startTime = L"07:45:00",
+        .kind = L"Weekly",
+        .flags = L"NYYYYYN",
+        .powerOn = true,
+        .scheme = L"Balanced"},
+    {.name = L"Nightly backup",
+        .description = L"Copy the day's work & power off",
+        .startTime = L"22:30:00",
+        .powerOn = true,
+        .powerOff = L"Shutdown",
+        .idle = L"15",
+        .sensor = L"Yes",
+        .tasks = {{L"C:\\Tools\\Backup\\BackupRunner.exe", L"/all /log:\"C:\\Logs\\night.txt\"", L"", L"23:59:00"},
+            {L"C:\\Tools\\cleanup.bat", L"", L"60", L"23:30:00"}}},
+    {.name = L"Quarter closing",
+        .description = L"Reports on the first days of a quarter",
+        .enabled = L"No",
+        .startTime = L"06:15:30",
+        .startDate = L"01",
+        .endDate = L"05",
+        .kind = L"Monthly",
+        .flags = L"YNNYNNYNNYNN",
+        .powerOn = true,
+        .scheme = L"Baseline",
+        .tasks = {{L"C:\\Reports\\quarter.exe", L"-year current", L"120", L"11:00:00"}}},
+    {.name = L"Inventory",
+        .description = L"Once, for the yearly count",
+        .startTime = L"19:00:00",
+        .startDate = L"2027-03-15",
+        .endDate = L"2027-03-15",
+        .powerOn = true,
+        .powerOff = L"Hibernate",
+        .idle = L"45",
+        .tasks = {{L"C:\\Tools\\inventory.exe", L"/full", L"", L"20:00:00"}}},
+    {.name = L"Lunch standby",
+        .startTime = L"12:30:00",
+        .kind = L"Weekly",
+        .flags = L"NYYYYYN",
+        .scheme = L"MaxPowerSaver",
+        .powerOff = L"Standby",
+        .idle = L"5",
+        .sensor = L"Yes"},
+    {.name = L"Weekend power off",
+        .description = L"Nobody is in",
+        .startTime = L"18:30:00",
+        .kind = L"Weekly",
+        .flags = L"NNNNNYN",
+        .powerOff = L"Shutdown",
+        .idle = L"30"},
+    {.name = L"Sunday restart",
+        .enabled = L"No",
+        .startTime = L"03:00:00",
+        .kind = L"Weekly",
+        .flags = L"YNNNNNN",
+        .powerOn = true,
+        .powerOff = L"Restart",
+        .idle = L"2"},
+    {.name = L"Synchronise",
+        .description = L"Every day, each quarter of an hour",
+        .startTime = L"09:00:00",
+        .tasks = {{L"C:\\Tools\\sync.exe", L"", L"15", L"17:00:00"}}},
+    {.name = L"Summer scheme",
+        .description = L"Longer breaks from June to August",
+        .startTime = L"08:00:00",
+        .startDate = L"01",
+        .endDate = L"31",
+        .kind = L"Monthly",
+        .flags = L"NNNNNYYYNNNN",
+        .scheme = L"Office_Hours"},
+    {.name = L"Training day",
+        .description = L"Projector room",
+        .startTime = L"08:30:00",
+        .startDate = L"2027-02-01",
+        .endDate = L"2027-02-01",
+        .powerOn = true,
+        .scheme = L"Minimum",
+        .powerOff = L"Standby",
+        .idle = L"360",
+        .sensor = L"Yes"},
 };
-constexpr RecordField kJobRecord[] = {{L"Name", Value::Name, {}}, {L"Description", Value::Text, {}}, {L"EnabledFlag", Value::YesNo, {}}};
-constexpr RecordField kScheduleRecord[] = {{L"StartTime", Value::Time, {}}, {L"StartDate", Value::Name, {}}, {L"EndDate", Value::Name, {}}};
+constexpr RecordField kJobRecord[]
+    = {{L"Name", Value::Name, {}}, {L"Description", Value::Text, {}}, {L"EnabledFlag", Value::YesNo, {}}};
+constexpr RecordField kScheduleRecord[]
+    = {{L"StartTime", Value::Time, {}}, {L"StartDate", Value::Name, {}}, {L"EndDate", Value::Name, {}}};
 constexpr RecordField kJobStart[] = {{L"JobStart", Value::Name, {}}};
 constexpr RecordField kPowerOn[] = {{L"PowerOn", Value::YesNo, {}}};
 constexpr RecordField kApplyScheme[] = {{L"ApplyScheme", Value::Name, {}}};
-constexpr RecordField kPowerOffRecord[] = {{L"type", Value::PowerOff, {}}, {L"idlefor", Value::Number, {}}, {L"AppSensor", Value::YesNo, {}}};
-constexpr RecordField kTaskRecord[] = {{L"Path", Value::Name, {}}, {L"Parameters", Value::Text, {}}, {L"RDelay", Value::Text, {}}, {L"REndTime", Value::Time, {}}};
-// clang-format on
+constexpr RecordField kPowerOffRecord[]
+    = {{L"type", Value::PowerOff, {}}, {L"idlefor", Value::Number, {}}, {L"AppSensor", Value::YesNo, {}}};
+constexpr RecordField kTaskRecord[] = {{L"Path", Value::Name, {}}, {L"Parameters", Value::Text, {}},
+    {L"RDelay", Value::Text, {}}, {L"REndTime", Value::Time, {}}};
 
 std::wstring Numbered(const wchar_t* stem, int number)
 {

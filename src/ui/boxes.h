@@ -24,7 +24,7 @@ struct Box {
 void Tell(HWND owner, const Box& box);
 void Tell(HWND owner, const Box& box, const std::wstring& text);
 
-// Shows a Yes/No box; true on Yes. Esc and the title bar count as No.
+// Shows a Yes/No box; true on Yes. Whatever else ends it (the end of the program) counts as No.
 [[nodiscard]] bool Ask(HWND owner, const Box& box);
 [[nodiscard]] bool Ask(HWND owner, const Box& box, const std::wstring& text);
 

@@ -267,6 +267,8 @@ void SetBarColour(HWND window, int id, COLORREF colour)
 {
     const HWND bar = ControlOf(window, id);
     SetWindowTheme(bar, L" ", L" "); // names no style; empty texts would mean the usual one
+    SetWindowLongPtrW(bar, GWL_STYLE, GetWindowLongPtrW(bar, GWL_STYLE) | WS_BORDER); // the style had drawn the frame
+    SetWindowPos(bar, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
     SendMessageW(bar, PBM_SETBARCOLOR, 0, static_cast<LPARAM>(colour));
 }
 

@@ -11,18 +11,18 @@ namespace voltaro {
 
 // What a control row creates. Styles, class names and Windows' oddities live in the interpreter, not in the rows.
 enum class Kind : std::uint8_t {
-    GroupBox, // a frame with a caption
+    GroupBox,        // a frame with a caption
     TabStopGroupBox, // the same, reachable by Tab
-    Label, // static text; also names the field that follows it for a screen reader
+    Label,           // static text; also names the field that follows it for a screen reader
     CentredLabel,
-    Edit, // one line, border, scrolls sideways
-    NumberEdit, // digits only
+    Edit,         // one line, border, scrolls sideways
+    NumberEdit,   // digits only
     PasswordEdit, // masked
-    PlainEdit, // read-only one line without border, scrolls sideways
+    PlainEdit,    // read-only one line without border, scrolls sideways
     CentredPlainEdit,
     MultiLineText, // read-only, wraps, no border
-    Combo, // drop-down list in the given order; the height is that of the opened list
-    SortedCombo, // drop-down list that sorts itself
+    Combo,         // drop-down list in the given order; the height is that of the opened list
+    SortedCombo,   // drop-down list that sorts itself
     CheckBox,
     Radio, // automatic; the first of a group carries kGroup
     Push,
@@ -43,9 +43,9 @@ enum class Kind : std::uint8_t {
 
 enum ControlFlags : std::uint8_t {
     kPlain = 0,
-    kHidden = 1, // created hidden
+    kHidden = 1,   // created hidden
     kDisabled = 2, // created disabled
-    kGroup = 4, // starts a group for the arrow keys
+    kGroup = 4,    // starts a group for the arrow keys
     kNoTabStop = 8,
     kRightAligned = 16, // labels
 };

@@ -35,7 +35,8 @@ consteval MenuItem SharedPopup(const wchar_t* text)
 [[nodiscard]] UniqueMenu BuildPopup(const MenuItem* rows, std::size_t count, HMENU shared = nullptr);
 void RemoveShared(HMENU menu, HMENU shared);
 
-// Greys or enables, checks or unchecks the item with that command id anywhere in the menu. Unknown ids are ignored.
+// Greys or enables, checks or unchecks the item with that command id anywhere in the menu. Unknown ids are ignored. An
+// item on the bar itself shows its new state after the window's DrawMenuBar.
 void EnableItem(HMENU menu, unsigned id, bool enabled);
 void CheckItem(HMENU menu, unsigned id, bool checked);
 [[nodiscard]] bool IsItemEnabled(HMENU menu, unsigned id);

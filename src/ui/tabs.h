@@ -19,7 +19,8 @@ void SetTabs(HWND tab, std::span<const TabPage> pages);
 // Shows the page at `index`, hides the others, selects its caption. Also called on TCN_SELCHANGE: TurnToSelected.
 void TurnTo(HWND tab, int index);
 void TurnToSelected(HWND tab);
-// One page on or back, wrapping; what Ctrl+Tab does. The page's first field gets the focus when the focus was on a page.
+// One page on or back, wrapping; what Ctrl+Tab does. The page's first field gets the focus when the focus was on a
+// page.
 void TurnBy(HWND tab, int step);
 [[nodiscard]] int SelectedTab(HWND tab);
 

@@ -90,21 +90,6 @@ TEST(Controls, TabKeyStopsWhereAUserExpects)
     }
 }
 
-TEST(Controls, FlagsHideDisableAndKeepOutOfTheTabOrder)
-{
-    constexpr Control kRows[] = {
-        {Kind::Push, 1, L"a", 0, 0, 50, 20, kHidden},
-        {Kind::Push, 2, L"b", 0, 30, 50, 20, kDisabled},
-        {Kind::Push, 3, L"c", 0, 60, 50, 20, kNoTabStop},
-        {Kind::Push, 4, L"d", 0, 90, 50, 20},
-    };
-    const TestWindow window;
-    CreateControls(window.Get(), kRows, WindowFont());
-    EXPECT_FALSE(IsWindowVisible(ControlOf(window.Get(), 1)));
-    EXPECT_FALSE(IsWindowEnabled(ControlOf(window.Get(), 2)));
-    EXPECT_EQ(GetDlgCtrlID(GetNextDlgTabItem(window.Get(), nullptr, FALSE)), 4);
-}
-
 TEST(Controls, AChosenRadioClearsItsOwnGroupOnly)
 {
     constexpr Control kRows[] = {

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "console/state.h"
+#include "simulator/server.h"
+#include "ui/boxes.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace voltaro {
+
+// The whole program in a test: all 29 windows created hidden, against a simulated agent in a thread of its own. Waits
+// are shortened (a transport second lasts 20 ms). Nothing is loaded until Load. Everything is as it was before when it
+// is gone, so each test may make its own. No workers and no tray icon unless a test starts them.
+class ConsoleProgram {
+public:
+    explicit ConsoleProgram(const simulator::Scenario& scenario = simulator::DefaultScenario());
+    ~ConsoleProgram();
+    ConsoleProgram(const ConsoleProgram&) = delete;
+    ConsoleProgram& operator=(const ConsoleProgram&) = delete;
+
+    // The first connection check and load, as start-up runs it.
+    void Load();
+    [[nodiscard]] simulator::AgentServer& Agent() { return m_agent; }
+
+    // Sends a command as a click or a menu choice does, or a control's notification, and serves what follows.
+    void Command(WindowId window, int id, int notification = 0);
+    // Puts text into an edit as typing or pasting does (the window hears of the change).
+    void Type(WindowId window, int id, std::wstring_view text);
+    // Chooses an entry of a combo box by its text and tells the window.
+    void Choose(WindowId window, int id, std::wstring_view entry);
+
+    // The names of the operations that the agent received since the last call, in order.
+    [[nodiscard]] std::vector<std::wstring> TakeOperations();
+    // The last request of that operation as the agent received it, its identifier replaced by "{ID}"; empty when there
+    // was none. Line ends are as on the wire.
+    [[nodiscard]] std::wstring LastRequest(std::wstring_view operation);
+
+private:
+    simulator::AgentServer m_agent;
+    BoxDoor m_door;
+};
+
+} // namespace voltaro
