@@ -75,7 +75,7 @@ TEST(ProxySettingsTest, ChecksOnlyWhatIsUsed)
     };
     for (const auto& row : kRows) {
         ProxySettings edited{row.proxy, row.server, row.port, row.authentication, row.user, L"", L"No"};
-        EXPECT_EQ(CheckProxySettings(edited), row.fault) << row.server << L' ' << row.port;
+        EXPECT_EQ(CheckProxySettings(edited), row.fault) << row.server << L"|" << row.port;
         EXPECT_EQ(edited.port, row.sent);
     }
     for (const auto& row : kPorts) {
@@ -116,7 +116,7 @@ TEST(SnoozeSettingsTest, AnAlertThatIsOffHasFixedTimes)
         edited.schedulerAlert = row.scheduler;
         EXPECT_EQ(CompleteSnoozeSettings(edited), kNoFault);
         const SnoozeSettings expected{row.idle, row.scheduler, row.idleMinutes, row.schedulerMinutes, row.snooze};
-        EXPECT_TRUE(edited == expected) << row.idle << row.scheduler;
+        EXPECT_TRUE(edited == expected) << row.idle << L"|" << row.scheduler;
     }
 }
 
