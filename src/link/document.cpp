@@ -197,6 +197,24 @@ std::optional<Element> ReadDocument(IXMLDOMDocument* document)
     return element;
 }
 
+// The document of an answer's text; null when it is refused or cannot be loaded.
+Document LoadAnswer(std::wstring_view text)
+{
+    if (DeclaresDocumentType(text)) {
+        LogFault("loadXML", "an answer with a document type is refused");
+        return nullptr;
+    }
+    const Document document = DomCreate();
+    VARIANT_BOOL loaded = VARIANT_FALSE;
+    if (!document || !Succeeded(document->loadXML(Bstr(text).Get(), &loaded), "", "pXMLDom->loadXML(bstr, &status)"))
+        return nullptr;
+    if (loaded != VARIANT_TRUE) {
+        ReportParseError(document.Get(), "an answer is not well-formed: ");
+        return nullptr;
+    }
+    return document;
+}
+
 } // namespace
 
 ComApartment::ComApartment()
@@ -215,22 +233,14 @@ ComApartment::~ComApartment()
 std::optional<Element> ParseAnswer(const wchar_t* text)
 {
     const ComApartment com;
-    const std::wstring_view view(text);
-    if (DeclaresDocumentType(view)) {
-        LogFault("loadXML", "an answer with a document type is refused");
-        return std::nullopt;
-    }
-    const Document document = DomCreate();
-    if (!document)
-        return std::nullopt;
-    VARIANT_BOOL loaded = VARIANT_FALSE;
-    if (!Succeeded(document->loadXML(Bstr(view).Get(), &loaded), "", "pXMLDom->loadXML(bstr, &status)"))
-        return std::nullopt;
-    if (loaded != VARIANT_TRUE) {
-        ReportParseError(document.Get(), "an answer is not well-formed: ");
-        return std::nullopt;
-    }
-    return ReadDocument(document.Get());
+    const Document document = LoadAnswer(text);
+    return document ? ReadDocument(document.Get()) : std::nullopt;
+}
+
+bool LoadOnly(const wchar_t* text)
+{
+    const ComApartment com;
+    return LoadAnswer(text) != nullptr;
 }
 
 std::optional<Element> ParseFile(const std::wstring& path, const char* module)
