@@ -165,7 +165,7 @@ std::size_t PrivateBytes(const UniqueHandle& process)
 {
     PROCESS_MEMORY_COUNTERS_EX memory{};
     GetProcessMemoryInfo(process.Get(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
-    return memory.PrivateUsage;
+    return memory.PrivateUsage ? memory.PrivateUsage : memory.PagefileUsage;
 }
 
 bool HasAnswered(simulator::AgentServer& agent, const wchar_t* operation)
