@@ -1,6 +1,12 @@
 #include "shell/openings.h"
 
 #include "console/state.h"
+#include "settings/access_control_window.h"
+#include "settings/battery_window.h"
+#include "settings/device_control_window.h"
+#include "settings/proxy_window.h"
+#include "settings/snooze_window.h"
+#include "settings/system_info_window.h"
 #include "shell/main_commands.h"
 
 namespace voltaro {
@@ -20,13 +26,13 @@ struct Opening {
 // clang-format off
 constexpr Opening kOpenings[] = {
     {kPowerScheme,   ShowEmpty<WindowId::Scheme>},
-    {kPorts,         ShowEmpty<WindowId::AccessControl>},
-    {kProxy,         ShowEmpty<WindowId::Proxy>},
-    {kSecurity,      ShowEmpty<WindowId::DeviceControl>},
+    {kPorts,         OpenAccessControlWindow},
+    {kProxy,         OpenProxyWindow},
+    {kSecurity,      OpenDeviceControlWindow},
     {kJobScheduler,  ShowEmpty<WindowId::JobList>},
-    {kSnooze,        ShowEmpty<WindowId::Snooze>},
-    {kSystemInfo,    ShowEmpty<WindowId::SystemInfo>},
-    {kBatteryInfo,   ShowEmpty<WindowId::Battery>},
+    {kSnooze,        OpenSnoozeWindow},
+    {kSystemInfo,    OpenSystemInfoWindow},
+    {kBatteryInfo,   OpenBatteryWindow},
     {kSavingsReport, ShowEmpty<WindowId::Savings>},
     {kUpdate,        ShowEmpty<WindowId::Update>},
     {kActivate,      ShowEmpty<WindowId::Activation>},

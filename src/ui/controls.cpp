@@ -49,6 +49,7 @@ constexpr Shape kShapes[] = {
     {Kind::Trackbar,          TRACKBAR_CLASSW,    WS_TABSTOP | TBS_HORZ | TBS_AUTOTICKS,            0},
     {Kind::Progress,          PROGRESS_CLASSW,    0,                                                0},
     {Kind::SmoothProgress,    PROGRESS_CLASSW,    PBS_SMOOTH,                                       0},
+    {Kind::BusyBar,           PROGRESS_CLASSW,    PBS_MARQUEE,                                      0},
     {Kind::ListView,          WC_LISTVIEWW,       kList,                                            0},
     {Kind::Tab,               WC_TABCONTROLW,     WS_TABSTOP | WS_CLIPSIBLINGS,                     0},
     {Kind::TimePicker,        DATETIMEPICK_CLASSW, WS_TABSTOP | DTS_TIMEFORMAT,                     0},
