@@ -1,6 +1,7 @@
 #include "shell/openings.h"
 
 #include "console/state.h"
+#include "scheduler/job_list_window.h"
 #include "shell/main_commands.h"
 
 namespace voltaro {
@@ -23,7 +24,7 @@ constexpr Opening kOpenings[] = {
     {kPorts,         ShowEmpty<WindowId::AccessControl>},
     {kProxy,         ShowEmpty<WindowId::Proxy>},
     {kSecurity,      ShowEmpty<WindowId::DeviceControl>},
-    {kJobScheduler,  ShowEmpty<WindowId::JobList>},
+    {kJobScheduler,  OpenJobListWindow},
     {kSnooze,        ShowEmpty<WindowId::Snooze>},
     {kSystemInfo,    ShowEmpty<WindowId::SystemInfo>},
     {kBatteryInfo,   ShowEmpty<WindowId::Battery>},

@@ -36,7 +36,7 @@ ScheduledJob Job(const std::wstring& name)
     return job;
 }
 
-void ExpectBothWays(const JobList& jobs, const std::wstring& line)
+void ExpectBothWays(const ScheduledJobs& jobs, const std::wstring& line)
 {
     const Element details = BuildJobList(jobs);
     EXPECT_EQ(Line(details), L"details[" + line + L"]");
@@ -104,7 +104,7 @@ TEST(JobDocumentTest, SmallListsBothWays)
 
 TEST(JobDocumentTest, TenJobsOfSevenTasksAndNoMore)
 {
-    JobList jobs;
+    ScheduledJobs jobs;
     std::wstring line;
     for (const std::wstring n : {L"1", L"2", L"3", L"4", L"5", L"6", L"7", L"8", L"9", L"10"}) {
         jobs.push_back(Job(n));
@@ -148,7 +148,7 @@ Element& At(Element& element, std::initializer_list<std::size_t> way)
 }
 
 // A list in short: each job's name, start time and number of chosen week days, then its tasks.
-std::wstring Short(const JobList& jobs)
+std::wstring Short(const ScheduledJobs& jobs)
 {
     std::wstring text;
     for (const ScheduledJob& job : jobs) {
