@@ -27,8 +27,8 @@ constexpr Control kControls[] = {
     {Kind::Label,       kNoId,         L"Upon Idleness Of :",                   42, 113, 212,  18},
     {Kind::Combo,       kIdleness,     L"",                                    262, 109, 150, 240},
     {Kind::CheckBox,    kSensor,       L"Enable Application Sensor Policy ",    42, 139, 300,  22},
-    {Kind::Label,       kNoId,         L"**  Power Off option will be tried after specified idleness duration, in case the system is not idle at the scheduled time", 10, 176, 700, 34},
-    {Kind::Label,       kNoId,         L"and also this condition is applicable only on systems where snooze settings is not set.", 10, 211, 700, 18},
+    {Kind::Label,       kNoId,         L"**  Power Off option will be tried after specified idleness duration, in case the system is not idle at the scheduled time", 10, 177, 700, 18},
+    {Kind::Label,       kNoId,         L"and also this condition is applicable only on systems where snooze settings is not set.", 10, 196, 700, 18},
 };
 // clang-format on
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, 717, 236));

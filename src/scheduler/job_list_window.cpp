@@ -63,8 +63,8 @@ constexpr Control kControls[] = {
 };
 
 constexpr Column kColumns[] = {
-    {L"Scheduled Job Names", 132}, {L"Description", 132}, {L"Start Time", 70}, {L"Scheduled Type", 124},
-    {L"No.Of EXEs", 78}, {L"Power Off", 68}, {L"Upon Idleness of", 104},
+    {L"Scheduled Job Names", 136}, {L"Description", 100}, {L"Start Time", 74}, {L"Scheduled Type", 134},
+    {L"No.Of EXEs", 82}, {L"Power Off", 68}, {L"Upon Idleness of", 114},
 };
 // clang-format on
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, 744, 521));
@@ -285,6 +285,8 @@ void OnCreate(HWND window)
     SendMessageW(ControlOf(window, kHost), EM_SETREADONLY, TRUE, 0);
     SetText(window, kTitle, kTitleText + ComputerName());
     SetText(window, kHost, ComputerName());
+    // Seven columns find room side by side in smaller letters only.
+    SendMessageW(ListOf(window), WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(13, 400)), FALSE);
     SetColumns(ListOf(window), kColumns);
     SetRowTips(ListOf(window), TipOf);
 }
@@ -310,8 +312,11 @@ void OpenJobListWindow(HWND main)
 {
     const HWND window = Window();
     const HWND editor = WindowOf(WindowId::JobEditor);
-    if (!IsWindowVisible(window) && !session.IsChanged() && !LoadJobs(window, main))
-        return;
+    if (!IsWindowVisible(window) && !session.IsChanged()) {
+        SelectRow(ListOf(window), -1);
+        if (!LoadJobs(window, main))
+            return;
+    }
     const bool editing = IsWindowVisible(editor) != FALSE;
     EnableWindow(window, !editing);
     ShowWindow(window, SW_SHOWNORMAL);
