@@ -280,6 +280,7 @@ constexpr Command kCommands[] = {
 
 void OnCreate(HWND window)
 {
+    session = {};
     CreateControls(window, kControls, WindowFont());
     SendMessageW(ControlOf(window, kTitle), WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(18, 500)), FALSE);
     SendMessageW(ControlOf(window, kHost), EM_SETREADONLY, TRUE, 0);

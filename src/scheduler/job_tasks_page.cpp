@@ -31,7 +31,7 @@ constexpr Control kControls[] = {
     {Kind::Label,      kNoId,       L"End Time :",                              10,  66, 180,  18},
     {Kind::TimePicker, kEndTime,    L"",                                       194,  62, 120,  24},
     {Kind::CheckBox,   kRepeat,     L"Repeat Interval :",                      350,  63, 130,  22},
-    {Kind::Combo,      kInterval,   L"",                                       484,  62, 120, 240, kPlain, L"Repeat Interval :"},
+    {Kind::Combo,      kInterval,   L"",                                       484,  62, 120, 240, kPlain, L"Length of the repeat interval"},
     {Kind::Push,       kAdd,        L"Add Task",                               614,   4,  95,  25, kGroup},
     {Kind::Push,       kUpdate,     L"Update Task",                            614,  33,  95,  25},
     {Kind::Push,       kDelete,     L"Delete",                                 614,  62,  95,  25},

@@ -1,24 +1,12 @@
 #include "scheduler/job_document.h"
 
 #include "base/text.h"
+#include "support/element_line.h"
 
 #include <gtest/gtest.h>
 
 namespace voltaro {
 namespace {
-
-// A tree on one line: "name=text" for a text, "name[child child]" for an element that holds elements. A text is shown
-// as it is.
-std::wstring Line(const Element& element)
-{
-    const bool empty = element.name == L"details" || element.name.starts_with(L"RunTask");
-    if (element.children.empty() && !empty)
-        return element.name + L"=" + element.text;
-    std::wstring line = element.name + L"[";
-    for (const Element& child : element.children)
-        line += (line.back() == L'[' ? L"" : L" ") + Line(child);
-    return line + L"]";
-}
 
 // A job's line, of its number, its name, the schedule after the start time and the actions.
 std::wstring JobLine(
