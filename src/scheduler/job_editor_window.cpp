@@ -150,12 +150,7 @@ void ShowKind(HWND window, ScheduleKind kind)
     for (const Face& face : kFaces) {
         if (face.radio != kNoId)
             SetChecked(window, face.radio, face.kind == kind);
-        if (face.kind != kind)
-            Show(window, face.controls, false);
-    }
-    for (const Face& face : kFaces) {
-        if (face.kind == kind)
-            Show(window, face.controls, true);
+        Show(window, face.controls, face.kind == kind);
     }
 }
 
@@ -171,7 +166,7 @@ void CollectFlags(HWND window, int first, std::span<bool> flags)
         flags[i] = IsChecked(window, first + static_cast<int>(i));
 }
 
-// The parts of the other kinds start fresh: this month's days, today.
+// What belongs to the kinds that the job does not have starts afresh: today, no day, the whole month.
 void ShowSchedule(HWND window, const ScheduledJob& job)
 {
     std::vector<std::wstring> days;
@@ -325,12 +320,10 @@ void OnCreate(HWND window)
     LimitText(window, kDescription, decltype(ScheduledJob::description)::kCapacity);
 }
 
-LRESULT OnNotify(HWND window, const NMHDR& notice)
+void OnNotify(const NMHDR& notice)
 {
     if (notice.idFrom == kTabs && notice.code == static_cast<UINT>(TCN_SELCHANGE))
         TurnToSelected(notice.hwndFrom);
-    static_cast<void>(window);
-    return 0;
 }
 
 } // namespace
@@ -361,7 +354,7 @@ LRESULT CALLBACK JobEditorWindowProc(HWND window, UINT message, WPARAM w, LPARAM
         if (Dispatch(kCommands, window, w))
             return 0;
         break;
-    case WM_NOTIFY: return OnNotify(window, *reinterpret_cast<const NMHDR*>(l));
+    case WM_NOTIFY: OnNotify(*reinterpret_cast<const NMHDR*>(l)); return 0;
     case WM_HELP: OpenHelp(window, kHelpPage); return TRUE;
     case WM_CLOSE: OnCancel(window); return 0;
     default: break;

@@ -35,8 +35,8 @@ constexpr Control kControls[] = {
     {Kind::Push,       kAdd,        L"Add Task",                               614,   4,  95,  25, kGroup},
     {Kind::Push,       kUpdate,     L"Update Task",                            614,  33,  95,  25},
     {Kind::Push,       kDelete,     L"Delete",                                 614,  62,  95,  25},
-    {Kind::GroupBox,   kNoId,       L"Scheduled Task List",                      8,  90, 700, 107},
-    {Kind::ListView,   kTasks,      L"",                                        16, 109, 684,  80, kPlain, L"Scheduled Task List"},
+    {Kind::GroupBox,   kNoId,       L"Scheduled Task List",                      8,  88, 700, 110},
+    {Kind::ListView,   kTasks,      L"",                                        16, 105, 684,  88, kPlain, L"Scheduled Task List"},
     {Kind::Label,      kNoId,       L"a) If entered path is not found, then the .exe/.bat file is neglected for execution.", 10, 200, 700, 17},
     {Kind::Label,      kNoId,       L"b) To modify the entered .exe/.bat details, double click that entry in the above list.", 10, 217, 700, 17},
 };
