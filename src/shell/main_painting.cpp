@@ -1,3 +1,4 @@
+#include "base/computer_name.h"
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/state.h"
@@ -89,12 +90,8 @@ int LicencePicture()
 
 std::wstring HostLineText()
 {
-    if (state.connected) {
-        wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-        DWORD size = static_cast<DWORD>(std::size(name));
-        GetComputerNameW(name, &size);
-        return std::wstring(L"Hostname :") + name;
-    }
+    if (state.connected)
+        return L"Hostname :" + ComputerName();
     return state.detailsAnswered ? L"Initializing, please wait .." : L"Not initialized.";
 }
 

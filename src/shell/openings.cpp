@@ -1,6 +1,7 @@
 #include "shell/openings.h"
 
 #include "console/state.h"
+#include "scheduler/job_list_window.h"
 #include "settings/access_control_window.h"
 #include "settings/battery_window.h"
 #include "settings/device_control_window.h"
@@ -29,7 +30,7 @@ constexpr Opening kOpenings[] = {
     {kPorts,         OpenAccessControlWindow},
     {kProxy,         OpenProxyWindow},
     {kSecurity,      OpenDeviceControlWindow},
-    {kJobScheduler,  ShowEmpty<WindowId::JobList>},
+    {kJobScheduler,  OpenJobListWindow},
     {kSnooze,        OpenSnoozeWindow},
     {kSystemInfo,    OpenSystemInfoWindow},
     {kBatteryInfo,   OpenBatteryWindow},

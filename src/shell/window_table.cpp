@@ -1,6 +1,10 @@
 #include "shell/window_table.h"
 
 #include "resources/resource_ids.h"
+#include "scheduler/job_actions_page.h"
+#include "scheduler/job_editor_window.h"
+#include "scheduler/job_list_window.h"
+#include "scheduler/job_tasks_page.h"
 #include "settings/access_control_window.h"
 #include "settings/battery_window.h"
 #include "settings/device_control_window.h"
@@ -47,10 +51,10 @@ constexpr ClassRow kClasses[] = {
     {L"AdvProSpdClass",         0,                  EmptyWindowProc, L"AdvProSpdTab Window Registration Failed"},
     {L"AdvAppCtrlClass",        0,                  EmptyWindowProc, L"AdvAppCtrl Window Registration Failed"},
     {L"AdvAppCtrlSetClass",     IDM_RULE,           EmptyWindowProc, L"AdvAppCtrlSettings Window Registration Failed"},
-    {L"SchedulerMClass",        0,                  EmptyWindowProc, L"Scheduler Window Registration Failed"},
-    {L"SchedulerJobClass",      0,                  EmptyWindowProc, L"Scheduler Job window Registration Failed"},
-    {L"SchdJobTab1Class",       0,                  EmptyWindowProc, L"Scheduler Job Tab1 Window Registration Failed"},
-    {L"SchdJobTab2Class",       0,                  EmptyWindowProc, L"Scheduler Job Tab2 Window Registration Failed"},
+    {L"SchedulerMClass",        0,                  JobListWindowProc, L"Scheduler Window Registration Failed"},
+    {L"SchedulerJobClass",      0,                  JobEditorWindowProc, L"Scheduler Job window Registration Failed"},
+    {L"SchdJobTab1Class",       0,                  JobActionsPageProc, L"Scheduler Job Tab1 Window Registration Failed"},
+    {L"SchdJobTab2Class",       0,                  JobTasksPageProc, L"Scheduler Job Tab2 Window Registration Failed"},
     {L"DeviceControlWClass",    0,                  DeviceControlWindowProc, L"Voltaro System Security Window Registration Failed"},
     {L"ConfigWClass",           IDM_ACCESS_CONTROL, AccessControlWindowProc, L"Config Window Registration Failed"},
     {L"BatteryWClass",          IDM_BATTERY,        BatteryWindowProc, L"Battery Window Registration Failed"},
