@@ -1,6 +1,7 @@
 #include "shell/openings.h"
 
 #include "console/state.h"
+#include "savings/savings_window.h"
 #include "shell/main_commands.h"
 
 namespace voltaro {
@@ -27,7 +28,7 @@ constexpr Opening kOpenings[] = {
     {kSnooze,        ShowEmpty<WindowId::Snooze>},
     {kSystemInfo,    ShowEmpty<WindowId::SystemInfo>},
     {kBatteryInfo,   ShowEmpty<WindowId::Battery>},
-    {kSavingsReport, ShowEmpty<WindowId::Savings>},
+    {kSavingsReport, OpenSavingsWindow},
     {kUpdate,        ShowEmpty<WindowId::Update>},
     {kActivate,      ShowEmpty<WindowId::Activation>},
 };
