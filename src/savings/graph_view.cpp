@@ -40,8 +40,16 @@ constexpr struct {
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, kPageWidth, kPageHeight));
 
 constexpr COLORREF kPlotColour = RGB(252, 252, 252);
+constexpr COLORREF kFrameColour = RGB(160, 160, 160);
 
 bool copyNoteShown = false;
+
+// The page as it was painted last. A repaint is one copy of it, however much there is to draw.
+struct PagePicture {
+    UniqueBitmap bitmap;
+    COLORREF face = 0; // the user may change the system's colours
+};
+PagePicture picture;
 
 RECT RectOf(const GraphBox& box)
 {
@@ -85,19 +93,45 @@ void DrawPlot(HDC dc, const GraphLayout& layout)
     DrawBox(dc, {lowest.x1, 0, lowest.x2, lowest.y1 + 1}, kPlotColour);
 }
 
+// The list's own border would take the width that its columns need.
+void DrawListFrame(HDC dc)
+{
+    const Control& list = kControls[0];
+    const RECT frame{list.x - 1, list.y - 1, list.x + list.width + 1, list.y + list.height + 1};
+    FrameRect(dc, &frame, BrushOf(kFrameColour));
+}
+
 void DrawPage(HDC dc)
 {
     if (!shownDay)
         return DrawNoDay(dc);
     DrawGraph(dc, shownDay->graph);
+    DrawListFrame(dc);
     if (copyNoteShown)
         DrawTextAt(dc, kCopyNote.x, kCopyNote.y, kCopyNote.text, FontOf(12, FW_NORMAL), kTextGreen);
 }
 
+HBITMAP CurrentPicture()
+{
+    const COLORREF face = GetSysColor(COLOR_3DFACE);
+    if (!picture.bitmap || picture.face != face)
+        picture = {RenderBitmap(
+                       kPageWidth, kPageHeight, [](HDC dc, void*) { DrawPage(dc); }, nullptr),
+            face};
+    return picture.bitmap.Get();
+}
+
+void DrawAnew(HWND window)
+{
+    picture = {};
+    InvalidateRect(window, nullptr, FALSE);
+}
+
 // The whole page without the note, for the clipboard: the list prints itself at its place.
-void DrawPicture(HDC dc, void* page)
+void DrawWithList(HDC dc, void* page)
 {
     DrawGraph(dc, shownDay->graph);
+    DrawListFrame(dc);
     const HWND list = ControlOf(static_cast<HWND>(page), kDurations);
     POINT origin;
     SetViewportOrgEx(dc, kControls[0].x, kControls[0].y, &origin);
@@ -111,15 +145,15 @@ void ShowCopyNote(HWND window, bool shown)
     KillTimer(window, kCopyNoteTimer);
     if (shown)
         SetTimer(window, kCopyNoteTimer, kCopyNoteMs, nullptr);
-    InvalidateRect(window, nullptr, FALSE);
+    DrawAnew(window);
 }
 
 void OnCopyPicture(HWND window)
 {
     if (!shownDay)
         return;
-    const UniqueBitmap picture = RenderBitmap(kPageWidth, kPageHeight, &DrawPicture, window);
-    ShowCopyNote(window, CopyToClipboard(window, picture.Get()));
+    const UniqueBitmap copy = RenderBitmap(kPageWidth, kPageHeight, &DrawWithList, window);
+    ShowCopyNote(window, CopyToClipboard(window, copy.Get()));
 }
 
 std::vector<AreaTip> SegmentTips()
@@ -137,15 +171,12 @@ std::vector<AreaTip> SegmentTips()
 LRESULT OnCreate(HWND window)
 {
     CreateControls(window, kControls, WindowFont());
-    PrepareReportList(ControlOf(window, kDurations), kColumns);
-    copyNoteShown = false;
+    const HWND list = ControlOf(window, kDurations);
+    PrepareReportList(list, kColumns);
+    SetWindowLongPtrW(list, GWL_STYLE, GetWindowLongPtrW(list, GWL_STYLE) & ~static_cast<LONG_PTR>(WS_BORDER));
+    SetWindowPos(list, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    ShowCopyNote(window, false);
     return 0;
-}
-
-void OnPaint(HWND window)
-{
-    const Canvas canvas(window);
-    DrawPage(canvas.Dc());
 }
 
 LRESULT OnPrint(HWND window, WPARAM w, LPARAM l)
@@ -190,7 +221,7 @@ LRESULT CALLBACK GraphPageProc(HWND window, UINT message, WPARAM w, LPARAM l)
     switch (message) {
     case WM_CREATE: return OnCreate(window);
     case WM_ERASEBKGND: return 1;
-    case WM_PAINT: OnPaint(window); return 0;
+    case WM_PAINT: Canvas(window, CurrentPicture()); return 0;
     case WM_PRINTCLIENT: return OnPrint(window, w, l);
     case WM_RBUTTONUP: OnCopyPicture(window); return 0;
     case WM_TIMER: ShowCopyNote(window, false); return 0;

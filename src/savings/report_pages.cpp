@@ -41,7 +41,7 @@ struct ReportPage {
 
 // clang-format off
 constexpr Heading kTitle = {20, 15, L"Power Calculations for VLT Events of Date:"};
-constexpr int kDateX = 345;
+constexpr int kDateX = 300;
 
 constexpr Heading kTotalHeadings[] = {
     {20,  62, L"System's Total Power Consumption Details:"},
@@ -51,8 +51,8 @@ constexpr Control kTotalControls[] = {
     {Kind::ListView, kUpperList, L"Events Graph List01", 20,  88, 630, 162, kHidden, kTotalHeadings[0].text},
     {Kind::ListView, kLowerList, L"Events Graph List02", 20, 310, 630,  90, kHidden, kTotalHeadings[1].text},
 };
-constexpr Column kTotalWidths[] = {{kTotalColumns[0].data(), 430}, {kTotalColumns[1].data(), 180}};
-constexpr Column kEmissionWidths[] = {{kEmissionColumns[0].data(), 430}, {kEmissionColumns[1].data(), 180}};
+constexpr Column kTotalWidths[] = {{kTotalColumns[0].data(), 430}, {kTotalColumns[1].data(), 198}};
+constexpr Column kEmissionWidths[] = {{kEmissionColumns[0].data(), 430}, {kEmissionColumns[1].data(), 198}};
 constexpr ReportList kTotalLists[] = {
     {kUpperList, kTotalWidths,    [](const ShownDay& s) { return TotalRows(s.report.durations, s.figures); }},
     {kLowerList, kEmissionWidths, [](const ShownDay& s) { return EmissionRows(s.figures); }},
@@ -67,11 +67,11 @@ constexpr Control kEstimateControls[] = {
     {Kind::ListView, kLowerList, L"Events Graph List2", 20, 274, 630, 180, kHidden, kEstimateHeadings[1].text},
 };
 constexpr Column kEstimateWidths[] = {
-    {kEstimateColumns[0].data(), 280}, {kEstimateColumns[1].data(), 165}, {kEstimateColumns[2].data(), 165},
+    {kEstimateColumns[0].data(), 280}, {kEstimateColumns[1].data(), 174}, {kEstimateColumns[2].data(), 174},
 };
 constexpr Column kIdlePatternWidths[] = {
     {kIdlePatternColumns[0].data(), 180}, {kIdlePatternColumns[1].data(), 100},
-    {kIdlePatternColumns[2].data(), 165}, {kIdlePatternColumns[3].data(), 165},
+    {kIdlePatternColumns[2].data(), 174}, {kIdlePatternColumns[3].data(), 174},
 };
 constexpr ReportList kEstimateLists[] = {
     {kUpperList, kEstimateWidths,    [](const ShownDay& s) { return EstimateRows(s.report.durations, s.figures); }},
