@@ -127,7 +127,7 @@ void DrawAnew(HWND window)
     InvalidateRect(window, nullptr, FALSE);
 }
 
-// The whole page without the note, for the clipboard: the list prints itself at its place.
+// The whole page without the note, for the clipboard: the list and its header print themselves at their place.
 void DrawWithList(HDC dc, void* page)
 {
     DrawGraph(dc, shownDay->graph);
@@ -135,7 +135,8 @@ void DrawWithList(HDC dc, void* page)
     const HWND list = ControlOf(static_cast<HWND>(page), kDurations);
     POINT origin;
     SetViewportOrgEx(dc, kControls[0].x, kControls[0].y, &origin);
-    SendMessageW(list, WM_PRINT, reinterpret_cast<WPARAM>(dc), PRF_NONCLIENT | PRF_CLIENT | PRF_CHILDREN);
+    for (const HWND part : {list, ListView_GetHeader(list)})
+        SendMessageW(part, WM_PRINT, reinterpret_cast<WPARAM>(dc), PRF_ERASEBKGND | PRF_CLIENT);
     SetViewportOrgEx(dc, origin.x, origin.y, nullptr);
 }
 
