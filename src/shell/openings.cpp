@@ -1,6 +1,7 @@
 #include "shell/openings.h"
 
 #include "console/state.h"
+#include "savings/savings_window.h"
 #include "scheduler/job_list_window.h"
 #include "settings/access_control_window.h"
 #include "settings/battery_window.h"
@@ -34,7 +35,7 @@ constexpr Opening kOpenings[] = {
     {kSnooze,        OpenSnoozeWindow},
     {kSystemInfo,    OpenSystemInfoWindow},
     {kBatteryInfo,   OpenBatteryWindow},
-    {kSavingsReport, ShowEmpty<WindowId::Savings>},
+    {kSavingsReport, OpenSavingsWindow},
     {kUpdate,        ShowEmpty<WindowId::Update>},
     {kActivate,      ShowEmpty<WindowId::Activation>},
 };

@@ -1,6 +1,10 @@
 #include "shell/window_table.h"
 
 #include "resources/resource_ids.h"
+#include "savings/graph_view.h"
+#include "savings/profile_window.h"
+#include "savings/report_pages.h"
+#include "savings/savings_window.h"
 #include "scheduler/job_actions_page.h"
 #include "scheduler/job_editor_window.h"
 #include "scheduler/job_list_window.h"
@@ -63,11 +67,11 @@ constexpr ClassRow kClasses[] = {
     {L"SysInfoOSClass",         0,                  SystemInfoPageProc<WindowId::SystemInfoOs>, L"SysinfoTabOS Window Registration Failed"},
     {L"SysInfoNetworkClass",    0,                  SystemInfoPageProc<WindowId::SystemInfoNetwork>, L"SysinfoTabNetwork Window Registration Failed"},
     {L"SysInfoDiskInfoClass",   0,                  SystemInfoPageProc<WindowId::SystemInfoDisks>, L"SysinfoTabDiskInfo Window Registration Failed"},
-    {L"EventGraphClass",        0,                  EmptyWindowProc, L"Event Graph Window Registration Failed"},
-    {L"EveGraphTab0Class",      0,                  EmptyWindowProc, L"EveGraphTab0 Window Registration Failed"},
-    {L"EveGraphTab1Class",      0,                  EmptyWindowProc, L"EveGraphTab1 Window Registration Failed"},
-    {L"EveGraphTab2Class",      0,                  EmptyWindowProc, L"EveGraphTab2 Window Registration Failed"},
-    {L"EveGraphSettingsWClass", 0,                  EmptyWindowProc, L"Event Graph Settings Window Registration Failed"},
+    {L"EventGraphClass",        0,                  SavingsWindowProc, L"Event Graph Window Registration Failed"},
+    {L"EveGraphTab0Class",      0,                  TotalsPageProc, L"EveGraphTab0 Window Registration Failed"},
+    {L"EveGraphTab1Class",      0,                  EstimatesPageProc, L"EveGraphTab1 Window Registration Failed"},
+    {L"EveGraphTab2Class",      0,                  GraphPageProc, L"EveGraphTab2 Window Registration Failed"},
+    {L"EveGraphSettingsWClass", 0,                  ProfileWindowProc, L"Event Graph Settings Window Registration Failed"},
     {L"ActivateWClass",         0,                  EmptyWindowProc, L"Voltaro Activation Window Registration Failed"},
     {L"CheckUpdateWClass",      0,                  EmptyWindowProc, L"Voltaro Update Check Window Registration Failed"},
     {L"ProxySetWClass",         IDM_PROXY,          ProxyWindowProc, L"Voltaro Proxy Settings Window Registration Failed"},
