@@ -1,6 +1,7 @@
 #include "shell/openings.h"
 
 #include "console/state.h"
+#include "power/scheme_window.h"
 #include "shell/main_commands.h"
 
 namespace voltaro {
@@ -19,7 +20,7 @@ struct Opening {
 
 // clang-format off
 constexpr Opening kOpenings[] = {
-    {kPowerScheme,   ShowEmpty<WindowId::Scheme>},
+    {kPowerScheme,   OpenSchemeWindow},
     {kPorts,         ShowEmpty<WindowId::AccessControl>},
     {kProxy,         ShowEmpty<WindowId::Proxy>},
     {kSecurity,      ShowEmpty<WindowId::DeviceControl>},

@@ -6,6 +6,7 @@
 #include "console/agent_state.h"
 #include "console/main_view.h"
 #include "console/ui_calls.h"
+#include "power/scheme_window.h"
 #include "shell/pause.h"
 #include "shell/update_window.h"
 
@@ -119,8 +120,10 @@ void RefreshSystemDetails()
 
 void RefreshPowerData()
 {
-    if (!ReadPowerSchemes() || !ReadPolicies() || !ReadCurrentPowerSettings())
-        OnAgentLost();
+    if (ReadPowerSchemes() && ReadPolicies() && ReadCurrentPowerSettings())
+        OnPowerRefreshed();
+    else
+        OnPowerRefreshFailed();
     OnUi(mainView.normalControls);
 }
 

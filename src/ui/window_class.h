@@ -18,6 +18,10 @@ namespace voltaro {
 // Repaints a window at once; `erase` repaints its background too.
 void Repaint(HWND window, bool erase = false);
 
+// Shows a window in front of its owner, which takes no input until the window is hidden again.
+void ShowOverOwner(HWND window);
+void HideFromOwner(HWND window);
+
 // Instance handle of the program.
 [[nodiscard]] HINSTANCE Instance();
 
