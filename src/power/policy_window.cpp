@@ -41,9 +41,9 @@ constexpr Control kControls[] = {
 };
 
 constexpr Column kColumns[] = {
-    {L"Application Name", 130}, {L"Description", 150},      {L"Rule Status", 80}, {L"Dim Monitor", 84},
-    {L"Turn Off Monitor", 108}, {L"Lock Screen", 84},       {L"Turn Off Hard disk", 116}, {L"Log Off", 60},
-    {L"Standby", 64},           {L"Hibernate", 72},         {L"Shutdown", 72},
+    {L"Application Name", 130}, {L"Description", 150},      {L"Rule Status", 88}, {L"Dim Monitor", 90},
+    {L"Turn Off Monitor", 116}, {L"Lock Screen", 94},       {L"Turn Off Hard disk", 126}, {L"Log Off", 60},
+    {L"Standby", 70},           {L"Hibernate", 78},         {L"Shutdown", 78},
 };
 // clang-format on
 

@@ -20,13 +20,13 @@ namespace {
 // clang-format off
 constexpr Control kControls[] = {
     // kind           id               text                           x    y    w    h
-    {Kind::Label,     kNoId,           L"Processor Speed:",            4, 335, 116,  18},
-    {Kind::Combo,     kProcessorSpeed, L"",                          120, 331,  90, 200},
-    {Kind::GroupBox,  kNoId,           L"Application Sensor Policy", 222, 314, 310,  50},
-    {Kind::Combo,     kPolicyList,     L"",                          230, 332, 136, 300, kPlain, L"Application Sensor Policy"},
-    {Kind::Push,      kNewPolicy,      L"New ..",                    372, 331,  50,  25},
-    {Kind::Push,      kEditPolicy,     L"Edit",                      425, 331,  46,  25},
-    {Kind::Push,      kDeletePolicy,   L"Delete",                    474, 331,  52,  25},
+    {Kind::Label,     kNoId,           L"Processor Speed:",            0, 337, 116,  18},
+    {Kind::Combo,     kProcessorSpeed, L"",                          116, 333,  94, 200},
+    {Kind::GroupBox,  kNoId,           L"Application Sensor Policy", 222, 317, 310,  48},
+    {Kind::Combo,     kPolicyList,     L"",                          230, 333, 136, 300, kPlain, L"Application Sensor Policy"},
+    {Kind::Push,      kNewPolicy,      L"New ..",                    372, 332,  50,  25},
+    {Kind::Push,      kEditPolicy,     L"Edit",                      425, 332,  46,  25},
+    {Kind::Push,      kDeletePolicy,   L"Delete",                    474, 332,  52,  25},
 };
 // clang-format on
 

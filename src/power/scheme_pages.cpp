@@ -14,54 +14,54 @@
 namespace voltaro {
 namespace {
 
-enum PageControl : int { kHeading = 4161, kStandbyLabel, kHibernateLabel, kScriptFolder };
+enum PageControl : int { kHeading = 4161, kStandbyLabel, kHibernateLabel, kFirstNote, kSecondNote, kScriptFolder };
 
 // clang-format off
 constexpr Control kDisplayControls[] = {
     // kind             id                  text                                     x    y    w    h
     {Kind::Label,       kHeading,           L"IF THE System IS IDLE ...",            16,  12, 300,  18},
     {Kind::Label,       kNoId,              L"System's Working Brightness Level",    16,  48, 215,  18},
-    {Kind::Trackbar,    kWorkingBrightness, L"",                                    236,  42, 280,  32},
+    {Kind::Trackbar,    kWorkingBrightness, L"",                                    228,  42, 288,  32},
     {Kind::Label,       kNoId,              L"System's Idle Brightness Level",       16,  88, 215,  18},
-    {Kind::Trackbar,    kIdleBrightness,    L"",                                    236,  82, 280,  32},
+    {Kind::Trackbar,    kIdleBrightness,    L"",                                    228,  82, 288,  32},
     {Kind::Label,       kNoId,              L"Dim Monitor Brightness",               16, 134, 215,  18},
-    {Kind::Combo,       kDim,               L"",                                    244, 130, 120, 300},
+    {Kind::Combo,       kDim,               L"",                                    236, 130, 120, 300},
     {Kind::Label,       kNoId,              L"Turn Off Monitor",                     16, 166, 215,  18},
-    {Kind::Combo,       kMonitorOff,        L"",                                    244, 162, 120, 300},
+    {Kind::Combo,       kMonitorOff,        L"",                                    236, 162, 120, 300},
     {Kind::Label,       kNoId,              L"Lock Screen",                          16, 198, 215,  18},
-    {Kind::Combo,       kLock,              L"",                                    244, 194, 120, 300},
-    {Kind::Label,       kNoId,              L"(From Monitor Turn Off time)",        372, 198, 156,  18},
+    {Kind::Combo,       kLock,              L"",                                    236, 194, 120, 300},
+    {Kind::Label,       kNoId,              L"(From Monitor Turn Off time)",        362, 198, 168,  18},
     {Kind::CheckBox,    kScreenSaverOff,    L"Disable Screen Saver",                 16, 232, 220,  20},
 };
 
 constexpr Control kPowerOffControls[] = {
     // kind             id                  text                                     x    y    w    h
-    {Kind::Label,       kHeading,           L"IF THE System IS IDLE ...",            16,  12, 300,  18},
-    {Kind::Label,       kNoId,              L"Turn Off Hard Disk :",                 16,  40, 130,  18},
-    {Kind::Combo,       kHardDisk,          L"",                                    150,  36, 115, 300},
-    {Kind::Label,       kNoId,              L"Log Off :",                           306,  40,  90,  18},
-    {Kind::Combo,       kSchemeLogOff,      L"",                                    401,  36, 115, 300},
-    {Kind::Radio,       kSleepChoice,       L"Standby / Hibernate",                  16,  69, 160,  20, kGroup},
-    {Kind::Radio,       kShutdownChoice,    L"Shutdown:",                           306,  69,  92,  20},
-    {Kind::Label,       kStandbyLabel,      L"Standby :",                            34,  98, 110,  18},
-    {Kind::Combo,       kStandbyTime,       L"",                                    150,  94, 115, 300},
-    {Kind::Label,       kHibernateLabel,    L"Hibernate :",                         306,  98,  90,  18},
-    {Kind::Combo,       kHibernateTime,     L"",                                    401,  94, 115, 300},
-    {Kind::Combo,       kShutdownTime,      L"",                                    401,  66, 115, 300, kHidden, L"Shutdown"},
-    {Kind::CheckBox,    kResumePassword,    L"On Resume Password Protect",           16, 124, 300,  20},
-    {Kind::GroupBox,    kNoId,              L"Before Shutdown, execute",              8, 146, 516,  94},
-    {Kind::CheckBox,    kScript,            L"\" Voltaro_Poweroff.bat \" script",    20, 163, 300,  20},
-    {Kind::Label,       kNoId,
-        L"* Batch script commands which needs to be executed before shutting down the system,", 20, 184, 500, 16},
-    {Kind::Label,       kNoId,
-        L"  can be put inside Voltaro_Poweroff.bat file, located at below mentioned path.",     20, 200, 500, 16},
-    {Kind::PlainEdit,   kScriptFolder,      L"",                                     26, 219, 490,  17, kPlain, L"Folder of the script"},
-    {Kind::GroupBox,    kNoId,              L"Do not Poweroff",                       8, 242, 516,  65},
-    {Kind::CheckBox,    kDownloads,         L"Over any active copy/delete/download activity", 20, 258, 270, 20},
-    {Kind::CheckBox,    kPrinter,           L"Over any connected printer in 'ON' state", 290, 258, 230, 20},
-    {Kind::CheckBox,    kCpuLoadCheck,      L"If CPU utilization is above",          20, 281, 170,  20},
-    {Kind::Combo,       kCpuLoad,           L"",                                    196, 279,  56, 300, kPlain, L"CPU utilization in percent"},
-    {Kind::Label,       kNoId,              L"%",                                   258, 283,  20,  16},
+    {Kind::Label,       kHeading,           L"IF THE System IS IDLE ...",            16,   8, 300,  18},
+    {Kind::Label,       kNoId,              L"Turn Off Hard Disk :",                 16,  36, 130,  18},
+    {Kind::Combo,       kHardDisk,          L"",                                    150,  32, 115, 300},
+    {Kind::Label,       kNoId,              L"Log Off :",                           306,  36,  90,  18},
+    {Kind::Combo,       kSchemeLogOff,      L"",                                    401,  32, 115, 300},
+    {Kind::Radio,       kSleepChoice,       L"Standby / Hibernate",                  16,  63, 160,  20, kGroup},
+    {Kind::Radio,       kShutdownChoice,    L"Shutdown:",                           306,  63,  92,  20},
+    {Kind::Label,       kStandbyLabel,      L"Standby :",                            34,  91, 110,  18},
+    {Kind::Combo,       kStandbyTime,       L"",                                    150,  87, 115, 300},
+    {Kind::Label,       kHibernateLabel,    L"Hibernate :",                         306,  91,  90,  18},
+    {Kind::Combo,       kHibernateTime,     L"",                                    401,  87, 115, 300},
+    {Kind::Combo,       kShutdownTime,      L"",                                    401,  60, 115, 300, kHidden, L"Shutdown"},
+    {Kind::CheckBox,    kResumePassword,    L"On Resume Password Protect",           16, 115, 300,  20},
+    {Kind::GroupBox,    kNoId,              L"Before Shutdown, execute",              8, 137, 516,  82},
+    {Kind::CheckBox,    kScript,            L"\" Voltaro_Poweroff.bat \" script",    20, 153, 300,  20},
+    {Kind::Label,       kFirstNote,
+        L"* Batch script commands which needs to be executed before shutting down the system,", 20, 173, 500, 14},
+    {Kind::Label,       kSecondNote,
+        L"  can be put inside Voltaro_Poweroff.bat file, located at below mentioned path.",     20, 187, 500, 14},
+    {Kind::PlainEdit,   kScriptFolder,      L"",                                     26, 201, 490,  15, kPlain, L"Folder of the script"},
+    {Kind::GroupBox,    kNoId,              L"Do not Poweroff",                       8, 222, 516,  89},
+    {Kind::CheckBox,    kDownloads,         L"Over any active copy/delete/download activity", 20, 238, 400, 20},
+    {Kind::CheckBox,    kPrinter,           L"Over any connected printer in 'ON' state", 20, 260, 400,  20},
+    {Kind::CheckBox,    kCpuLoadCheck,      L"If CPU utilization is above",          20, 283, 185,  20},
+    {Kind::Combo,       kCpuLoad,           L"",                                    208, 281,  56, 300, kPlain, L"CPU utilization in percent"},
+    {Kind::Label,       kNoId,              L"%",                                   270, 285,  20,  16},
 };
 // clang-format on
 
@@ -160,10 +160,15 @@ std::wstring FieldShown(const SchemeField& field)
 
 // --- messages of the pages ---
 
+void SetFont(HWND page, int control, HFONT font)
+{
+    SendMessageW(ControlOf(page, control), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+}
+
 LRESULT MakePage(HWND page, std::span<const Control> rows)
 {
     CreateControls(page, rows, WindowFont());
-    SendMessageW(ControlOf(page, kHeading), WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(15, 600)), FALSE);
+    SetFont(page, kHeading, FontOf(15, 600));
     KeepTo(page, 0, kSchemePageFoot);
     return 0;
 }
@@ -181,6 +186,8 @@ LRESULT MakeDisplayPage(HWND page)
 LRESULT MakePowerOffPage(HWND page)
 {
     MakePage(page, kPowerOffControls);
+    for (const int note : {kFirstNote, kSecondNote, kScriptFolder})
+        SetFont(page, note, FontOf(13, 300));
     SetText(page, kScriptFolder, state.binDirectory);
     return 0;
 }

@@ -12,8 +12,8 @@ LRESULT CALLBACK SchemePowerOffProc(HWND window, UINT message, WPARAM w, LPARAM 
 // The editor's three child windows lie one upon the other. The two pages keep to the upper part, the processor strip to
 // the lower one, so that none paints over another.
 inline constexpr int kSchemePageWidth = 532;
-inline constexpr int kSchemePageFoot = 308;
-inline constexpr int kStripTop = 314;
+inline constexpr int kSchemePageFoot = 312;
+inline constexpr int kStripTop = 317;
 inline constexpr int kStripFoot = 365;
 void KeepTo(HWND page, int top, int foot);
 

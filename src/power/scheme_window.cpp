@@ -39,7 +39,7 @@ constexpr Control kControls[] = {
     {Kind::Edit,         kNewSchemeName,  L"",                         190,  50, 240,  24, kHidden},
     {Kind::Push,         kSaveNewScheme,  L"Save",                     438,  49, 107,  25, kHidden},
     {Kind::BusyBar,      kEditorBusy,     L"",                         190,  55, 240,  14, kHidden, L"Progress"},
-    {Kind::Tab,          kSchemeTab,      L"",                           9,  94, 540, 338, kPlain, L"Settings"},
+    {Kind::Tab,          kSchemeTab,      L"",                           9,  94, 540, 342, kPlain, L"Settings"},
     {Kind::Push,         kEditSettings,   L"Edit Settings",             13, 500, 108,  25},
     {Kind::Push,         kSaveAndApply,   L"Save and Apply",           128, 500, 118,  25},
     {Kind::Push,         kDeleteScheme,   L"Delete Scheme",            253, 500, 112,  25},

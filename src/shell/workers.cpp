@@ -130,14 +130,16 @@ void RefreshPowerData()
 // A kind other than the two is left as it is.
 void Refresh()
 {
-    const RefreshKind kind = state.refreshKind;
+    RefreshKind kind = state.refreshKind;
+    if (!state.connected && kind == RefreshKind::PowerData)
+        OnPowerRefreshFailed(); // lost since it was asked for: the editor waits no longer
     if (!state.connected || (kind != RefreshKind::SystemDetails && kind != RefreshKind::PowerData))
         return;
     if (kind == RefreshKind::SystemDetails)
         RefreshSystemDetails();
     else
         RefreshPowerData();
-    state.refreshKind = RefreshKind::None;
+    state.refreshKind.compare_exchange_strong(kind, RefreshKind::None); // the other kind, asked for meanwhile, stays
 }
 
 // How long a worker that waits may take to follow the close message.
