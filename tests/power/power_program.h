@@ -71,6 +71,35 @@ struct PowerProgram : ConsoleProgram {
     }
 };
 
+// A name that is refused: with which box, and how its text begins.
+struct RefusedName {
+    const wchar_t* name;
+    const wchar_t* title;
+    const wchar_t* text = L"";
+};
+
+// Types and pastes each name; what typing lets pass is refused by the button. Each time the edit is emptied and has the
+// focus. `typing`: the title of the refusal while typing.
+inline void ExpectRefused(PowerProgram& program, WindowId window, int edit, int button, std::wstring_view typing,
+    std::initializer_list<RefusedName> names)
+{
+    for (const RefusedName& row : names) {
+        for (const bool pasted : {false, true}) {
+            SCOPED_TRACE(row.name);
+            program.boxes.Expect({{row.title, row.text}});
+            if (pasted)
+                program.Type(window, edit, row.name);
+            else
+                program.TypeUnits(window, edit, row.name);
+            if (row.title != typing)
+                program.Command(window, button);
+            program.boxes.ExpectAllSeen();
+            EXPECT_EQ(TextOf(WindowOf(window), edit), L"");
+            EXPECT_EQ(GetFocus(), ControlOf(WindowOf(window), edit));
+        }
+    }
+}
+
 // One answer to a change: the box it raises, and what is read again.
 struct AnswerRow {
     const wchar_t* word;

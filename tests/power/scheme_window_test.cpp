@@ -322,47 +322,21 @@ TEST(SchemeWindow, WhatNoChoiceHasStaysUntilTheUserChangesIt)
 
 TEST(SchemeWindow, NamesAreCheckedTypedAndPasted)
 {
-    struct Row {
-        const wchar_t* name;
-        const wchar_t* title; // of the refusal, typed or at "Save"; empty: sent
-        bool typed;
-    };
-    constexpr Row kRows[] = {
-        {L"a-", L"Invalid Scheme Name ", true},
-        {L"a ", L"Invalid Scheme Name ", true},
-        {L" ", L"Invalid Scheme Name ", true},
-        {L"\"", L"Invalid Scheme Name ", true},
-        {L"", L"Blank Input ", false},
-        {L"___", L"Invalid scheme name ", false},
-        {L"_a", L"Invalid scheme name ", false},
-        {L"a_", L"Invalid scheme name ", false},
-        {L"bALANCED", L"Scheme name already present ", false},
-        {L"a_1", L"", false},
-        {L"abcdefghijklmnopqrstuvwxyz0123456789", L"", false},
-    };
     PowerProgram program;
-    for (const bool pasted : {false, true}) {
-        for (const Row& row : kRows) {
-            SCOPED_TRACE(row.name);
-            program.AnswerWith(L"CreateScheme", L"no status");
-            program.Command(kEditor, kNewScheme);
-            program.Agent().ClearRequests();
-            if (*row.title != L'\0')
-                program.boxes.Expect({{row.title, L""}});
-            if (pasted)
-                program.Type(kEditor, kNewSchemeName, row.name);
-            else
-                program.TypeUnits(kEditor, kNewSchemeName, row.name);
-            if (!row.typed)
-                program.Command(kEditor, kSaveNewScheme);
-            program.boxes.ExpectAllSeen();
-            const bool refused = *row.title != L'\0';
-            const std::wstring left = TextOf(WindowOf(kEditor), kNewSchemeName);
-            EXPECT_EQ(left, refused ? L"" : std::wstring(row.name).substr(0, 32));
-            EXPECT_EQ(program.LastRequest(L"CreateScheme").empty(), refused);
-            EXPECT_EQ(GetFocus(), In(kEditor, kNewSchemeName));
-        }
-    }
+    program.Command(kEditor, kNewScheme);
+    constexpr const wchar_t* kTyping = L"Invalid Scheme Name ";
+    ExpectRefused(program, kEditor, kNewSchemeName, kSaveNewScheme, kTyping,
+        {{L"a-", kTyping, L"Please follow the rules listed below while entering a 'Scheme Name':\n\n (1) Only"},
+            {L"a ", kTyping}, {L" ", kTyping}, {L"\"", kTyping}, {L"", L"Blank Input "},
+            {L"___", L"Invalid scheme name "}, {L"_a", L"Invalid scheme name "}, {L"a_", L"Invalid scheme name "},
+            {L"bALANCED", L"Scheme name already present "}});
+    EXPECT_EQ(program.LastRequest(L"CreateScheme"), L"");
+    const std::wstring longName = L"abcdefghijklmnopqrstuvwxyz0123456789";
+    program.TypeUnits(kEditor, kNewSchemeName, longName);
+    EXPECT_EQ(TextOf(WindowOf(kEditor), kNewSchemeName), longName.substr(0, 32));
+    SetText(WindowOf(kEditor), kNewSchemeName, longName);
+    program.Command(kEditor, kSaveNewScheme);
+    EXPECT_EQ(Held(program, L"abcdefghijklmnopqrstuvwxyz012345", L"Dimtime"), L"5");
 }
 
 TEST(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
