@@ -57,6 +57,7 @@ bool ReadCurrentPowerSettings()
     return ReadWith(Operation::GetCurrentPowerSettings, [](const Element& root) {
         if (const auto settings = ReadRecord<PowerSchemeSettings>(root)) {
             state.currentScheme = *settings;
+            ++state.currentSchemeReads;
             if (mainView.normalControls)
                 mainView.normalControls();
         }

@@ -1,6 +1,7 @@
 #include "shell/openings.h"
 
 #include "console/state.h"
+#include "power/scheme_window.h"
 #include "savings/savings_window.h"
 #include "scheduler/job_list_window.h"
 #include "settings/access_control_window.h"
@@ -27,7 +28,7 @@ struct Opening {
 
 // clang-format off
 constexpr Opening kOpenings[] = {
-    {kPowerScheme,   ShowEmpty<WindowId::Scheme>},
+    {kPowerScheme,   OpenSchemeWindow},
     {kPorts,         OpenAccessControlWindow},
     {kProxy,         OpenProxyWindow},
     {kSecurity,      OpenDeviceControlWindow},

@@ -1,5 +1,10 @@
 #include "shell/window_table.h"
 
+#include "power/policy_window.h"
+#include "power/processor_strip.h"
+#include "power/rule_window.h"
+#include "power/scheme_pages.h"
+#include "power/scheme_window.h"
 #include "resources/resource_ids.h"
 #include "savings/graph_view.h"
 #include "savings/profile_window.h"
@@ -49,12 +54,12 @@ struct ClassRow {
 constexpr ClassRow kClasses[] = {
     {L"VLTConsoleMainWClass",   0,                  MainWindowProc,  L"Main Window Registration Failed"},
     {L"SysInfoWClass",          IDM_SYSTEM_INFO,    SystemInfoWindowProc, L"SystemInfo Window Registration Failed"},
-    {L"AdvancedWClass",         0,                  EmptyWindowProc, L"Advanced Window Registration Failed"},
-    {L"AdvDisBrtClass",         0,                  EmptyWindowProc, L"AdvDispBrtTab Window Registration Failed"},
-    {L"AdvPowOptClass",         0,                  EmptyWindowProc, L"AdvPowOptTab Window Registration Failed"},
-    {L"AdvProSpdClass",         0,                  EmptyWindowProc, L"AdvProSpdTab Window Registration Failed"},
-    {L"AdvAppCtrlClass",        0,                  EmptyWindowProc, L"AdvAppCtrl Window Registration Failed"},
-    {L"AdvAppCtrlSetClass",     IDM_RULE,           EmptyWindowProc, L"AdvAppCtrlSettings Window Registration Failed"},
+    {L"AdvancedWClass",         0,                  SchemeWindowProc, L"Advanced Window Registration Failed"},
+    {L"AdvDisBrtClass",         0,                  SchemeDisplayProc, L"AdvDispBrtTab Window Registration Failed"},
+    {L"AdvPowOptClass",         0,                  SchemePowerOffProc, L"AdvPowOptTab Window Registration Failed"},
+    {L"AdvProSpdClass",         0,                  SchemeProcessorProc, L"AdvProSpdTab Window Registration Failed"},
+    {L"AdvAppCtrlClass",        0,                  PolicyWindowProc, L"AdvAppCtrl Window Registration Failed"},
+    {L"AdvAppCtrlSetClass",     IDM_RULE,           RuleWindowProc, L"AdvAppCtrlSettings Window Registration Failed"},
     {L"SchedulerMClass",        0,                  JobListWindowProc, L"Scheduler Window Registration Failed"},
     {L"SchedulerJobClass",      0,                  JobEditorWindowProc, L"Scheduler Job window Registration Failed"},
     {L"SchdJobTab1Class",       0,                  JobActionsPageProc, L"Scheduler Job Tab1 Window Registration Failed"},

@@ -321,4 +321,16 @@ int SelectExact(HWND window, int id, std::wstring_view text)
     return found;
 }
 
+int SelectName(HWND window, int id, std::wstring_view name)
+{
+    const int exact = SelectExact(window, id, name);
+    if (exact >= 0 || name.empty())
+        return exact;
+    const std::wstring text(name);
+    const auto found = static_cast<int>(SendMessageW(ControlOf(window, id), CB_FINDSTRINGEXACT,
+        static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str())));
+    SelectIndex(window, id, found);
+    return found;
+}
+
 } // namespace voltaro

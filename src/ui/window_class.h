@@ -19,6 +19,10 @@ namespace voltaro {
 // Repaints a window at once; with `erase` its background and its controls too.
 void Repaint(HWND window, bool erase = false);
 
+// Shows a window in front of its owner, which takes no input until the window is hidden again.
+void ShowOverOwner(HWND window);
+void HideFromOwner(HWND window);
+
 // Instance handle of the program.
 [[nodiscard]] HINSTANCE Instance();
 
