@@ -110,6 +110,7 @@ void ShowSchemes()
 
 void RepaintMain()
 {
+    ApplyLicence(WindowOf(WindowId::Main));
     Repaint(WindowOf(WindowId::Main));
 }
 

@@ -8,6 +8,8 @@
 namespace voltaro {
 
 inline constexpr const wchar_t* kWebSiteHost = L"www.voltaro.example";
+inline constexpr const wchar_t* kNoticeLine = L"Voltaro and its emblems are trade marks of Kestrelfen.";
+inline constexpr const wchar_t* kRightsLine = L"All rights reserved.";
 
 // Controls of the main window that other files of the shell address.
 enum MainControl : int {
@@ -35,6 +37,9 @@ void ShowNormalControls(HWND window);
 
 // Draws the status area, pictures and notices; WM_PAINT, WM_PRINTCLIENT and tests use it alike.
 void DrawMainWindow(HDC dc);
+
+// The name of this machine.
+[[nodiscard]] std::wstring MachineName();
 
 // What the host line says: not connected, loading, or the machine's name.
 [[nodiscard]] std::wstring HostLineText();

@@ -1,7 +1,9 @@
 #include "shell/openings.h"
 
 #include "console/state.h"
+#include "shell/activation_window.h"
 #include "shell/main_commands.h"
+#include "shell/update_window.h"
 
 namespace voltaro {
 namespace {
@@ -28,8 +30,8 @@ constexpr Opening kOpenings[] = {
     {kSystemInfo,    ShowEmpty<WindowId::SystemInfo>},
     {kBatteryInfo,   ShowEmpty<WindowId::Battery>},
     {kSavingsReport, ShowEmpty<WindowId::Savings>},
-    {kUpdate,        ShowEmpty<WindowId::Update>},
-    {kActivate,      ShowEmpty<WindowId::Activation>},
+    {kUpdate,        StartUpdateCheck},
+    {kActivate,      OpenActivationWindow},
 };
 // clang-format on
 

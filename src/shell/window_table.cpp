@@ -1,7 +1,9 @@
 #include "shell/window_table.h"
 
 #include "resources/resource_ids.h"
+#include "shell/activation_window.h"
 #include "shell/main_window.h"
+#include "shell/update_window.h"
 #include "ui/boxes.h"
 #include "ui/navigation.h"
 #include "ui/window_class.h"
@@ -57,8 +59,8 @@ constexpr ClassRow kClasses[] = {
     {L"EveGraphTab1Class",      0,                  EmptyWindowProc, L"EveGraphTab1 Window Registration Failed"},
     {L"EveGraphTab2Class",      0,                  EmptyWindowProc, L"EveGraphTab2 Window Registration Failed"},
     {L"EveGraphSettingsWClass", 0,                  EmptyWindowProc, L"Event Graph Settings Window Registration Failed"},
-    {L"ActivateWClass",         0,                  EmptyWindowProc, L"Voltaro Activation Window Registration Failed"},
-    {L"CheckUpdateWClass",      0,                  EmptyWindowProc, L"Voltaro Update Check Window Registration Failed"},
+    {L"ActivateWClass",         0,                  ActivationWindowProc, L"Voltaro Activation Window Registration Failed"},
+    {L"CheckUpdateWClass",      0,                  UpdateWindowProc, L"Voltaro Update Check Window Registration Failed"},
     {L"ProxySetWClass",         IDM_PROXY,          EmptyWindowProc, L"Voltaro Proxy Settings Window Registration Failed"},
     {L"PSnoozeSetWClass",       0,                  EmptyWindowProc, L"Voltaro Snooze Settings Window Registration Failed"},
 };
