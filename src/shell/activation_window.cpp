@@ -26,8 +26,8 @@ enum ActivationControl : int { kStateLine = 8601, kFields, kKey, kActivateButton
 // clang-format off
 constexpr Control kControls[] = {
     // kind             id               text                                                     x    y    w    h
-    {Kind::PlainEdit,   kStateLine,      L"",                                                     20,  94, 534,  18, kPlain, L"Licence"},
-    {Kind::ListView,    kFields,         L"",                                                     20, 118, 534, 190, kPlain, L"Licence details"},
+    {Kind::PlainEdit,   kStateLine,      L"",                                                     20,  94, 534,  18, kPlain, L"License"},
+    {Kind::ListView,    kFields,         L"",                                                     20, 118, 534, 190, kPlain, L"License details"},
     {Kind::Label,       kNoId,           L"Activation key :",                                     20, 327, 105,  18},
     {Kind::Edit,        kKey,            L"",                                                    130, 324, 424,  24},
     {Kind::Label,       kNoId,           L"Letters and digits, with or without dashes between",  130, 353, 424,  18},
@@ -38,7 +38,7 @@ constexpr Control kControls[] = {
 static_assert(IdsAreUnique(kControls));
 static_assert(FitInside(kControls, 574, 438)); // of 580 x 470, less the frame and the caption
 
-constexpr Column kColumns[] = {{L"Licence", 180}, {L"Value", 330}};
+constexpr Column kColumns[] = {{L"License", 180}, {L"Value", 330}};
 constexpr std::size_t kMaxFields = 25;
 constexpr WPARAM kMaxKeyUnits = 90; // dashes included; a slot holds 99
 

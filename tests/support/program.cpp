@@ -15,10 +15,7 @@
 #include <memory>
 
 namespace voltaro {
-namespace {
-
-// Below the test program's own folder: the host configuration that every created main window reads.
-std::wstring MakeInstallation(int port)
+void UseInstallation(int port)
 {
     wchar_t folder[MAX_PATH] = {};
     GetTempPathW(MAX_PATH, folder);
@@ -28,10 +25,8 @@ std::wstring MakeInstallation(int port)
     std::FILE* file = _wfopen((root + L"conf\\hconfig.xml").c_str(), L"wb");
     std::fprintf(file, "<Hostsettings><Localhost>Yes</Localhost><TCPPort>%d</TCPPort></Hostsettings>", port);
     std::fclose(file);
-    return root;
+    SetEnvironmentVariableW(L"VOLTARO_HOME", root.c_str());
 }
-
-} // namespace
 
 ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     : m_agent(scenario)
@@ -41,7 +36,7 @@ ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     AllowWaits();
     timing = {20, 20, 480'000, 20, 20, 200};
     EXPECT_TRUE(m_agent.Start());
-    SetEnvironmentVariableW(L"VOLTARO_HOME", MakeInstallation(m_agent.Port()).c_str());
+    UseInstallation(m_agent.Port());
     EXPECT_TRUE(ReadInstallPath(state.installDirectory));
     PrepareVersionTexts();
     static const bool registered = RegisterClasses();
