@@ -58,7 +58,7 @@ bool ReadBatteryInfo()
         const bool changed = !(state.lastBatteryStatus == state.battery.Status());
         state.lastBatteryStatus = state.battery.Status();
         state.lastBatteryCharge = state.battery.Charge();
-        if (changed && state.consoleReady && mainView.repaint)
+        if (changed && mainView.repaint)
             mainView.repaint();
     });
 }

@@ -6,6 +6,7 @@
 #include "support/box_script.h"
 #include "support/fake_tray.h"
 #include "support/program.h"
+#include "support/test_window.h"
 #include "ui/menus.h"
 
 #include <gtest/gtest.h>

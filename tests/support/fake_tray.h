@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/test_window.h"
+#include "base/windows_api.h"
 
 #include <string>
 #include <vector>

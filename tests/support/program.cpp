@@ -15,7 +15,10 @@
 #include <memory>
 
 namespace voltaro {
-void UseInstallation(int port)
+namespace {
+
+// Below the test program's own folder: the host configuration that every created main window reads.
+std::wstring MakeInstallation(int port)
 {
     wchar_t folder[MAX_PATH] = {};
     GetTempPathW(MAX_PATH, folder);
@@ -25,8 +28,10 @@ void UseInstallation(int port)
     std::FILE* file = _wfopen((root + L"conf\\hconfig.xml").c_str(), L"wb");
     std::fprintf(file, "<Hostsettings><Localhost>Yes</Localhost><TCPPort>%d</TCPPort></Hostsettings>", port);
     std::fclose(file);
-    SetEnvironmentVariableW(L"VOLTARO_HOME", root.c_str());
+    return root;
 }
+
+} // namespace
 
 ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     : m_agent(scenario)
@@ -36,7 +41,7 @@ ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     AllowWaits();
     timing = {20, 20, 480'000, 20, 20, 200};
     EXPECT_TRUE(m_agent.Start());
-    UseInstallation(m_agent.Port());
+    SetEnvironmentVariableW(L"VOLTARO_HOME", MakeInstallation(m_agent.Port()).c_str());
     EXPECT_TRUE(ReadInstallPath(state.installDirectory));
     PrepareVersionTexts();
     static const bool registered = RegisterClasses();

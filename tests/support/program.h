@@ -10,9 +10,6 @@
 
 namespace voltaro {
 
-// An installation whose host configuration names the port; the environment leads this process and its children to it.
-void UseInstallation(int port);
-
 // The whole program in a test: all 29 windows created hidden, against a simulated agent in a thread of its own. Waits
 // are shortened (a transport second lasts 20 ms). Nothing is loaded until Load. Everything is as it was before when it
 // is gone, so each test may make its own. No workers and no tray icon unless a test starts them.
