@@ -34,8 +34,8 @@ constexpr PaintedBitmap kPictures[] = {
 constexpr PaintedText kTexts[] = {
     {515, 110, L"Connected to :"}, // both stand outside the window and never show (meant)
     {515, 130, L"Connect to :"},
-    {165, 470, L"Voltaro and its emblems are trade marks of Kestrelfen."},
-    {255, 485, L"All rights reserved."},
+    {165, 470, kNoticeLine},
+    {255, 485, kRightsLine},
 };
 // clang-format on
 

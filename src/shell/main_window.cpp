@@ -112,6 +112,7 @@ void ShowSchemes()
 // While a check runs the console is not ready, and repaints in its own steps.
 void RepaintMain()
 {
+    ApplyLicence(WindowOf(WindowId::Main));
     if (state.consoleReady)
         Repaint(WindowOf(WindowId::Main));
 }

@@ -10,7 +10,9 @@
 #include "settings/proxy_window.h"
 #include "settings/snooze_window.h"
 #include "settings/system_info_window.h"
+#include "shell/activation_window.h"
 #include "shell/main_commands.h"
+#include "shell/update_window.h"
 
 namespace voltaro {
 namespace {
@@ -37,8 +39,8 @@ constexpr Opening kOpenings[] = {
     {kSystemInfo,    OpenSystemInfoWindow},
     {kBatteryInfo,   OpenBatteryWindow},
     {kSavingsReport, OpenSavingsWindow},
-    {kUpdate,        ShowEmpty<WindowId::Update>},
-    {kActivate,      ShowEmpty<WindowId::Activation>},
+    {kUpdate,        StartUpdateCheck},
+    {kActivate,      OpenActivationWindow},
 };
 // clang-format on
 

@@ -21,7 +21,9 @@
 #include "settings/snooze_window.h"
 #include "settings/system_info_pages.h"
 #include "settings/system_info_window.h"
+#include "shell/activation_window.h"
 #include "shell/main_window.h"
+#include "shell/update_window.h"
 #include "ui/boxes.h"
 #include "ui/navigation.h"
 #include "ui/window_class.h"
@@ -77,8 +79,8 @@ constexpr ClassRow kClasses[] = {
     {L"EveGraphTab1Class",      0,                  EstimatesPageProc, L"EveGraphTab1 Window Registration Failed"},
     {L"EveGraphTab2Class",      0,                  GraphPageProc, L"EveGraphTab2 Window Registration Failed"},
     {L"EveGraphSettingsWClass", 0,                  ProfileWindowProc, L"Event Graph Settings Window Registration Failed"},
-    {L"ActivateWClass",         0,                  EmptyWindowProc, L"Voltaro Activation Window Registration Failed"},
-    {L"CheckUpdateWClass",      0,                  EmptyWindowProc, L"Voltaro Update Check Window Registration Failed"},
+    {L"ActivateWClass",         0,                  ActivationWindowProc, L"Voltaro Activation Window Registration Failed"},
+    {L"CheckUpdateWClass",      0,                  UpdateWindowProc, L"Voltaro Update Check Window Registration Failed"},
     {L"ProxySetWClass",         IDM_PROXY,          ProxyWindowProc, L"Voltaro Proxy Settings Window Registration Failed"},
     {L"PSnoozeSetWClass",       0,                  SnoozeWindowProc, L"Voltaro Snooze Settings Window Registration Failed"},
 };
