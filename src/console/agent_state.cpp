@@ -31,7 +31,7 @@ bool ReadBatteryWith(Operation operation)
         const bool changed = !(state.lastBatteryStatus == state.battery.Status());
         state.lastBatteryStatus = state.battery.Status();
         state.lastBatteryCharge = state.battery.Charge();
-        if (changed && state.consoleReady && mainView.repaint)
+        if (changed && mainView.repaint)
             mainView.repaint();
     });
 }
@@ -57,6 +57,7 @@ bool ReadCurrentPowerSettings()
     return ReadWith(Operation::GetCurrentPowerSettings, [](const Element& root) {
         if (const auto settings = ReadRecord<PowerSchemeSettings>(root)) {
             state.currentScheme = *settings;
+            ++state.currentSchemeReads;
             if (mainView.normalControls)
                 mainView.normalControls();
         }

@@ -109,9 +109,12 @@ void ShowSchemes()
     ShowNormalControls(WindowOf(WindowId::Main));
 }
 
+// While a check runs the console is not ready, and repaints in its own steps.
 void RepaintMain()
 {
-    Repaint(WindowOf(WindowId::Main));
+    ApplyLicence(WindowOf(WindowId::Main));
+    if (state.consoleReady)
+        Repaint(WindowOf(WindowId::Main));
 }
 
 void ShowNormalControlsOfMain()

@@ -1,22 +1,20 @@
 #include "shell/openings.h"
 
-#include "console/state.h"
+#include "power/scheme_window.h"
+#include "savings/savings_window.h"
+#include "scheduler/job_list_window.h"
 #include "settings/access_control_window.h"
 #include "settings/battery_window.h"
 #include "settings/device_control_window.h"
 #include "settings/proxy_window.h"
 #include "settings/snooze_window.h"
 #include "settings/system_info_window.h"
+#include "shell/activation_window.h"
 #include "shell/main_commands.h"
+#include "shell/update_window.h"
 
 namespace voltaro {
 namespace {
-
-template <WindowId Id>
-void ShowEmpty(HWND)
-{
-    ShowWindow(WindowOf(Id), SW_SHOW);
-}
 
 struct Opening {
     int command;
@@ -25,17 +23,17 @@ struct Opening {
 
 // clang-format off
 constexpr Opening kOpenings[] = {
-    {kPowerScheme,   ShowEmpty<WindowId::Scheme>},
+    {kPowerScheme,   OpenSchemeWindow},
     {kPorts,         OpenAccessControlWindow},
     {kProxy,         OpenProxyWindow},
     {kSecurity,      OpenDeviceControlWindow},
-    {kJobScheduler,  ShowEmpty<WindowId::JobList>},
+    {kJobScheduler,  OpenJobListWindow},
     {kSnooze,        OpenSnoozeWindow},
     {kSystemInfo,    OpenSystemInfoWindow},
     {kBatteryInfo,   OpenBatteryWindow},
-    {kSavingsReport, ShowEmpty<WindowId::Savings>},
-    {kUpdate,        ShowEmpty<WindowId::Update>},
-    {kActivate,      ShowEmpty<WindowId::Activation>},
+    {kSavingsReport, OpenSavingsWindow},
+    {kUpdate,        StartUpdateCheck},
+    {kActivate,      OpenActivationWindow},
 };
 // clang-format on
 

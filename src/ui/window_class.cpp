@@ -93,8 +93,21 @@ LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l)
 
 void Repaint(HWND window, bool erase)
 {
-    InvalidateRect(window, nullptr, erase);
-    UpdateWindow(window);
+    RedrawWindow(window, nullptr, nullptr,
+        RDW_INVALIDATE | RDW_UPDATENOW | (erase ? RDW_ERASE | RDW_ALLCHILDREN : RDW_NOCHILDREN));
+}
+
+void ShowOverOwner(HWND window)
+{
+    EnableWindow(GetWindow(window, GW_OWNER), FALSE);
+    ShowWindow(window, SW_SHOWNORMAL);
+    SetForegroundWindow(window);
+}
+
+void HideFromOwner(HWND window)
+{
+    EnableWindow(GetWindow(window, GW_OWNER), TRUE); // first: Windows gives the front to an enabled window alone
+    ShowWindow(window, SW_HIDE);
 }
 
 HINSTANCE Instance()

@@ -16,8 +16,12 @@ namespace voltaro {
 // focus comes back to the field it left.
 [[nodiscard]] LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l);
 
-// Repaints a window at once; `erase` repaints its background too.
+// Repaints a window at once; with `erase` its background and its controls too.
 void Repaint(HWND window, bool erase = false);
+
+// Shows a window in front of its owner, which takes no input until the window is hidden again.
+void ShowOverOwner(HWND window);
+void HideFromOwner(HWND window);
 
 // Instance handle of the program.
 [[nodiscard]] HINSTANCE Instance();
