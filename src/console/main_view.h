@@ -9,7 +9,7 @@ struct MainView {
     // The scheme list from the state's names, the current scheme selected; "Set" hidden and "Change" shown.
     void (*showSchemes)() = nullptr;
     void (*normalControls)() = nullptr;
-    // Licence picture, indicators and host line from the state.
+    // Licence picture, indicators and host line from the state; only when the console is ready.
     void (*repaint)() = nullptr;
 };
 inline MainView mainView;

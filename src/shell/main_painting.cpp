@@ -42,11 +42,11 @@ constexpr PaintedText kTexts[] = {
 constexpr PaintedBitmap kLicencePicture = {0, 255, 6, 125, 16};
 
 // The indicators: a picture and a text for the power source and for the battery.
-constexpr PaintedBitmap kBatteryPlace = {0, 165, 116, 32, 32};
-constexpr POINT kBatteryText = {205, 128};
-constexpr POINT kRemainingText = {205, 146};
-constexpr PaintedBitmap kSourcePlace = {0, 350, 116, 32, 32};
-constexpr POINT kSourceText = {390, 124};
+constexpr PaintedBitmap kBatteryPlace = {0, 184, 112, 32, 32};
+constexpr POINT kBatteryText = {229, 128};
+constexpr POINT kRemainingText = {229, 146};
+constexpr PaintedBitmap kSourcePlace = {0, 352, 112, 32, 32};
+constexpr POINT kSourceText = {392, 121};
 
 struct Indicator {
     const wchar_t* text; // null: any other text that is not empty

@@ -32,6 +32,7 @@ enum class Kind : std::uint8_t {
     Trackbar,
     Progress,
     SmoothProgress,
+    BusyBar, // runs to and fro while PBM_SETMARQUEE has it on
     ListView, // report view with border, full-row selection, copies as text by keyboard and menu
     Tab,
     TimePicker,
@@ -47,6 +48,7 @@ enum ControlFlags : std::uint8_t {
     kGroup = 4,    // starts a group for the arrow keys
     kNoTabStop = 8,
     kRightAligned = 16, // labels
+    kWrapped = 32,      // buttons: the text takes as many lines as it needs
 };
 
 inline constexpr int kNoId = -1;

@@ -93,8 +93,8 @@ LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l)
 
 void Repaint(HWND window, bool erase)
 {
-    InvalidateRect(window, nullptr, erase);
-    UpdateWindow(window);
+    RedrawWindow(window, nullptr, nullptr,
+        RDW_INVALIDATE | RDW_UPDATENOW | (erase ? RDW_ERASE | RDW_ALLCHILDREN : RDW_NOCHILDREN));
 }
 
 HINSTANCE Instance()

@@ -16,7 +16,7 @@ namespace voltaro {
 // focus comes back to the field it left.
 [[nodiscard]] LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l);
 
-// Repaints a window at once; `erase` repaints its background too.
+// Repaints a window at once; with `erase` its background and its controls too.
 void Repaint(HWND window, bool erase = false);
 
 // Instance handle of the program.

@@ -41,15 +41,16 @@ TEST(DocumentTest, IdentifiersAreFreshGuids)
 
 TEST(DocumentTest, ReadsElementsAndLeafTexts)
 {
-    const auto root
-        = ParseAnswer(L"<?xml version=\"1.0\"?><!-- c --><vltp version=\"1.0\">\n <response>\n  <status>Success"
-                      L"</status><empty/><m>a &lt; \x20AC<![CDATA[<b>]]></m></response></vltp>");
+    const auto root = ParseAnswer(
+        L"<?xml version=\"1.0\"?><!-- c --><vltp version=\"1.0\">\n <response><!-- c -->\n  <status>Success"
+        L"</status><empty/><m>a &lt; \x20AC<![CDATA[<b>]]></m><t> two blanks  </t></response></vltp>");
     ASSERT_TRUE(root);
     const Element& response = root->children.at(0);
     EXPECT_EQ(response.name, L"response");
     EXPECT_EQ(ChildText(response, 0), L"Success");
     EXPECT_EQ(ChildText(response, 1), L"");
     EXPECT_EQ(ChildText(response, 2), L"a < \x20AC<b>");
+    EXPECT_EQ(ChildText(response, 3), L"two blanks");
 }
 
 TEST(DocumentTest, RefusesWhatIsNoAnswer)
