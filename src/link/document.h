@@ -27,7 +27,10 @@ private:
 inline constexpr int kMaxDepth = 32;
 [[nodiscard]] std::optional<Element> ParseAnswer(const wchar_t* text);
 
-// The same for a file; failures of the load are logged in the name of `module`.
+// Only creates the document and loads the text, as ParseAnswer does first; what reading is measured against.
+[[nodiscard]] bool LoadOnly(const wchar_t* text);
+
+// As ParseAnswer for a file; failures of the load are logged in the name of `module`.
 [[nodiscard]] std::optional<Element> ParseFile(const std::wstring& path, const char* module);
 
 // Turns the `request` element into the whole document and serialises it: processing instruction, root `vltp` with

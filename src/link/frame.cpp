@@ -40,7 +40,7 @@ std::vector<std::byte> EncodeFrame(std::wstring_view text, std::size_t limitByte
     frame.reserve(length);
     AppendUnits(frame, Format(L"%08d", static_cast<int>(length)));
     AppendUnits(frame, text);
-    AppendUnits(frame, std::wstring_view(L"", 1));
+    AppendUnits(frame, std::wstring(1, L'\0'));
     return frame;
 }
 

@@ -48,27 +48,30 @@ TEST(Canvas, PaintsAroundControlsButUnderGroupBoxes)
         {Kind::Progress, 2, L"", 40, 50, 100, 40},
         {Kind::Push, 3, L"", 40, 140, 100, 40, kHidden},
     };
-    const TestWindow window([](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+    COLORREF colour = kRed;
+    const TestWindow window([&](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (message == WM_ERASEBKGND)
             return 1;
         if (message != WM_PAINT)
             return std::nullopt;
         const Canvas canvas(self);
-        FillRed(canvas.Dc(), nullptr);
+        const RECT part{10, 10, 300, 200};
+        FillRect(canvas.Dc(), &part, BrushOf(colour));
         return 0;
     });
     CreateControls(window.Get(), kRows, WindowFont());
     for (int round = 0; round < 3; ++round) {
-        RedrawWindow(window.Get(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+        colour = RGB(200, 60 * round, 0);
+        RedrawWindow(window.Get(), nullptr, nullptr, RDW_INVALIDATE | (round < 2 ? RDW_ALLCHILDREN : RDW_NOCHILDREN));
         Pump();
-        EXPECT_EQ(PixelOnScreen(window.Get(), 12, 12), kRed);
-        EXPECT_EQ(PixelOnScreen(window.Get(), 200, 100), kRed) << "inside the group box";
-        EXPECT_EQ(PixelOnScreen(window.Get(), 50, 150), kRed) << "a hidden control";
+        EXPECT_EQ(PixelOnScreen(window.Get(), 12, 12), colour);
+        EXPECT_EQ(PixelOnScreen(window.Get(), 200, 100), colour) << "inside the group box";
+        EXPECT_EQ(PixelOnScreen(window.Get(), 50, 150), colour) << "a hidden control";
         EXPECT_EQ(PixelOnScreen(window.Get(), 5, 5), GetSysColor(COLOR_3DFACE));
-        EXPECT_NE(PixelOnScreen(window.Get(), 90, 70), kRed) << "a control";
+        EXPECT_NE(PixelOnScreen(window.Get(), 90, 70), colour) << "a control";
         int frame = 0;
         for (int y = 110; y < 122; ++y)
-            frame += PixelOnScreen(window.Get(), 120, y) != kRed;
+            frame += PixelOnScreen(window.Get(), 120, y) != colour;
         EXPECT_GT(frame, 0) << "the frame of the group box";
     }
 }

@@ -1,0 +1,81 @@
+#include "link/document.h"
+
+#include "base/text.h"
+#include "link/requests.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+
+namespace voltaro {
+namespace {
+
+// The platform ends lines with CR LF and keeps the quotes of the processing instruction.
+TEST(DocumentTest, SerialisesTheEnvelopeWithItsIndentation)
+{
+    const Element pause = RequestElement(WithText(Operation::Pause, L"duration", L"3"), L"{ID}");
+    EXPECT_EQ(Replaced(*SerialiseRequest(pause), L"\r\n", L"\n"), LR"(<?xml version='1.0'?>
+<vltp version="1.0">
+	<request>
+		<MessageId>{ID}</MessageId>
+		<operation>Pause</operation>
+		<duration>3</duration>
+	</request>
+</vltp>
+)");
+    const Element nested = RequestElement(
+        {Operation::ApplySnoozeSettings, {{L"details", {}, {TextElement(L"A", L"<&\x20AC"), {L"B", {}, {}}}}}}, L"");
+    EXPECT_EQ(*SerialiseRequest(nested),
+        L"<?xml version='1.0'?>\r\n<vltp "
+        L"version=\"1.0\">\r\n\t<request>\r\n\t\t<MessageId/>\r\n\t\t<operation>ApplySnoozeSettings"
+        L"</operation>\r\n\t\t<details>\r\n\t\t\t<A>&lt;&amp;\x20AC</A>\r\n\t\t\t<B/></details>\r\n\t</request>\r\n</"
+        L"vltp>\r\n");
+}
+
+TEST(DocumentTest, IdentifiersAreFreshGuids)
+{
+    const std::wstring id = NewMessageId();
+    EXPECT_TRUE(std::regex_match(id, std::wregex(L"\\{[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\}")));
+    EXPECT_NE(NewMessageId(), id);
+}
+
+TEST(DocumentTest, ReadsElementsAndLeafTexts)
+{
+    const auto root = ParseAnswer(
+        L"<?xml version=\"1.0\"?><!-- c --><vltp version=\"1.0\">\n <response><!-- c -->\n  <status>Success"
+        L"</status><empty/><m>a &lt; \x20AC<![CDATA[<b>]]></m><t> two blanks  </t></response></vltp>");
+    ASSERT_TRUE(root);
+    const Element& response = root->children.at(0);
+    EXPECT_EQ(response.name, L"response");
+    EXPECT_EQ(ChildText(response, 0), L"Success");
+    EXPECT_EQ(ChildText(response, 1), L"");
+    EXPECT_EQ(ChildText(response, 2), L"a < \x20AC<b>");
+    EXPECT_EQ(ChildText(response, 3), L"two blanks");
+}
+
+TEST(DocumentTest, RefusesWhatIsNoAnswer)
+{
+    std::wstring deep;
+    for (int i = 0; i < 20'000; ++i)
+        deep += L"<a>";
+    const std::wstring kCases[] = {L"", L" ", L"garbage", L"<a>", L"<a><b></a></b>", L"<a>\x01</a>", L"<a></a><b></b>",
+        deep, L"<!DOCTYPE a [<!ENTITY x \"y\">]><a>&x;</a>", L"<a>&x;</a>"};
+    for (const std::wstring& text : kCases)
+        EXPECT_FALSE(ParseAnswer(text.c_str())) << text.substr(0, 40).c_str();
+}
+
+TEST(DocumentTest, LeavesOutWhatIsNestedTooDeep)
+{
+    std::wstring text;
+    for (int i = 0; i < 200; ++i)
+        text = L"<a>" + text + L"</a>";
+    int depth = 0;
+    const auto root = ParseAnswer(text.c_str());
+    ASSERT_TRUE(root);
+    for (const Element* at = &*root; !at->children.empty(); at = &at->children[0])
+        ++depth;
+    EXPECT_EQ(depth, kMaxDepth);
+}
+
+} // namespace
+} // namespace voltaro

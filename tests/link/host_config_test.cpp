@@ -1,0 +1,107 @@
+#include "link/host_config.h"
+
+#include "base/installation.h"
+#include "base/text.h"
+#include "base/windows_api.h"
+#include "support/box_script.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+namespace voltaro {
+namespace {
+
+// An installation whose host configuration holds these bytes; none when null.
+class Installation {
+public:
+    explicit Installation(const char* configuration)
+    {
+        wchar_t folder[MAX_PATH] = {};
+        GetTempPathW(MAX_PATH, folder);
+        const std::wstring root = std::wstring(folder) + L"voltaro_conf\\";
+        CreateDirectoryW(root.c_str(), nullptr);
+        CreateDirectoryW((root + L"conf").c_str(), nullptr);
+        const std::wstring path = root + L"conf\\hconfig.xml";
+        DeleteFileW(path.c_str());
+        if (configuration) {
+            std::FILE* file = _wfopen(path.c_str(), L"wb");
+            std::fputs(configuration, file);
+            std::fclose(file);
+        }
+        SetEnvironmentVariableW(L"VOLTARO_HOME", root.c_str());
+    }
+};
+
+TEST(HostConfigTest, ChoosesTheElementsByPosition)
+{
+    const struct {
+        const char* configuration;
+        const wchar_t* port;
+        const wchar_t* second;
+    } kCases[] = {
+        {"<c><Hostsettings><a>1</a><b>4916</b><c>3</c><d>4</d><e>five</e></Hostsettings></c>", L"4916", L"five"},
+        {"<Hostsettings><a/><x> 4917x</x></Hostsettings>", L"4917x", L""},
+        {"<Hostsettings><a>1</a></Hostsettings>", L"", L""},
+        {"<Other><a>1</a><b>4916</b></Other>", L"", L""},
+        {"<Hostsettings><a/><b>49169999999999999</b></Hostsettings>", L"491699999", L""},
+        {"<Hostsettings><a/><b>4916</b>", L"", L""},
+        {"", L"", L""},
+        {nullptr, L"", L""},
+        {"<!DOCTYPE h [<!ENTITY p \"4916\">]><Hostsettings><a/><b>&p;</b></Hostsettings>", L"", L""},
+        {"\xFF\xFE<\0!\0", L"", L""},
+    };
+    for (const auto& row : kCases) {
+        const Installation installation(row.configuration);
+        HostConfigText port;
+        HostConfigText second;
+        TcpPortGetter(port, second);
+        EXPECT_EQ(port, row.port) << (row.configuration ? row.configuration : "missing");
+        EXPECT_EQ(second, row.second);
+    }
+}
+
+TEST(HostConfigTest, SaysWhenThereIsNoInstallation)
+{
+    SetEnvironmentVariableW(L"VOLTARO_HOME", nullptr);
+    BoxScript boxes{{L"Error!", L"Could not read Environment variable 'VOLTARO_HOME' !"}};
+    HostConfigText port;
+    HostConfigText second;
+    TcpPortGetter(port, second);
+    EXPECT_TRUE(port.empty());
+}
+
+TEST(InstallationTest, TheEnvironmentIsCutAt99Characters)
+{
+    SetEnvironmentVariableW(L"VOLTARO_HOME", std::wstring(300, L'h').c_str());
+    InstallDirectory directory{};
+    EXPECT_TRUE(ReadInstallPath(directory));
+    EXPECT_EQ(std::string(directory.data()), std::string(99, 'h'));
+    EXPECT_EQ(HostConfigPath(directory.data()), std::wstring(99, L'h') + L"conf\\hconfig.xml");
+    EXPECT_EQ(HostConfigPath(std::string(400, 'h').c_str()).size(), 256U);
+}
+
+TEST(InstallationTest, TheMachineKeyWinsAndFallsBackWhenEmpty)
+{
+    HKEY key = nullptr;
+    constexpr const wchar_t* kPath = L"SOFTWARE\\Kestrelfen\\VOLTARO";
+    ASSERT_EQ(RegCreateKeyW(HKEY_LOCAL_MACHINE, kPath, &key), ERROR_SUCCESS);
+    SetEnvironmentVariableW(L"VOLTARO_HOME", L"C:\\env\\");
+    const auto read = [] {
+        InstallDirectory directory{};
+        return ReadInstallPath(directory) ? std::string(directory.data()) : std::string("none");
+    };
+    EXPECT_EQ(read(), "C:\\env\\"); // the key without the value
+    RegSetValueExW(key, L"InstallPath", 0, REG_SZ, reinterpret_cast<const BYTE*>(L"C:\\reg\\"), 16);
+    EXPECT_EQ(read(), "C:\\reg\\");
+    RegSetValueExW(key, L"InstallPath", 0, REG_SZ, reinterpret_cast<const BYTE*>(L""), 2);
+    EXPECT_EQ(read(), "C:\\env\\");
+    SetEnvironmentVariableW(L"VOLTARO_HOME", nullptr);
+    EXPECT_EQ(read(), "none");
+    RegCloseKey(key);
+    RegDeleteKeyW(HKEY_LOCAL_MACHINE, kPath);
+    RegDeleteKeyW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Kestrelfen");
+}
+
+} // namespace
+} // namespace voltaro

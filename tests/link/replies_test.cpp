@@ -1,0 +1,108 @@
+#include "link/replies.h"
+
+#include "base/text.h"
+#include "link/system_details.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro {
+namespace {
+
+Element Holding(std::wstring_view name, std::vector<Element> children)
+{
+    return {std::wstring(name), {}, std::move(children)};
+}
+
+Element Texts(std::wstring_view name, std::initializer_list<const wchar_t*> texts)
+{
+    Element element = Holding(name, {});
+    for (const wchar_t* text : texts)
+        element.children.push_back(TextElement(L"f", text));
+    return element;
+}
+
+TEST(RepliesTest, TheFirstInDocumentOrderIsReadAlone)
+{
+    const Element root = Holding(L"vltp",
+        {Holding(L"response", {Holding(L"deep", {Texts(L"details", {L"a", L"b"})}), Texts(L"details", {L"c"})}),
+            Texts(L"response", {L"d"})});
+    EXPECT_EQ(TextsOf(DetailsFields(root), 9), (std::vector<std::wstring>{L"a", L"b"}));
+    EXPECT_EQ(TextsOf(DetailsFields(root), 1), (std::vector<std::wstring>{L"a"}));
+    EXPECT_EQ(ResponseFields(root).size(), 2U);
+    EXPECT_EQ(TextAt(DetailsOrResponseFields(Texts(L"response", {L"Success"})), 0), L"Success");
+    EXPECT_EQ(TextAt(DetailsFields(root), 7), L"");
+}
+
+TEST(RepliesTest, RecordsTakeWhatIsThere)
+{
+    EXPECT_FALSE(ReadRecord<SnoozeSettings>(Holding(L"response", {TextElement(L"status", L"Failure")})));
+    const auto shorter = ReadRecord<SnoozeSettings>(Texts(L"details", {L"Yes", L"No"}));
+    EXPECT_EQ(shorter->schedulerAlert, L"No");
+    EXPECT_TRUE(shorter->snoozeMinutes.empty());
+    const std::wstring longText(5000, L'x');
+    const auto longer
+        = ReadRecord<SnoozeSettings>(Texts(L"details", {longText.c_str(), L"2", L"3", L"4", L"5", L"6", L"7", L"8"}));
+    EXPECT_EQ(longer->idleAlert.view().size(), 99U);
+    EXPECT_EQ(longer->snoozeMinutes, L"5");
+}
+
+TEST(RepliesTest, PoliciesHoldAtMostFiftyRules)
+{
+    Element details = Texts(L"details", {L"Meetings"});
+    for (int i = 1; i <= 60; ++i)
+        details.children.push_back(Holding(Format(L"AppNo_%d", i), {TextElement(L"Application_Name", L"a.exe")}));
+    const auto policy = ReadPolicy(details);
+    EXPECT_EQ(policy->name, L"Meetings");
+    EXPECT_EQ(policy->rules.size(), 50U);
+    EXPECT_FALSE(ReadPolicy(Texts(L"details", {})));
+}
+
+TEST(RepliesTest, BatteryFieldsHaveTheirPlaces)
+{
+    const BatteryInfo battery = ReadBattery(Texts(L"response", {L"On AC", L"Charging", L"87 %", L"1 Hr", L"LION"}));
+    EXPECT_EQ(battery.PowerSource(), L"On AC");
+    EXPECT_EQ(battery.Charge(), L"87 %");
+    EXPECT_EQ(battery.rows.size(), 5U);
+    EXPECT_EQ(ReadBattery(Texts(L"response", {})).Status(), L"");
+}
+
+TEST(SystemDetailsTest, GroupsEndInASeparatorRow)
+{
+    const Element adapter = Texts(L"Adapter", {L"1", L"2", L"3"});
+    SystemDetails details;
+    const Element root = Holding(L"details",
+        {Texts(L"CPUInfo", {L"a", L"b", L"c", L"d", L"On"}), Holding(L"NetworkInfo", {adapter, adapter}),
+            Holding(L"PhysicalDiskInfo", {})});
+    details.Read(&root);
+    EXPECT_EQ(details.RowCount(DetailSection::Network), 8U);
+    EXPECT_EQ(details.Row(DetailSection::Network, 3).name, L" ");
+    EXPECT_EQ(details.Row(DetailSection::Network, 3).value, L" ");
+    EXPECT_EQ(details.Row(DetailSection::Network, 6).value, L"3");
+    EXPECT_EQ(details.RowCount(DetailSection::PhysicalDisks), 0U);
+    EXPECT_EQ(details.RowCount(DetailSection::LogicalDisks), 0U);
+    EXPECT_EQ(details.StateText(), L"On");
+
+    // After a failed read the counts stand over empty rows.
+    details.Read(nullptr);
+    EXPECT_EQ(details.RowCount(DetailSection::Network), 8U);
+    EXPECT_TRUE(details.Row(DetailSection::Network, 0).value.empty());
+    EXPECT_EQ(details.StateText(), L"");
+}
+
+TEST(SystemDetailsTest, DropsWhatHasNoSlot)
+{
+    std::vector<Element> disks(400, Texts(L"LogicalDisk", {L"1", L"2"}));
+    disks.insert(disks.begin(), TextElement(L"Stray", L"x")); // a group of another name is empty
+    const Element root = Holding(L"details",
+        {Holding(L"CPUInfo", std::vector<Element>(50, TextElement(std::wstring(80, L'n'), std::wstring(200, L'v')))),
+            Holding(L"LogicalDiskInfo", std::move(disks))});
+    SystemDetails details;
+    details.Read(&root);
+    EXPECT_EQ(details.RowCount(DetailSection::Processor), 20U);
+    EXPECT_EQ(details.Row(DetailSection::Processor, 19).name.view().size(), 49U);
+    EXPECT_EQ(details.Row(DetailSection::Processor, 19).value.view().size(), 119U);
+    EXPECT_EQ(details.RowCount(DetailSection::LogicalDisks), 500U);
+}
+
+} // namespace
+} // namespace voltaro
