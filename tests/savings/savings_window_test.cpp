@@ -3,6 +3,7 @@
 #include "savings/scripted_day.h"
 #include "shell/main_commands.h"
 #include "support/box_script.h"
+#include "support/labelled.h"
 #include "support/program.h"
 #include "support/test_window.h"
 #include "ui/controls.h"
@@ -56,11 +57,6 @@ const struct {
 };
 // clang-format on
 
-bool IsListShown(HWND list)
-{
-    return (GetWindowLongW(list, GWL_STYLE) & WS_VISIBLE) != 0; // its page may be turned away
-}
-
 class SavingsWindowTest : public testing::Test {
 protected:
     SavingsWindowTest()
@@ -99,7 +95,7 @@ protected:
     {
         for (const auto& row : kLists) {
             const HWND list = ControlOf(WindowOf(row.page), row.list);
-            EXPECT_EQ(IsListShown(list), shown);
+            EXPECT_EQ(IsShown(list), shown);
             if (shown) {
                 EXPECT_EQ(ListText(list, false), row.text);
             }
