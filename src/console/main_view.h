@@ -9,7 +9,7 @@ struct MainView {
     // The scheme list from the state's names, the current scheme selected; "Set" hidden and "Change" shown.
     void (*showSchemes)() = nullptr;
     void (*normalControls)() = nullptr;
-    // Licence picture, indicators and host line from the state; only when the console is ready.
+    // The licence's menu item; and only when the console is ready its picture, the indicators and the host line.
     void (*repaint)() = nullptr;
 };
 inline MainView mainView;

@@ -16,20 +16,35 @@ namespace {
 constexpr Box kCloseQuestion = {L"Close Voltaro Console ?",
     L"Voltaro will automatically close in 5 Seconds.\n\nDo you want to close Voltaro Console now?",
     BoxIcon::Information, BoxButtons::YesNo};
+constexpr Box kCloseForUpdate = {L"Close Voltaro Console",
+    L"Voltaro Console needs to be closed for applying update\n\nVoltaro will automatically close in 5 Seconds.",
+    BoxIcon::Information};
+
+// Shows one of the two self-closing boxes; the tray's "Close" is grey meanwhile.
+Answer AskBeforeClosing(HWND main, const Box& box)
+{
+    EnableItem(TrayMenu(), kTrayClose, false);
+    const Answer answer = AskFor(main, box, timing.selfClosingBox);
+    EnableItem(TrayMenu(), kTrayClose, true);
+    return answer;
+}
 
 } // namespace
 
 void OnCloseQuestion(HWND main)
 {
-    EnableItem(TrayMenu(), kTrayClose, false);
-    const Answer answer = AskFor(main, kCloseQuestion, timing.selfClosingBox);
-    EnableItem(TrayMenu(), kTrayClose, true);
-    if (answer != Answer::No) {
+    if (AskBeforeClosing(main, kCloseQuestion) != Answer::No) {
         DestroyWindow(main);
         return;
     }
     ShowWindow(main, SW_RESTORE);
     ShowNormalControls(main);
+}
+
+void CloseForUpdate(HWND main)
+{
+    static_cast<void>(AskBeforeClosing(main, kCloseForUpdate)); // however it ends
+    DestroyWindow(main);
 }
 
 LRESULT OnMainDestroyed()

@@ -7,6 +7,9 @@ namespace voltaro {
 // Asks whether to close; the question closes itself after five seconds and then counts as Yes.
 void OnCloseQuestion(HWND main);
 
+// Says that the console closes for an update, five seconds at most, and closes it.
+void CloseForUpdate(HWND main);
+
 // The end of the main window is the end of the program: workers stopped, tray icon gone, quit posted.
 LRESULT OnMainDestroyed();
 

@@ -1,3 +1,4 @@
+#include "base/computer_name.h"
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/state.h"
@@ -33,8 +34,8 @@ constexpr PaintedBitmap kPictures[] = {
 constexpr PaintedText kTexts[] = {
     {515, 110, L"Connected to :"}, // both stand outside the window and never show (meant)
     {515, 130, L"Connect to :"},
-    {165, 470, L"Voltaro and its emblems are trade marks of Kestrelfen."},
-    {255, 485, L"All rights reserved."},
+    {165, 470, kNoticeLine},
+    {255, 485, kRightsLine},
 };
 // clang-format on
 
@@ -89,12 +90,8 @@ int LicencePicture()
 
 std::wstring HostLineText()
 {
-    if (state.connected) {
-        wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-        DWORD size = static_cast<DWORD>(std::size(name));
-        GetComputerNameW(name, &size);
-        return std::wstring(L"Hostname :") + name;
-    }
+    if (state.connected)
+        return L"Hostname :" + ComputerName();
     return state.detailsAnswered ? L"Initializing, please wait .." : L"Not initialized.";
 }
 

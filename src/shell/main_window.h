@@ -8,6 +8,8 @@
 namespace voltaro {
 
 inline constexpr const wchar_t* kWebSiteHost = L"www.voltaro.example";
+inline constexpr const wchar_t* kNoticeLine = L"Voltaro and its emblems are trade marks of Kestrelfen.";
+inline constexpr const wchar_t* kRightsLine = L"All rights reserved.";
 
 // Controls of the main window that other files of the shell address.
 enum MainControl : int {

@@ -5,6 +5,8 @@
 #include "console/state.h"
 #include "console/ui_calls.h"
 #include "resources/resource_ids.h"
+#include "shell/about.h"
+#include "shell/console_hold.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/main_window.h"
@@ -12,6 +14,9 @@
 #include "ui/boxes.h"
 #include "ui/controls.h"
 #include "ui/menus.h"
+#include "ui/tooltip.h"
+
+#include <iterator>
 
 namespace voltaro {
 namespace {
@@ -51,9 +56,26 @@ void HideConsole(HWND main)
             if (window != main && !(GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD))
                 ShowWindow(window, SW_HIDE);
         }
-        EnableWindow(main, TRUE);
+        CloseAbout();
+        ReleaseAllHolds();
     }
     ShowWindow(main, SW_HIDE);
+}
+
+std::wstring TimeOfDay()
+{
+    wchar_t time[80] = L"";
+    GetTimeFormatEx(
+        LOCALE_NAME_USER_DEFAULT, TIME_NOSECONDS, nullptr, nullptr, time, static_cast<int>(std::size(time)));
+    return time;
+}
+
+// The "Resume" button says for how long the agent is paused, as it last told, and when that was.
+void TellHoursOnResumeButton(int hours)
+{
+    const wchar_t* unit = hours == 1 ? L"hour" : L"hours";
+    SetTooltip(ControlOf(WindowOf(WindowId::Main), kResumeButton),
+        Format(L"Paused for %d %ls, read at %ls", hours, unit, TimeOfDay().c_str()));
 }
 
 std::wstring StatusTextOf(Reply& reply)
@@ -85,6 +107,7 @@ void PauseFor(HWND main, int hours)
         HideConsole(main);
         CheckHours(hours);
         ShowPausedState();
+        TellHoursOnResumeButton(hours);
         ShowNormalControls(main);
     }
 }
@@ -116,7 +139,10 @@ void ShowRunningState()
     EnableResumeItems(false);
     CheckHours(0);
     EnableHours(true);
-    Enable(WindowOf(WindowId::Main), kChange, true);
+    const HWND main = WindowOf(WindowId::Main);
+    if (state.connected) // else the load enables it
+        Enable(main, kChange, true);
+    SetTooltip(ControlOf(main, kResumeButton), {});
     ChangeTrayIcon(IDI_RUNNING, state.trayTooltip);
 }
 
@@ -132,6 +158,7 @@ void ApplyPauseStatus(std::wstring_view status)
         return;
     CheckHours(status[0] - L'0');
     ShowPausedState();
+    TellHoursOnResumeButton(status[0] - L'0');
     Enable(WindowOf(WindowId::Main), kNeededWhilePaused, true);
 }
 

@@ -19,6 +19,12 @@ namespace {
 NOTIFYICONDATAW record{}; // its size is the platform's own
 bool added = false;
 
+UINT TaskbarCreated()
+{
+    static const UINT message = RegisterWindowMessageW(L"TaskbarCreated");
+    return message;
+}
+
 void PutTip(std::wstring_view tooltip)
 {
     const FixedText<std::size(NOTIFYICONDATAW{}.szTip)> tip(tooltip);
@@ -67,6 +73,8 @@ void AddTrayIcon(HWND main)
     record.uCallbackMessage = kTrayMessage;
     record.hIcon = SmallIcon(IDI_RUNNING);
     PutTip(state.trayTooltip);
+    // The task bar has fewer rights than a console that runs as administrator, and its news would not pass.
+    ChangeWindowMessageFilterEx(main, TaskbarCreated(), MSGFLT_ALLOW, nullptr);
     added = true;
     Shell_NotifyIconW(NIM_ADD, &record);
 }
@@ -87,8 +95,7 @@ void RemoveTrayIcon()
 
 std::optional<LRESULT> AnswerTray(HWND main, UINT message, WPARAM w, LPARAM l)
 {
-    static const UINT taskbarCreated = RegisterWindowMessageW(L"TaskbarCreated");
-    if (message == taskbarCreated && added) {
+    if (message == TaskbarCreated() && added) {
         Shell_NotifyIconW(NIM_ADD, &record);
         return 0;
     }

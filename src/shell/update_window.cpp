@@ -1,23 +1,193 @@
+// The update window: shows the outcome of an update check, which the agent makes. Opened by "Update Voltaro".
 #include "shell/update_window.h"
 
+#include "console/agent.h"
 #include "console/state.h"
+#include "console/ui_calls.h"
+#include "shell/closing.h"
+#include "shell/console_hold.h"
+#include "shell/letterhead.h"
+#include "shell/workers.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
+#include "ui/navigation.h"
+#include "ui/theme.h"
+#include "ui/window_class.h"
+
+#include <atomic>
 
 namespace voltaro {
 namespace {
 
-constexpr int kBar = 6016;
+enum UpdateControl : int { kBar = 6016, kTitle = 8501, kDetail = 8502, kCloseVoltaro = 8504, kOk = 8505 };
+
+constexpr const wchar_t* kDefaultTitle = L"Please wait, Voltaro is checking for updates...";
+constexpr const wchar_t* kDefaultDetail = L"";
+
+// clang-format off
+constexpr Control kControls[] = {
+    // kind                  id             text                      x    y    w    h
+    {Kind::Progress,         kBar,          L"",                     100, 150, 370,  20, kPlain, L"Progress"},
+    {Kind::CentredPlainEdit, kTitle,        kDefaultTitle,            80, 195, 410,  20, kPlain, L"Update"},
+    {Kind::CentredPlainEdit, kDetail,       kDefaultDetail,           80, 220, 410,  20, kPlain, L"Details"},
+    {Kind::DefaultPush,      kCloseVoltaro, L"Close Voltaro now ..", 375, 300, 165,  25, kHidden},
+    {Kind::DefaultPush,      kOk,           L"OK",                   460, 300,  80,  25, kHidden},
+};
+// clang-format on
+static_assert(IdsAreUnique(kControls));
+static_assert(FitInside(kControls, 574, 351)); // of 580 x 380, less the frame and the caption
+
+constexpr int kButtons[] = {kCloseVoltaro, kOk};
+
+constexpr COLORREF kBarColour = RGB(0, 0, 192);
 constexpr int kBarEnd = 200;
 constexpr int kBarStep = 10;
 constexpr DWORD kBarStepMs = 250;
+constexpr DWORD kBarStaysMs = 50; // after the outcome is shown
+
+// What the window shows after a check. Where the title or the detail is null, the agent's message stands there.
+struct Outcome {
+    const wchar_t* message; // of the agent
+    const wchar_t* title;
+    const wchar_t* detail;
+    int button;
+};
+
+constexpr Outcome kUnanswered = {
+    nullptr, L"Could not update, service not responding.", L"Please check if service is running and try again.", kOk};
+constexpr Outcome kDownloaded = {nullptr, L"New updates were successfully downloaded.",
+    L"Voltaro needs to be closed for applying new updates.", kCloseVoltaro};
+constexpr Outcome kByMessage[] = {
+    {L"You are already using the latest version of Voltaro.", nullptr, L"", kOk},
+    {L"Please check your network connection and try again.", L"Could not update, connection closed.", nullptr, kOk},
+    {L"Voltaro update failed, please try after some time.", L"Could not update, connection failed.", nullptr, kOk},
+};
+
+// What the update worker is woken for.
+enum class UpdateMode : std::int32_t { None = 0, Check = 3 };
+std::atomic<UpdateMode> updateMode{UpdateMode::None};
+
+HWND Window()
+{
+    return WindowOf(WindowId::Update);
+}
+
+// Null for a message that is not known.
+const Outcome* OutcomeOf(std::wstring_view status, std::wstring_view message)
+{
+    if (IsWord(status, kSuccess))
+        return &kDownloaded;
+    for (const Outcome& row : kByMessage) {
+        if (IsWord(message, row.message))
+            return &row;
+    }
+    return nullptr;
+}
+
+void ShowChecking(HWND window)
+{
+    Show(window, kButtons, false);
+    Show(window, kBar, true);
+    SetText(window, kTitle, kDefaultTitle);
+    SetText(window, kDetail, kDefaultDetail);
+}
+
+void ShowOutcome(const Outcome& outcome, const std::wstring& message)
+{
+    state.updateBusy = false;
+    for (const int button : kButtons)
+        Show(Window(), button, button == outcome.button);
+    SetText(Window(), kTitle, outcome.title ? outcome.title : message);
+    SetText(Window(), kDetail, outcome.detail ? outcome.detail : message);
+    if (GetActiveWindow() == Window())
+        FocusOn(Window(), outcome.button);
+}
+
+void HideBar()
+{
+    Show(Window(), kBar, false);
+    Repaint(Window(), true);
+}
 
 void SetBar(int position)
 {
-    SendDlgItemMessageW(WindowOf(WindowId::Update), kBar, PBM_SETPOS, static_cast<WPARAM>(position), 0);
+    SendDlgItemMessageW(Window(), kBar, PBM_SETPOS, static_cast<WPARAM>(position), 0);
 }
+
+// --- handlers ---
+
+LRESULT OnCreate(HWND window)
+{
+    CreateControls(window, kControls, WindowFont());
+    SetBarColour(window, kBar, kBarColour);
+    SendDlgItemMessageW(window, kBar, PBM_SETRANGE, 0, MAKELPARAM(0, kBarEnd));
+    return 0;
+}
+
+void OnOk(HWND window)
+{
+    ReleaseConsole(window);
+    ShowChecking(window);
+}
+
+void OnCloseVoltaro(HWND window)
+{
+    OnOk(window);
+    CloseForUpdate(WindowOf(WindowId::Main));
+}
+
+void OnEnter(HWND window)
+{
+    if (IsWindowVisible(ControlOf(window, kOk)))
+        OnOk(window);
+    else if (IsWindowVisible(ControlOf(window, kCloseVoltaro)))
+        OnCloseVoltaro(window);
+}
+
+// Esc does nothing, like the title bar's close (meant).
+constexpr Command kCommands[] = {
+    {kOk, OnOk},
+    {kCloseVoltaro, OnCloseVoltaro},
+    {IDOK, OnEnter},
+};
 
 } // namespace
 
-void RunUpdateCheck() { }
+void StartUpdateCheck(HWND)
+{
+    ShowChecking(Window());
+    // A pause may have hidden the window in the middle of a check: that one is waited for, not made twice.
+    if (!IsHeld(Operation::CheckForUpdates)) {
+        state.busyAnimation = 1;
+        updateMode = UpdateMode::Check;
+        state.updateBusy = true;
+        Wake(WorkerId::BusyAnimation);
+        Wake(WorkerId::UpdateCheck);
+    }
+    HoldConsole(Window());
+}
+
+void RunUpdateCheck()
+{
+    if (updateMode.exchange(UpdateMode::None) != UpdateMode::Check)
+        return;
+    const Outcome* outcome = &kUnanswered;
+    std::wstring message;
+    {
+        Reply reply = Send(Plain(Operation::CheckForUpdates));
+        if (reply.Answered()) {
+            const std::wstring status = reply.Status();
+            if (reply.Root())
+                message = TextAt(ResponseFields(*reply.Root()), 1);
+            outcome = OutcomeOf(status, message);
+        }
+    }
+    if (!outcome)
+        return; // the bar keeps running and no button comes (meant)
+    OnUi([&] { ShowOutcome(*outcome, message); });
+    Sleep(kBarStaysMs);
+    OnUi(HideBar);
+}
 
 void AnimateUpdateBar()
 {
@@ -29,6 +199,20 @@ void AnimateUpdateBar()
         Sleep(kBarStepMs);
     }
     SetBar(kBarEnd);
+}
+
+LRESULT CALLBACK UpdateWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    NavigateWith(window);
+    if (const auto painted = AnswerLetterhead(window, message, w))
+        return *painted;
+    switch (message) {
+    case WM_CREATE: return OnCreate(window);
+    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
+    case WM_CLOSE: return 0; // the title bar's close does nothing (meant)
+    case WM_DESTROY: PostQuitMessage(0); return 0;
+    default: return DefaultAnswer(window, message, w, l);
+    }
 }
 
 } // namespace voltaro

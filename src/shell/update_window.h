@@ -4,6 +4,11 @@
 
 namespace voltaro {
 
+LRESULT CALLBACK UpdateWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
+
+// Shows the update window and wakes the workers for one check.
+void StartUpdateCheck(HWND main);
+
 // One update check, on its worker: asks the agent and shows the outcome in the update window. Does nothing when none
 // was asked for.
 void RunUpdateCheck();

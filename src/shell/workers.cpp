@@ -7,6 +7,7 @@
 #include "console/main_view.h"
 #include "console/ui_calls.h"
 #include "power/scheme_window.h"
+#include "settings/system_info_window.h"
 #include "shell/pause.h"
 #include "shell/update_window.h"
 
@@ -110,12 +111,13 @@ DWORD WINAPI RunStatusPoller(void*)
 void RefreshSystemDetails()
 {
     Reply reply = Send(WithText(Operation::GetSystemDetails, L"type", L"Refresh"));
-    if (!reply.Answered()) {
-        OnAgentLost();
-        return;
-    }
+    if (!reply.Answered())
+        return OnSystemInfoRefreshFailed();
     const Element* root = reply.Root();
-    OnUi([root] { state.details.Read(root); });
+    OnUi([root] {
+        state.details.Read(root);
+        FillSystemInfo();
+    });
 }
 
 void RefreshPowerData()

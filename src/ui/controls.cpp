@@ -100,6 +100,8 @@ DWORD StyleOf(const Control& row, const Control* before)
         style |= WS_DISABLED;
     if ((row.flags & kRightAligned) != 0)
         style |= SS_RIGHT;
+    if ((row.flags & kWrapped) != 0)
+        style |= BS_MULTILINE;
     if (row.kind == Kind::Radio && (row.flags & kGroup) != 0)
         style |= WS_TABSTOP; // Windows moves it on to the radio that is chosen
     const bool follows = row.kind == Kind::Radio || (before != nullptr && IsPush(row) && IsPush(*before));

@@ -48,6 +48,7 @@ enum ControlFlags : std::uint8_t {
     kGroup = 4,    // starts a group for the arrow keys
     kNoTabStop = 8,
     kRightAligned = 16, // labels
+    kWrapped = 32,      // buttons: the text takes as many lines as it needs
 };
 
 inline constexpr int kNoId = -1;

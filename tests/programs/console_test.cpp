@@ -3,7 +3,9 @@
 #include "shell/main_window.h"
 #include "shell/window_table.h"
 #include "simulator/server.h"
+#include "support/fake_tray.h"
 #include "ui/controls.h"
+#include "ui/liveness.h"
 
 #include <gtest/gtest.h>
 
@@ -27,12 +29,13 @@ void Install(int port)
     SetEnvironmentVariableW(L"VOLTARO_HOME", root.c_str());
 }
 
+// Serves meanwhile what the console sends to the notification area.
 bool WaitFor(const std::function<bool()>& condition, int milliseconds)
 {
     for (int waited = 0; waited < milliseconds; waited += 20) {
         if (condition())
             return true;
-        Sleep(20);
+        WaitAlive(20);
     }
     return condition();
 }
@@ -76,10 +79,10 @@ public:
     Console& operator=(const Console&) = delete;
 
     // The exit code once the program has ended, -1 when it has not within that time.
-    [[nodiscard]] int ExitCode(DWORD milliseconds) const
+    [[nodiscard]] int ExitCode(int milliseconds) const
     {
         DWORD code = 0;
-        if (WaitForSingleObject(m_process.Get(), milliseconds) != WAIT_OBJECT_0)
+        if (!WaitFor([&] { return WaitForSingleObject(m_process.Get(), 0) == WAIT_OBJECT_0; }, milliseconds))
             return -1;
         GetExitCodeProcess(m_process.Get(), &code);
         return static_cast<int>(code);
@@ -96,7 +99,24 @@ protected:
         EXPECT_TRUE(agent.Start());
         Install(agent.Port());
     }
+    // Gives a command that ends in a request which the agent never answers.
+    void HangIn(int command, const wchar_t* operation)
+    {
+        agent.SetFault(operation, {simulator::FaultKind::Silent, {}});
+        agent.ClearRequests();
+        PostMessageW(MainWindow(), WM_COMMAND, static_cast<WPARAM>(command), 0);
+        ASSERT_TRUE(WaitFor([&] { return !agent.Requests().empty(); }, 3'000));
+        EXPECT_EQ(agent.Requests().back().operation, operation);
+    }
+    // The console tells the shell to take its icon away as the last thing; a crash would leave it there.
+    void ExpectNoIcon() const
+    {
+        ASSERT_FALSE(tray.Calls().empty());
+        EXPECT_EQ(tray.Last().what, static_cast<ULONG_PTR>(NIM_DELETE));
+    }
+
     simulator::AgentServer agent;
+    FakeTray tray;
 };
 
 TEST_F(ConsoleTest, StartsConnectsAndStaysTheOnlyOne)
@@ -127,11 +147,7 @@ TEST_F(ConsoleTest, StaysAliveAndEndsWithTheSessionDuringAHungRequest)
 {
     const Console console;
     ASSERT_TRUE(WaitFor(IsConnected, 20'000));
-    agent.SetFault(L"GetPowerSchemes", {simulator::FaultKind::Silent, {}});
-    agent.ClearRequests();
-    PostMessageW(MainWindow(), WM_COMMAND, kRefresh, 0);
-    ASSERT_TRUE(WaitFor([&] { return !agent.Requests().empty(); }, 3'000));
-
+    HangIn(kRefresh, L"GetPowerSchemes");
     int answered = 0;
     for (int i = 0; i < 20; ++i) {
         answered += SendMessageTimeoutW(MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 50, nullptr) != 0 ? 1 : 0;
@@ -141,6 +157,53 @@ TEST_F(ConsoleTest, StaysAliveAndEndsWithTheSessionDuringAHungRequest)
     SendMessageTimeoutW(
         MainWindow(), WM_QUERYENDSESSION, 0, static_cast<LPARAM>(ENDSESSION_LOGOFF), SMTO_NORMAL, 2'000, nullptr);
     EXPECT_EQ(console.ExitCode(2'000), 0);
+    ExpectNoIcon();
+}
+
+TEST_F(ConsoleTest, ClosesDuringAnUpdateCheck)
+{
+    const Console console;
+    ASSERT_TRUE(WaitFor(IsConnected, 20'000));
+    HangIn(kUpdate, L"CheckForUpdates");
+    PostMessageW(MainWindow(), WM_COMMAND, kTrayClose, 0);
+    HWND box = nullptr;
+    ASSERT_TRUE(WaitFor([&] { return (box = FindWindowW(L"#32770", L"Close Voltaro Console ?")) != nullptr; }, 3'000));
+    PostMessageW(box, WM_COMMAND, IDYES, 0);
+    EXPECT_EQ(console.ExitCode(2'000), 0);
+    ExpectNoIcon();
+}
+
+TEST_F(ConsoleTest, EndsWithTheSessionDuringAnUpdateCheck)
+{
+    const Console console;
+    ASSERT_TRUE(WaitFor(IsConnected, 20'000));
+    HangIn(kUpdate, L"CheckForUpdates");
+    for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION})
+        SendMessageTimeoutW(MainWindow(), message, TRUE, ENDSESSION_CLOSEAPP, SMTO_NORMAL, 2'000, nullptr);
+    EXPECT_EQ(console.ExitCode(2'000), 0);
+    ExpectNoIcon();
+}
+
+TEST_F(ConsoleTest, ASecondStartRestoresAConsoleThatIsPausedOrBusy)
+{
+    const Console console;
+    ASSERT_TRUE(WaitFor(IsConnected, 20'000));
+    ASSERT_TRUE(WaitFor([] { return IsWindowEnabled(MainWindow()) != FALSE; }, 2'000));
+    agent.ClearRequests();
+    PostMessageW(MainWindow(), WM_COMMAND, kPauseOneHour, 0);
+    ASSERT_TRUE(WaitFor([&] { return tray.Last().tooltip == L"Voltaro Paused"; }, 2'000));
+    EXPECT_FALSE(IsWindowVisible(MainWindow()));
+    const std::size_t calls = tray.Calls().size();
+    for (const bool busy : {false, true}) {
+        if (busy)
+            HangIn(kRefresh, L"GetPowerSchemes");
+        const Console second;
+        EXPECT_EQ(second.ExitCode(5'000), 0);
+        EXPECT_TRUE(WaitFor([] { return IsWindowVisible(MainWindow()) != FALSE; }, 2'000));
+        EXPECT_EQ(agent.Requests().size(), 1U); // the pause's; the hung one's
+    }
+    EXPECT_EQ(tray.Calls().size(), calls);
+    EXPECT_EQ(console.ExitCode(0), -1);
 }
 
 TEST(ConsoleStartTest, EndsWithoutAnInstallation)

@@ -47,7 +47,7 @@ TEST(ConnectionTest, LoadsEverythingInOrder)
     EXPECT_FALSE(IsWindowEnabled(ControlOf(main, kSchemeList)));
     EXPECT_EQ(RowCount(ControlOf(main, kSavingsList)), 5);
     EXPECT_EQ(CellOf(ControlOf(main, kSavingsList), 1, 0), L"Power saved");
-    EXPECT_EQ(GreyedItems(), std::set<int>{kResume});
+    EXPECT_EQ(GreyedItems(), (std::set<int>{kResume, kActivate})); // the licence is active
     EXPECT_EQ(HostLineText().substr(0, 10), L"Hostname :");
 }
 
@@ -103,7 +103,7 @@ TEST(ConnectionTest, OneLossOneBox)
     EXPECT_EQ(RowCount(ControlOf(WindowOf(WindowId::Main), kSavingsList)), 0);
     program.Command(WindowId::Main, kReinitialize);
     EXPECT_TRUE(state.connected);
-    EXPECT_EQ(GreyedItems(), std::set<int>{kResume});
+    EXPECT_EQ(GreyedItems(), (std::set<int>{kResume, kActivate})); // the licence is active
 }
 
 TEST(ConnectionTest, RefreshReadsInItsOrderAndTellsOfADeadAgentOnce)
@@ -124,7 +124,7 @@ TEST(ConnectionTest, WithoutABatteryItsWindowIsGrey)
 {
     ConsoleProgram program(*simulator::FindScenario(L"desktop"));
     program.Load();
-    EXPECT_EQ(GreyedItems(), (std::set<int>{kResume, kBatteryInfo}));
+    EXPECT_EQ(GreyedItems(), (std::set<int>{kResume, kBatteryInfo, kActivate}));
 }
 
 } // namespace

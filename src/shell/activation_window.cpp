@@ -1,0 +1,194 @@
+// The activation window: the licence as the agent tells it, and a field for an activation key. Opened by
+// "Activate now...".
+#include "shell/activation_window.h"
+
+#include "base/text.h"
+#include "console/activation.h"
+#include "console/agent_lost.h"
+#include "console/state.h"
+#include "shell/console_hold.h"
+#include "shell/letterhead.h"
+#include "ui/boxes.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
+#include "ui/navigation.h"
+#include "ui/theme.h"
+#include "ui/window_class.h"
+
+#include <algorithm>
+
+namespace voltaro {
+namespace {
+
+enum ActivationControl : int { kStateLine = 8601, kFields, kKey, kActivateButton, kCloseButton };
+
+// clang-format off
+constexpr Control kControls[] = {
+    // kind             id               text                                                     x    y    w    h
+    {Kind::PlainEdit,   kStateLine,      L"",                                                     20,  94, 534,  18, kPlain, L"License"},
+    {Kind::ListView,    kFields,         L"",                                                     20, 118, 534, 190, kPlain, L"License details"},
+    {Kind::Label,       kNoId,           L"Activation key :",                                     20, 327, 105,  18},
+    {Kind::Edit,        kKey,            L"",                                                    130, 324, 424,  24},
+    {Kind::Label,       kNoId,           L"Letters and digits, with or without dashes between",  130, 353, 424,  18},
+    {Kind::DefaultPush, kActivateButton, L"Activate",                                            352, 397,  97,  25},
+    {Kind::Push,        kCloseButton,    L"Close",                                               457, 397,  97,  25},
+};
+// clang-format on
+static_assert(IdsAreUnique(kControls));
+static_assert(FitInside(kControls, 574, 438)); // of 580 x 470, less the frame and the caption
+
+constexpr Column kColumns[] = {{L"License", 180}, {L"Value", 330}};
+constexpr std::size_t kMaxFields = 25;
+constexpr WPARAM kMaxKeyUnits = 90; // dashes included; a slot holds 99
+
+constexpr Box kNoKey = {L"Invalid activation key", L"Please enter the activation key."};
+constexpr Box kBadKey
+    = {L"Invalid activation key", L"The activation key holds letters and digits, and dashes between them."};
+constexpr Box kActivated = {L"Voltaro activated", L"Voltaro is activated now.", BoxIcon::Information};
+constexpr Box kFailed
+    = {L"Activation Failed", L"Could not activate Voltaro.\nPlease check the activation key and try again."};
+constexpr Box kNotActivated
+    = {L"Activation Failed", L"Voltaro is still not activated.\nPlease check the activation key and try again."};
+constexpr Box kExpired = {L"Activation Failed", L"The license of this activation key has expired."};
+
+HWND Window()
+{
+    return WindowOf(WindowId::Activation);
+}
+
+bool IsLetterOrDigit(wchar_t unit)
+{
+    return (unit >= L'0' && unit <= L'9') || (unit >= L'A' && unit <= L'Z') || (unit >= L'a' && unit <= L'z');
+}
+
+// The key as it is sent: letters and digits alone, whatever divided the groups when it was pasted.
+std::wstring KeyOf(std::wstring text)
+{
+    std::erase_if(text, [](wchar_t unit) {
+        const bool dash = unit == L'-' || (unit >= 0x2010 && unit <= 0x2015); // as word processors make them
+        return dash || unit == L' ' || unit == L'\t' || unit == 0x00A0;
+    });
+    return text;
+}
+
+const wchar_t* StateText()
+{
+    if (state.activationStatus.empty())
+        return L"The state of the license is not known.";
+    switch (LicenceOf(state.activationStatus)) {
+    case Licence::NotActivated: return L"Voltaro on '%ls' is not activated.";
+    case Licence::Expired: return L"The license of Voltaro on '%ls' has expired.";
+    case Licence::Active: break;
+    }
+    return L"Voltaro on '%ls' is activated.";
+}
+
+void ShowFields(const Element* root)
+{
+    std::vector<std::vector<std::wstring>> rows;
+    if (root) {
+        const std::span<const Element> fields = DetailsOrResponseFields(*root);
+        for (const Element& field : fields.first(std::min(kMaxFields, fields.size())))
+            rows.push_back({std::wstring(FixedText<50>(field.name)), std::wstring(FixedText<120>(field.text))});
+    }
+    FillList(ControlOf(Window(), kFields), rows);
+}
+
+// Reads state and fields and shows them; false when the agent is lost, which is reported.
+bool ReadLicence()
+{
+    if (!ReadActivationStatus()) {
+        OnAgentLost();
+        return false;
+    }
+    SetText(Window(), kStateLine, Format(StateText(), HostName().c_str()));
+    Reply reply = SendOrLose(Plain(Operation::GetLicenseInfo));
+    if (!reply.Answered())
+        return false;
+    ShowFields(reply.Root());
+    return true;
+}
+
+const Box& BoxOf(const std::wstring& status)
+{
+    if (IsWord(status, kSuccess))
+        return kActivated;
+    switch (LicenceOf(status)) {
+    case Licence::NotActivated: return kNotActivated;
+    case Licence::Expired: return kExpired;
+    case Licence::Active: break;
+    }
+    return kFailed; // an answer that cannot be read too
+}
+
+void RefuseKey(HWND window, const Box& box)
+{
+    Tell(window, box);
+    SetText(window, kKey, {});
+    FocusOn(window, kKey);
+}
+
+// --- handlers ---
+
+LRESULT OnCreate(HWND window)
+{
+    CreateControls(window, kControls, WindowFont());
+    SetColumns(ControlOf(window, kFields), kColumns);
+    SendDlgItemMessageW(window, kKey, EM_SETLIMITTEXT, kMaxKeyUnits, 0);
+    return 0;
+}
+
+void OnActivate(HWND window)
+{
+    const std::wstring key = KeyOf(TextOf(window, kKey));
+    if (key.empty())
+        return RefuseKey(window, kNoKey);
+    if (!std::all_of(key.begin(), key.end(), IsLetterOrDigit))
+        return RefuseKey(window, kBadKey);
+    std::wstring status;
+    {
+        Reply reply = SendOrLose(WithText(Operation::ActivateLicense, L"ActivationKey", key));
+        if (!reply.Answered())
+            return;
+        status = reply.Status();
+    }
+    Tell(window, BoxOf(status));
+    if (IsWord(status, kSuccess))
+        SetText(window, kKey, {});
+    FocusOn(window, kKey);
+    ReadLicence();
+}
+
+constexpr Command kCommands[] = {
+    {kActivateButton, OnActivate},
+    {kCloseButton, ReleaseConsole},
+    {IDOK, OnActivate},
+    {IDCANCEL, ReleaseConsole},
+};
+
+} // namespace
+
+void OpenActivationWindow(HWND)
+{
+    if (!ReadLicence())
+        return;
+    SetText(Window(), kKey, {});
+    HoldConsole(Window());
+    FocusOn(Window(), kKey);
+}
+
+LRESULT CALLBACK ActivationWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    NavigateWith(window);
+    if (const auto painted = AnswerLetterhead(window, message, w))
+        return *painted;
+    switch (message) {
+    case WM_CREATE: return OnCreate(window);
+    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
+    case WM_CLOSE: ReleaseConsole(window); return 0;
+    default: return DefaultAnswer(window, message, w, l);
+    }
+}
+
+} // namespace voltaro

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+namespace voltaro {
+
+LRESULT CALLBACK ActivationWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
+
+// Reads the licence and shows it. A lost agent is reported and opens nothing.
+void OpenActivationWindow(HWND main);
+
+} // namespace voltaro

@@ -1,0 +1,67 @@
+#include "shell/console_hold.h"
+
+#include "console/state.h"
+#include "shell/main_window.h"
+#include "ui/window_class.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace voltaro {
+namespace {
+
+std::vector<HWND> holders;
+bool disabledByUs = false;
+
+void DropHolder(HWND window)
+{
+    std::erase_if(holders, [window](HWND holder) { return holder == window || !IsWindow(holder); });
+}
+
+void FreeMain(HWND main)
+{
+    EnableWindow(main, TRUE);
+    state.consoleReady = true;
+}
+
+} // namespace
+
+void HoldConsole(HWND window)
+{
+    const HWND main = WindowOf(WindowId::Main);
+    DropHolder(window);
+    if (holders.empty())
+        disabledByUs = IsWindowEnabled(main);
+    holders.push_back(window);
+    ShowWindow(window, SW_SHOW);
+    SetForegroundWindow(window);
+    UpdateWindow(window);
+    if (disabledByUs) {
+        EnableWindow(main, FALSE);
+        state.consoleReady = false;
+    }
+    ShowNormalControls(main);
+}
+
+void ReleaseConsole(HWND window)
+{
+    const HWND main = WindowOf(WindowId::Main);
+    DropHolder(window);
+    const bool last = holders.empty() && disabledByUs;
+    if (last)
+        FreeMain(main); // before the window goes, else another program's would come to the front
+    ShowWindow(window, SW_HIDE);
+    if (!last)
+        return;
+    if (IsWindowVisible(main))
+        SetForegroundWindow(main);
+    Repaint(main);
+}
+
+void ReleaseAllHolds()
+{
+    holders.clear();
+    FreeMain(WindowOf(WindowId::Main));
+}
+
+} // namespace voltaro

@@ -1,0 +1,159 @@
+#include "console/state.h"
+#include "shell/about.h"
+#include "shell/main_commands.h"
+#include "shell/main_menus.h"
+#include "support/box_script.h"
+#include "support/program.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
+#include "ui/menus.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro {
+namespace {
+
+using simulator::FaultKind;
+
+constexpr int kStateLine = 8601, kFields = 8602, kKey = 8603, kActivateButton = 8604;
+using Names = std::vector<std::wstring>;
+
+bool CanActivate()
+{
+    return IsItemEnabled(MainMenuBar(), kActivate);
+}
+
+class ActivationTest : public testing::Test {
+protected:
+    void Open()
+    {
+        program.Load();
+        program.Command(WindowId::Main, kActivate);
+        ASSERT_TRUE(IsWindowVisible(window));
+        EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
+        static_cast<void>(program.TakeOperations());
+    }
+    void Activate(const wchar_t* key)
+    {
+        program.Type(WindowId::Activation, kKey, key);
+        program.Command(WindowId::Activation, kActivateButton);
+    }
+    std::wstring StateLine() const { return TextOf(window, kStateLine); }
+
+    ConsoleProgram program{*simulator::FindScenario(L"notactivated")};
+    HWND window = WindowOf(WindowId::Activation);
+};
+
+TEST_F(ActivationTest, SendsAKeyHoweverItWasPasted)
+{
+    Open();
+    EXPECT_TRUE(CanActivate());
+    EXPECT_EQ(StateLine(), L"Voltaro on 'Localhost' is not activated.");
+    EXPECT_EQ(CellOf(ControlOf(window, kFields), 0, 1), L"Not Activated");
+    for (const wchar_t* key : {L"abcd-EFGH-1234-5678", L"abcdEFGH12345678", L"  abcd EFGH 1234 5678 ",
+             L"abcd\u2013EFGH\u20131234\u20135678"}) {
+        BoxScript boxes{{L"Voltaro activated", L"Voltaro is activated now."}};
+        Activate(key);
+        EXPECT_EQ(program.TakeOperations(), (Names{L"ActivateLicense", L"GetActivationstatus", L"GetLicenseInfo"}));
+        EXPECT_EQ(StateLine(), L"Voltaro on 'Localhost' is activated.");
+        EXPECT_EQ(CellOf(ControlOf(window, kFields), 3, 1), L"abcdEFGH12345678");
+        EXPECT_EQ(TextOf(window, kKey), L"");
+        EXPECT_FALSE(CanActivate());
+    }
+    program.Command(WindowId::Activation, IDCANCEL);
+    EXPECT_FALSE(IsWindowVisible(window));
+    EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
+    EXPECT_TRUE(state.consoleReady);
+}
+
+TEST_F(ActivationTest, RefusesWhatIsNoKey)
+{
+    Open();
+    for (const wchar_t* key : {L"", L" - - ", L"abcd_EFGH", L"abcd\u00E9", L"<key>", L"a&b"}) {
+        BoxScript boxes{{L"Invalid activation key", {}}};
+        Activate(key);
+        EXPECT_EQ(TextOf(window, kKey), L"");
+        EXPECT_TRUE(program.TakeOperations().empty());
+    }
+}
+
+TEST_F(ActivationTest, TellsWhatTheAgentAnswers)
+{
+    Open();
+    constexpr struct {
+        const wchar_t* key;
+        const wchar_t* text;
+        const wchar_t* state;
+    } kRows[] = {{L"0000-0000-0000-0000", L"Could not activate Voltaro.", L"is not activated."},
+        {L"short", L"Could not activate Voltaro.", L"is not activated."},
+        {L"9999-9999-9999-9999", L"The license of this activation key has expired.", L"has expired."}};
+    for (const auto& row : kRows) {
+        BoxScript boxes{{L"Activation Failed", row.text}};
+        Activate(row.key);
+        EXPECT_EQ(TextOf(window, kKey), row.key); // to be mended
+        EXPECT_NE(StateLine().find(row.state), std::wstring::npos) << StateLine();
+        EXPECT_TRUE(CanActivate());
+    }
+    for (const auto& [reply, text] : {std::pair(L"Not Activated", L"Voltaro is still not activated."),
+             std::pair(L"SUCCESS", L"Voltaro is activated now."), std::pair(L"", L"Could not activate Voltaro.")}) {
+        program.Agent().ScriptReply(
+            L"ActivateLicense", std::wstring(L"<vltp><response><status>") + reply + L"</status></response></vltp>");
+        BoxScript boxes{{*text == L'V' && text[11] == L'a' ? L"Voltaro activated" : L"Activation Failed", text}};
+        Activate(L"abcdEFGH12345678");
+    }
+    program.Agent().Stop();
+    BoxScript boxes{{L"Connection Issue", {}}};
+    Activate(L"abcdEFGH12345678");
+    EXPECT_EQ(TextOf(window, kKey), L"abcdEFGH12345678");
+    EXPECT_FALSE(CanActivate());
+}
+
+TEST(LicenceTest, RefusesAChangeOnceAndSendsNothing)
+{
+    for (const auto& [scenario, text] : {std::pair(L"notactivated", L"'Localhost' is not activated."),
+             std::pair(L"expired", L"'Localhost' has expired.")}) {
+        ConsoleProgram program(*simulator::FindScenario(scenario));
+        program.Load();
+        static_cast<void>(program.TakeOperations());
+        BoxScript boxes{{L"Unable to Set Scheme", text}};
+        program.Command(WindowId::Main, kChange);
+        program.Choose(WindowId::Main, 5001, L"MaxPowerSaver");
+        program.Command(WindowId::Main, kSet);
+        EXPECT_EQ(program.TakeOperations(), Names{L"GetActivationstatus"});
+        boxes.Expect({{L"Unable to pause", text}});
+        program.Command(WindowId::Main, kPauseOneHour);
+        EXPECT_EQ(program.TakeOperations(), (Names{L"Pause", L"GetActivationstatus"}));
+        EXPECT_TRUE(CanActivate());
+    }
+}
+
+TEST(AboutTest, OpensWithAndWithoutAnAgent)
+{
+    constexpr int kCaption = 8701, kHost = 8702, kService = 8704, kLicence = 8705, kLicensedTo = 8706;
+    ConsoleProgram program;
+    program.Load();
+    program.Command(WindowId::Main, kTrayAbout);
+    ASSERT_NE(AboutWindow(), nullptr);
+    EXPECT_FALSE(IsItemEnabled(TrayMenu(), kTrayAbout));
+    EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
+    EXPECT_EQ(TextOf(AboutWindow(), kCaption), L"Voltaro - Standard Edition  [ Version : 1.06.006.000 ]");
+    EXPECT_EQ(TextOf(AboutWindow(), kHost), L"FIELDBOOK-07");
+    EXPECT_EQ(TextOf(AboutWindow(), kLicence), L"Activated");
+    EXPECT_EQ(TextOf(AboutWindow(), kLicensedTo), L"Jan Berg & Partners");
+    program.Command(WindowId::Main, kAbout); // the one that is open
+    SendMessageW(AboutWindow(), WM_CLOSE, 0, 0);
+    SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
+    EXPECT_EQ(AboutWindow(), nullptr);
+    EXPECT_TRUE(IsItemEnabled(TrayMenu(), kTrayAbout));
+    EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
+    EXPECT_TRUE(state.consoleReady);
+
+    program.Agent().Stop();
+    program.Command(WindowId::Main, kAbout);
+    ASSERT_NE(AboutWindow(), nullptr);
+    EXPECT_EQ(TextOf(AboutWindow(), kService), L"not responding");
+    EXPECT_EQ(TextOf(AboutWindow(), kLicensedTo), L"");
+}
+
+} // namespace
+} // namespace voltaro

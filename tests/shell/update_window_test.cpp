@@ -1,0 +1,171 @@
+#include "base/text.h"
+#include "shell/about.h"
+#include "shell/main_commands.h"
+#include "shell/main_menus.h"
+#include "shell/workers.h"
+#include "support/box_script.h"
+#include "support/program.h"
+#include "support/test_window.h"
+#include "ui/controls.h"
+#include "ui/liveness.h"
+#include "ui/menus.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro {
+namespace {
+
+using simulator::FaultKind;
+
+constexpr int kBar = 6016, kTitle = 8501, kDetail = 8502, kCloseVoltaro = 8504, kOk = 8505;
+constexpr const wchar_t* kWait = L"Please wait, Voltaro is checking for updates...";
+
+class UpdateTest : public testing::Test {
+protected:
+    UpdateTest()
+    {
+        EXPECT_TRUE(StartWorkers());
+        program.Load();
+    }
+    ~UpdateTest() override { StopWorkers(StopOrder::MainWindowDestroyed); }
+
+    bool Visible(int id) const { return IsWindowVisible(ControlOf(window, id)) != FALSE; }
+    std::wstring Buttons() const
+    {
+        return std::wstring(Visible(kCloseVoltaro) ? L"close" : L"") + (Visible(kOk) ? L"ok" : L"");
+    }
+    // Until the outcome stands there; false when none came.
+    bool WaitForOutcome() const
+    {
+        for (int i = 0; i < 200 && (Visible(kBar) || state.updateBusy); ++i)
+            WaitAlive(10);
+        return !Visible(kBar);
+    }
+    void Script(const wchar_t* status, const wchar_t* message)
+    {
+        program.Agent().ScriptReply(
+            L"CheckForUpdates", Format(L"<vltp><response><s>%ls</s><m>%ls</m></response></vltp>", status, message));
+    }
+    void ExpectChecking() const
+    {
+        EXPECT_TRUE(IsWindowVisible(window));
+        EXPECT_TRUE(Visible(kBar));
+        EXPECT_EQ(Buttons(), L"");
+        EXPECT_EQ(TextOf(window, kTitle), kWait);
+        EXPECT_EQ(TextOf(window, kDetail), L"");
+        EXPECT_FALSE(IsWindowEnabled(main));
+        EXPECT_FALSE(state.consoleReady);
+    }
+    void ExpectIdle() const
+    {
+        EXPECT_FALSE(IsWindowVisible(window));
+        EXPECT_EQ(TextOf(window, kTitle), kWait);
+        EXPECT_EQ(TextOf(window, kDetail), L"");
+        EXPECT_TRUE(IsWindowEnabled(main));
+        EXPECT_TRUE(state.consoleReady);
+    }
+
+    ConsoleProgram program;
+    HWND main = WindowOf(WindowId::Main);
+    HWND window = WindowOf(WindowId::Update);
+};
+
+TEST_F(UpdateTest, ShowsTheOutcomeOfEveryAnswer)
+{
+    constexpr const wchar_t* kLatest = L"You are already using the latest version of Voltaro.";
+    constexpr const wchar_t* kNetwork = L"Please check your network connection and try again.";
+    constexpr const wchar_t* kLater = L"VOLTARO update failed, please try after some time.";
+    constexpr const wchar_t* kDownloaded = L"New updates were successfully downloaded.";
+    constexpr const wchar_t* kNeedsClosing = L"Voltaro needs to be closed for applying new updates.";
+    constexpr struct {
+        const wchar_t* status; // null: the agent closes without an answer
+        const wchar_t* message;
+        const wchar_t* title;
+        const wchar_t* detail;
+        const wchar_t* buttons;
+    } kRows[] = {
+        {L"Failure", kLatest, kLatest, L"", L"ok"},
+        {L"Failure", kNetwork, L"Could not update, connection closed.", kNetwork, L"ok"},
+        {L"", kLater, L"Could not update, connection failed.", kLater, L"ok"},
+        {L"success", L"", kDownloaded, kNeedsClosing, L"close"},
+        {L"Success", kLatest, kDownloaded, kNeedsClosing, L"close"},
+        {nullptr, nullptr, L"Could not update, service not responding.",
+            L"Please check if service is running and try again.", L"ok"},
+    };
+    for (const auto& row : kRows) {
+        if (row.status)
+            Script(row.status, row.message);
+        else
+            program.Agent().SetFault(L"CheckForUpdates", {FaultKind::CloseAtOnce, {}});
+        program.Command(WindowId::Main, kUpdate);
+        EXPECT_FALSE(IsWindowEnabled(main));
+        ASSERT_TRUE(WaitForOutcome()) << row.title;
+        EXPECT_EQ(TextOf(window, kTitle), row.title);
+        EXPECT_EQ(TextOf(window, kDetail), row.detail);
+        EXPECT_EQ(Buttons(), row.buttons);
+        EXPECT_FALSE(IsWindowEnabled(main));
+        program.Command(WindowId::Update, kOk);
+        ExpectIdle();
+    }
+}
+
+TEST_F(UpdateTest, GoesOnWaitingAfterAnAnswerThatItDoesNotKnow)
+{
+    for (const wchar_t* message : {L"Come back tomorrow.", L"", L"</m>"}) { // the last is no document
+        Script(L"Failure", message);
+        static_cast<void>(program.TakeOperations());
+        program.Command(WindowId::Main, kUpdate);
+        WaitAlive(700);
+        ExpectChecking();
+        EXPECT_TRUE(state.updateBusy);
+        EXPECT_GT(SendDlgItemMessageW(window, kBar, PBM_GETPOS, 0, 0), 0);
+        SendMessageW(window, WM_CLOSE, 0, 0);
+        program.Command(WindowId::Update, IDOK);
+        program.Command(WindowId::Update, IDCANCEL);
+        ExpectChecking();
+        EXPECT_EQ(program.TakeOperations(), std::vector<std::wstring>{L"CheckForUpdates"});
+    }
+    EXPECT_EQ(SendDlgItemMessageW(window, kBar, PBM_GETBARCOLOR, 0, 0), RGB(0, 0, 192));
+}
+
+TEST_F(UpdateTest, TheTrayMenuWorksWhileItChecks)
+{
+    program.Agent().SetFault(L"CheckForUpdates", {FaultKind::Late, L"1500"});
+    program.Command(WindowId::Main, kUpdate);
+    program.Command(WindowId::Main, kTrayAbout);
+    ASSERT_NE(AboutWindow(), nullptr);
+    SendMessageW(AboutWindow(), WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(AboutWindow(), nullptr);
+    ExpectChecking();
+    program.Command(WindowId::Main, kPauseOneHour); // sends the console to the tray, this window too
+    EXPECT_FALSE(IsWindowVisible(window));
+    EXPECT_FALSE(IsWindowVisible(main));
+    EXPECT_TRUE(IsWindowEnabled(main));
+    static_cast<void>(program.TakeOperations());
+    program.Command(WindowId::Main, kTrayVoltaro);
+    program.Command(WindowId::Main, kUpdate); // the check that still runs is not made twice
+    ExpectChecking();
+    ASSERT_TRUE(WaitForOutcome());
+    EXPECT_EQ(Buttons(), L"ok");
+    program.Command(WindowId::Update, IDOK);
+    ExpectIdle();
+    EXPECT_TRUE(program.TakeOperations().empty());
+}
+
+TEST_F(UpdateTest, ClosesTheProgramForAnUpdate)
+{
+    Script(L"Success", L"");
+    program.Command(WindowId::Main, kUpdate);
+    ASSERT_TRUE(WaitForOutcome());
+    BoxScript boxes{{L"Close Voltaro Console",
+        L"Voltaro Console needs to be closed for applying update\n\nVoltaro will automatically close in 5 Seconds.",
+        Answer::TimedOut}};
+    SendMessageW(window, WM_COMMAND, kCloseVoltaro, 0);
+    EXPECT_FALSE(IsWindow(main));
+    MSG quit{};
+    EXPECT_TRUE(PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(quit.wParam, 0U);
+}
+
+} // namespace
+} // namespace voltaro
