@@ -345,6 +345,7 @@ constexpr Command kCommands[] = {
     {kNewScheme,     OnNewScheme},
     {kEditorHelp,    OnHelp},
     {kEditorRefresh, OnRefresh},
+    {kRefreshKey,    OnRefresh},
 };
 // clang-format on
 
