@@ -65,9 +65,9 @@ std::wstring AnyText(Bytes& bytes)
 }
 
 // Three jobs with something in every field.
-JobList WholeJobs()
+ScheduledJobs WholeJobs()
 {
-    JobList jobs(3);
+    ScheduledJobs jobs(3);
     for (ScheduledJob& job : jobs) {
         job.name = L"name";
         job.startTime = L"08:00:00";
@@ -87,7 +87,7 @@ JobList WholeJobs()
 // or erased, so the way back stays good.
 Element AnyTree(Bytes& bytes)
 {
-    Element details = BuildJobList(bytes.Next() % 2 == 0 ? JobList() : WholeJobs());
+    Element details = BuildJobList(bytes.Next() % 2 == 0 ? ScheduledJobs() : WholeJobs());
     std::vector<Element*> way = {&details};
     while (!bytes.AtEnd()) {
         Element& here = *way.back();

@@ -263,10 +263,13 @@ Delivery AgentServer::AnswerFrame(const std::string& bytes, std::size_t length)
     else if (bytes.size() != length || end + 1 != text.size())
         wrong = L"The text does not end where the frame ends.";
     text.resize(std::min(end, text.size()));
+    MachineState before = m_machine.State();
     Outcome outcome
         = wrong == nullptr ? m_machine.Answer(text) : Outcome{L"", wrong, StatusResponse(L"Failure", wrong)};
     const auto script = m_scripts.find(outcome.operation);
     const bool scripted = script != m_scripts.end() && !outcome.operation.empty();
+    if (scripted)
+        m_machine.State() = std::move(before); // as if it had not seen the request
     auto fault = m_faults.find(outcome.operation);
     if (fault == m_faults.end())
         fault = m_faults.find(L"*");

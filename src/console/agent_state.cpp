@@ -24,6 +24,18 @@ bool ReadRecordInto(Operation operation, Record& record)
     return ReadWith(operation, [&](const Element& root) { record = ReadRecord<Record>(root).value_or(record); });
 }
 
+bool ReadBatteryWith(Operation operation)
+{
+    return ReadWith(operation, [](const Element& root) {
+        state.battery = ReadBattery(root);
+        const bool changed = !(state.lastBatteryStatus == state.battery.Status());
+        state.lastBatteryStatus = state.battery.Status();
+        state.lastBatteryCharge = state.battery.Charge();
+        if (changed && mainView.repaint)
+            mainView.repaint();
+    });
+}
+
 } // namespace
 
 bool ReadPowerSchemes()
@@ -45,6 +57,7 @@ bool ReadCurrentPowerSettings()
     return ReadWith(Operation::GetCurrentPowerSettings, [](const Element& root) {
         if (const auto settings = ReadRecord<PowerSchemeSettings>(root)) {
             state.currentScheme = *settings;
+            ++state.currentSchemeReads;
             if (mainView.normalControls)
                 mainView.normalControls();
         }
@@ -53,14 +66,12 @@ bool ReadCurrentPowerSettings()
 
 bool ReadBatteryInfo()
 {
-    return ReadWith(Operation::GetBatteryInfo, [](const Element& root) {
-        state.battery = ReadBattery(root);
-        const bool changed = !(state.lastBatteryStatus == state.battery.Status());
-        state.lastBatteryStatus = state.battery.Status();
-        state.lastBatteryCharge = state.battery.Charge();
-        if (changed && mainView.repaint)
-            mainView.repaint();
-    });
+    return ReadBatteryWith(Operation::GetBatteryInfo);
+}
+
+bool ReadBatteryInfoInWindow()
+{
+    return ReadBatteryWith(Operation::GetBatteryInfoInWindow);
 }
 
 bool ReadHostSettings()

@@ -53,7 +53,7 @@ bool Hold(Operation operation)
 bool Build(const Request& request)
 {
     const OperationRow& row = RowOf(request.operation);
-    const std::optional<std::wstring> text = SerialiseRequest(RequestElement(request, NewMessageId()));
+    std::optional<std::wstring> text = SerialiseRequest(RequestElement(request, NewMessageId()));
     if (!text)
         return false;
     if (text->size() >= row.requestUnits) {
@@ -63,6 +63,8 @@ bool Build(const Request& request)
     std::vector<wchar_t>& buffer = BuffersOf(request.operation).request;
     buffer.assign(row.requestUnits, L'\0');
     std::copy(text->begin(), text->end(), buffer.begin());
+    if (row.secret)
+        SecureZeroMemory(text->data(), text->size() * sizeof(wchar_t));
     return true;
 }
 

@@ -56,7 +56,7 @@ struct ScheduledJob {
 };
 
 // The whole list, at most kMaxJobs; a job's place, counted from 1, is its number in the document.
-using JobList = std::vector<ScheduledJob>;
+using ScheduledJobs = std::vector<ScheduledJob>;
 
 inline constexpr const wchar_t* kPowerOffTypes[] = {L"Standby", L"Hibernate", L"Shutdown", L"Restart"};
 

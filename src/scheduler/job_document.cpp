@@ -221,7 +221,7 @@ std::size_t ReadAction(const Element& action, std::size_t number, ScheduledJob& 
 
 } // namespace
 
-Element BuildJobList(const JobList& jobs)
+Element BuildJobList(const ScheduledJobs& jobs)
 {
     Element details = Parent(L"details");
     for (std::size_t n = 1; n <= std::min(jobs.size(), kMaxJobs); ++n)

@@ -59,7 +59,7 @@ constexpr Refusal kNoMonth = {L"Invalid Schedule", L"Please select at least one 
 
 } // namespace
 
-const Refusal* CheckJobName(std::wstring_view name, const JobList& jobs, EditMode mode)
+const Refusal* CheckJobName(std::wstring_view name, const ScheduledJobs& jobs, EditMode mode)
 {
     if (const Refusal* refusal = FirstBroken(kJobNameRules, name))
         return refusal;

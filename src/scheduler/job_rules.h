@@ -14,7 +14,7 @@ enum class EditMode { Add, Update };
 // Each check returns the refusal of the first rule that fails, or null. Show it with RefusalText(*refusal, name).
 
 // "Save" (Add) and "Update" of the job editor. `jobs` is the list as it stands.
-[[nodiscard]] const Refusal* CheckJobName(std::wstring_view name, const JobList& jobs, EditMode mode);
+[[nodiscard]] const Refusal* CheckJobName(std::wstring_view name, const ScheduledJobs& jobs, EditMode mode);
 
 // A weekly job needs a day, a monthly one a month.
 [[nodiscard]] const Refusal* CheckSchedule(const ScheduledJob& job);

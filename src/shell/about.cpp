@@ -2,6 +2,7 @@
 // its own beside the windows that live as long as the program.
 #include "shell/about.h"
 
+#include "base/computer_name.h"
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/state.h"
@@ -91,7 +92,7 @@ void ShowAnswer(HWND window, Operation operation, std::span<const AnswerLine> li
 void Fill(HWND window, bool answered)
 {
     SetText(window, kCaption, state.versionCaption);
-    SetText(window, kHost, MachineName());
+    SetText(window, kHost, ComputerName());
     SetText(window, kService, answered ? L"Running" : kNotAnswering);
     SetText(window, kLicence, state.activationStatus.empty() ? kUnknown : state.activationStatus.c_str());
     SetText(window, kLink, Format(L"<a>%ls</a>", kWebSiteHost));

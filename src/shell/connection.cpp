@@ -3,6 +3,7 @@
 #include "base/timing.h"
 #include "console/activation.h"
 #include "console/agent_state.h"
+#include "settings/system_info_window.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/main_window.h"
@@ -71,6 +72,7 @@ bool LoadSystemDetails()
     state.detailsAnswered = true;
     Repaint(Main());
     state.details.Read(reply.Root());
+    FillSystemInfo();
     return true;
 }
 

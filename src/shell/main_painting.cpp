@@ -1,3 +1,4 @@
+#include "base/computer_name.h"
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/state.h"
@@ -87,18 +88,10 @@ int LicencePicture()
 
 } // namespace
 
-std::wstring MachineName()
-{
-    wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-    DWORD size = static_cast<DWORD>(std::size(name));
-    GetComputerNameW(name, &size);
-    return name;
-}
-
 std::wstring HostLineText()
 {
     if (state.connected)
-        return L"Hostname :" + MachineName();
+        return L"Hostname :" + ComputerName();
     return state.detailsAnswered ? L"Initializing, please wait .." : L"Not initialized.";
 }
 

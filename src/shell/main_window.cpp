@@ -10,6 +10,7 @@
 #include "console/ui_calls.h"
 #include "link/host_config.h"
 #include "resources/resource_ids.h"
+#include "settings/battery_window.h"
 #include "shell/about.h"
 #include "shell/closing.h"
 #include "shell/connection.h"
@@ -248,8 +249,12 @@ void OnTrayVoltaro(HWND window)
 LRESULT OnPowerBroadcast(WPARAM event)
 {
     // A sent message: it may come while this very thread waits for an answer, and then the read is passed over.
-    if (event == PBT_APMPOWERSTATUSCHANGE && state.connected && !IsWaitingForAgent() && !ReadBatteryInfo())
-        OnAgentLost();
+    if (event == PBT_APMPOWERSTATUSCHANGE && state.connected && !IsWaitingForAgent()) {
+        if (!ReadBatteryInfo())
+            OnAgentLost();
+        else if (IsWindowVisible(WindowOf(WindowId::Battery)))
+            RefreshBatteryWindow();
+    }
     return TRUE;
 }
 

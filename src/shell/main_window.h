@@ -38,9 +38,6 @@ void ShowNormalControls(HWND window);
 // Draws the status area, pictures and notices; WM_PAINT, WM_PRINTCLIENT and tests use it alike.
 void DrawMainWindow(HDC dc);
 
-// The name of this machine.
-[[nodiscard]] std::wstring MachineName();
-
 // What the host line says: not connected, loading, or the machine's name.
 [[nodiscard]] std::wstring HostLineText();
 

@@ -1,6 +1,15 @@
 #include "shell/openings.h"
 
 #include "console/state.h"
+#include "power/scheme_window.h"
+#include "savings/savings_window.h"
+#include "scheduler/job_list_window.h"
+#include "settings/access_control_window.h"
+#include "settings/battery_window.h"
+#include "settings/device_control_window.h"
+#include "settings/proxy_window.h"
+#include "settings/snooze_window.h"
+#include "settings/system_info_window.h"
 #include "shell/activation_window.h"
 #include "shell/main_commands.h"
 #include "shell/update_window.h"
@@ -21,15 +30,15 @@ struct Opening {
 
 // clang-format off
 constexpr Opening kOpenings[] = {
-    {kPowerScheme,   ShowEmpty<WindowId::Scheme>},
-    {kPorts,         ShowEmpty<WindowId::AccessControl>},
-    {kProxy,         ShowEmpty<WindowId::Proxy>},
-    {kSecurity,      ShowEmpty<WindowId::DeviceControl>},
-    {kJobScheduler,  ShowEmpty<WindowId::JobList>},
-    {kSnooze,        ShowEmpty<WindowId::Snooze>},
-    {kSystemInfo,    ShowEmpty<WindowId::SystemInfo>},
-    {kBatteryInfo,   ShowEmpty<WindowId::Battery>},
-    {kSavingsReport, ShowEmpty<WindowId::Savings>},
+    {kPowerScheme,   OpenSchemeWindow},
+    {kPorts,         OpenAccessControlWindow},
+    {kProxy,         OpenProxyWindow},
+    {kSecurity,      OpenDeviceControlWindow},
+    {kJobScheduler,  OpenJobListWindow},
+    {kSnooze,        OpenSnoozeWindow},
+    {kSystemInfo,    OpenSystemInfoWindow},
+    {kBatteryInfo,   OpenBatteryWindow},
+    {kSavingsReport, OpenSavingsWindow},
     {kUpdate,        StartUpdateCheck},
     {kActivate,      OpenActivationWindow},
 };

@@ -1,6 +1,26 @@
 #include "shell/window_table.h"
 
+#include "power/policy_window.h"
+#include "power/processor_strip.h"
+#include "power/rule_window.h"
+#include "power/scheme_pages.h"
+#include "power/scheme_window.h"
 #include "resources/resource_ids.h"
+#include "savings/graph_view.h"
+#include "savings/profile_window.h"
+#include "savings/report_pages.h"
+#include "savings/savings_window.h"
+#include "scheduler/job_actions_page.h"
+#include "scheduler/job_editor_window.h"
+#include "scheduler/job_list_window.h"
+#include "scheduler/job_tasks_page.h"
+#include "settings/access_control_window.h"
+#include "settings/battery_window.h"
+#include "settings/device_control_window.h"
+#include "settings/proxy_window.h"
+#include "settings/snooze_window.h"
+#include "settings/system_info_pages.h"
+#include "settings/system_info_window.h"
 #include "shell/activation_window.h"
 #include "shell/main_window.h"
 #include "shell/update_window.h"
@@ -35,34 +55,34 @@ struct ClassRow {
 // clang-format off
 constexpr ClassRow kClasses[] = {
     {L"VLTConsoleMainWClass",   0,                  MainWindowProc,  L"Main Window Registration Failed"},
-    {L"SysInfoWClass",          IDM_SYSTEM_INFO,    EmptyWindowProc, L"SystemInfo Window Registration Failed"},
-    {L"AdvancedWClass",         0,                  EmptyWindowProc, L"Advanced Window Registration Failed"},
-    {L"AdvDisBrtClass",         0,                  EmptyWindowProc, L"AdvDispBrtTab Window Registration Failed"},
-    {L"AdvPowOptClass",         0,                  EmptyWindowProc, L"AdvPowOptTab Window Registration Failed"},
-    {L"AdvProSpdClass",         0,                  EmptyWindowProc, L"AdvProSpdTab Window Registration Failed"},
-    {L"AdvAppCtrlClass",        0,                  EmptyWindowProc, L"AdvAppCtrl Window Registration Failed"},
-    {L"AdvAppCtrlSetClass",     IDM_RULE,           EmptyWindowProc, L"AdvAppCtrlSettings Window Registration Failed"},
-    {L"SchedulerMClass",        0,                  EmptyWindowProc, L"Scheduler Window Registration Failed"},
-    {L"SchedulerJobClass",      0,                  EmptyWindowProc, L"Scheduler Job window Registration Failed"},
-    {L"SchdJobTab1Class",       0,                  EmptyWindowProc, L"Scheduler Job Tab1 Window Registration Failed"},
-    {L"SchdJobTab2Class",       0,                  EmptyWindowProc, L"Scheduler Job Tab2 Window Registration Failed"},
-    {L"DeviceControlWClass",    0,                  EmptyWindowProc, L"Voltaro System Security Window Registration Failed"},
-    {L"ConfigWClass",           IDM_ACCESS_CONTROL, EmptyWindowProc, L"Config Window Registration Failed"},
-    {L"BatteryWClass",          IDM_BATTERY,        EmptyWindowProc, L"Battery Window Registration Failed"},
-    {L"SysInfoCPUClass",        0,                  EmptyWindowProc, L"SysinfoTabCPU Window Registration Failed"},
-    {L"SysInfoPowerClass",      0,                  EmptyWindowProc, L"SysinfoTabPower Window Registration Failed"},
-    {L"SysInfoOSClass",         0,                  EmptyWindowProc, L"SysinfoTabOS Window Registration Failed"},
-    {L"SysInfoNetworkClass",    0,                  EmptyWindowProc, L"SysinfoTabNetwork Window Registration Failed"},
-    {L"SysInfoDiskInfoClass",   0,                  EmptyWindowProc, L"SysinfoTabDiskInfo Window Registration Failed"},
-    {L"EventGraphClass",        0,                  EmptyWindowProc, L"Event Graph Window Registration Failed"},
-    {L"EveGraphTab0Class",      0,                  EmptyWindowProc, L"EveGraphTab0 Window Registration Failed"},
-    {L"EveGraphTab1Class",      0,                  EmptyWindowProc, L"EveGraphTab1 Window Registration Failed"},
-    {L"EveGraphTab2Class",      0,                  EmptyWindowProc, L"EveGraphTab2 Window Registration Failed"},
-    {L"EveGraphSettingsWClass", 0,                  EmptyWindowProc, L"Event Graph Settings Window Registration Failed"},
+    {L"SysInfoWClass",          IDM_SYSTEM_INFO,    SystemInfoWindowProc, L"SystemInfo Window Registration Failed"},
+    {L"AdvancedWClass",         0,                  SchemeWindowProc, L"Advanced Window Registration Failed"},
+    {L"AdvDisBrtClass",         0,                  SchemeDisplayProc, L"AdvDispBrtTab Window Registration Failed"},
+    {L"AdvPowOptClass",         0,                  SchemePowerOffProc, L"AdvPowOptTab Window Registration Failed"},
+    {L"AdvProSpdClass",         0,                  SchemeProcessorProc, L"AdvProSpdTab Window Registration Failed"},
+    {L"AdvAppCtrlClass",        0,                  PolicyWindowProc, L"AdvAppCtrl Window Registration Failed"},
+    {L"AdvAppCtrlSetClass",     IDM_RULE,           RuleWindowProc, L"AdvAppCtrlSettings Window Registration Failed"},
+    {L"SchedulerMClass",        0,                  JobListWindowProc, L"Scheduler Window Registration Failed"},
+    {L"SchedulerJobClass",      0,                  JobEditorWindowProc, L"Scheduler Job window Registration Failed"},
+    {L"SchdJobTab1Class",       0,                  JobActionsPageProc, L"Scheduler Job Tab1 Window Registration Failed"},
+    {L"SchdJobTab2Class",       0,                  JobTasksPageProc, L"Scheduler Job Tab2 Window Registration Failed"},
+    {L"DeviceControlWClass",    0,                  DeviceControlWindowProc, L"Voltaro System Security Window Registration Failed"},
+    {L"ConfigWClass",           IDM_ACCESS_CONTROL, AccessControlWindowProc, L"Config Window Registration Failed"},
+    {L"BatteryWClass",          IDM_BATTERY,        BatteryWindowProc, L"Battery Window Registration Failed"},
+    {L"SysInfoCPUClass",        0,                  SystemInfoPageProc<WindowId::SystemInfoCpu>, L"SysinfoTabCPU Window Registration Failed"},
+    {L"SysInfoPowerClass",      0,                  SystemInfoPageProc<WindowId::SystemInfoPower>, L"SysinfoTabPower Window Registration Failed"},
+    {L"SysInfoOSClass",         0,                  SystemInfoPageProc<WindowId::SystemInfoOs>, L"SysinfoTabOS Window Registration Failed"},
+    {L"SysInfoNetworkClass",    0,                  SystemInfoPageProc<WindowId::SystemInfoNetwork>, L"SysinfoTabNetwork Window Registration Failed"},
+    {L"SysInfoDiskInfoClass",   0,                  SystemInfoPageProc<WindowId::SystemInfoDisks>, L"SysinfoTabDiskInfo Window Registration Failed"},
+    {L"EventGraphClass",        0,                  SavingsWindowProc, L"Event Graph Window Registration Failed"},
+    {L"EveGraphTab0Class",      0,                  TotalsPageProc, L"EveGraphTab0 Window Registration Failed"},
+    {L"EveGraphTab1Class",      0,                  EstimatesPageProc, L"EveGraphTab1 Window Registration Failed"},
+    {L"EveGraphTab2Class",      0,                  GraphPageProc, L"EveGraphTab2 Window Registration Failed"},
+    {L"EveGraphSettingsWClass", 0,                  ProfileWindowProc, L"Event Graph Settings Window Registration Failed"},
     {L"ActivateWClass",         0,                  ActivationWindowProc, L"Voltaro Activation Window Registration Failed"},
     {L"CheckUpdateWClass",      0,                  UpdateWindowProc, L"Voltaro Update Check Window Registration Failed"},
-    {L"ProxySetWClass",         IDM_PROXY,          EmptyWindowProc, L"Voltaro Proxy Settings Window Registration Failed"},
-    {L"PSnoozeSetWClass",       0,                  EmptyWindowProc, L"Voltaro Snooze Settings Window Registration Failed"},
+    {L"ProxySetWClass",         IDM_PROXY,          ProxyWindowProc, L"Voltaro Proxy Settings Window Registration Failed"},
+    {L"PSnoozeSetWClass",       0,                  SnoozeWindowProc, L"Voltaro Snooze Settings Window Registration Failed"},
 };
 
 constexpr DWORD kControlParent = WS_EX_CONTROLPARENT;

@@ -6,6 +6,8 @@
 #include "console/agent_state.h"
 #include "console/main_view.h"
 #include "console/ui_calls.h"
+#include "power/scheme_window.h"
+#include "settings/system_info_window.h"
 #include "shell/pause.h"
 #include "shell/update_window.h"
 
@@ -109,32 +111,37 @@ DWORD WINAPI RunStatusPoller(void*)
 void RefreshSystemDetails()
 {
     Reply reply = Send(WithText(Operation::GetSystemDetails, L"type", L"Refresh"));
-    if (!reply.Answered()) {
-        OnAgentLost();
-        return;
-    }
+    if (!reply.Answered())
+        return OnSystemInfoRefreshFailed();
     const Element* root = reply.Root();
-    OnUi([root] { state.details.Read(root); });
+    OnUi([root] {
+        state.details.Read(root);
+        FillSystemInfo();
+    });
 }
 
 void RefreshPowerData()
 {
-    if (!ReadPowerSchemes() || !ReadPolicies() || !ReadCurrentPowerSettings())
-        OnAgentLost();
+    if (ReadPowerSchemes() && ReadPolicies() && ReadCurrentPowerSettings())
+        OnPowerRefreshed();
+    else
+        OnPowerRefreshFailed();
     OnUi(mainView.normalControls);
 }
 
 // A kind other than the two is left as it is.
 void Refresh()
 {
-    const RefreshKind kind = state.refreshKind;
+    RefreshKind kind = state.refreshKind;
+    if (!state.connected && kind == RefreshKind::PowerData)
+        OnPowerRefreshFailed(); // lost since it was asked for: the editor waits no longer
     if (!state.connected || (kind != RefreshKind::SystemDetails && kind != RefreshKind::PowerData))
         return;
     if (kind == RefreshKind::SystemDetails)
         RefreshSystemDetails();
     else
         RefreshPowerData();
-    state.refreshKind = RefreshKind::None;
+    state.refreshKind.compare_exchange_strong(kind, RefreshKind::None); // the other kind, asked for meanwhile, stays
 }
 
 // How long a worker that waits may take to follow the close message.

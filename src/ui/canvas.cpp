@@ -90,6 +90,14 @@ Canvas::Canvas(HWND window)
     FillRect(m_memory, &client, FaceBrush());
 }
 
+Canvas::Canvas(HWND window, HBITMAP picture)
+    : m_window(window)
+    , m_screen(BeginPaint(window, &m_paint))
+    , m_memory(CreateCompatibleDC(m_screen))
+    , m_oldBitmap(SelectObject(m_memory, picture))
+{
+}
+
 Canvas::~Canvas()
 {
     const RECT& part = m_paint.rcPaint;
@@ -131,12 +139,12 @@ void DrawTransparentBitmap(HDC dc, int resource, int x, int y, int width, int he
 
 void DrawTextAt(HDC dc, int x, int y, std::wstring_view text, HFONT font, COLORREF colour)
 {
-    const int saved = SaveDC(dc);
-    SelectObject(dc, font);
-    SetTextColor(dc, colour);
-    SetBkMode(dc, TRANSPARENT);
+    const SelectGuard selected(dc, font);
+    const COLORREF oldColour = SetTextColor(dc, colour);
+    const int oldMode = SetBkMode(dc, TRANSPARENT);
     TextOutW(dc, x, y, text.data(), static_cast<int>(text.size()));
-    RestoreDC(dc, saved);
+    SetBkMode(dc, oldMode);
+    SetTextColor(dc, oldColour);
 }
 
 } // namespace voltaro

@@ -29,6 +29,8 @@ private:
 class Canvas {
 public:
     explicit Canvas(HWND window);
+    // The same with a picture of the whole client area that was drawn before (borrowed): there is only the copy left.
+    Canvas(HWND window, HBITMAP picture);
     ~Canvas();
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;

@@ -49,6 +49,7 @@ constexpr Shape kShapes[] = {
     {Kind::Trackbar,          TRACKBAR_CLASSW,    WS_TABSTOP | TBS_HORZ | TBS_AUTOTICKS,            0},
     {Kind::Progress,          PROGRESS_CLASSW,    0,                                                0},
     {Kind::SmoothProgress,    PROGRESS_CLASSW,    PBS_SMOOTH,                                       0},
+    {Kind::BusyBar,           PROGRESS_CLASSW,    PBS_MARQUEE,                                      0},
     {Kind::ListView,          WC_LISTVIEWW,       kList,                                            0},
     {Kind::Tab,               WC_TABCONTROLW,     WS_TABSTOP | WS_CLIPSIBLINGS,                     0},
     {Kind::TimePicker,        DATETIMEPICK_CLASSW, WS_TABSTOP | DTS_TIMEFORMAT,                     0},
@@ -99,6 +100,8 @@ DWORD StyleOf(const Control& row, const Control* before)
         style |= WS_DISABLED;
     if ((row.flags & kRightAligned) != 0)
         style |= SS_RIGHT;
+    if ((row.flags & kWrapped) != 0)
+        style |= BS_MULTILINE;
     if (row.kind == Kind::Radio && (row.flags & kGroup) != 0)
         style |= WS_TABSTOP; // Windows moves it on to the radio that is chosen
     const bool follows = row.kind == Kind::Radio || (before != nullptr && IsPush(row) && IsPush(*before));
@@ -326,6 +329,18 @@ int SelectExact(HWND window, int id, std::wstring_view text)
     while (index < count && EntryOf(combo, index) != text)
         ++index;
     const int found = index < count ? index : -1;
+    SelectIndex(window, id, found);
+    return found;
+}
+
+int SelectName(HWND window, int id, std::wstring_view name)
+{
+    const int exact = SelectExact(window, id, name);
+    if (exact >= 0 || name.empty())
+        return exact;
+    const std::wstring text(name);
+    const auto found = static_cast<int>(SendMessageW(ControlOf(window, id), CB_FINDSTRINGEXACT,
+        static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str())));
     SelectIndex(window, id, found);
     return found;
 }

@@ -32,6 +32,7 @@ enum class Kind : std::uint8_t {
     Trackbar,
     Progress,
     SmoothProgress,
+    BusyBar, // runs to and fro while PBM_SETMARQUEE has it on
     ListView, // report view with border, full-row selection, copies as text by keyboard and menu
     Tab,
     TimePicker,
@@ -47,6 +48,7 @@ enum ControlFlags : std::uint8_t {
     kGroup = 4,    // starts a group for the arrow keys
     kNoTabStop = 8,
     kRightAligned = 16, // labels
+    kWrapped = 32,      // buttons: the text takes as many lines as it needs
 };
 
 inline constexpr int kNoId = -1;
@@ -115,5 +117,7 @@ void SelectIndex(HWND window, int id, int index);
 // Selects the entry that equals the text exactly (case counts as the combo box's own search does not: compared here).
 // Returns the index, or -1 with the selection cleared.
 int SelectExact(HWND window, int id, std::wstring_view text);
+// The same for names, which letter case does not tell apart; an entry that equals the name exactly comes first.
+int SelectName(HWND window, int id, std::wstring_view name);
 
 } // namespace voltaro

@@ -95,6 +95,10 @@ bool Navigate(MSG& message)
             return true;
         if (message.wParam == VK_RETURN && PushFocused(window))
             return true;
+        if (message.wParam == VK_F5) {
+            SendMessageW(window, WM_COMMAND, kRefreshKey, 0);
+            return true;
+        }
     }
     return IsDialogMessageW(window, &message) != FALSE;
 }

@@ -41,6 +41,12 @@ HBRUSH BrushOf(COLORREF colour)
     return Cached(brushes, colour, [=] { return CreateSolidBrush(colour); });
 }
 
+HPEN PenOf(int style, COLORREF colour)
+{
+    static std::map<std::pair<int, COLORREF>, UniquePen> pens;
+    return Cached(pens, std::pair(style, colour), [=] { return CreatePen(style, 1, colour); });
+}
+
 HBRUSH FaceBrush()
 {
     return GetSysColorBrush(COLOR_3DFACE);

@@ -15,6 +15,8 @@ inline constexpr COLORREF kKeyColour = RGB(236, 233, 216);
 // The font of most windows: Arial, 15 pixels, light.
 [[nodiscard]] HFONT WindowFont();
 [[nodiscard]] HBRUSH BrushOf(COLORREF colour);
+// One pixel wide; the style is PS_SOLID, PS_DASHDOT and the like.
+[[nodiscard]] HPEN PenOf(int style, COLORREF colour);
 // The system's 3-D face colour: the background of every window.
 [[nodiscard]] HBRUSH FaceBrush();
 [[nodiscard]] HBITMAP BitmapOf(int resource);

@@ -1,7 +1,8 @@
 #include "ui/tooltip.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
-#include <string>
 
 namespace voltaro {
 namespace {
@@ -73,6 +74,19 @@ void Drop(HWND control)
         Send(control, *tip, TTM_DELTOOLW);
 }
 
+// The tool of the part with that number.
+TTTOOLINFOW AreaToolOf(HWND window, std::size_t number, const RECT& area, wchar_t* text)
+{
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.uFlags = TTF_SUBCLASS;
+    tool.hwnd = window;
+    tool.uId = number + 1;
+    tool.rect = area;
+    tool.lpszText = text;
+    return tool;
+}
+
 LRESULT CALLBACK TipHabits(HWND control, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
 {
     const Tip* tip = TipOf(control);
@@ -109,6 +123,34 @@ const wchar_t* TooltipOf(HWND control)
 {
     const Tip* tip = TipOf(control);
     return tip != nullptr ? tip->text.c_str() : L"";
+}
+
+void SetAreaTips(HWND window, std::span<const AreaTip> tips)
+{
+    const HWND tooltips = TipsOf(window);
+    for (std::size_t i = 0; i < kMaxAreaTips; ++i) {
+        TTTOOLINFOW tool = AreaToolOf(window, i, {}, nullptr);
+        SendMessageW(tooltips, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool)); // nothing where there is none
+    }
+    for (std::size_t i = 0; i < std::min(tips.size(), kMaxAreaTips); ++i) {
+        TTTOOLINFOW tool = AreaToolOf(window, i, tips[i].area, const_cast<wchar_t*>(tips[i].text.c_str()));
+        SendMessageW(tooltips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool)); // keeps a copy of the text
+    }
+}
+
+std::wstring AreaTipAt(HWND window, POINT point)
+{
+    wchar_t text[256] = L"";
+    TTHITTESTINFOW hit{};
+    hit.hwnd = window;
+    hit.pt = point;
+    hit.ti = AreaToolOf(window, 0, {}, text);
+    if (!SendMessageW(TipsOf(window), TTM_HITTESTW, 0, reinterpret_cast<LPARAM>(&hit)))
+        return {};
+    TTTOOLINFOW tool = hit.ti;
+    tool.lpszText = text;
+    SendMessageW(TipsOf(window), TTM_GETTEXTW, std::size(text), reinterpret_cast<LPARAM>(&tool));
+    return text;
 }
 
 } // namespace voltaro

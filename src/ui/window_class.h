@@ -12,11 +12,16 @@ namespace voltaro {
 [[nodiscard]] SIZE ClientSize(int width, int height, DWORD style, DWORD extendedStyle, bool menu);
 
 // The answers that every window of the program gives alike to a message that it does not serve itself: F1 and the like
-// stay with the window; edits and labels get the window's face colour behind them.
+// stay with the window; edits and labels get the window's face colour behind them; the
+// focus comes back to the field it left.
 [[nodiscard]] LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // Repaints a window at once; with `erase` its background and its controls too.
 void Repaint(HWND window, bool erase = false);
+
+// Shows a window in front of its owner, which takes no input until the window is hidden again.
+void ShowOverOwner(HWND window);
+void HideFromOwner(HWND window);
 
 // Instance handle of the program.
 [[nodiscard]] HINSTANCE Instance();

@@ -1,24 +1,12 @@
 #include "scheduler/job_document.h"
 
 #include "base/text.h"
+#include "support/element_line.h"
 
 #include <gtest/gtest.h>
 
 namespace voltaro {
 namespace {
-
-// A tree on one line: "name=text" for a text, "name[child child]" for an element that holds elements. A text is shown
-// as it is.
-std::wstring Line(const Element& element)
-{
-    const bool empty = element.name == L"details" || element.name.starts_with(L"RunTask");
-    if (element.children.empty() && !empty)
-        return element.name + L"=" + element.text;
-    std::wstring line = element.name + L"[";
-    for (const Element& child : element.children)
-        line += (line.back() == L'[' ? L"" : L" ") + Line(child);
-    return line + L"]";
-}
 
 // A job's line, of its number, its name, the schedule after the start time and the actions.
 std::wstring JobLine(
@@ -36,7 +24,7 @@ ScheduledJob Job(const std::wstring& name)
     return job;
 }
 
-void ExpectBothWays(const JobList& jobs, const std::wstring& line)
+void ExpectBothWays(const ScheduledJobs& jobs, const std::wstring& line)
 {
     const Element details = BuildJobList(jobs);
     EXPECT_EQ(Line(details), L"details[" + line + L"]");
@@ -104,7 +92,7 @@ TEST(JobDocumentTest, SmallListsBothWays)
 
 TEST(JobDocumentTest, TenJobsOfSevenTasksAndNoMore)
 {
-    JobList jobs;
+    ScheduledJobs jobs;
     std::wstring line;
     for (const std::wstring n : {L"1", L"2", L"3", L"4", L"5", L"6", L"7", L"8", L"9", L"10"}) {
         jobs.push_back(Job(n));
@@ -148,7 +136,7 @@ Element& At(Element& element, std::initializer_list<std::size_t> way)
 }
 
 // A list in short: each job's name, start time and number of chosen week days, then its tasks.
-std::wstring Short(const JobList& jobs)
+std::wstring Short(const ScheduledJobs& jobs)
 {
     std::wstring text;
     for (const ScheduledJob& job : jobs) {

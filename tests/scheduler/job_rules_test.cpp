@@ -7,7 +7,7 @@ namespace {
 
 TEST(JobRulesTest, JobNames)
 {
-    JobList jobs(1);
+    ScheduledJobs jobs(1);
     jobs[0].name = L"Night Backup";
     const RefusalRow kRows[] = {
         {L"Day Backup", L"", L""},

@@ -1,5 +1,6 @@
 #include "ui/canvas.h"
 
+#include "support/pixels.h"
 #include "support/test_window.h"
 #include "ui/clipboard.h"
 #include "ui/controls.h"
@@ -11,18 +12,6 @@ namespace voltaro {
 namespace {
 
 constexpr COLORREF kRed = RGB(200, 0, 0);
-
-COLORREF PixelOf(HBITMAP bitmap, int x, int y)
-{
-    const HDC dc = CreateCompatibleDC(nullptr);
-    COLORREF colour = 0;
-    {
-        const SelectGuard selected(dc, bitmap);
-        colour = GetPixel(dc, x, y);
-    }
-    DeleteDC(dc);
-    return colour;
-}
 
 COLORREF PixelOnScreen(HWND window, int x, int y)
 {
@@ -41,15 +30,15 @@ void FillRed(HDC dc, void*)
 TEST(Canvas, RendersOntoTheFaceColourAndCopies)
 {
     const UniqueBitmap bitmap = RenderBitmap(320, 220, &FillRed, nullptr);
-    EXPECT_EQ(PixelOf(bitmap.Get(), 5, 5), GetSysColor(COLOR_3DFACE));
-    EXPECT_EQ(PixelOf(bitmap.Get(), 50, 50), kRed);
+    EXPECT_EQ(Pixels(bitmap.Get()).At(5, 5), GetSysColor(COLOR_3DFACE));
+    EXPECT_EQ(Pixels(bitmap.Get()).At(50, 50), kRed);
     ASSERT_TRUE(CopyToClipboard(nullptr, bitmap.Get()));
     ASSERT_TRUE(OpenClipboard(nullptr));
     BITMAP copied{};
     GetObjectW(GetClipboardData(CF_BITMAP), sizeof copied, &copied);
     CloseClipboard();
     EXPECT_EQ(copied.bmWidth, 320);
-    EXPECT_EQ(PixelOf(bitmap.Get(), 50, 50), kRed) << "the clipboard has a copy, not the bitmap";
+    EXPECT_EQ(Pixels(bitmap.Get()).At(50, 50), kRed) << "the clipboard has a copy, not the bitmap";
 }
 
 TEST(Canvas, PaintsAroundControlsButUnderGroupBoxes)

@@ -34,6 +34,7 @@ constexpr Control kOfEveryKind[] = {
     {Kind::Trackbar,          118, L"",        10, 280, 100, 30, kPlain, L"Brightness"},
     {Kind::Progress,          119, L"",       120, 280, 100, 20, kPlain, L"Progress"},
     {Kind::SmoothProgress,    120, L"",       230, 280, 100, 20, kPlain, L"Progress"},
+    {Kind::BusyBar,           127, L"",       340, 280,  80, 20, kPlain, L"Busy"},
     {Kind::ListView,          121, L"List",    10, 320, 150, 80, kPlain, L"Rows"},
     {Kind::Tab,               122, L"",       170, 320, 150, 80, kPlain, L"Pages"},
     {Kind::TimePicker,        123, L"",        10, 410, 100, 22, kPlain, L"Time"},

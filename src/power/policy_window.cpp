@@ -1,0 +1,273 @@
+// The application sensor policy window: the rules of one policy. Opened from the scheme editor's strip.
+#include "power/policy_window.h"
+
+#include "console/agent_lost.h"
+#include "console/agent_state.h"
+#include "console/change.h"
+#include "console/help.h"
+#include "power/names.h"
+#include "power/policy.h"
+#include "power/processor_strip.h"
+#include "power/rule_window.h"
+#include "power/scheme_window.h"
+#include "ui/boxes.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
+#include "ui/navigation.h"
+#include "ui/refusals.h"
+#include "ui/theme.h"
+#include "ui/window_class.h"
+
+namespace voltaro {
+namespace {
+
+enum PrivateControl : int { kPolicyLabel = 4231, kNewPolicyLabel };
+
+// clang-format off
+constexpr Control kControls[] = {
+    // kind              id               text                                      x    y    w    h
+    {Kind::Label,        kPolicyLabel,    L"Application Sensor Policy Name:",       14,  18, 240,  18},
+    {Kind::PlainEdit,    kPolicyName,     L"",                                     262,  18, 300,  18},
+    {Kind::Label,        kNewPolicyLabel, L"New Application Sensor Policy Name:",   14,  18, 240,  18, kHidden},
+    {Kind::Edit,         kNewPolicyName,  L"",                                     260,  14, 240,  24, kHidden},
+    {Kind::GroupBox,     kNoId,           L"Exceptions List",                       12,  50, 720, 388},
+    {Kind::ListView,     kRuleList,       L"",                                      24,  72, 696, 320, kPlain, L"Exceptions List"},
+    {Kind::Push,         kAddRule,        L"Add Rule..",                            24, 402, 100,  25},
+    {Kind::Push,         kModifyRule,     L"Modify Rule..",                        132, 402, 100,  25},
+    {Kind::Push,         kDeleteRule,     L"Delete",                               240, 402, 100,  25},
+    {Kind::DefaultPush,  kSavePolicy,     L"Save",                                 552, 448,  86,  25},
+    {Kind::Push,         IDCANCEL,        L"Cancel",                               646, 448,  86,  25},
+};
+
+constexpr Column kColumns[] = {
+    {L"Application Name", 130}, {L"Description", 150},      {L"Rule Status", 88}, {L"Dim Monitor", 90},
+    {L"Turn Off Monitor", 116}, {L"Lock Screen", 94},       {L"Turn Off Hard disk", 126}, {L"Log Off", 60},
+    {L"Standby", 70},           {L"Hibernate", 78},         {L"Shutdown", 78},
+};
+// clang-format on
+
+static_assert(IdsAreUnique(kControls));
+static_assert(FitInside(kControls, 744, 491)); // of 750 x 520, less the frame and the caption
+static_assert(std::size(kColumns) == kRuleColumnCount);
+
+constexpr int kNewRow[] = {kNewPolicyLabel, kNewPolicyName};
+constexpr int kExistingRow[] = {kPolicyLabel, kPolicyName};
+constexpr int kRuleButtons[] = {kModifyRule, kDeleteRule};
+
+constexpr Box kSaveFailed = {L"Failed to save", L"Unable to save application sensor policy settings"};
+constexpr Box kCreateFailed = {L"Failed to save ", L"Unable to save new policy settings"};
+
+struct Edited {
+    PolicyMode mode = PolicyMode::New;
+    ApplicationSensorPolicy policy;
+};
+Edited edited;
+
+HWND Window()
+{
+    return WindowOf(WindowId::Policy);
+}
+
+HWND List()
+{
+    return ControlOf(Window(), kRuleList);
+}
+
+std::optional<std::size_t> SelectedRule()
+{
+    const int row = SelectedRow(List());
+    return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
+}
+
+void ShowButtons()
+{
+    Enable(Window(), kRuleButtons, SelectedRule().has_value());
+}
+
+void ShowRules()
+{
+    const auto& rules = edited.policy.rules;
+    FillList(List(), rules.size(),
+        [&](std::size_t row, std::size_t column) { return (rules[row].*kRuleColumns[column]).c_str(); });
+    ShowButtons();
+}
+
+void Open(PolicyMode mode, ApplicationSensorPolicy policy)
+{
+    const HWND window = Window();
+    const bool isNew = mode == PolicyMode::New;
+    edited = {mode, std::move(policy)};
+    SetText(window, kPolicyName, edited.policy.name);
+    SetText(window, kNewPolicyName, {});
+    Show(window, kNewRow, isNew);
+    Show(window, kExistingRow, !isNew);
+    ClearList(List());
+    ShowRules();
+    ShowOverOwner(window);
+    SetFocus(ControlOf(window, isNew ? kNewPolicyName : kRuleList));
+}
+
+// The rule dialog's "Save": in the place of the selected rule, or at the end.
+void AcceptRule(const ApplicationRule& rule, std::optional<std::size_t> place)
+{
+    auto& rules = edited.policy.rules;
+    if (!place) {
+        place = rules.size();
+        rules.emplace_back();
+    }
+    rules[*place] = rule;
+    ShowRules();
+    SelectRow(List(), static_cast<int>(*place));
+    ListView_EnsureVisible(List(), static_cast<int>(*place), FALSE);
+}
+
+bool TellRefusal(HWND window, const Refusal* refusal)
+{
+    if (refusal != nullptr)
+        Tell(window, {refusal->title, refusal->text});
+    return refusal != nullptr;
+}
+
+// --- handlers ---
+
+LRESULT OnCreate(HWND window)
+{
+    edited = Edited();
+    CreateControls(window, kControls, WindowFont());
+    SendMessageW(ControlOf(window, kNewPolicyName), EM_SETLIMITTEXT, kMaxNameLength, 0);
+    SetColumns(ControlOf(window, kRuleList), kColumns);
+    return 0;
+}
+
+void OnTyping(HWND window)
+{
+    CheckTyping(window, kNewPolicyName, kMaxNameLength, CheckTypedPolicyName);
+}
+
+void OnAddRule(HWND window)
+{
+    if (!TellRefusal(window, CheckRoomForRule(edited.policy.rules)))
+        OpenRuleWindow(edited.policy.rules, std::nullopt, AcceptRule);
+}
+
+void OnModifyRule(HWND)
+{
+    if (const auto selected = SelectedRule())
+        OpenRuleWindow(edited.policy.rules, selected, AcceptRule);
+}
+
+void OnDeleteRule(HWND)
+{
+    const auto selected = SelectedRule();
+    if (!selected)
+        return;
+    auto& rules = edited.policy.rules;
+    rules.erase(rules.begin() + static_cast<std::ptrdiff_t>(*selected));
+    ShowRules();
+    if (!rules.empty() && *selected == rules.size()) // the last one went
+        SelectRow(List(), static_cast<int>(*selected) - 1);
+}
+
+void Close(HWND window)
+{
+    HideFromOwner(window);
+}
+
+void OnSave(HWND window)
+{
+    const bool isNew = edited.mode == PolicyMode::New;
+    if (isNew) {
+        const std::wstring name = TextOf(window, kNewPolicyName);
+        if (Refuse(window, kNewPolicyName, CheckNewPolicyName(name, state.policies), name))
+            return;
+        edited.policy.name = name;
+    }
+    if (TellRefusal(window, CheckRules(edited.policy.rules, edited.mode)))
+        return;
+    const Box& failed = isNew ? kCreateFailed : kSaveFailed;
+    const Operation operation = isNew ? Operation::CreatePolicy : Operation::SetPolicySettings;
+    const auto status = AnswerToChange(window, failed.caption, WithPolicy(operation, edited.policy));
+    if (!status)
+        return;
+    if (IsWord(*status, kFailure))
+        return Tell(window, failed);
+    if (!IsWord(*status, kSuccess))
+        return;
+    Close(window);
+    if (!ReadPolicies())
+        OnAgentLost();
+    else if (isNew)
+        ShowPolicies(edited.policy.name);
+    else
+        ShowPolicies();
+}
+
+void OnEnter(HWND window)
+{
+    if (GetFocus() == List() && SelectedRule())
+        OnModifyRule(window);
+    else
+        OnSave(window);
+}
+
+constexpr Command kCommands[] = {
+    {IDOK, OnEnter},
+    {IDCANCEL, Close},
+    {kNewPolicyName, OnTyping, EN_CHANGE},
+    {kAddRule, OnAddRule},
+    {kModifyRule, OnModifyRule},
+    {kDeleteRule, OnDeleteRule},
+    {kSavePolicy, OnSave},
+};
+
+LRESULT OnNotify(HWND window, LPARAM l)
+{
+    const auto* header = reinterpret_cast<const NMHDR*>(l);
+    if (header->idFrom != kRuleList)
+        return 0;
+    if (header->code == static_cast<UINT>(LVN_ITEMCHANGED))
+        ShowButtons();
+    else if (header->code == static_cast<UINT>(NM_DBLCLK))
+        OnModifyRule(window);
+    else if (header->code == static_cast<UINT>(LVN_KEYDOWN)
+        && reinterpret_cast<const NMLVKEYDOWN*>(l)->wVKey == VK_DELETE)
+        OnDeleteRule(window);
+    return 0;
+}
+
+} // namespace
+
+void OpenNewPolicy()
+{
+    Open(PolicyMode::New, {});
+}
+
+void OpenPolicy(const std::wstring& name)
+{
+    std::optional<ApplicationSensorPolicy> policy;
+    {
+        Reply reply = SendOrLose(WithText(Operation::QueryPolicy, L"PolicyName", name));
+        if (const Element* root = reply.Root())
+            policy = ReadPolicy(*root);
+    }
+    if (!policy)
+        return;
+    policy->name = name; // the name it is known by
+    Open(PolicyMode::Existing, std::move(*policy));
+}
+
+LRESULT CALLBACK PolicyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    NavigateWith(window);
+    switch (message) {
+    case WM_CREATE: return OnCreate(window);
+    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
+    case WM_NOTIFY: return OnNotify(window, l);
+    case WM_HELP: OpenHelp(window, kSchemeHelpPage); return TRUE;
+    case WM_CLOSE: Close(window); return 0;
+    default: return DefaultAnswer(window, message, w, l);
+    }
+}
+
+} // namespace voltaro

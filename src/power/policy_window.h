@@ -1,0 +1,26 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+#include <string>
+
+namespace voltaro {
+
+enum PolicyWindowControl : int {
+    kPolicyName = 4201, // of a policy that exists
+    kNewPolicyName,
+    kRuleList,
+    kAddRule,
+    kModifyRule,
+    kDeleteRule,
+    kSavePolicy,
+};
+
+LRESULT CALLBACK PolicyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
+
+// Opens the window over the scheme editor: for a new policy, or for one that is read from the agent first. A policy
+// that cannot be read opens nothing.
+void OpenNewPolicy();
+void OpenPolicy(const std::wstring& name);
+
+} // namespace voltaro

@@ -1,0 +1,139 @@
+// The strip below the scheme editor's pages: processor speed, and the application sensor policy with the buttons that
+// open the policy window and delete a policy.
+#include "power/processor_strip.h"
+
+#include "base/text.h"
+#include "console/agent_lost.h"
+#include "console/agent_state.h"
+#include "console/change.h"
+#include "power/policy_window.h"
+#include "power/scheme_pages.h"
+#include "ui/boxes.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
+#include "ui/theme.h"
+#include "ui/window_class.h"
+
+namespace voltaro {
+namespace {
+
+// clang-format off
+constexpr Control kControls[] = {
+    // kind           id               text                           x    y    w    h
+    {Kind::Label,     kNoId,           L"Processor Speed:",            0, 337, 116,  18},
+    {Kind::Combo,     kProcessorSpeed, L"",                          116, 333,  94, 200},
+    {Kind::GroupBox,  kNoId,           L"Application Sensor Policy", 222, 317, 310,  48},
+    {Kind::Combo,     kPolicyList,     L"",                          230, 333, 136, 300, kPlain, L"Application Sensor Policy"},
+    {Kind::Push,      kNewPolicy,      L"New ..",                    372, 332,  50,  25},
+    {Kind::Push,      kEditPolicy,     L"Edit",                      425, 332,  46,  25},
+    {Kind::Push,      kDeletePolicy,   L"Delete",                    474, 332,  52,  25},
+};
+// clang-format on
+
+static_assert(IdsAreUnique(kControls));
+static_assert(FitInside(kControls, kSchemePageWidth, kStripFoot));
+
+constexpr Box kPolicyInUse
+    = {L"Policy In Use.", L"'%ls' Policy cannot be deleted.\nIt is associated with the active power scheme."};
+constexpr Box kDeleteQuestion
+    = {L"Delete Policy", L"Are you sure you want to delete the policy '%ls'?\n Press 'Yes' to Continue..",
+        BoxIcon::Question, BoxButtons::YesNo};
+constexpr Box kDeleteFailed = {L"Delete failed ", L"Could not delete the policy."};
+
+// The selected policy; empty for "(None)".
+std::wstring SelectedPolicy(HWND strip)
+{
+    return SelectedIndex(strip, kPolicyList) > 0 ? SelectedText(strip, kPolicyList) : std::wstring();
+}
+
+void OnPolicy(HWND strip)
+{
+    EnablePolicyButtons(IsWindowEnabled(ControlOf(strip, kNewPolicy)));
+}
+
+void OnNewPolicy(HWND)
+{
+    OpenNewPolicy();
+}
+
+void OnEditPolicy(HWND strip)
+{
+    if (const std::wstring policy = SelectedPolicy(strip); !policy.empty())
+        OpenPolicy(policy);
+}
+
+void OnDeletePolicy(HWND strip)
+{
+    const HWND editor = GetParent(strip);
+    const std::wstring policy = SelectedPolicy(strip);
+    if (policy.empty())
+        return;
+    if (EqualsIgnoreCase(policy, state.currentScheme.sensorPolicy))
+        return Tell(editor, kPolicyInUse, Format(kPolicyInUse.text, policy.c_str()));
+    if (!Ask(editor, kDeleteQuestion, Format(kDeleteQuestion.text, policy.c_str())))
+        return;
+    const auto status
+        = AnswerToChange(editor, kDeleteFailed.caption, WithText(Operation::DeletePolicy, L"policy", policy));
+    if (!status)
+        return;
+    if (IsWord(*status, kFailure))
+        Tell(editor, kDeleteFailed);
+    else if (IsWord(*status, kSuccess) && !ReadPolicies())
+        OnAgentLost();
+    else
+        ShowPolicies();
+}
+
+constexpr Command kCommands[] = {
+    {kPolicyList, OnPolicy, CBN_SELCHANGE},
+    {kNewPolicy, OnNewPolicy},
+    {kEditPolicy, OnEditPolicy},
+    {kDeletePolicy, OnDeletePolicy},
+};
+
+LRESULT OnCreate(HWND strip)
+{
+    CreateControls(strip, kControls, WindowFont());
+    FillCombo(
+        strip, kProcessorSpeed, std::vector<std::wstring>(std::begin(kProcessorSpeeds), std::end(kProcessorSpeeds)));
+    KeepTo(strip, kStripTop, kStripFoot);
+    return 0;
+}
+
+} // namespace
+
+void ShowPolicies(std::wstring_view selected)
+{
+    const HWND strip = WindowOf(WindowId::SchemeProcessor);
+    std::vector<std::wstring> entries = {kNoPolicy};
+    entries.insert(entries.end(), state.policies.begin(), state.policies.end());
+    FillCombo(strip, kPolicyList, entries);
+    // Nothing stays nothing: the scheme names a policy that the agent did not list.
+    if (SelectName(strip, kPolicyList, selected) < 0 && !selected.empty())
+        SelectIndex(strip, kPolicyList, 0);
+    OnPolicy(strip);
+}
+
+void ShowPolicies()
+{
+    ShowPolicies(SelectedText(WindowOf(WindowId::SchemeProcessor), kPolicyList));
+}
+
+void EnablePolicyButtons(bool enabled)
+{
+    const HWND strip = WindowOf(WindowId::SchemeProcessor);
+    Enable(strip, kNewPolicy, enabled);
+    const int needPolicy[] = {kEditPolicy, kDeletePolicy};
+    Enable(strip, needPolicy, enabled && SelectedIndex(strip, kPolicyList) > 0);
+}
+
+LRESULT CALLBACK SchemeProcessorProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    switch (message) {
+    case WM_CREATE: return OnCreate(window);
+    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
+    default: return DefaultAnswer(window, message, w, l);
+    }
+}
+
+} // namespace voltaro

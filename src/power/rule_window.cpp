@@ -1,0 +1,182 @@
+// The rule dialog: one application and what may happen while it runs. Opened from the policy window.
+#include "power/rule_window.h"
+
+#include "base/text_rules.h"
+#include "console/help.h"
+#include "console/state.h"
+#include "power/policy.h"
+#include "power/scheme_window.h"
+#include "resources/resource_ids.h"
+#include "ui/boxes.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
+#include "ui/file_dialog.h"
+#include "ui/navigation.h"
+#include "ui/refusals.h"
+#include "ui/theme.h"
+#include "ui/tooltip.h"
+#include "ui/window_class.h"
+
+namespace voltaro {
+namespace {
+
+enum PrivateControl : int { kNameLabel = 4331, kModifiedLabel };
+
+// clang-format off
+constexpr Control kControls[] = {
+    // kind              id                  text                          x    y    w    h
+    {Kind::Label,        kNameLabel,         L"Application exe name :",    18,  22, 150,  18},
+    {Kind::Edit,         kRuleName,          L"",                         170,  18, 230,  24},
+    {Kind::Push,         kRuleFile,          L"...",                      406,  18,  36,  24},
+    {Kind::Label,        kModifiedLabel,     L"Edit Settings for :",       18,  22, 150,  18, kHidden},
+    {Kind::PlainEdit,    kModifiedName,      L"",                         172,  22, 270,  18, kHidden},
+    {Kind::Label,        kNoId,              L"Description :",             18,  56, 150,  18},
+    {Kind::Edit,         kRuleDescription,   L"",                         170,  52, 272,  24},
+    {Kind::Label,        kNoId,              L"Please select the activities that you need to happen,", 18,  92, 424, 18},
+    {Kind::Label,        kNoId,              L"when the above mentioned application is running.",      18, 110, 424, 18},
+    {Kind::CheckBox,     kFirstRuleCheck,    L"Enable Rule",               18, 140, 220,  20},
+    {Kind::CheckBox,     kFirstRuleCheck+1,  L"Dim Monitor Brightness",    18, 166, 220,  20},
+    {Kind::CheckBox,     kFirstRuleCheck+2,  L"Turn Off Monitor",          18, 192, 220,  20},
+    {Kind::CheckBox,     kFirstRuleCheck+3,  L"Lock Screen",               18, 218, 220,  20},
+    {Kind::CheckBox,     kFirstRuleCheck+4,  L"Turn Off Hard Disk",        18, 244, 220,  20},
+    {Kind::CheckBox,     kFirstRuleCheck+5,  L"Log Off",                   18, 270, 220,  20},
+    {Kind::CheckBox,     kFirstRuleCheck+6,  L"Standby",                   18, 296, 220,  20},
+    {Kind::CheckBox,     kFirstRuleCheck+7,  L"Hibernate",                 18, 322, 220,  20},
+    {Kind::CheckBox,     kFirstRuleCheck+8,  L"Shutdown",                  18, 348, 220,  20},
+    {Kind::DefaultPush,  kSaveRule,          L"Save",                     262, 388,  86,  25},
+    {Kind::Push,         IDCANCEL,           L"Cancel",                   356, 388,  86,  25},
+};
+// clang-format on
+
+static_assert(IdsAreUnique(kControls));
+static_assert(FitInside(kControls, 464, 436)); // of 470 x 485, less the frame, the caption and the menu bar
+
+constexpr int kNewRow[] = {kNameLabel, kRuleName, kRuleFile};
+constexpr int kModifiedRow[] = {kModifiedLabel, kModifiedName};
+
+constexpr FileDialog kChooseExecutable = {L"Execute Files (*.exe)\0*.exe\0", L"Select an exe file"};
+
+struct Edited {
+    std::span<const ApplicationRule> rules;
+    std::optional<std::size_t> place;
+    AcceptedRule accepted = nullptr;
+    ApplicationRule rule; // as it was shown
+};
+Edited edited;
+
+int CheckOf(std::size_t check)
+{
+    return kFirstRuleCheck + static_cast<int>(check);
+}
+
+void ShowRule(HWND window, const ApplicationRule& rule)
+{
+    edited.rule = rule;
+    SetText(window, kRuleName, rule.applicationName);
+    SetText(window, kModifiedName, rule.applicationName);
+    SetText(window, kRuleDescription, rule.description);
+    for (std::size_t i = 0; i < kRuleChecks.size(); ++i)
+        SetChecked(window, CheckOf(i), IsRuleChecked(rule, i));
+}
+
+// A text that the dialog could not show stays until the user changes its check box.
+ApplicationRule RuleOnScreen(HWND window)
+{
+    ApplicationRule rule = edited.rule;
+    if (!edited.place)
+        rule.applicationName = TextOf(window, kRuleName);
+    rule.description = TextOf(window, kRuleDescription);
+    for (std::size_t i = 0; i < kRuleChecks.size(); ++i) {
+        const bool checked = IsChecked(window, CheckOf(i));
+        if (!edited.place || checked != IsRuleChecked(rule, i))
+            SetRuleChecked(rule, i, checked);
+    }
+    return rule;
+}
+
+// --- handlers ---
+
+LRESULT OnCreate(HWND window)
+{
+    edited = Edited();
+    CreateControls(window, kControls, WindowFont());
+    for (const int edit : {kRuleName, kRuleDescription})
+        SendMessageW(ControlOf(window, edit), EM_SETLIMITTEXT, ApplicationRule::Slot::kCapacity, 0);
+    SetTooltip(ControlOf(window, kRuleFile), kChooseExecutable.title);
+    return 0;
+}
+
+// "Clear" empties the fields; the name of a rule that is being modified is none.
+void OnClear(HWND window)
+{
+    ApplicationRule empty;
+    if (edited.place)
+        empty.applicationName = edited.rule.applicationName;
+    const ApplicationRule shown = edited.rule;
+    ShowRule(window, empty);
+    edited.rule = shown;
+}
+
+void OnChooseFile(HWND window)
+{
+    const auto path = chooseFile(window, kChooseExecutable);
+    if (!path)
+        return;
+    SetText(window, kRuleName, std::wstring_view(*path).substr(path->find_last_of(L"\\/") + 1));
+    FocusOn(window, kRuleName);
+}
+
+void Close(HWND window)
+{
+    HideFromOwner(window);
+}
+
+void OnSave(HWND window)
+{
+    const ApplicationRule rule = RuleOnScreen(window);
+    const std::wstring name(rule.applicationName);
+    const Refusal* refusal = CheckRuleName(name, edited.rules, edited.place);
+    if (refusal != nullptr && edited.place) // its name cannot be changed here, only looked at
+        return Tell(window, {refusal->title, refusal->text}, RefusalText(*refusal, name));
+    if (Refuse(window, kRuleName, refusal, name))
+        return;
+    Close(window);
+    edited.accepted(rule, edited.place);
+}
+
+constexpr Command kCommands[] = {
+    {IDOK, OnSave},
+    {IDCANCEL, Close},
+    {kRuleFile, OnChooseFile},
+    {kSaveRule, OnSave},
+    {ID_RULE_CLEAR, OnClear},
+};
+
+} // namespace
+
+void OpenRuleWindow(std::span<const ApplicationRule> rules, std::optional<std::size_t> place, AcceptedRule accepted)
+{
+    const HWND window = WindowOf(WindowId::Rule);
+    edited = {rules, place, accepted, {}};
+    ApplicationRule fresh;
+    SetRuleChecked(fresh, 0, true); // a new rule is enabled
+    ShowRule(window, place ? rules[*place] : fresh);
+    Show(window, kNewRow, !place);
+    Show(window, kModifiedRow, place.has_value());
+    ShowOverOwner(window);
+    SetFocus(ControlOf(window, place ? kRuleDescription : kRuleName));
+}
+
+LRESULT CALLBACK RuleWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    NavigateWith(window);
+    switch (message) {
+    case WM_CREATE: return OnCreate(window);
+    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
+    case WM_HELP: OpenHelp(window, kSchemeHelpPage); return TRUE;
+    case WM_CLOSE: Close(window); return 0;
+    default: return DefaultAnswer(window, message, w, l);
+    }
+}
+
+} // namespace voltaro

@@ -1,0 +1,274 @@
+// The pages "Display Control" and "Poweroff Options" of the scheme editor, and the form that binds them and the
+// processor strip to a scheme's settings.
+#include "power/scheme_pages.h"
+
+#include "console/state.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
+#include "ui/theme.h"
+#include "ui/tooltip.h"
+#include "ui/window_class.h"
+
+#include <vector>
+
+namespace voltaro {
+namespace {
+
+enum PageControl : int { kHeading = 4161, kStandbyLabel, kHibernateLabel, kFirstNote, kSecondNote, kScriptFolder };
+
+// clang-format off
+constexpr Control kDisplayControls[] = {
+    // kind             id                  text                                     x    y    w    h
+    {Kind::Label,       kHeading,           L"IF THE System IS IDLE ...",            16,  12, 300,  18},
+    {Kind::Label,       kNoId,              L"System's Working Brightness Level",    16,  48, 215,  18},
+    {Kind::Trackbar,    kWorkingBrightness, L"",                                    228,  42, 288,  32},
+    {Kind::Label,       kNoId,              L"System's Idle Brightness Level",       16,  88, 215,  18},
+    {Kind::Trackbar,    kIdleBrightness,    L"",                                    228,  82, 288,  32},
+    {Kind::Label,       kNoId,              L"Dim Monitor Brightness",               16, 134, 215,  18},
+    {Kind::Combo,       kDim,               L"",                                    236, 130, 120, 300},
+    {Kind::Label,       kNoId,              L"Turn Off Monitor",                     16, 166, 215,  18},
+    {Kind::Combo,       kMonitorOff,        L"",                                    236, 162, 120, 300},
+    {Kind::Label,       kNoId,              L"Lock Screen",                          16, 198, 215,  18},
+    {Kind::Combo,       kLock,              L"",                                    236, 194, 120, 300},
+    {Kind::Label,       kNoId,              L"(From Monitor Turn Off time)",        362, 198, 168,  18},
+    {Kind::CheckBox,    kScreenSaverOff,    L"Disable Screen Saver",                 16, 232, 220,  20},
+};
+
+constexpr Control kPowerOffControls[] = {
+    // kind             id                  text                                     x    y    w    h
+    {Kind::Label,       kHeading,           L"IF THE System IS IDLE ...",            16,   8, 300,  18},
+    {Kind::Label,       kNoId,              L"Turn Off Hard Disk :",                 16,  36, 130,  18},
+    {Kind::Combo,       kHardDisk,          L"",                                    150,  32, 115, 300},
+    {Kind::Label,       kNoId,              L"Log Off :",                           306,  36,  90,  18},
+    {Kind::Combo,       kSchemeLogOff,      L"",                                    401,  32, 115, 300},
+    {Kind::Radio,       kSleepChoice,       L"Standby / Hibernate",                  16,  63, 160,  20, kGroup},
+    {Kind::Radio,       kShutdownChoice,    L"Shutdown:",                           306,  63,  92,  20},
+    {Kind::Label,       kStandbyLabel,      L"Standby :",                            34,  91, 110,  18},
+    {Kind::Combo,       kStandbyTime,       L"",                                    150,  87, 115, 300},
+    {Kind::Label,       kHibernateLabel,    L"Hibernate :",                         306,  91,  90,  18},
+    {Kind::Combo,       kHibernateTime,     L"",                                    401,  87, 115, 300},
+    {Kind::Combo,       kShutdownTime,      L"",                                    401,  60, 115, 300, kHidden, L"Shutdown"},
+    {Kind::CheckBox,    kResumePassword,    L"On Resume Password Protect",           16, 115, 300,  20},
+    {Kind::GroupBox,    kNoId,              L"Before Shutdown, execute",              8, 137, 516,  82},
+    {Kind::CheckBox,    kScript,            L"\" Voltaro_Poweroff.bat \" script",    20, 153, 300,  20},
+    {Kind::Label,       kFirstNote,
+        L"* Batch script commands which needs to be executed before shutting down the system,", 20, 173, 500, 14},
+    {Kind::Label,       kSecondNote,
+        L"  can be put inside Voltaro_Poweroff.bat file, located at below mentioned path.",     20, 187, 500, 14},
+    {Kind::PlainEdit,   kScriptFolder,      L"",                                     26, 201, 490,  15, kPlain, L"Folder of the script"},
+    {Kind::GroupBox,    kNoId,              L"Do not Poweroff",                       8, 222, 516,  89},
+    {Kind::CheckBox,    kDownloads,         L"Over any active copy/delete/download activity", 20, 238, 400, 20},
+    {Kind::CheckBox,    kPrinter,           L"Over any connected printer in 'ON' state", 20, 260, 400,  20},
+    {Kind::CheckBox,    kCpuLoadCheck,      L"If CPU utilization is above",          20, 283, 185,  20},
+    {Kind::Combo,       kCpuLoad,           L"",                                    208, 281,  56, 300, kPlain, L"CPU utilization in percent"},
+    {Kind::Label,       kNoId,              L"%",                                   270, 285,  20,  16},
+};
+// clang-format on
+
+static_assert(IdsAreUnique(kDisplayControls) && IdsAreUnique(kPowerOffControls));
+static_assert(FitInside(kDisplayControls, kSchemePageWidth, kSchemePageFoot));
+static_assert(FitInside(kPowerOffControls, kSchemePageWidth, kSchemePageFoot));
+
+constexpr int kSleepControls[] = {kStandbyLabel, kStandbyTime, kHibernateLabel, kHibernateTime};
+
+struct FormState {
+    PowerSchemeSettings settings; // as shown last, before the user changed anything
+    PowerCapabilities capabilities;
+};
+FormState form;
+
+HWND PageOf(SchemePage page)
+{
+    constexpr WindowId kPages[] = {WindowId::SchemeDisplay, WindowId::SchemePowerOff, WindowId::SchemeProcessor};
+    return WindowOf(kPages[static_cast<std::size_t>(page)]);
+}
+
+// --- linked lists ---
+
+void PutList(HWND page, int combo, const ComboList& list)
+{
+    std::vector<std::wstring> entries;
+    for (const Choice& choice : list.choices)
+        entries.emplace_back(choice.text);
+    FillCombo(page, combo, entries);
+    SelectIndex(page, combo, static_cast<int>(list.selected));
+}
+
+void OnMonitorOff(HWND page)
+{
+    PutList(page, kLock, LockList(SelectedText(page, kMonitorOff), SelectedText(page, kLock)));
+}
+
+void OnDim(HWND page)
+{
+    PutList(page, kMonitorOff, MonitorOffList(SelectedText(page, kDim), SelectedText(page, kMonitorOff)));
+    OnMonitorOff(page);
+}
+
+void OnStandby(HWND page)
+{
+    const std::wstring standby = SelectedText(page, kStandbyTime);
+    const std::wstring hibernate = SelectedText(page, kHibernateTime);
+    PutList(page, kHibernateTime, HibernateList(form.capabilities.hibernate, standby, hibernate));
+}
+
+void OnPowerOffChoice(HWND page)
+{
+    const bool shutdown = IsChecked(page, kShutdownChoice);
+    Show(page, kSleepControls, !shutdown);
+    Show(page, kShutdownTime, shutdown);
+}
+
+void OnCpuLoadCheck(HWND page)
+{
+    Enable(page, kCpuLoad, IsChecked(page, kCpuLoadCheck));
+}
+
+// --- one control ---
+
+void ShowStep(HWND page, const SchemeField& field)
+{
+    const auto step = static_cast<std::size_t>(SendMessageW(ControlOf(page, field.control), TBM_GETPOS, 0, 0));
+    SetTooltip(ControlOf(page, field.control), field.choices[step].text);
+}
+
+void ShowField(const SchemeField& field, const std::wstring& shown)
+{
+    const HWND page = PageOf(field.page);
+    switch (field.shown) {
+    case Shown::Step:
+        SendMessageW(
+            ControlOf(page, field.control), TBM_SETPOS, TRUE, static_cast<LPARAM>(ChoiceIndex(field.choices, shown)));
+        ShowStep(page, field);
+        break;
+    case Shown::Choice: PutList(page, field.control, {field.choices, ChoiceIndex(field.choices, shown)}); break;
+    case Shown::Name: SelectName(page, field.control, shown); break;
+    case Shown::Check: SetChecked(page, field.control, shown == L"Yes"); break;
+    }
+}
+
+std::wstring FieldShown(const SchemeField& field)
+{
+    const HWND page = PageOf(field.page);
+    if (field.shown == Shown::Step)
+        return field.choices[static_cast<std::size_t>(SendMessageW(ControlOf(page, field.control), TBM_GETPOS, 0, 0))]
+            .text;
+    if (field.shown == Shown::Check)
+        return IsChecked(page, field.control) ? L"Yes" : L"No";
+    return SelectedText(page, field.control);
+}
+
+// --- messages of the pages ---
+
+void SetFont(HWND page, int control, HFONT font)
+{
+    SendMessageW(ControlOf(page, control), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+}
+
+LRESULT MakePage(HWND page, std::span<const Control> rows)
+{
+    CreateControls(page, rows, WindowFont());
+    SetFont(page, kHeading, FontOf(15, 600));
+    KeepTo(page, 0, kSchemePageFoot);
+    return 0;
+}
+
+LRESULT MakeDisplayPage(HWND page)
+{
+    MakePage(page, kDisplayControls);
+    for (const int slider : {kWorkingBrightness, kIdleBrightness}) {
+        SendMessageW(ControlOf(page, slider), TBM_SETRANGE, FALSE, MAKELPARAM(0, std::size(kBrightnessSteps) - 1));
+        SendMessageW(ControlOf(page, slider), TBM_SETPAGESIZE, 0, 1);
+    }
+    return 0;
+}
+
+LRESULT MakePowerOffPage(HWND page)
+{
+    MakePage(page, kPowerOffControls);
+    for (const int note : {kFirstNote, kSecondNote, kScriptFolder})
+        SetFont(page, note, FontOf(13, 300));
+    SetText(page, kScriptFolder, state.binDirectory);
+    return 0;
+}
+
+LRESULT OnSlide(HWND page, HWND slider)
+{
+    for (const SchemeField& field : kSchemeForm) {
+        if (field.shown == Shown::Step && field.control == GetDlgCtrlID(slider))
+            ShowStep(page, field);
+    }
+    return 0;
+}
+
+constexpr Command kDisplayCommands[] = {
+    {kDim, OnDim, CBN_SELCHANGE},
+    {kMonitorOff, OnMonitorOff, CBN_SELCHANGE},
+};
+constexpr Command kPowerOffCommands[] = {
+    {kStandbyTime, OnStandby, CBN_SELCHANGE},
+    {kSleepChoice, OnPowerOffChoice},
+    {kShutdownChoice, OnPowerOffChoice},
+    {kCpuLoadCheck, OnCpuLoadCheck},
+};
+
+} // namespace
+
+void KeepTo(HWND page, int top, int foot)
+{
+    SetWindowRgn(page, CreateRectRgn(0, top, kSchemePageWidth, foot), FALSE); // the window owns it from now on
+}
+
+void ShowSettings(const PowerSchemeSettings& settings, PowerCapabilities capabilities)
+{
+    form = {settings, capabilities};
+    for (const SchemeField& field : kSchemeForm)
+        ShowField(field, ShownSetting(field, settings.*field.slot));
+    const HWND display = PageOf(SchemePage::Display);
+    const HWND powerOff = PageOf(SchemePage::PowerOff);
+    OnDim(display);
+    PutList(powerOff, kStandbyTime, StandbyList(capabilities.standby, SelectedText(powerOff, kStandbyTime)));
+    OnStandby(powerOff);
+    SetChecked(powerOff, kSleepChoice, !IsChecked(powerOff, kShutdownChoice));
+    OnPowerOffChoice(powerOff);
+    OnCpuLoadCheck(powerOff);
+}
+
+PowerSchemeSettings EditedSettings()
+{
+    PowerSchemeSettings settings = form.settings;
+    for (const SchemeField& field : kSchemeForm)
+        settings.*field.slot = StoredSetting(field, FieldShown(field), settings.*field.slot);
+    return settings;
+}
+
+void EnableSettings(bool enabled)
+{
+    for (const SchemeField& field : kSchemeForm)
+        Enable(PageOf(field.page), field.control, enabled);
+    const HWND powerOff = PageOf(SchemePage::PowerOff);
+    Enable(powerOff, kSleepChoice, enabled);
+    if (enabled)
+        OnCpuLoadCheck(powerOff);
+}
+
+LRESULT CALLBACK SchemeDisplayProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    switch (message) {
+    case WM_CREATE: return MakeDisplayPage(window);
+    case WM_COMMAND: Dispatch(kDisplayCommands, window, w); return 0;
+    case WM_HSCROLL: return OnSlide(window, reinterpret_cast<HWND>(l));
+    default: return DefaultAnswer(window, message, w, l);
+    }
+}
+
+LRESULT CALLBACK SchemePowerOffProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    switch (message) {
+    case WM_CREATE: return MakePowerOffPage(window);
+    case WM_COMMAND: Dispatch(kPowerOffCommands, window, w); return 0;
+    default: return DefaultAnswer(window, message, w, l);
+    }
+}
+
+} // namespace voltaro

@@ -1,0 +1,428 @@
+// The power scheme editor, opened from the main window: choose, apply, edit, create and delete power schemes. The pages
+// and the strip that show a scheme's settings are files of their own.
+#include "power/scheme_window.h"
+
+#include "base/handles.h"
+#include "base/text.h"
+#include "console/agent_lost.h"
+#include "console/agent_state.h"
+#include "console/background_refresh.h"
+#include "console/change.h"
+#include "console/help.h"
+#include "console/ui_calls.h"
+#include "power/names.h"
+#include "power/processor_strip.h"
+#include "power/scheme_pages.h"
+#include "ui/boxes.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
+#include "ui/liveness.h"
+#include "ui/menus.h"
+#include "ui/navigation.h"
+#include "ui/refusals.h"
+#include "ui/tabs.h"
+#include "ui/theme.h"
+#include "ui/window_class.h"
+
+namespace voltaro {
+namespace {
+
+enum PrivateControl : int { kNewSchemeLabel = 4031 };
+
+// clang-format off
+constexpr Control kControls[] = {
+    // kind              id               text                          x    y    w    h
+    {Kind::Label,        kNoId,           L"Select Power Scheme :",     13,  18, 172,  18},
+    {Kind::Combo,        kEditorScheme,   L"",                         190,  14, 240, 300},
+    {Kind::Push,         kApplyScheme,    L"Apply",                    438,  13, 107,  25, kHidden},
+    {Kind::Label,        kNewSchemeLabel, L"New Power Scheme Name :",   13,  54, 172,  18, kHidden},
+    {Kind::Edit,         kNewSchemeName,  L"",                         190,  50, 240,  24, kHidden},
+    {Kind::Push,         kSaveNewScheme,  L"Save",                     438,  49, 107,  25, kHidden},
+    {Kind::BusyBar,      kEditorBusy,     L"",                         190,  55, 240,  14, kHidden, L"Progress"},
+    {Kind::Tab,          kSchemeTab,      L"",                           9,  94, 540, 342, kPlain, L"Settings"},
+    {Kind::Push,         kEditSettings,   L"Edit Settings",             13, 500, 108,  25},
+    {Kind::Push,         kSaveAndApply,   L"Save and Apply",           128, 500, 118,  25},
+    {Kind::Push,         kDeleteScheme,   L"Delete Scheme",            253, 500, 112,  25},
+    {Kind::DefaultPush,  kEditorOk,       L"OK",                       381, 500,  78,  25},
+    {Kind::Push,         IDCANCEL,        L"Cancel",                   467, 500,  78,  25},
+};
+
+constexpr MenuItem kCreateItems[] = {{L"&New Scheme..", kNewScheme}};
+constexpr MenuItem kMenu[] = {Popup(L"&Create", kCreateItems), {L"&Help", kEditorHelp}, {L"&Refresh", kEditorRefresh}};
+// clang-format on
+
+static_assert(IdsAreUnique(kControls));
+static_assert(FitInside(kControls, 559, 541)); // of 565 x 590, less the frame, the caption and the menu bar
+
+constexpr int kNewSchemeRow[] = {kNewSchemeLabel, kNewSchemeName, kSaveNewScheme};
+constexpr int kSchemeButtons[] = {kSaveAndApply, kDeleteScheme};
+
+constexpr Box kSetFailed = {L"Set scheme failed ", L"Unable to Set."};
+constexpr Box kSaveFailed = {L"Save failed", L"Failed to save settings."};
+constexpr Box kDenied = {L"Permission denied", L"Access denied."};
+constexpr Box kActiveScheme = {L"Cannot delete current active scheme ",
+    L"Scheme '%ls' cannot be deleted as it is the current active scheme!\n\nHint: To delete a scheme that is currently "
+    L"active, change the current active scheme, and try again."};
+constexpr Box kDeleteQuestion
+    = {L"Delete Scheme", L"Are you sure you want to delete the power scheme '%ls'?\n Press 'Yes' to continue..",
+        BoxIcon::Question, BoxButtons::YesNo};
+constexpr Box kDeleteFailed = {L"Delete failed ", L"Could not delete the scheme."};
+
+constexpr const wchar_t* kPermissionDenied = L"Permission denied";
+
+struct Editor {
+    bool isNew = false;       // a new scheme's name is being entered
+    bool isPicked = false;    // the user picked the scheme on screen
+    bool isBusy = false;      // a background refresh runs
+    std::wstring shownScheme; // whose settings are on screen
+    unsigned readsSeen = 0;   // reads of the current settings when the last one was asked for
+    UniqueHandle closed;
+};
+Editor editor;
+
+PowerCapabilities Capabilities()
+{
+    std::vector<std::pair<std::wstring_view, std::wstring_view>> fields;
+    for (std::size_t i = 0; i < state.details.RowCount(DetailSection::PowerCapabilities); ++i) {
+        const NamedValue& row = state.details.Row(DetailSection::PowerCapabilities, i);
+        fields.emplace_back(row.name, row.value);
+    }
+    return ReadPowerCapabilities(fields);
+}
+
+// The one place that decides what can be seen and pressed.
+void ShowMode(HWND window)
+{
+    const bool ready = !editor.isBusy;
+    const bool known = SelectedIndex(window, kEditorScheme) >= 0;
+    Show(window, kNewSchemeRow, editor.isNew);
+    Show(window, kApplyScheme, editor.isPicked && !editor.isNew);
+    Show(window, kEditorBusy, editor.isBusy);
+    SendMessageW(ControlOf(window, kEditorBusy), PBM_SETMARQUEE, editor.isBusy, 0);
+    Enable(window, kEditorScheme, ready);
+    Enable(window, kApplyScheme, ready && known);
+    Enable(window, kEditSettings, ready);
+    Enable(window, kSchemeButtons, ready && known && !editor.isNew);
+    EnableSettings(ready);
+    EnablePolicyButtons(ready);
+    SendMessageW(ControlOf(window, kSaveNewScheme), BM_SETSTYLE, editor.isNew ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+    SendMessageW(ControlOf(window, kEditorOk), BM_SETSTYLE, editor.isNew ? BS_PUSHBUTTON : BS_DEFPUSHBUTTON, TRUE);
+    for (const unsigned item : {kNewScheme, kEditorRefresh})
+        EnableItem(GetMenu(window), item, ready);
+    DrawMenuBar(window);
+}
+
+// --- showing what was read ---
+
+void ShowScheme(HWND window, const std::wstring& scheme, const PowerSchemeSettings& settings)
+{
+    SelectName(window, kEditorScheme, scheme);
+    editor.shownScheme = scheme;
+    ShowSettings(settings, Capabilities());
+}
+
+void ShowCurrentScheme(HWND window)
+{
+    editor.isPicked = false;
+    const bool read = !state.currentScheme.powerScheme.empty();
+    ShowScheme(window, std::wstring(state.currentScheme.powerScheme), read ? state.currentScheme : InitialSettings());
+}
+
+// Whether the answer to the last request for the current settings could be read.
+bool CurrentWasRead()
+{
+    return editor.readsSeen != state.currentSchemeReads;
+}
+
+// Shows the lists, and the current settings or what was on screen.
+void ShowAll(HWND window, bool current)
+{
+    editor.isNew = false;
+    editor.isBusy = false;
+    FillCombo(window, kEditorScheme, state.schemes);
+    ShowPolicies();
+    if (current)
+        ShowCurrentScheme(window);
+    else
+        SelectName(window, kEditorScheme, editor.shownScheme);
+    ShowMode(window);
+}
+
+using Reader = bool (*)();
+constexpr Reader kReload[] = {ReadPowerSchemes, ReadPolicies, ReadCurrentPowerSettings};
+constexpr auto kAfterSaving = std::span(kReload).last<2>();
+constexpr auto kAfterApplying = std::span(kReload).last<1>();
+
+// Reads in order until one finds the agent gone.
+bool Read(std::span<const Reader> readers)
+{
+    editor.readsSeen = state.currentSchemeReads;
+    for (const Reader read : readers) {
+        if (!read()) {
+            OnAgentLost();
+            return false;
+        }
+    }
+    return true;
+}
+
+void ReadAndShow(HWND window, std::span<const Reader> readers)
+{
+    if (Read(readers))
+        ShowAll(window, CurrentWasRead());
+}
+
+void Close(HWND window)
+{
+    editor.isNew = false;
+    editor.isBusy = false;
+    ShowWindow(window, SW_HIDE);
+}
+
+// --- handlers ---
+
+LRESULT OnCreate(HWND window)
+{
+    editor = Editor();
+    editor.closed = UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    CreateControls(window, kControls, WindowFont());
+    SendMessageW(ControlOf(window, kNewSchemeName), EM_SETLIMITTEXT, kMaxNameLength, 0);
+    SetMenu(window, BuildMenuBar(kMenu, std::size(kMenu)).Release()); // destroyed with the window
+    return 0;
+}
+
+void OnPickScheme(HWND window)
+{
+    const std::wstring scheme = SelectedText(window, kEditorScheme);
+    std::optional<PowerSchemeSettings> settings;
+    {
+        Reply reply = SendOrLose(WithText(Operation::QueryPowerScheme, L"scheme", scheme));
+        settings = reply.Read<PowerSchemeSettings>();
+    }
+    if (!settings) { // the name must not stand over another scheme's settings
+        SelectName(window, kEditorScheme, editor.shownScheme);
+        return;
+    }
+    editor.isNew = false;
+    editor.isPicked = true;
+    ShowScheme(window, scheme, *settings);
+    ShowMode(window);
+}
+
+void OnApplyScheme(HWND window)
+{
+    const auto status = AnswerToChange(window, kSetFailed.caption,
+        WithText(Operation::ApplyPowerScheme, L"scheme", SelectedText(window, kEditorScheme)));
+    if (!status)
+        return;
+    if (IsWord(*status, kFailure))
+        Tell(window, kSetFailed);
+    else
+        ReadAndShow(window, kAfterApplying);
+}
+
+// Sends what the controls hold as the settings of that scheme; true when the agent took it.
+bool SendSettings(HWND window, Operation operation, std::wstring_view scheme)
+{
+    PowerSchemeSettings settings = EditedSettings();
+    settings.powerScheme = scheme;
+    const auto status = AnswerToChange(window, kSaveFailed.caption, WithRecord(operation, settings));
+    if (!status)
+        return false;
+    if (IsWord(*status, kFailure))
+        Tell(window, kSaveFailed);
+    else if (operation == Operation::ApplyPowerSettings && IsWord(*status, kPermissionDenied))
+        Tell(window, kDenied);
+    return IsWord(*status, kSuccess);
+}
+
+void OnSaveAndApply(HWND window)
+{
+    if (SendSettings(window, Operation::ApplyPowerSettings, SelectedText(window, kEditorScheme)))
+        ReadAndShow(window, kAfterSaving);
+}
+
+void OnSaveNewScheme(HWND window)
+{
+    const std::wstring name = TextOf(window, kNewSchemeName);
+    if (Refuse(window, kNewSchemeName, CheckNewSchemeName(name, state.schemes), name))
+        return;
+    if (SendSettings(window, Operation::CreateScheme, name))
+        ReadAndShow(window, kReload);
+}
+
+void OnDeleteScheme(HWND window)
+{
+    const std::wstring scheme = SelectedText(window, kEditorScheme);
+    if (EqualsIgnoreCase(scheme, state.currentScheme.powerScheme))
+        return Tell(window, kActiveScheme, Format(kActiveScheme.text, scheme.c_str()));
+    if (!Ask(window, kDeleteQuestion, Format(kDeleteQuestion.text, scheme.c_str())))
+        return;
+    const auto status
+        = AnswerToChange(window, kDeleteFailed.caption, WithText(Operation::DeleteScheme, L"scheme", scheme));
+    if (!status)
+        return;
+    if (IsWord(*status, kFailure))
+        Tell(window, kDeleteFailed);
+    else if (IsWord(*status, kSuccess))
+        ReadAndShow(window, kReload);
+}
+
+void OnNewScheme(HWND window)
+{
+    editor.isNew = true;
+    SetText(window, kNewSchemeName, {});
+    ShowMode(window);
+    FocusOn(window, kNewSchemeName);
+}
+
+void OnTyping(HWND window)
+{
+    CheckTyping(window, kNewSchemeName, kMaxNameLength, CheckTypedSchemeName);
+}
+
+void OnEditSettings(HWND window)
+{
+    editor.isNew = false;
+    ShowMode(window);
+    constexpr WindowId kPages[] = {WindowId::SchemeDisplay, WindowId::SchemePowerOff};
+    const HWND page = WindowOf(kPages[SelectedTab(ControlOf(window, kSchemeTab)) == 1 ? 1 : 0]);
+    SetFocus(GetNextDlgTabItem(page, nullptr, FALSE));
+}
+
+void OnRefresh(HWND window)
+{
+    if (editor.isBusy)
+        return;
+    if (!state.connected) { // the worker reads nothing then
+        ReadAndShow(window, kReload);
+        return;
+    }
+    editor.isBusy = true;
+    editor.isNew = false;
+    editor.readsSeen = state.currentSchemeReads;
+    ShowMode(window);
+    RequestBackgroundRefresh(RefreshKind::PowerData);
+}
+
+void OnHelp(HWND window)
+{
+    OpenHelp(window, kSchemeHelpPage);
+}
+
+void OnOk(HWND window)
+{
+    Close(window);
+    SetEvent(editor.closed.Get());
+}
+
+void OnEnter(HWND window)
+{
+    if (editor.isNew)
+        OnSaveNewScheme(window);
+    else
+        OnOk(window);
+}
+
+void OnCancel(HWND window)
+{
+    Close(window);
+    Read(kAfterSaving);
+}
+
+// clang-format off
+constexpr Command kCommands[] = {
+    {IDOK,           OnEnter},
+    {IDCANCEL,       OnCancel},
+    {kEditorScheme,  OnPickScheme, CBN_SELCHANGE},
+    {kApplyScheme,   OnApplyScheme},
+    {kNewSchemeName, OnTyping,     EN_CHANGE},
+    {kSaveNewScheme, OnSaveNewScheme},
+    {kEditSettings,  OnEditSettings},
+    {kSaveAndApply,  OnSaveAndApply},
+    {kDeleteScheme,  OnDeleteScheme},
+    {kEditorOk,      OnOk},
+    {kNewScheme,     OnNewScheme},
+    {kEditorHelp,    OnHelp},
+    {kEditorRefresh, OnRefresh},
+};
+// clang-format on
+
+LRESULT OnNotify(HWND window, LPARAM l)
+{
+    const auto* header = reinterpret_cast<const NMHDR*>(l);
+    if (header->code == static_cast<UINT>(TCN_SELCHANGE))
+        TurnToSelected(ControlOf(window, kSchemeTab));
+    return 0;
+}
+
+// The pages are made after the editor, so they are bound at the first opening.
+void BindPages(HWND window)
+{
+    const HWND tab = ControlOf(window, kSchemeTab);
+    const TabPage pages[] = {{L"Display Control", WindowOf(WindowId::SchemeDisplay)},
+        {L"Poweroff Options", WindowOf(WindowId::SchemePowerOff)}};
+    SetTabs(tab, pages);
+    // Tab goes from the pages to the strip, then to the buttons.
+    SetWindowPos(WindowOf(WindowId::SchemeProcessor), tab, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+} // namespace
+
+void OpenSchemeWindow(HWND)
+{
+    const HWND window = WindowOf(WindowId::Scheme);
+    if (!IsWindowVisible(window)) {
+        BindPages(window);
+        if (!Read(kReload))
+            return;
+        ShowAll(window, true); // nothing is left of the last opening, even if no answer could be read
+        ResetEvent(editor.closed.Get());
+        ShowWindow(window, SW_SHOWNORMAL);
+        SetFocus(ControlOf(window, kEditorScheme));
+    }
+    SetForegroundWindow(window);
+}
+
+HANDLE SchemeWindowClosed()
+{
+    return editor.closed.Get();
+}
+
+void OnPowerRefreshed()
+{
+    OnUi([] {
+        if (editor.isBusy)
+            ShowAll(WindowOf(WindowId::Scheme), CurrentWasRead());
+    });
+}
+
+void OnPowerRefreshFailed()
+{
+    OnUi([] {
+        if (std::exchange(editor.isBusy, false))
+            ShowMode(WindowOf(WindowId::Scheme));
+    });
+    OnAgentLost();
+}
+
+LRESULT CALLBACK SchemeWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    NavigateWith(window);
+    switch (message) {
+    case WM_CREATE: return OnCreate(window);
+    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
+    case WM_NOTIFY: return OnNotify(window, l);
+    case WM_HELP: OnHelp(window); return TRUE;
+    case WM_CLOSE: OnCancel(window); return 0;
+    case WM_SETCURSOR:
+        if (!editor.isBusy)
+            break;
+        SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+        return TRUE;
+    default: break;
+    }
+    return DefaultAnswer(window, message, w, l);
+}
+
+} // namespace voltaro

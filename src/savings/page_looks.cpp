@@ -1,0 +1,31 @@
+#include "savings/page_looks.h"
+
+#include "ui/canvas.h"
+#include "ui/theme.h"
+
+namespace voltaro {
+namespace {
+
+constexpr COLORREF kListColour = RGB(247, 247, 247);
+
+} // namespace
+
+void DrawGraphText(HDC dc, const GraphText& text)
+{
+    DrawTextAt(dc, text.x, text.y, text.text, FontOf(text.font.height, text.font.weight), text.colour);
+}
+
+void DrawNoDay(HDC dc)
+{
+    for (const GraphText& text : NoDayTexts())
+        DrawGraphText(dc, text);
+}
+
+void PrepareReportList(HWND list, std::span<const Column> columns)
+{
+    SetColumns(list, columns);
+    ListView_SetBkColor(list, kListColour);
+    ListView_SetTextBkColor(list, kListColour);
+}
+
+} // namespace voltaro

@@ -1,0 +1,287 @@
+// The savings report: the day is picked on the right, its figures and its graph stand on three pages. Opened from the
+// main menu.
+#include "savings/savings_window.h"
+
+#include "base/text.h"
+#include "console/activation.h"
+#include "console/agent.h"
+#include "console/help.h"
+#include "console/state.h"
+#include "savings/graph_view.h"
+#include "savings/profile_window.h"
+#include "savings/report_pages.h"
+#include "savings/shown_day.h"
+#include "ui/boxes.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
+#include "ui/navigation.h"
+#include "ui/tabs.h"
+#include "ui/theme.h"
+#include "ui/window_class.h"
+
+#include <optional>
+#include <string>
+
+namespace voltaro {
+namespace {
+
+enum Id : int { kPicker = 101, kTab, kSettings, kHelp };
+
+// clang-format off
+constexpr Control kControls[] = {
+    {Kind::Label,      kNoId,     L"Select Date :",                684,  60, 105,  18},
+    {Kind::DatePicker, kPicker,   L"",                             684,  80, 105,  24},
+    {Kind::Tab,        kTab,      L"",                               2,   1, 676, 523, kPlain, L"Power Savings Report"},
+    {Kind::Push,       kSettings, L"&Power Consumption Settings",  684, 424, 105,  64, kWrapped},
+    {Kind::Push,       kHelp,     L"&Help",                        684, 498, 105,  25},
+};
+// clang-format on
+static_assert(IdsAreUnique(kControls) && FitInside(kControls, 794, 541));
+
+constexpr const wchar_t* kTabCaptions[] = {L"Consumption and CO2", L"Estimates and Idle Pattern", L"Event Graph"};
+
+constexpr const wchar_t* kRefusalCaption = L"Power Savings Report";
+constexpr Box kNoData = {L"No data", L"Power savings data not available for date: %ls", BoxIcon::Information};
+constexpr Box kDataError = {L"Data Error", L"May be error in Power savings data logged for date: %ls ."};
+
+// A day typed or stepped to counts when it has rested for a moment, one chosen in the calendar when that closes.
+constexpr UINT_PTR kChosenTimer = 1;
+constexpr UINT kRestMs = 500;
+
+LocalTime askedDay; // last, since the window was opened
+
+LocalTime LocalTimeOf(const SYSTEMTIME& t)
+{
+    return {t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond};
+}
+
+LocalTime Now()
+{
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    return LocalTimeOf(now);
+}
+
+// Midnight of the day as the platform tells it.
+SYSTEMTIME SystemTimeOf(const LocalTime& day)
+{
+    SYSTEMTIME time{};
+    time.wYear = static_cast<WORD>(day.year);
+    time.wMonth = static_cast<WORD>(day.month);
+    time.wDay = static_cast<WORD>(day.day);
+    return time;
+}
+
+LocalTime PickedDay(HWND window)
+{
+    SYSTEMTIME time{};
+    DateTime_GetSystemtime(ControlOf(window, kPicker), &time);
+    return LocalTimeOf(time);
+}
+
+// The picker takes no other day while the agent is asked for one.
+class PickerOff {
+public:
+    explicit PickerOff(HWND window)
+        : m_window(window)
+        , m_focused(GetFocus() == ControlOf(window, kPicker))
+    {
+        Enable(window, kPicker, false);
+    }
+    ~PickerOff()
+    {
+        Enable(m_window, kPicker, true);
+        if (m_focused && GetActiveWindow() == m_window)
+            FocusOn(m_window, kPicker);
+    }
+    PickerOff(const PickerOff&) = delete;
+    PickerOff& operator=(const PickerOff&) = delete;
+
+private:
+    HWND m_window;
+    bool m_focused;
+};
+
+void RefreshPages()
+{
+    RefreshReportPages();
+    RefreshGraphPage();
+}
+
+void TellOfDay(HWND window, const Box& box, const LocalTime& day)
+{
+    Tell(window, box, Format(box.text, PickerDate(day).c_str()));
+}
+
+// Asks the agent about the day. Nothing when the product is not active or the agent is lost; both are told.
+std::optional<DayAnswer> AskForDay(HWND window, const LocalTime& day, DayReport& report)
+{
+    const PickerOff off(window);
+    if (!OpenGate(window, kRefusalCaption))
+        return std::nullopt;
+    std::optional<DayAnswer> answer;
+    std::wstring status;
+    {
+        Reply reply = SendOrLose(WithText(Operation::GetEvents, L"fordate", RequestDate(day)));
+        if (!reply.Answered())
+            return std::nullopt;
+        answer = ReadDayAnswer(reply.Root(), reply.Text(), Now(), report);
+        status = reply.Status();
+    }
+    return IsLicenceRefusal(window, kRefusalCaption, status) ? std::nullopt : answer;
+}
+
+void OnShowPickedDay(HWND window)
+{
+    KillTimer(window, kChosenTimer);
+    const LocalTime day = PickedDay(window);
+    if (!IsWindowEnabled(ControlOf(window, kPicker)) || SecondsOf(day) > SecondsOf(Now()))
+        return;
+    askedDay = day;
+    DayReport report;
+    const std::optional<DayAnswer> answer = AskForDay(window, day, report);
+    if (!answer)
+        return;
+    shownDay.reset();
+    if (*answer == DayAnswer::Report)
+        shownDay = MakeShownDay(day, report, state.consumption);
+    RefreshPages();
+    if (*answer == DayAnswer::NoData)
+        TellOfDay(window, kNoData, day);
+    else if (*answer == DayAnswer::Damaged)
+        TellOfDay(window, kDataError, day);
+}
+
+bool IsCalendarOpen(HWND window)
+{
+    const HWND calendar = DateTime_GetMonthCal(ControlOf(window, kPicker));
+    return calendar && IsWindowVisible(calendar);
+}
+
+// Not from the picker's own message: a box in the midst of it would confuse the picker.
+void ShowPickedDaySoon(HWND window, UINT milliseconds)
+{
+    SetTimer(window, kChosenTimer, milliseconds, nullptr);
+}
+
+void OnTimer(HWND window)
+{
+    if (!IsCalendarOpen(window))
+        OnShowPickedDay(window);
+}
+
+void OnSettings(HWND window)
+{
+    OpenProfileWindow(window);
+}
+
+void OnHelp(HWND window)
+{
+    OpenHelp(window, L"powercalculations.htm");
+}
+
+void OnCancel(HWND window)
+{
+    KillTimer(window, kChosenTimer);
+    ShowWindow(window, SW_HIDE);
+}
+
+constexpr Command kCommands[] = {
+    {kSettings, OnSettings},
+    {kHelp, OnHelp},
+    {IDOK, OnShowPickedDay},
+    {IDCANCEL, OnCancel},
+};
+
+LRESULT OnCreate(HWND window)
+{
+    CreateControls(window, kControls, WindowFont());
+    DateTime_SetFormat(ControlOf(window, kPicker), L"d'/'MM'/'yyyy");
+    shownDay.reset();
+    return 0;
+}
+
+LRESULT OnNotify(HWND window, const NMHDR& header)
+{
+    if (header.idFrom == kTab && header.code == TCN_SELCHANGE)
+        TurnToSelected(header.hwndFrom);
+    else if (header.idFrom == kPicker && header.code == DTN_DATETIMECHANGE)
+        ShowPickedDaySoon(window, kRestMs);
+    else if (header.idFrom == kPicker && header.code == DTN_CLOSEUP && !IsSameDay(PickedDay(window), askedDay))
+        ShowPickedDaySoon(window, USER_TIMER_MINIMUM); // the day shown at first may be chosen without a change
+    return 0;
+}
+
+void BindPages(HWND window)
+{
+    const HWND tab = ControlOf(window, kTab);
+    if (TabCtrl_GetItemCount(tab) > 0)
+        return;
+    const TabPage pages[] = {
+        {kTabCaptions[0], WindowOf(WindowId::SavingsTotals)},
+        {kTabCaptions[1], WindowOf(WindowId::SavingsEstimates)},
+        {kTabCaptions[2], WindowOf(WindowId::SavingsGraph)},
+    };
+    SetTabs(tab, pages);
+}
+
+// Up to the end of today: days in the future have no events.
+void RenewRange(HWND window)
+{
+    SYSTEMTIME range[2]{};
+    range[1] = SystemTimeOf(Now());
+    range[1].wHour = 23;
+    range[1].wMinute = 59;
+    range[1].wSecond = 59;
+    DateTime_SetRange(ControlOf(window, kPicker), GDTR_MAX, range);
+}
+
+void PickDay(HWND window, const LocalTime& day)
+{
+    const SYSTEMTIME time = SystemTimeOf(day);
+    DateTime_SetSystemtime(ControlOf(window, kPicker), GDT_VALID, &time);
+}
+
+} // namespace
+
+void OpenSavingsWindow(HWND)
+{
+    const HWND window = WindowOf(WindowId::Savings);
+    BindPages(window);
+    RenewRange(window);
+    if (!IsWindowVisible(window)) {
+        PickDay(window, shownDay ? shownDay->day : Now());
+        askedDay = shownDay ? shownDay->day : LocalTime();
+        RecomputeSavings();
+        FocusOn(window, kPicker);
+    }
+    ShowWindow(window, SW_SHOWNORMAL);
+    SetForegroundWindow(window);
+}
+
+void RecomputeSavings()
+{
+    if (shownDay)
+        shownDay = MakeShownDay(shownDay->day, shownDay->report, state.consumption);
+    RefreshPages();
+}
+
+LRESULT CALLBACK SavingsWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    NavigateWith(window);
+    switch (message) {
+    case WM_CREATE: return OnCreate(window);
+    case WM_COMMAND:
+        if (Dispatch(kCommands, window, w))
+            return 0;
+        break;
+    case WM_NOTIFY: return OnNotify(window, *reinterpret_cast<const NMHDR*>(l));
+    case WM_TIMER: OnTimer(window); return 0;
+    case WM_CLOSE: OnCancel(window); return 0;
+    case WM_HELP: OnHelp(window); return TRUE;
+    default: break;
+    }
+    return DefaultAnswer(window, message, w, l);
+}
+
+} // namespace voltaro

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "scheduler/job.h"
+#include "ui/controls.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace voltaro {
+
+// How the values of a job stand in the controls of its windows.
+
+// The local time.
+[[nodiscard]] CalendarDate Today();
+[[nodiscard]] TimeOfDay TimeNow();
+
+// Time and date pickers. A text that is no time shows as midnight, one that is no date as today.
+void ShowTime(HWND window, int id, std::wstring_view text);
+[[nodiscard]] std::wstring TimeShown(HWND window, int id);
+void ShowDate(HWND window, int id, std::wstring_view text);
+[[nodiscard]] std::wstring DateShown(HWND window, int id);
+
+// Fills a list with entries and selects the one that equals the text. A stored text that is no entry becomes one, so
+// that the screen says what is stored; an empty text selects the first entry.
+void ShowAmong(HWND window, int id, std::span<const std::wstring> entries, std::wstring_view text);
+
+// The same for a list of numbers; read it with ChosenNumber(choices, SelectedIndex, stored).
+void ShowNumber(HWND window, int id, Choices choices, std::int32_t number);
+
+// Longest text that an edit takes, in UTF-16 units.
+void LimitText(HWND window, int id, std::size_t units);
+
+} // namespace voltaro

@@ -1,0 +1,365 @@
+// The job editor: name, schedule, actions and tasks of one job. Opened from the job list window, into whose list it
+// writes; it sends nothing itself.
+#include "scheduler/job_editor_window.h"
+
+#include "base/text.h"
+#include "console/help.h"
+#include "console/state.h"
+#include "scheduler/job_actions_page.h"
+#include "scheduler/job_controls.h"
+#include "scheduler/job_rules.h"
+#include "scheduler/job_tasks_page.h"
+#include "ui/boxes.h"
+#include "ui/commands.h"
+#include "ui/navigation.h"
+#include "ui/tabs.h"
+#include "ui/theme.h"
+#include "ui/window_class.h"
+
+#include <span>
+#include <vector>
+
+namespace voltaro {
+namespace {
+
+enum Id : int {
+    kName = 101,
+    kDescription,
+    kStartTime,
+    kOnDate,
+    kWeekly,
+    kMonthly,
+    kDailyText,
+    kDateLabel,
+    kDate,
+    kStartDayLabel,
+    kStartDay,
+    kEndDayLabel,
+    kEndDay,
+    kEnabled,
+    kTabs,
+    kSave,
+    kUpdate,
+    kCancel,
+    kSunday = 201,
+    kSaturday = 207,
+    kJanuary = 211,
+    kDecember = 222,
+};
+
+// The four faces of the schedule share one place; the chosen kind shows its own.
+// clang-format off
+constexpr Control kControls[] = {
+    // kind             id              text                      x    y    w    h
+    {Kind::Label,       kNoId,          L"Job Name :",            15,  13, 125,  18},
+    {Kind::Edit,        kName,          L"",                     146,  10, 300,  23},
+    {Kind::Label,       kNoId,          L"Job Description :",     15,  43, 125,  18},
+    {Kind::Edit,        kDescription,   L"",                     146,  40, 583,  23},
+    {Kind::Label,       kNoId,          L"Job start time :",      15,  73, 125,  18},
+    {Kind::TimePicker,  kStartTime,     L"",                     146,  70, 130,  24},
+    {Kind::Label,       kNoId,          L"Execute :",             15, 103, 125,  18},
+    {Kind::Radio,       kOnDate,        L"On Date",              146, 101, 100,  22, kGroup},
+    {Kind::Radio,       kWeekly,        L"Weekly",               256, 101, 100,  22},
+    {Kind::Radio,       kMonthly,       L"Monthly",              366, 101, 100,  22},
+    {Kind::GroupBox,    kNoId,          L"",                      15, 121, 714,  96},
+    {Kind::Label,       kDailyText,     L"Runs every day.",       29, 140, 300,  18},
+    {Kind::Label,       kDateLabel,     L"Date :",                29, 141, 110,  18, kHidden},
+    {Kind::DatePicker,  kDate,          L"",                     146, 137, 130,  24, kHidden},
+    {Kind::CheckBox,    kSunday,        L"Sunday",                29, 139,  92,  22, kHidden},
+    {Kind::CheckBox,    kSunday + 1,    L"Monday",               126, 139,  92,  22, kHidden},
+    {Kind::CheckBox,    kSunday + 2,    L"Tuesday",              223, 139,  92,  22, kHidden},
+    {Kind::CheckBox,    kSunday + 3,    L"Wednesday",            320, 139, 100,  22, kHidden},
+    {Kind::CheckBox,    kSunday + 4,    L"Thursday",             427, 139,  92,  22, kHidden},
+    {Kind::CheckBox,    kSunday + 5,    L"Friday",               524, 139,  92,  22, kHidden},
+    {Kind::CheckBox,    kSaturday,      L"Saturday",             621, 139,  92,  22, kHidden},
+    {Kind::CheckBox,    kJanuary,       L"January",               29, 134, 105,  22, kHidden},
+    {Kind::CheckBox,    kJanuary + 1,   L"February",             144, 134, 105,  22, kHidden},
+    {Kind::CheckBox,    kJanuary + 2,   L"March",                259, 134, 105,  22, kHidden},
+    {Kind::CheckBox,    kJanuary + 3,   L"April",                374, 134, 105,  22, kHidden},
+    {Kind::CheckBox,    kJanuary + 4,   L"May",                  489, 134, 105,  22, kHidden},
+    {Kind::CheckBox,    kJanuary + 5,   L"June",                 604, 134, 105,  22, kHidden},
+    {Kind::CheckBox,    kJanuary + 6,   L"July",                  29, 158, 105,  22, kHidden},
+    {Kind::CheckBox,    kJanuary + 7,   L"August",               144, 158, 105,  22, kHidden},
+    {Kind::CheckBox,    kJanuary + 8,   L"September",            259, 158, 105,  22, kHidden},
+    {Kind::CheckBox,    kJanuary + 9,   L"October",              374, 158, 105,  22, kHidden},
+    {Kind::CheckBox,    kJanuary + 10,  L"November",             489, 158, 105,  22, kHidden},
+    {Kind::CheckBox,    kDecember,      L"December",             604, 158, 105,  22, kHidden},
+    {Kind::Label,       kStartDayLabel, L"Job Start On :",        29, 189, 110,  18, kHidden},
+    {Kind::Combo,       kStartDay,      L"",                     146, 185,  70, 240, kHidden},
+    {Kind::Label,       kEndDayLabel,   L"Job End On :",         259, 189, 105,  18, kHidden},
+    {Kind::Combo,       kEndDay,        L"",                     374, 185,  70, 240, kHidden},
+    {Kind::CheckBox,    kEnabled,       L"Enable Job*",           15, 222, 125,  22},
+    {Kind::Label,       kNoId,          L"*  Please check  'Enable Job'  check box to activate and run the scheduled job.", 146, 224, 583, 18},
+    {Kind::Tab,         kTabs,          L"",                       8, 249, 728, 267, kPlain, L"Pages"},
+    {Kind::DefaultPush, kSave,          L"Save",                 556, 523,  85,  25, kHidden},
+    {Kind::DefaultPush, kUpdate,        L"Update",               556, 523,  85,  25, kHidden},
+    {Kind::Push,        kCancel,        L"Cancel",               649, 523,  85,  25},
+};
+// clang-format on
+static_assert(IdsAreUnique(kControls) && FitInside(kControls, 744, 556));
+
+constexpr int kOnDateFace[] = {kDateLabel, kDate};
+constexpr int kWeeklyFace[] = {kSunday, kSunday + 1, kSunday + 2, kSunday + 3, kSunday + 4, kSunday + 5, kSaturday};
+constexpr int kMonthlyFace[]
+    = {kJanuary, kJanuary + 1, kJanuary + 2, kJanuary + 3, kJanuary + 4, kJanuary + 5, kJanuary + 6, kJanuary + 7,
+        kJanuary + 8, kJanuary + 9, kJanuary + 10, kDecember, kStartDayLabel, kStartDay, kEndDayLabel, kEndDay};
+constexpr int kDailyFace[] = {kDailyText};
+
+// A kind of schedule, its radio (daily has none) and the controls of its face.
+struct Face {
+    ScheduleKind kind;
+    int radio;
+    std::span<const int> controls;
+};
+constexpr Face kFaces[] = {
+    {ScheduleKind::Daily, kNoId, kDailyFace},
+    {ScheduleKind::OnDate, kOnDate, kOnDateFace},
+    {ScheduleKind::Weekly, kWeekly, kWeeklyFace},
+    {ScheduleKind::Monthly, kMonthly, kMonthlyFace},
+};
+
+constexpr const wchar_t* kHelpPage = L"Job Scheduler.htm";
+constexpr int kTasksTab = 1;
+constexpr int kDays = 31;
+
+constexpr Box kNoTask
+    = {L"No Task Defined", L"This Job does not have any task defined.\nDo you want configure tasks for this job now?",
+        BoxIcon::Question, BoxButtons::YesNo};
+constexpr Box kUnsaved
+    = {L"Changes not saved", L"Are you sure you want to cancel the changes?", BoxIcon::Question, BoxButtons::YesNo};
+constexpr Box kTaskUnsaved = {L"Entered Exe details are not saved", L"Are you sure you want to cancel the changes?",
+    BoxIcon::Question, BoxButtons::YesNo};
+
+// One opening of the editor.
+struct Editing {
+    ScheduledJobs* jobs = nullptr; // borrowed from the job list window
+    std::size_t position = 0;
+    void (*stored)(std::size_t position) = nullptr;
+    ScheduleKind kind = ScheduleKind::Daily; // as chosen; the radios alone do not tell a second click from a first
+    ScheduledJob shown;                      // what the controls said before the user touched them
+
+    [[nodiscard]] EditMode Mode() const { return position < jobs->size() ? EditMode::Update : EditMode::Add; }
+};
+Editing editing;
+
+// --- the record and the controls ---
+
+void ShowKind(HWND window, ScheduleKind kind)
+{
+    editing.kind = kind;
+    for (const Face& face : kFaces) {
+        if (face.radio != kNoId)
+            SetChecked(window, face.radio, face.kind == kind);
+        Show(window, face.controls, face.kind == kind);
+    }
+}
+
+void ShowFlags(HWND window, int first, std::span<const bool> flags)
+{
+    for (std::size_t i = 0; i < flags.size(); ++i)
+        SetChecked(window, first + static_cast<int>(i), flags[i]);
+}
+
+void CollectFlags(HWND window, int first, std::span<bool> flags)
+{
+    for (std::size_t i = 0; i < flags.size(); ++i)
+        flags[i] = IsChecked(window, first + static_cast<int>(i));
+}
+
+// What belongs to the kinds that the job does not have starts afresh: today, no day, the whole month.
+void ShowSchedule(HWND window, const ScheduledJob& job)
+{
+    std::vector<std::wstring> days;
+    for (int day = 1; day <= kDays; ++day)
+        days.push_back(Format(L"%02d", day));
+    const bool monthly = job.kind == ScheduleKind::Monthly;
+    ShowTime(window, kStartTime, job.startTime);
+    ShowDate(window, kDate, job.date);
+    ShowFlags(window, kSunday, job.weekDays);
+    ShowFlags(window, kJanuary, job.months);
+    ShowAmong(window, kStartDay, days, monthly ? job.monthStartDay.view() : days.front());
+    ShowAmong(window, kEndDay, days, monthly ? job.monthEndDay.view() : days.back());
+    ShowKind(window, job.kind);
+}
+
+void CollectSchedule(HWND window, ScheduledJob& job)
+{
+    job.startTime = TimeShown(window, kStartTime);
+    job.kind = editing.kind;
+    if (job.kind == ScheduleKind::OnDate)
+        job.date = DateShown(window, kDate);
+    if (job.kind == ScheduleKind::Weekly)
+        CollectFlags(window, kSunday, job.weekDays);
+    if (job.kind == ScheduleKind::Monthly) {
+        CollectFlags(window, kJanuary, job.months);
+        job.monthStartDay = SelectedText(window, kStartDay);
+        job.monthEndDay = SelectedText(window, kEndDay);
+    }
+}
+
+void ShowJob(HWND window, const ScheduledJob& job)
+{
+    SetText(window, kName, job.name);
+    SetText(window, kDescription, job.description);
+    SetChecked(window, kEnabled, job.enabled);
+    ShowSchedule(window, job);
+    ShowActions(job);
+    ShowTasks(job.tasks);
+}
+
+ScheduledJob CollectJob(HWND window)
+{
+    ScheduledJob job;
+    job.name = TextOf(window, kName);
+    job.description = TextOf(window, kDescription);
+    job.enabled = IsChecked(window, kEnabled);
+    CollectSchedule(window, job);
+    CollectActions(job);
+    job.tasks = TasksShown();
+    return job;
+}
+
+// A new job runs every day at the present minute, and is not enabled until the user says so.
+ScheduledJob NewJob()
+{
+    ScheduledJob job;
+    TimeOfDay now = TimeNow();
+    now.second = 0;
+    job.startTime = TimeText(now);
+    return job;
+}
+
+// --- opening, closing, storing ---
+
+void Close(HWND window)
+{
+    EnableWindow(WindowOf(WindowId::JobList), TRUE); // first, or another program's window would come to the front
+    ShowWindow(window, SW_HIDE);
+    SetActiveWindow(WindowOf(WindowId::JobList));
+}
+
+bool IsRefused(HWND window, const ScheduledJob& job)
+{
+    const Refusal* name = CheckJobName(job.name, *editing.jobs, editing.Mode());
+    const Refusal* refusal = name != nullptr ? name : CheckSchedule(job);
+    if (refusal == nullptr)
+        return false;
+    Tell(window, {refusal->title, refusal->text}, RefusalText(*refusal, job.name));
+    if (name != nullptr) {
+        SetText(window, kName, {});
+        FocusOn(window, kName);
+    } else {
+        FocusOn(window, job.kind == ScheduleKind::Weekly ? kSunday : kJanuary);
+    }
+    return true;
+}
+
+void Store(const ScheduledJob& job)
+{
+    if (editing.Mode() == EditMode::Add)
+        editing.jobs->push_back(job);
+    else if ((*editing.jobs)[editing.position] == job)
+        return;
+    else
+        (*editing.jobs)[editing.position] = job;
+    editing.stored(editing.position);
+}
+
+void OnSave(HWND window)
+{
+    const ScheduledJob job = CollectJob(window);
+    if (IsRefused(window, job))
+        return;
+    if (job.tasks.empty() && Ask(window, kNoTask)) {
+        TurnTo(ControlOf(window, kTabs), kTasksTab);
+        FocusOnTaskPath();
+        return;
+    }
+    Store(job);
+    Close(window);
+}
+
+void OnEnter(HWND window)
+{
+    if (!TakeTaskEnter())
+        OnSave(window);
+}
+
+void OnCancel(HWND window)
+{
+    if (CollectJob(window) != editing.shown && !Ask(window, kUnsaved))
+        return;
+    if (AreTaskFieldsFilled() && !Ask(window, kTaskUnsaved))
+        return;
+    Close(window);
+}
+
+// A click on the chosen radio clears it again. A radio that only got the focus tells of a click too, unchecked.
+template <ScheduleKind Kind, int Radio>
+void OnKind(HWND window)
+{
+    if (IsChecked(window, Radio))
+        ShowKind(window, editing.kind == Kind ? ScheduleKind::Daily : Kind);
+}
+
+constexpr Command kCommands[] = {
+    {kOnDate, OnKind<ScheduleKind::OnDate, kOnDate>},
+    {kWeekly, OnKind<ScheduleKind::Weekly, kWeekly>},
+    {kMonthly, OnKind<ScheduleKind::Monthly, kMonthly>},
+    {kSave, OnSave},
+    {kUpdate, OnSave},
+    {kCancel, OnCancel},
+    {IDOK, OnEnter},
+    {IDCANCEL, OnCancel},
+};
+
+void OnCreate(HWND window)
+{
+    CreateControls(window, kControls, WindowFont());
+    LimitText(window, kName, decltype(ScheduledJob::name)::kCapacity);
+    LimitText(window, kDescription, decltype(ScheduledJob::description)::kCapacity);
+}
+
+void OnNotify(const NMHDR& notice)
+{
+    if (notice.idFrom == kTabs && notice.code == static_cast<UINT>(TCN_SELCHANGE))
+        TurnToSelected(notice.hwndFrom);
+}
+
+} // namespace
+
+void OpenJobEditor(ScheduledJobs& jobs, std::size_t position, void (*stored)(std::size_t position))
+{
+    const HWND window = WindowOf(WindowId::JobEditor);
+    editing = {&jobs, position, stored, ScheduleKind::Daily, {}};
+    const bool added = editing.Mode() == EditMode::Add;
+    const TabPage pages[] = {{L"Actions", WindowOf(WindowId::JobActions)}, {L"Tasks", WindowOf(WindowId::JobTasks)}};
+    SetTabs(ControlOf(window, kTabs), pages);
+    ShowJob(window, added ? NewJob() : jobs[position]);
+    Show(window, kSave, added);
+    Show(window, kUpdate, !added);
+    editing.shown = CollectJob(window);
+    ShowWindow(window, SW_SHOWNORMAL);
+    EnableWindow(WindowOf(WindowId::JobList), FALSE);
+    SetForegroundWindow(window);
+    FocusOn(window, kName);
+}
+
+LRESULT CALLBACK JobEditorWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    NavigateWith(window);
+    switch (message) {
+    case WM_CREATE: OnCreate(window); return 0;
+    case WM_COMMAND:
+        if (Dispatch(kCommands, window, w))
+            return 0;
+        break;
+    case WM_NOTIFY: OnNotify(*reinterpret_cast<const NMHDR*>(l)); return 0;
+    case WM_HELP: OpenHelp(window, kHelpPage); return TRUE;
+    case WM_CLOSE: OnCancel(window); return 0;
+    default: break;
+    }
+    return DefaultAnswer(window, message, w, l);
+}
+
+} // namespace voltaro

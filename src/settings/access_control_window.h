@@ -1,0 +1,13 @@
+#pragma once
+
+#include "base/windows_api.h"
+
+namespace voltaro {
+
+LRESULT CALLBACK AccessControlWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
+
+// What the main window's menu command calls: reads the record, fills the window and shows it. A lost agent is reported
+// and opens nothing.
+void OpenAccessControlWindow(HWND main);
+
+} // namespace voltaro

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "console/agent.h"
+#include "settings/form_window.h"
+#include "ui/boxes.h"
+
+#include <cstdint>
+#include <span>
+#include <type_traits>
+
+namespace voltaro {
+
+// The mechanics of a window that edits one record of the agent: read it, show it by its bindings, check what the user
+// made of it, pass the activation gate, send it, report, read it again. A window gives its tables.
+
+// How a control stands for a field of the record.
+enum class Form : std::uint8_t {
+    Text,    // an edit
+    YesNo,   // a check box
+    Address, // an IP address control; blank is "0.0.0.0"
+    Minutes, // a list of times; shows its first entry for a number that it does not have
+    Feature, // a check box for "YES", grey for "NA"
+};
+
+template <class Record>
+struct Binding {
+    int id;
+    Form form;
+    FieldText Record::*slot;
+};
+
+// What a refused input shows; the edit is then emptied and gets the focus.
+struct RefusedField {
+    int id;
+    Box box;
+};
+
+template <class Record>
+struct RecordForm {
+    using RecordType = Record;
+    Operation read;
+    Operation apply;
+    Record* record; // as the agent sent it last
+    std::span<const Binding<Record>> bindings;
+    int applyButton; // made grey: it waits for the first record, so that nothing is overwritten with blanks
+    Box applied;
+    Box failed;
+    // Makes what the controls hold what is sent; gives the number of a refusal, counted from 1, or 0.
+    std::size_t (*complete)(Record& edited) = [](Record&) -> std::size_t { return 0; };
+    std::span<const RefusedField> refusals = {};
+    void (*enable)(HWND window) = [](HWND) {}; // greys the controls that depend on others
+};
+
+// The steps that no record's type matters for.
+void ShowField(HWND window, int id, Form form, const FieldText& value);
+[[nodiscard]] FieldText FieldShown(HWND window, int id, Form form, const FieldText& asRead);
+void Refuse(HWND window, const RefusedField& refusal);
+// The gate, the request and the box that tells the outcome; the window's controls are disabled meanwhile. True when the
+// agent has taken the change.
+[[nodiscard]] bool SendChange(HWND window, const Request& request, const Box& applied, const Box& failed);
+
+// Reads the record and shows it. What does not come leaves the controls as they are; false when the agent is lost.
+template <const auto* form>
+bool ReadAndShow(HWND window)
+{
+    using Record = typename std::remove_cvref_t<decltype(*form)>::RecordType;
+    Reply reply = SendOrLose(Plain(form->read));
+    if (const auto record = reply.template Read<Record>()) {
+        *form->record = *record;
+        for (const Binding<Record>& binding : form->bindings)
+            ShowField(window, binding.id, binding.form, (*record).*binding.slot);
+        Enable(window, form->applyButton, true);
+        form->enable(window);
+    }
+    return reply.Answered();
+}
+
+// "Refresh".
+template <const auto* form>
+void RefreshRecord(HWND window)
+{
+    static_cast<void>(ReadAndShow<form>(window));
+}
+
+// The main window's command: reads, then shows. A window that is open already keeps what the user typed.
+template <const auto* form>
+void OpenRecord(HWND window)
+{
+    if (IsWindowVisible(window) || ReadAndShow<form>(window))
+        BringUp(window);
+}
+
+// "Change".
+template <const auto* form>
+void ApplyRecord(HWND window)
+{
+    using Record = typename std::remove_cvref_t<decltype(*form)>::RecordType;
+    if (!IsWindowEnabled(ControlOf(window, form->applyButton)))
+        return;
+    Record edited = *form->record;
+    for (const Binding<Record>& binding : form->bindings)
+        edited.*binding.slot = FieldShown(window, binding.id, binding.form, edited.*binding.slot);
+    if (const std::size_t refusal = form->complete(edited))
+        return Refuse(window, form->refusals[refusal - 1]);
+    if (SendChange(window, WithRecord(form->apply, edited), form->applied, form->failed))
+        RefreshRecord<form>(window);
+}
+
+} // namespace voltaro

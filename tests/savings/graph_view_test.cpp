@@ -1,0 +1,171 @@
+#include "savings/graph_view.h"
+
+#include "savings/scripted_day.h"
+#include "savings/shown_day.h"
+#include "support/pixels.h"
+#include "support/program.h"
+#include "support/test_window.h"
+#include "ui/theme.h"
+#include "ui/tooltip.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro {
+namespace {
+
+constexpr int kWidth = 670;
+constexpr int kHeight = 497;
+
+// The durations of the scripted day.
+constexpr DayDurations kDay = {.poweredOn = 50400,
+    .offInAll = 36000,
+    .active = 43200,
+    .idle = 7200,
+    .idleWithoutSavings = 1800,
+    .dim = 1800,
+    .monitorOff = 3600,
+    .off = 36000,
+    .shutdown = 7200};
+
+void DrawDay(HDC dc, void*)
+{
+    DrawGraph(dc, LayOutGraph(kDay, L"February 29, 2024"));
+}
+
+TEST(GraphViewTest, PixelsOfBarsMarkersGridAndAxes)
+{
+    constexpr COLORREF kGrid = RGB(196, 196, 196);
+    const Pixels pixels(RenderBitmap(kWidth, kHeight, &DrawDay, nullptr).Get());
+    const COLORREF plot = pixels.At(140, 150);
+    EXPECT_NE(plot, kGrid);
+    const struct {
+        int x, y;
+        COLORREF colour;
+    } kPixels[] = {
+        {105, 479, RGB(0, 96, 0)},
+        {105, 440, RGB(0, 96, 0)},
+        {105, 439, RGB(0, 42, 138)},
+        {105, 200, RGB(0, 42, 138)},
+        {105, 199, plot},
+        {85, 300, RGB(0, 42, 138)},
+        {84, 300, kGrid},
+        {124, 301, RGB(0, 42, 138)},
+        {125, 301, plot},
+        {190, 470, RGB(140, 227, 55)},
+        {190, 469, RGB(45, 164, 255)},
+        {190, 459, RGB(128, 128, 128)},
+        {190, 439, RGB(255, 0, 0)},
+        {190, 400, RGB(255, 0, 0)},
+        {190, 399, plot},
+        {274, 479, RGB(128, 128, 0)},
+        {274, 199, RGB(128, 0, 0)},
+        {274, 0, RGB(128, 0, 0)},
+        {319, 20, kGrid},
+        {320, 20, GetSysColor(COLOR_3DFACE)},
+        {60, 19, plot},
+        {60, 0, kGrid},
+        {140, 480, kGrid},
+        {49, 300, 0},
+        {50, 300, 0},
+        {51, 301, plot},
+        {49, 485, 0},
+        {50, 481, 0},
+        {319, 481, 0},
+        {320, 481, GetSysColor(COLOR_3DFACE)},
+    };
+    for (const auto& pixel : kPixels)
+        EXPECT_EQ(pixels.At(pixel.x, pixel.y), pixel.colour) << pixel.x << ", " << pixel.y;
+    EXPECT_EQ(pixels.CountOf(RGB(128, 128, 0), 210, 254, 200), 44) << "solid";
+    EXPECT_EQ(pixels.CountOf(RGB(128, 0, 0), 210, 254, 0), 44);
+    const int dashes = pixels.CountOf(RGB(140, 227, 55), 126, 171, 470);
+    EXPECT_TRUE(dashes > 15 && dashes < 45) << dashes;
+    EXPECT_GT(pixels.CountOf(RGB(0, 96, 0), 51, 86, 440), 10);
+    int caption = 0;
+    for (int y = 100; y < 320; ++y)
+        caption += pixels.CountOf(RGB(10, 10, 10), 0, 29, y) > 0;
+    EXPECT_GT(caption, 50) << "the caption stands upright";
+}
+
+class GraphPageTest : public testing::Test {
+protected:
+    GraphPageTest()
+    {
+        shownDay = MakeShownDay({2024, 2, 29}, {kDay, {}, 0, 0}, RoundProfile());
+        RefreshGraphPage();
+        ShowWindow(WindowOf(WindowId::Savings), SW_SHOWNA);
+        BringWindowToTop(m_page); // above the other two
+        Pump();
+    }
+
+    ConsoleProgram m_program;
+    HWND m_page = WindowOf(WindowId::SavingsGraph);
+};
+
+TEST_F(GraphPageTest, EverySegmentHasItsTooltip)
+{
+    EXPECT_EQ(AreaTipAt(m_page, {105, 300}), L"ACTIVE\n12 Hrs : 0 Mins\n50.0 % of the day");
+    EXPECT_EQ(AreaTipAt(m_page, {209, 439}), L"SHUTDOWN (Upon IDLE)\n2 Hrs : 0 Mins\n8.3 % of the day");
+    EXPECT_EQ(AreaTipAt(m_page, {105, 199}), L"");
+    shownDay.reset();
+    RefreshGraphPage();
+    EXPECT_EQ(AreaTipAt(m_page, {105, 300}), L"");
+}
+
+TEST_F(GraphPageTest, TheRightButtonCopiesThePageAsAPicture)
+{
+    SendMessageW(m_page, WM_RBUTTONUP, 0, MAKELPARAM(100, 100));
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    const Pixels copied(static_cast<HBITMAP>(GetClipboardData(CF_BITMAP)));
+    CloseClipboard();
+    ASSERT_TRUE(copied.Width() == kWidth && copied.Height() == kHeight);
+    EXPECT_EQ(copied.At(105, 440), RGB(0, 96, 0));
+    int ink = 0; // the list is in it too: texts in its second column
+    for (int y = 85; y < 270; ++y)
+        ink += copied.CountOf(RGB(0, 0, 0), 545, 650, y);
+    EXPECT_GT(ink, 100);
+}
+
+TEST_F(GraphPageTest, RepaintsLeaveNothingBehind)
+{
+    constexpr int kRepaints = 2000;
+    const HDC dc = GetDC(m_page);
+    const auto repaint = [&] {
+        RedrawWindow(m_page, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        SendMessageW(m_page, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT); // draws it all anew
+    };
+    repaint();
+    const std::set<WORD> before = FreeGdiPlaces();
+    for (int i = 0; i < kRepaints; ++i)
+        repaint();
+    int others = 0;
+    for (const WORD place : FreeGdiPlaces())
+        others += before.count(place) == 0;
+    ReleaseDC(m_page, dc);
+    EXPECT_LT(others, 8) << "of 64";
+    EXPECT_EQ(GetUpdateRect(m_page, nullptr, FALSE), FALSE) << "it was painted";
+}
+
+TEST_F(GraphPageTest, WithoutADayItSaysWhatToDo)
+{
+    shownDay.reset();
+    RefreshGraphPage();
+    const auto print = [](HDC dc, void* page) {
+        SendMessageW(static_cast<HWND>(page), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+    };
+    for (const WindowId page : {WindowId::SavingsTotals, WindowId::SavingsEstimates, WindowId::SavingsGraph}) {
+        const Pixels pixels(RenderBitmap(kWidth, kHeight, print, WindowOf(page)).Get());
+        int upper = 0;
+        int lower = 0;
+        int elsewhere = 0;
+        for (int y = 0; y < kHeight; ++y) {
+            const int ink = pixels.CountOf(RGB(83, 83, 83), 0, kWidth, y);
+            (y >= 35 && y < 50 ? upper : y >= 55 && y < 70 ? lower : elsewhere) += ink;
+        }
+        EXPECT_GT(upper, 50);
+        EXPECT_GT(lower, upper) << "the longer line";
+        EXPECT_EQ(elsewhere, 0);
+    }
+}
+
+} // namespace
+} // namespace voltaro

@@ -1,0 +1,230 @@
+#include "savings/profile_window.h"
+
+#include "savings/profile_record.h"
+#include "savings/shown_day.h"
+#include "shell/main_commands.h"
+#include "support/box_script.h"
+#include "support/program.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace voltaro {
+namespace {
+
+using simulator::FaultKind;
+
+enum Id : int {
+    kSaved = 101,
+    kInbuilt,
+    kBranded,
+    kOthers,
+    kNote,
+    kType,
+    kSize,
+    kMonitorOn,
+    kMonitorOff,
+    kCpuMax,
+    kCpuIdle,
+    kCpuStandby,
+    kCpuOff,
+    kManual,
+    kAuto,
+    kEdit,
+    kSave,
+    kCancel,
+};
+
+class ProfileWindowTest : public testing::Test {
+protected:
+    void Open()
+    {
+        m_program.Load();
+        static_cast<void>(m_program.TakeOperations());
+        OpenProfileWindow(WindowOf(WindowId::Savings));
+    }
+    void Click(int id) { m_program.Command(WindowId::Profile, id); }
+    // A radio button as the user's click leaves it.
+    void ClickRadio(int id)
+    {
+        SetChecked(m_window, id, true);
+        Click(id);
+    }
+    [[nodiscard]] std::wstring Watts() const
+    {
+        return TextOf(m_window, kMonitorOn) + L" " + TextOf(m_window, kMonitorOff);
+    }
+    [[nodiscard]] bool IsOn(int id) const { return IsWindowEnabled(ControlOf(m_window, id)) != FALSE; }
+    // The record of the last apply, without the line breaks between its elements.
+    std::wstring Applied()
+    {
+        std::wstring text = m_program.LastRequest(L"ApplyPowerConsumptionData");
+        std::erase_if(text, [](wchar_t unit) { return unit < L' '; });
+        const std::size_t from = std::min(text.find(L"<details>"), text.size());
+        return text.substr(from, text.find(L"</details>") - from);
+    }
+
+    ConsoleProgram m_program;
+    HWND m_window = WindowOf(WindowId::Profile);
+};
+
+TEST_F(ProfileWindowTest, OpensWithTheSavedProfileToLookAt)
+{
+    Open();
+    EXPECT_EQ(m_program.TakeOperations(), std::vector<std::wstring>{L"GetCurrentPowerConsumptionData"});
+    EXPECT_EQ(CellOf(ControlOf(m_window, kSaved), 0, 1), L"LCD");
+    EXPECT_EQ(CellOf(ControlOf(m_window, kSaved), 4, 1), L"62.40 Watts");
+    EXPECT_EQ(SelectedText(m_window, kSize), L"17.00");
+    EXPECT_EQ(TextOf(m_window, kCpuOff), L"0.85");
+    for (const int id : {kInbuilt, kType, kMonitorOn, kCpuMax, kSave})
+        EXPECT_FALSE(IsOn(id)) << id;
+    Click(IDOK); // nothing to save
+    Click(kEdit);
+    for (const int id : {kInbuilt, kType, kMonitorOn, kCpuMax, kSave})
+        EXPECT_TRUE(IsOn(id)) << id;
+    Click(IDCANCEL);
+    EXPECT_FALSE(IsWindowVisible(m_window));
+    EXPECT_TRUE(m_program.TakeOperations().empty());
+}
+
+TEST_F(ProfileWindowTest, AFreshProfileShowsTheDefaultMonitor)
+{
+    m_program.Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::Status, {}});
+    Open();
+    EXPECT_TRUE(IsChecked(m_window, kOthers));
+    EXPECT_EQ(SelectedText(m_window, kType) + L" " + SelectedText(m_window, kSize), L"LCD 17.00");
+    EXPECT_EQ(Watts(), L"21.23 0.49");
+}
+
+TEST_F(ProfileWindowTest, ChoicesOfMonitor)
+{
+    Open();
+    Click(kEdit);
+    const struct {
+        const wchar_t *type, *size, *watts;
+        int sizes;
+    } kRows[] = {
+        {L"CRT", L"15.00", L"65.20 4.20", 5},
+        {L"LCD", L"27.00", L"36.91 0.51", 16},
+        {L"LED", L"24.00", L"18.9 0.09", 8},
+    };
+    for (const auto& row : kRows) {
+        m_program.Choose(WindowId::Profile, kType, row.type);
+        EXPECT_EQ(SendMessageW(ControlOf(m_window, kSize), CB_GETCOUNT, 0, 0), row.sizes) << row.type;
+        m_program.Choose(WindowId::Profile, kSize, row.size);
+        EXPECT_EQ(Watts(), row.watts);
+    }
+    m_program.Choose(WindowId::Profile, kSize, L"22.00");
+    m_program.Choose(WindowId::Profile, kType, L"CRT"); // has that size too
+    EXPECT_EQ(Watts(), L"141.00 3.50");
+    for (const int kind : {kInbuilt, kBranded}) {
+        ClickRadio(kind);
+        EXPECT_EQ(Watts(), L"0.00 0.00");
+        EXPECT_FALSE(IsOn(kMonitorOn) || IsOn(kType));
+        EXPECT_EQ(IsWindowVisible(ControlOf(m_window, kNote)) != FALSE, kind == kInbuilt);
+    }
+    ClickRadio(kOthers);
+    EXPECT_EQ(Watts(), L"141.00 3.50");
+}
+
+TEST_F(ProfileWindowTest, RefusedPowersAreToldAndEmptied)
+{
+    Open();
+    Click(kEdit);
+    static_cast<void>(m_program.TakeOperations());
+    constexpr int kFields[] = {kMonitorOn, kMonitorOff, kCpuMax, kCpuIdle, kCpuStandby, kCpuOff};
+    const struct {
+        const wchar_t* text;
+        const wchar_t* box;
+    } kRows[] = {
+        {L"1000", L"Value entered is too high.\n\n Hint : Please keep the value in 0.00 to 999.99 range."},
+        {L"1,5", L"Please enter valid decimal values only\n\n Hint : Please keep the value in 0.00 to 999.99 range."},
+        {L"", L"Please enter valid decimal values only"},
+    };
+    for (const int field : kFields) {
+        for (const auto& row : kRows) {
+            const BoxScript boxes{{L"Invalid Input", row.box}};
+            m_program.Type(WindowId::Profile, field, row.text);
+            Click(kSave);
+            EXPECT_EQ(TextOf(m_window, field), L"");
+            EXPECT_EQ(GetFocus(), ControlOf(m_window, field));
+        }
+        m_program.Type(WindowId::Profile, field, L"999.99");
+    }
+    EXPECT_TRUE(m_program.TakeOperations().empty());
+}
+
+TEST_F(ProfileWindowTest, SavesAManualEntryAndReckonsAnew)
+{
+    Open();
+    shownDay = MakeShownDay({2024, 2, 29}, {{.poweredOn = 3600, .active = 3600}, {}, 0, 0}, state.consumption);
+    Click(kManual);
+    EXPECT_EQ(Watts(), L"21.20 0.65");
+    m_program.Choose(WindowId::Profile, kType, L"LED");
+    m_program.Choose(WindowId::Profile, kSize, L"24.00");
+    m_program.Type(WindowId::Profile, kCpuMax, L"100");
+    m_program.Type(WindowId::Profile, kCpuIdle, L"40.5");
+    static_cast<void>(m_program.TakeOperations());
+    {
+        const BoxScript boxes{{L"Power Consumption Settings", {}}};
+        Click(kSave);
+    }
+    EXPECT_EQ(Applied(),
+        L"<details><ManualSetFlag>Yes</ManualSetFlag><MonitorType>LED</MonitorType><MonitorSize>24.00</MonitorSize>"
+        L"<MonitorONPower>18.9</MonitorONPower><MonitorOFFPower>0.09</MonitorOFFPower>"
+        L"<CPUMaxPower>100.00</CPUMaxPower><CPUIdlePower>40.50</CPUIdlePower>"
+        L"<CPUStandbyPower>2.50</CPUStandbyPower><CPUOffPower>1.00</CPUOffPower><System_Type>Notebook</System_Type>"
+        L"<Processor_Type>Quad core, 2.40 GHz</Processor_Type>"
+        L"<System_Manufacturer>Harrowgate Computers</System_Manufacturer><System_Model>Fieldbook 14 G3</System_Model>");
+    EXPECT_EQ(m_program.TakeOperations(),
+        (std::vector<std::wstring>{
+            L"GetActivationstatus", L"ApplyPowerConsumptionData", L"GetCurrentPowerConsumptionData"}));
+    EXPECT_EQ(CellOf(ControlOf(m_window, kSaved), 4, 1), L"100.00 Watts");
+    EXPECT_FALSE(IsOn(kSave) || IsOn(kCpuMax));
+    // An hour at 0.05 x 118.9 + 0.15 x 89.15 + 0.8 x 59.4 W.
+    EXPECT_EQ(EnergyText(shownDay->figures.nowIs), L"0.067 kWh");
+}
+
+TEST_F(ProfileWindowTest, SavesTheAutomaticProfileAsItIs)
+{
+    Open();
+    Click(kManual);
+    Click(kAuto);
+    EXPECT_FALSE(IsOn(kCpuMax));
+    EXPECT_EQ(TextOf(m_window, kCpuMax), L"62.40");
+    const BoxScript boxes{{L"Power Consumption Settings", {}}};
+    Click(IDOK);
+    EXPECT_EQ(Applied().substr(0, 87),
+        L"<details><ManualSetFlag>No</ManualSetFlag><MonitorType>LCD</MonitorType><MonitorSize>17");
+}
+
+TEST_F(ProfileWindowTest, RefusalsOfTheAgentLeaveTheFieldsAsTheyAre)
+{
+    const struct {
+        const wchar_t* operation;
+        simulator::Fault fault;
+        const wchar_t* caption;
+        const wchar_t* text;
+    } kRows[] = {
+        {L"GetActivationstatus", {FaultKind::Status, L"Not Activated"}, L"Unable to Set", L"is not activated"},
+        {L"ApplyPowerConsumptionData", {FaultKind::Status, L"License Expired"}, L"Unable to Set", L"has expired"},
+        {L"ApplyPowerConsumptionData", {FaultKind::Status, L"failure"}, L"Error", L"Unable to Set"},
+        {L"ApplyPowerConsumptionData", {FaultKind::CloseAtOnce, {}}, L"Connection Issue", L""},
+    };
+    Open();
+    Click(kEdit);
+    ClickRadio(kBranded);
+    for (const auto& row : kRows) {
+        m_program.Agent().SetFault(row.operation, row.fault);
+        const BoxScript boxes{{row.caption, row.text}};
+        Click(kSave);
+        EXPECT_TRUE(IsOn(kSave) && IsChecked(m_window, kBranded));
+        m_program.Agent().ClearFaults();
+    }
+}
+
+} // namespace
+} // namespace voltaro

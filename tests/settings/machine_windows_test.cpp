@@ -1,0 +1,162 @@
+#include "resources/resource_ids.h"
+#include "shell/main_commands.h"
+#include "shell/workers.h"
+#include "support/box_script.h"
+#include "support/program.h"
+#include "support/test_window.h"
+#include "tests/settings/fields.h"
+#include "ui/list_view.h"
+#include "ui/liveness.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro {
+namespace {
+
+using simulator::FaultKind;
+using Operations = std::vector<std::wstring>;
+
+bool IsBusyShown()
+{
+    return (GetWindowLongW(Child(WindowId::SystemInfo, L"Refreshing, please wait .."), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+// Waits for the refresh worker.
+void AwaitRefresh()
+{
+    for (int i = 0; i < 500 && IsBusyShown(); ++i) {
+        Pump();
+        WaitAlive(10);
+    }
+}
+
+TEST(SystemInfoTest, TheLoadFillsAllPages)
+{
+    ConsoleProgram program;
+    program.Load();
+    const struct {
+        WindowId page;
+        const wchar_t* list;
+        int rows;
+        const wchar_t *name, *value; // of the first row
+    } kLists[] = {
+        {WindowId::SystemInfoCpu, L"CPU Exceptions List", 15, L"Processor",
+            L"Harrowgate HX4 Quad Core Processor @ 2.40GHz"},
+        {WindowId::SystemInfoOs, L"CPU Exceptions List", 14, L"OSName", L"Microsoft Windows 10 Pro"},
+        {WindowId::SystemInfoPower, L"Power Exceptions List", 12, L"StandbySupported", L"Yes"},
+        {WindowId::SystemInfoNetwork, L"Power Exceptions List", 22, L"AdapterName", L"Gigabit Network Connection"},
+        {WindowId::SystemInfoDisks, L"Physical Disk List", 16, L"Model", L"Harrowgate NV-512"},
+        {WindowId::SystemInfoDisks, L"Logical Disk List", 24, L"Drive", L"C:"},
+    };
+    for (const auto& row : kLists) {
+        const HWND list = Child(row.page, row.list);
+        EXPECT_EQ(RowCount(list), row.rows) << row.list;
+        EXPECT_EQ(CellOf(list, 0, 0), row.name);
+        EXPECT_EQ(CellOf(list, 0, 1), row.value);
+    }
+    EXPECT_EQ(CellOf(Child(WindowId::SystemInfoDisks, L"Logical Disk List"), 7, 0), L" "); // between two disks
+}
+
+TEST(SystemInfoTest, TheMainWindowWaitsWhileItIsOpen)
+{
+    ConsoleProgram program;
+    program.Load();
+    static_cast<void>(program.TakeOperations());
+    program.Command(WindowId::Main, kSystemInfo);
+    EXPECT_EQ(program.TakeOperations(), Operations{});
+    EXPECT_TRUE(IsWindowVisible(WindowOf(WindowId::SystemInfo)));
+    EXPECT_TRUE(IsWindowVisible(WindowOf(WindowId::SystemInfoCpu)));
+    EXPECT_FALSE(IsWindowVisible(WindowOf(WindowId::SystemInfoOs)));
+    EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
+    SendMessageW(WindowOf(WindowId::SystemInfo), WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindowVisible(WindowOf(WindowId::SystemInfo)));
+    EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
+}
+
+TEST(SystemInfoTest, RefreshKeepsTheUsersPlace)
+{
+    ConsoleProgram program(*simulator::FindScenario(L"large"));
+    program.Load();
+    ASSERT_TRUE(StartWorkers());
+    program.Command(WindowId::Main, kSystemInfo);
+    const HWND list = Child(WindowId::SystemInfoDisks, L"Logical Disk List");
+    ASSERT_EQ(RowCount(list), 500);
+    SelectRow(list, 303);
+    ListView_EnsureVisible(list, 303, FALSE);
+    const int top = ListView_GetTopIndex(list);
+    program.Command(WindowId::SystemInfo, ID_SYSTEM_INFO_REFRESH);
+    EXPECT_TRUE(IsBusyShown());
+    EXPECT_FALSE(IsWindowEnabled(Child(WindowId::SystemInfo, L"Refresh")));
+    AwaitRefresh();
+    EXPECT_FALSE(IsBusyShown());
+    EXPECT_NE(program.LastRequest(L"GetSystemDetails")
+                  .find(L"<operation>GetSystemDetails</operation>\r\n\t\t<type>Refresh</type>\r\n\t</request>"),
+        std::wstring::npos);
+    EXPECT_EQ(SelectedRow(list), 303);
+    EXPECT_EQ(ListView_GetTopIndex(list), top);
+
+    program.Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseAtOnce, {}});
+    BoxScript boxes{{L"Connection Issue", {}}};
+    program.Command(WindowId::SystemInfo, IdOf(WindowId::SystemInfo, L"Refresh"));
+    AwaitRefresh();
+    Pump();
+    EXPECT_TRUE(IsWindowEnabled(Child(WindowId::SystemInfo, L"Refresh")));
+    EXPECT_EQ(RowCount(list), 500);
+    StopWorkers(StopOrder::MainWindowDestroyed);
+}
+
+TEST(SystemInfoTest, CopiesEverything)
+{
+    ConsoleProgram program;
+    program.Load();
+    program.Command(WindowId::Main, kSystemInfo);
+    program.Command(WindowId::SystemInfo, IdOf(WindowId::SystemInfo, L"Copy all"));
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    const HANDLE data = GetClipboardData(CF_UNICODETEXT);
+    const std::wstring text(static_cast<const wchar_t*>(GlobalLock(data)));
+    GlobalUnlock(data);
+    CloseClipboard();
+    for (const wchar_t* part : {L"CPU\r\nDescription\tValue\r\nProcessor\t", L"Operating System\r\n",
+             L"\r\nNetwork\r\n", L"Logical Disks\r\nDescription\tValue\r\nDrive\tC:\r\n"})
+        EXPECT_NE(text.find(part), std::wstring::npos) << part;
+}
+
+TEST(BatteryTest, ShowsChargeStatusAndRows)
+{
+    ConsoleProgram program;
+    program.Load();
+    static_cast<void>(program.TakeOperations());
+    program.Command(WindowId::Main, kBatteryInfo);
+    EXPECT_EQ(program.TakeOperations(), Operations{L"GetBatteryInfo"});
+    const HWND bar = FieldAfter(WindowId::Battery, L"Battery charge");
+    const HWND list = Child(WindowId::Battery, L"Battery info List");
+    const auto status
+        = [] { return TextOf(WindowOf(WindowId::Battery), GetDlgCtrlID(FieldAfter(WindowId::Battery, L"Status :"))); };
+    EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 87);
+    EXPECT_EQ(status(), L"Charging,  remaining time 3 Hrs : 25 Mins");
+    EXPECT_EQ(ListText(list, false),
+        L"Description\tValue\r\nPower Source\tOn AC\r\nBattery Status\tCharging\r\nBattery Charge\t87 %\r\n"
+        L"Remaining Time\t3 Hrs : 25 Mins\r\nCapacity\t48.90 Wh\r\nVoltage\t11.40 V\r\nChemistry\tLi-ion\r\n");
+
+    program.Agent().ScriptReply(L"GetBatteryInfo",
+        L"<vltp version=\"1.0\"><response><S>On Battery</S><B>Discharging</B><C>9 %</C></response></vltp>");
+    SendMessageW(WindowOf(WindowId::Main), WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    EXPECT_EQ(status(), L"Discharging");
+    EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 9);
+    program.Agent().ScriptReply(L"GetBatteryInfo", L"<vltp version=\"1.0\"><response>");
+    program.Command(WindowId::Battery, ID_BATTERY_REFRESH);
+    EXPECT_EQ(RowCount(list), 3); // what cannot be read changes nothing
+    program.Agent().ClearScripts();
+    SetFocus(list);
+    Press(VK_F5);
+    EXPECT_EQ(RowCount(list), 7);
+
+    program.Agent().SetFault(L"GetBatteryInfo", {FaultKind::CloseAtOnce, {}});
+    BoxScript boxes{{L"Connection Closed !", {}}, {L"Connection Issue", {}}};
+    program.Command(WindowId::Battery, ID_BATTERY_REFRESH);
+    Press(VK_ESCAPE);
+    EXPECT_FALSE(IsWindowVisible(WindowOf(WindowId::Battery)));
+}
+
+} // namespace
+} // namespace voltaro

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "link/element.h"
+
+namespace voltaro {
+
+// A tree on one line: "name=text" for a text, "name[child child]" for an element that holds elements. A text is shown
+// as it is.
+[[nodiscard]] inline std::wstring Line(const Element& element)
+{
+    const bool empty = element.name == L"details" || element.name.starts_with(L"RunTask");
+    if (element.children.empty() && !empty)
+        return element.name + L"=" + element.text;
+    std::wstring line = element.name + L"[";
+    for (const Element& child : element.children)
+        line += (line.back() == L'[' ? L"" : L" ") + Line(child);
+    return line + L"]";
+}
+
+} // namespace voltaro

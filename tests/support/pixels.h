@@ -1,0 +1,63 @@
+#pragma once
+
+#include "ui/canvas.h"
+
+#include <cstdint>
+#include <set>
+#include <vector>
+
+namespace voltaro {
+
+// The colours of a bitmap, read once.
+class Pixels {
+public:
+    explicit Pixels(HBITMAP bitmap)
+    {
+        BITMAP facts{};
+        GetObjectW(bitmap, sizeof facts, &facts);
+        m_width = facts.bmWidth;
+        m_height = facts.bmHeight;
+        m_units.resize(static_cast<std::size_t>(m_width * m_height));
+        BITMAPINFO info{};
+        info.bmiHeader = {sizeof info.bmiHeader, m_width, -m_height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        const HDC dc = GetDC(nullptr);
+        GetDIBits(dc, bitmap, 0, static_cast<UINT>(m_height), m_units.data(), &info, DIB_RGB_COLORS);
+        ReleaseDC(nullptr, dc);
+    }
+    [[nodiscard]] int Width() const { return m_width; }
+    [[nodiscard]] int Height() const { return m_height; }
+    [[nodiscard]] COLORREF At(int x, int y) const
+    {
+        const std::uint32_t unit = m_units[static_cast<std::size_t>(y * m_width + x)];
+        return RGB(unit >> 16 & 0xFF, unit >> 8 & 0xFF, unit & 0xFF);
+    }
+    // How many pixels of a row, from one place up to another, have that colour.
+    [[nodiscard]] int CountOf(COLORREF colour, int fromX, int toX, int y) const
+    {
+        int count = 0;
+        for (int x = fromX; x < toX; ++x)
+            count += At(x, y) == colour;
+        return count;
+    }
+
+private:
+    int m_width;
+    int m_height;
+    std::vector<std::uint32_t> m_units;
+};
+
+// The places that the next GDI objects would take. Freed places are taken again first, so much the same places after
+// some work say that the work left no objects behind.
+inline std::set<WORD> FreeGdiPlaces()
+{
+    constexpr int kPlaces = 64;
+    std::vector<UniqueBrush> brushes;
+    std::set<WORD> places;
+    for (int i = 0; i < kPlaces; ++i) {
+        brushes.emplace_back(CreateSolidBrush(RGB(1, 2, i)));
+        places.insert(LOWORD(reinterpret_cast<ULONG_PTR>(brushes.back().Get())));
+    }
+    return places;
+}
+
+} // namespace voltaro
