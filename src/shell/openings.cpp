@@ -1,6 +1,5 @@
 #include "shell/openings.h"
 
-#include "console/state.h"
 #include "power/scheme_window.h"
 #include "savings/savings_window.h"
 #include "scheduler/job_list_window.h"
@@ -16,12 +15,6 @@
 
 namespace voltaro {
 namespace {
-
-template <WindowId Id>
-void ShowEmpty(HWND)
-{
-    ShowWindow(WindowOf(Id), SW_SHOW);
-}
 
 struct Opening {
     int command;

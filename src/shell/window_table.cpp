@@ -25,25 +25,12 @@
 #include "shell/main_window.h"
 #include "shell/update_window.h"
 #include "ui/boxes.h"
-#include "ui/navigation.h"
 #include "ui/window_class.h"
 
 #include <iterator>
 
 namespace voltaro {
 namespace {
-
-// A window whose content is not made yet: its title-bar close hides it.
-LRESULT CALLBACK EmptyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
-{
-    if (!(GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD))
-        NavigateWith(window);
-    if (message == WM_CLOSE) {
-        ShowWindow(window, SW_HIDE);
-        return 0;
-    }
-    return DefaultAnswer(window, message, w, l);
-}
 
 struct ClassRow {
     const wchar_t* name;
