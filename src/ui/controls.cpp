@@ -121,6 +121,16 @@ LRESULT CALLBACK TextHabits(HWND text, UINT message, WPARAM w, LPARAM l, UINT_PT
     return message == WM_GETDLGCODE ? answer & ~(DLGC_WANTALLKEYS | DLGC_WANTTAB) : answer;
 }
 
+// A link may destroy its font with itself; that one is only lent, so the link gives it back first.
+LRESULT CALLBACK LinkHabits(HWND link, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+{
+    if (message == WM_DESTROY)
+        SendMessageW(link, WM_SETFONT, 0, FALSE);
+    else if (message == WM_NCDESTROY)
+        RemoveWindowSubclass(link, &LinkHabits, id);
+    return DefSubclassProc(link, message, w, l);
+}
+
 void Furnish(HWND control, Kind kind)
 {
     if (kind == Kind::ListView) {
@@ -129,6 +139,8 @@ void Furnish(HWND control, Kind kind)
         AddListHabits(control);
     } else if (kind == Kind::MultiLineText) {
         SetWindowSubclass(control, &TextHabits, 0, 0);
+    } else if (kind == Kind::Link) {
+        SetWindowSubclass(control, &LinkHabits, 0, 0);
     }
 }
 

@@ -105,8 +105,12 @@ protected:
         agent.SetFault(operation, {simulator::FaultKind::Silent, {}});
         agent.ClearRequests();
         PostMessageW(MainWindow(), WM_COMMAND, static_cast<WPARAM>(command), 0);
-        ASSERT_TRUE(WaitFor([&] { return !agent.Requests().empty(); }, 3'000));
-        EXPECT_EQ(agent.Requests().back().operation, operation);
+        ASSERT_TRUE(WaitFor([&] { return LastOperation() == operation; }, 3'000));
+    }
+    std::wstring LastOperation() const
+    {
+        const auto requests = agent.Requests();
+        return requests.empty() ? std::wstring() : requests.back().operation;
     }
     // The console tells the shell to take its icon away as the last thing; a crash would leave it there.
     void ExpectNoIcon() const
@@ -188,7 +192,7 @@ TEST_F(ConsoleTest, ASecondStartRestoresAConsoleThatIsPausedOrBusy)
 {
     const Console console;
     ASSERT_TRUE(WaitFor(IsConnected, 20'000));
-    ASSERT_TRUE(WaitFor([] { return IsWindowEnabled(MainWindow()) != FALSE; }, 2'000));
+    ASSERT_TRUE(WaitFor([&] { return LastOperation() == L"GetPatchDetails"; }, 2'000));
     agent.ClearRequests();
     PostMessageW(MainWindow(), WM_COMMAND, kPauseOneHour, 0);
     ASSERT_TRUE(WaitFor([&] { return tray.Last().tooltip == L"Voltaro Paused"; }, 2'000));

@@ -7,6 +7,7 @@
 #include "ui/controls.h"
 #include "ui/list_view.h"
 #include "ui/menus.h"
+#include "ui/theme.h"
 
 #include <gtest/gtest.h>
 
@@ -144,6 +145,7 @@ TEST(AboutTest, OpensWithAndWithoutAnAgent)
     SendMessageW(AboutWindow(), WM_CLOSE, 0, 0);
     SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
     EXPECT_EQ(AboutWindow(), nullptr);
+    EXPECT_EQ(GetObjectType(WindowFont()), static_cast<DWORD>(OBJ_FONT)); // was only lent to the link
     EXPECT_TRUE(IsItemEnabled(TrayMenu(), kTrayAbout));
     EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
     EXPECT_TRUE(state.consoleReady);
