@@ -1,10 +1,13 @@
+#include "base/timing.h"
 #include "console/agent_lost.h"
 #include "shell/connection.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/main_window.h"
+#include "shell/workers.h"
 #include "support/box_script.h"
 #include "support/program.h"
+#include "support/test_window.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
 #include "ui/menus.h"
@@ -118,6 +121,36 @@ TEST(ConnectionTest, RefreshReadsInItsOrderAndTellsOfADeadAgentOnce)
     program.Agent().Stop();
     BoxScript boxes{{L"Failed to communicate with Voltaro Agent", {}}};
     program.Command(WindowId::Main, kRefresh);
+}
+
+// The poller asks for the pause state, for the battery where there is one, and gives up after three failed tries.
+TEST(ConnectionTest, PollsUntilTheAgentIsLost)
+{
+    for (const wchar_t* scenario : {L"battery", L"desktop"}) {
+        ConsoleProgram program(*simulator::FindScenario(scenario));
+        program.Load();
+        static_cast<void>(program.TakeOperations());
+        timing.pollerPeriod = timing.pollerFirstRetry = timing.pollerSecondRetry = 50;
+        ASSERT_TRUE(StartWorkers());
+        const auto pumpFor = [](unsigned milliseconds) {
+            for (const ULONGLONG end = GetTickCount64() + milliseconds; GetTickCount64() < end; Sleep(5))
+                Pump();
+        };
+        pumpFor(400);
+        const std::vector<std::wstring> polled = program.TakeOperations();
+        ASSERT_GE(polled.size(), 2U);
+        EXPECT_EQ(polled[0], L"PauseStatus");
+        EXPECT_EQ(polled[1], std::wstring(scenario) == L"battery" ? L"GetBatteryInfo" : L"PauseStatus");
+
+        program.Agent().SetFault(L"PauseStatus", {FaultKind::CloseAtOnce, {}});
+        BoxScript boxes{{L"Connection Issue", {}}};
+        pumpFor(600);
+        EXPECT_FALSE(state.connected);
+        static_cast<void>(program.TakeOperations());
+        pumpFor(200);
+        EXPECT_TRUE(program.TakeOperations().empty());
+        StopWorkers(StopOrder::MainWindowDestroyed);
+    }
 }
 
 TEST(ConnectionTest, WithoutABatteryItsWindowIsGrey)
