@@ -339,8 +339,8 @@ int SelectName(HWND window, int id, std::wstring_view name)
     if (exact >= 0 || name.empty())
         return exact;
     const std::wstring text(name);
-    const auto found = static_cast<int>(SendMessageW(ControlOf(window, id), CB_FINDSTRINGEXACT,
-        static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str())));
+    const auto found = static_cast<int>(SendMessageW(
+        ControlOf(window, id), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str())));
     SelectIndex(window, id, found);
     return found;
 }
