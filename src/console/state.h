@@ -96,7 +96,7 @@ struct ConsoleState {
     std::vector<std::wstring> policies;
     PowerSchemeSettings currentScheme;
     unsigned currentSchemeReads = 0; // counts the reads of it: tells a new record from one that was kept
-    int currentSchemeIndex = -1; // in the main window's scheme list
+    int currentSchemeIndex = -1;     // in the main window's scheme list
     HostSettings host;
     ProxySettings proxy;
     PowerConsumptionData consumption;

@@ -107,8 +107,8 @@ void ShowMode(HWND window)
     EnablePolicyButtons(ready);
     SendMessageW(ControlOf(window, kSaveNewScheme), BM_SETSTYLE, editor.isNew ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
     SendMessageW(ControlOf(window, kEditorOk), BM_SETSTYLE, editor.isNew ? BS_PUSHBUTTON : BS_DEFPUSHBUTTON, TRUE);
-    for (const unsigned item : {kNewScheme, kEditorRefresh})
-        EnableItem(GetMenu(window), item, ready);
+    for (const int item : {kNewScheme, kEditorRefresh})
+        EnableItem(GetMenu(window), static_cast<unsigned>(item), ready);
     DrawMenuBar(window);
 }
 
@@ -345,6 +345,7 @@ constexpr Command kCommands[] = {
     {kNewScheme,     OnNewScheme},
     {kEditorHelp,    OnHelp},
     {kEditorRefresh, OnRefresh},
+    {kRefreshKey,    OnRefresh},
 };
 // clang-format on
 

@@ -63,8 +63,8 @@ constexpr Control kControls[] = {
 };
 
 constexpr Column kColumns[] = {
-    {L"Scheduled Job Names", 136}, {L"Description", 100}, {L"Start Time", 74}, {L"Scheduled Type", 134},
-    {L"No.Of EXEs", 82}, {L"Power Off", 68}, {L"Upon Idleness of", 114},
+    {L"Scheduled Job Names", 132}, {L"Description", 102}, {L"Start Time", 74}, {L"Scheduled Type", 134},
+    {L"No.Of EXEs", 82}, {L"Power Off", 68}, {L"Upon Idleness of", 116},
 };
 // clang-format on
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, 744, 521));

@@ -57,20 +57,15 @@ void ShowAddress(HWND control, const FieldText& value)
     SendMessageW(control, address ? IPM_SETADDRESS : IPM_CLEARADDRESS, 0, address.value_or(0));
 }
 
-std::wstring EntryAt(HWND window, int id, int index)
-{
-    SelectIndex(window, id, index);
-    return SelectedText(window, id);
-}
-
 void ShowMinutes(HWND window, int id, const FieldText& value)
 {
-    int index = 0;
-    std::wstring entry = EntryAt(window, id, index);
-    while (!entry.empty() && value != MinutesOf(entry))
-        entry = EntryAt(window, id, ++index);
-    if (entry.empty())
-        SelectIndex(window, id, 0);
+    const LRESULT count = SendMessageW(ControlOf(window, id), CB_GETCOUNT, 0, 0);
+    for (int index = 0; index < count; ++index) {
+        SelectIndex(window, id, index);
+        if (value == MinutesOf(SelectedText(window, id)))
+            return;
+    }
+    SelectIndex(window, id, 0);
 }
 
 // The agent's word for a change; nothing when it was not asked or did not answer.

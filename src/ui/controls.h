@@ -32,7 +32,7 @@ enum class Kind : std::uint8_t {
     Trackbar,
     Progress,
     SmoothProgress,
-    BusyBar, // runs to and fro while PBM_SETMARQUEE has it on
+    BusyBar,  // runs to and fro while PBM_SETMARQUEE has it on
     ListView, // report view with border, full-row selection, copies as text by keyboard and menu
     Tab,
     TimePicker,

@@ -16,16 +16,11 @@ namespace {
 constexpr int kWidth = 670;
 constexpr int kHeight = 497;
 
+// clang-format off
 // The durations of the scripted day.
-constexpr DayDurations kDay = {.poweredOn = 50400,
-    .offInAll = 36000,
-    .active = 43200,
-    .idle = 7200,
-    .idleWithoutSavings = 1800,
-    .dim = 1800,
-    .monitorOff = 3600,
-    .off = 36000,
-    .shutdown = 7200};
+constexpr DayDurations kDay = {.poweredOn = 50400, .offInAll = 36000, .active = 43200, .idle = 7200,
+    .idleWithoutSavings = 1800, .dim = 1800, .monitorOff = 3600, .off = 36000, .shutdown = 7200};
+// clang-format on
 
 void DrawDay(HDC dc, void*)
 {
@@ -38,48 +33,29 @@ TEST(GraphViewTest, PixelsOfBarsMarkersGridAndAxes)
     const Pixels pixels(RenderBitmap(kWidth, kHeight, &DrawDay, nullptr).Get());
     const COLORREF plot = pixels.At(140, 150);
     EXPECT_NE(plot, kGrid);
+    const COLORREF face = GetSysColor(COLOR_3DFACE);
+    constexpr COLORREF kIdle = RGB(0, 96, 0), kActive = RGB(0, 42, 138), kOn = RGB(128, 128, 0), kOff = RGB(128, 0, 0);
+    constexpr COLORREF kNoSavings = RGB(140, 227, 55), kShutdown = RGB(255, 0, 0);
     const struct {
         int x, y;
         COLORREF colour;
     } kPixels[] = {
-        {105, 479, RGB(0, 96, 0)},
-        {105, 440, RGB(0, 96, 0)},
-        {105, 439, RGB(0, 42, 138)},
-        {105, 200, RGB(0, 42, 138)},
-        {105, 199, plot},
-        {85, 300, RGB(0, 42, 138)},
-        {84, 300, kGrid},
-        {124, 301, RGB(0, 42, 138)},
-        {125, 301, plot},
-        {190, 470, RGB(140, 227, 55)},
-        {190, 469, RGB(45, 164, 255)},
-        {190, 459, RGB(128, 128, 128)},
-        {190, 439, RGB(255, 0, 0)},
-        {190, 400, RGB(255, 0, 0)},
-        {190, 399, plot},
-        {274, 479, RGB(128, 128, 0)},
-        {274, 199, RGB(128, 0, 0)},
-        {274, 0, RGB(128, 0, 0)},
-        {319, 20, kGrid},
-        {320, 20, GetSysColor(COLOR_3DFACE)},
-        {60, 19, plot},
-        {60, 0, kGrid},
-        {140, 480, kGrid},
-        {49, 300, 0},
-        {50, 300, 0},
-        {51, 301, plot},
-        {49, 485, 0},
-        {50, 481, 0},
-        {319, 481, 0},
-        {320, 481, GetSysColor(COLOR_3DFACE)},
+        // clang-format off
+        {105, 479, kIdle}, {105, 440, kIdle}, {105, 439, kActive}, {105, 200, kActive}, {105, 199, plot},
+        {85, 300, kActive}, {84, 300, kGrid}, {124, 301, kActive}, {125, 301, plot},
+        {190, 470, kNoSavings}, {190, 469, RGB(45, 164, 255)}, {190, 459, RGB(128, 128, 128)},
+        {190, 439, kShutdown}, {190, 400, kShutdown}, {190, 399, plot}, {274, 479, kOn}, {274, 199, kOff}, {274, 0, kOff},
+        {319, 20, kGrid}, {320, 20, face}, {60, 19, plot}, {60, 0, kGrid}, {140, 480, kGrid},
+        {49, 300, 0}, {50, 300, 0}, {51, 301, plot}, {49, 485, 0}, {50, 481, 0}, {319, 481, 0}, {320, 481, face},
+        // clang-format on
     };
     for (const auto& pixel : kPixels)
         EXPECT_EQ(pixels.At(pixel.x, pixel.y), pixel.colour) << pixel.x << ", " << pixel.y;
-    EXPECT_EQ(pixels.CountOf(RGB(128, 128, 0), 210, 254, 200), 44) << "solid";
-    EXPECT_EQ(pixels.CountOf(RGB(128, 0, 0), 210, 254, 0), 44);
-    const int dashes = pixels.CountOf(RGB(140, 227, 55), 126, 171, 470);
+    EXPECT_EQ(pixels.CountOf(kOn, 210, 254, 200), 44) << "solid";
+    EXPECT_EQ(pixels.CountOf(kOff, 210, 254, 0), 44);
+    const int dashes = pixels.CountOf(kNoSavings, 126, 171, 470);
     EXPECT_TRUE(dashes > 15 && dashes < 45) << dashes;
-    EXPECT_GT(pixels.CountOf(RGB(0, 96, 0), 51, 86, 440), 10);
+    EXPECT_GT(pixels.CountOf(kIdle, 51, 86, 440), 10);
     int caption = 0;
     for (int y = 100; y < 320; ++y)
         caption += pixels.CountOf(RGB(10, 10, 10), 0, 29, y) > 0;

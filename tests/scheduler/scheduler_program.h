@@ -1,11 +1,11 @@
 #pragma once
 
+#include "scheduler/job_controls.h"
 #include "shell/main_commands.h"
 #include "support/box_script.h"
 #include "support/labelled.h"
 #include "support/program.h"
 #include "support/test_window.h"
-#include "ui/controls.h"
 #include "ui/list_view.h"
 
 namespace voltaro {
@@ -15,71 +15,80 @@ inline constexpr auto kEditor = WindowId::JobEditor;
 inline constexpr auto kActions = WindowId::JobActions;
 inline constexpr auto kTasks = WindowId::JobTasks;
 
+// One thing that the user does: a button, box or radio is clicked, anything else takes the text.
+struct Step {
+    WindowId window;
+    const wchar_t* label;
+    const wchar_t* text = nullptr;
+};
+
 // The program with its job windows, driven by what stands on the screen.
 struct SchedulerProgram : ConsoleProgram {
     explicit SchedulerProgram(const wchar_t* scenario = L"battery")
         : ConsoleProgram(*simulator::FindScenario(scenario))
     {
         Load();
+        Open();
     }
-
     void Open() { Command(WindowId::Main, kJobScheduler); }
 
-    // As a click does; a check box or radio turns too.
-    void Click(WindowId window, const wchar_t* label)
+    void Do(std::initializer_list<Step> steps)
     {
-        SendMessageW(Labelled(WindowOf(window), label), BM_CLICK, 0, 0);
+        for (const Step& step : steps) {
+            const HWND window = WindowOf(step.window);
+            const HWND control = Labelled(window, step.label);
+            const int id = GetDlgCtrlID(control);
+            const std::wstring kind = ClassOf(control);
+            if (kind == DATETIMEPICK_CLASSW)
+                (step.text[2] == L':' ? ShowTime : ShowDate)(window, id, step.text);
+            else if (kind == WC_COMBOBOXW)
+                Choose(step.window, id, step.text);
+            else if (kind == WC_EDITW)
+                Type(step.window, id, step.text);
+            else
+                SendMessageW(control, BM_CLICK, 0, 0);
+        }
         Pump();
     }
-    void Set(WindowId window, const wchar_t* label, std::wstring_view text)
-    {
-        Type(window, IdOf(WindowOf(window), label), text);
-    }
-    void Pick(WindowId window, const wchar_t* label, std::wstring_view entry)
-    {
-        Choose(window, IdOf(WindowOf(window), label), entry);
-    }
-    void PickTime(WindowId window, const wchar_t* label, SYSTEMTIME time)
-    {
-        DateTime_SetSystemtime(Labelled(WindowOf(window), label), GDT_VALID, &time);
-    }
-    [[nodiscard]] std::wstring Shown(WindowId window, const wchar_t* label)
-    {
-        return WindowText(Labelled(WindowOf(window), label));
-    }
-    [[nodiscard]] bool Enabled(WindowId window, const wchar_t* label)
-    {
-        const HWND control = Labelled(WindowOf(window), label);
-        return IsShown(control) && IsWindowEnabled(control);
-    }
-    [[nodiscard]] bool IsOpen(WindowId window) { return IsWindowVisible(WindowOf(window)) != FALSE; }
-
-    // The list views of the two windows, and a row of theirs on one line.
-    [[nodiscard]] HWND Jobs() { return Labelled(WindowOf(kList), L"Scheduled Job List"); }
-    [[nodiscard]] HWND Tasks() { return Labelled(WindowOf(kTasks), L"Scheduled Task List"); }
-    [[nodiscard]] static std::wstring Row(HWND list, int row, int columns)
-    {
-        std::wstring line = CellOf(list, row, 0);
-        for (int column = 1; column < columns; ++column)
-            line += L"|" + CellOf(list, row, column);
-        return line;
-    }
-
-    // Opens the editor on the row, or on a new job.
+    // Opens the editor on a row, or on a new job.
     void Edit(int row)
     {
         SelectRow(Jobs(), row);
-        Click(kList, L"Modify Job..");
+        Do({{kList, L"Modify Job.."}});
     }
-    void Add(const wchar_t* name)
+    void Add(const wchar_t* name) { Do({{kList, L"Add Job.."}, {kEditor, L"Job Name :", name}}); }
+    void AddTask(const wchar_t* path) { Do({{kTasks, L".exe/.bat File Path :", path}, {kTasks, L"Add Task"}}); }
+    void DoubleClick(HWND list, int row)
     {
-        Click(kList, L"Add Job..");
-        Set(kEditor, L"Job Name :", name);
+        SelectRow(list, row);
+        const NMHDR twice{list, static_cast<UINT_PTR>(GetDlgCtrlID(list)), static_cast<UINT>(NM_DBLCLK)};
+        SendMessageW(GetParent(list), WM_NOTIFY, twice.idFrom, reinterpret_cast<LPARAM>(&twice));
     }
-    void AddTask(std::wstring_view path)
+
+    [[nodiscard]] std::wstring Text(WindowId window, const wchar_t* label)
     {
-        Set(kTasks, L".exe/.bat File Path :", path);
-        Click(kTasks, L"Add Task");
+        return WindowText(Labelled(WindowOf(window), label));
+    }
+    [[nodiscard]] bool IsEnabled(WindowId window, const wchar_t* label)
+    {
+        return IsWindowEnabled(Labelled(WindowOf(window), label)) != FALSE;
+    }
+    [[nodiscard]] bool IsOpen(WindowId window) { return IsWindowVisible(WindowOf(window)) != FALSE; }
+    [[nodiscard]] HWND Jobs() { return Labelled(WindowOf(kList), L"Scheduled Job List"); }
+    [[nodiscard]] HWND Tasks() { return Labelled(WindowOf(kTasks), L"Scheduled Task List"); }
+    // A row on one line; a column of all rows.
+    [[nodiscard]] static std::wstring Row(HWND list, int row)
+    {
+        SelectRow(list, row);
+        const std::wstring line = ListText(list, true);
+        return line.substr(0, line.find(L'\r'));
+    }
+    [[nodiscard]] static std::wstring Column(HWND list, int column)
+    {
+        std::wstring cells;
+        for (int row = 0; row < RowCount(list); ++row)
+            cells += (row == 0 ? L"" : L",") + CellOf(list, row, column);
+        return cells;
     }
 };
 

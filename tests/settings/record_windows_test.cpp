@@ -222,37 +222,39 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
 
 TEST_F(RecordWindows, TellWhatTheAgentAnswered)
 {
-    constexpr const wchar_t* kLost = L"Connection Issue";
+    constexpr const wchar_t* kGate = L"GetActivationstatus";
     for (const Editor& editor : kEditors) {
         SCOPED_TRACE(editor.apply);
+        const Operations applied = {kGate, editor.apply, editor.read};
+        const Operations refused = {kGate, editor.apply};
         const struct {
+            const wchar_t* operation;
             simulator::Fault fault;
             const wchar_t *caption, *text;
-            bool readAgain;
+            Operations sent;
         } kRows[] = {
-            {{FaultKind::Status, L"Success"}, editor.done, L"", true},
-            {{FaultKind::Status, L"success"}, editor.done, L"", true},
-            {{FaultKind::Status, L"failure"}, editor.failed, editor.failure, false},
-            {{FaultKind::Status, L"Permission denied"}, editor.failed, editor.failure, false},
-            {{FaultKind::Status, L"License Expired"}, L"Unable to Set", L"has expired", false},
-            {{FaultKind::NotWellFormed, L""}, editor.failed, editor.failure, false},
-            {{FaultKind::Garbage, L""}, editor.failed, editor.failure, false},
-            {{FaultKind::CloseAtOnce, L""}, kLost, L"", false},
+            {editor.apply, {FaultKind::Status, L"Success"}, editor.done, L"", applied},
+            {editor.apply, {FaultKind::Status, L"success"}, editor.done, L"", applied},
+            {editor.apply, {FaultKind::Status, L"failure"}, editor.failed, editor.failure, refused},
+            {editor.apply, {FaultKind::Status, L"Permission denied"}, editor.failed, editor.failure, refused},
+            {editor.apply, {FaultKind::NotWellFormed, {}}, editor.failed, editor.failure, refused},
+            {editor.apply, {FaultKind::Garbage, {}}, editor.failed, editor.failure, refused},
+            {editor.apply, {FaultKind::Status, L"License Expired"}, L"Unable to Set", L"The license of Voltaro on",
+                {kGate, editor.apply, kGate}},
+            {kGate, {FaultKind::Status, L"Not Activated"}, L"Unable to Set", L"'Localhost' is not activated.", {kGate}},
+            {kGate, {FaultKind::None, {}}, editor.done, L"", applied},
+            {editor.apply, {FaultKind::CloseAtOnce, {}}, L"Connection Issue", L"", refused},
         };
         BoxScript boxes{};
         for (const auto& row : kRows) {
+            m_program.Agent().ClearFaults();
             Open(editor);
             static_cast<void>(m_program.TakeOperations());
-            m_program.Agent().SetFault(editor.apply, row.fault);
+            m_program.Agent().SetFault(row.operation, row.fault);
             boxes.Expect({{row.caption, row.text}});
             Apply(editor);
             boxes.ExpectAllSeen();
-            Operations expected{L"GetActivationstatus", editor.apply};
-            if (row.readAgain)
-                expected.push_back(editor.read);
-            if (row.fault.argument == L"License Expired")
-                expected.push_back(L"GetActivationstatus");
-            EXPECT_EQ(m_program.TakeOperations(), expected) << row.fault.argument;
+            EXPECT_EQ(m_program.TakeOperations(), row.sent) << row.fault.argument;
             EXPECT_TRUE(IsWindowEnabled(Child(editor.window, editor.button)));
         }
         m_program.Agent().ClearFaults();
@@ -260,32 +262,25 @@ TEST_F(RecordWindows, TellWhatTheAgentAnswered)
     }
 }
 
-TEST_F(RecordWindows, AreRefusedWithoutALicence)
-{
-    for (const Editor& editor : kEditors) {
-        Open(editor);
-        static_cast<void>(m_program.TakeOperations());
-        m_program.Agent().SetFault(L"GetActivationstatus", {FaultKind::Status, L"Not Activated"});
-        BoxScript boxes{{L"Unable to Set", L"Voltaro on 'Localhost' is not activated."}};
-        Apply(editor);
-        EXPECT_EQ(m_program.TakeOperations(), Operations{L"GetActivationstatus"});
-    }
-}
-
 TEST_F(RecordWindows, ShowWhatTheyHaveWhateverTheAgentSends)
 {
-    const simulator::Fault kFaults[]
-        = {{FaultKind::Garbage, {}}, {FaultKind::NotWellFormed, {}}, {FaultKind::Doctype, {}}, {FaultKind::Status, {}},
-            {FaultKind::LongTexts, L"120"}, {FaultKind::ManyElements, L"16"}};
+    std::wstring many;
+    for (int i = 0; i < 60; ++i)
+        many += L"<a>7</a>";
+    const std::wstring kTexts[] = {L"garbage", L"<vltp><response><details><a>", L"<vltp><response/></vltp>",
+        L"<!DOCTYPE a [<!ENTITY b \"c\">]><vltp><response><details><a>&b;</a></details></response></vltp>",
+        L"<vltp><response><details><a>" + std::wstring(400, L'7') + L"</a></details></response></vltp>",
+        L"<vltp><response><details>" + many + L"</details></response></vltp>"};
     for (const Editor& editor : kEditors) {
         SCOPED_TRACE(editor.read);
-        for (const simulator::Fault& fault : kFaults) {
-            m_program.Agent().SetFault(editor.read, fault);
+        for (const std::wstring& text : kTexts) {
+            m_program.Agent().ScriptReply(editor.read, text);
             Open(editor);
-            EXPECT_TRUE(IsWindowVisible(WindowOf(editor.window)));
+            EXPECT_TRUE(IsWindowVisible(WindowOf(editor.window))) << text;
             m_program.Command(editor.window, IDCANCEL);
             EXPECT_FALSE(IsWindowVisible(WindowOf(editor.window)));
         }
+        m_program.Agent().ClearScripts();
         m_program.Agent().SetFault(editor.read, {FaultKind::CloseMidFrame, {}});
         BoxScript boxes{{L"Connection Issue", {}}};
         Open(editor);

@@ -10,9 +10,16 @@ namespace voltaro {
 
 inline std::wstring WindowText(HWND window)
 {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    wchar_t text[500] = L"";
+    GetWindowTextW(window, text, 500);
     return text;
+}
+
+inline std::wstring ClassOf(HWND window)
+{
+    wchar_t name[50] = L"";
+    GetClassNameW(window, name, 50);
+    return name;
 }
 
 // A control as the user, or a screen reader, finds it: a button by its text, a field by the label right before it.
@@ -21,23 +28,16 @@ inline HWND Labelled(HWND window, const wchar_t* label)
     for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
         if (WindowText(child) != label)
             continue;
-        wchar_t kind[20] = L"";
-        GetClassNameW(child, kind, 20);
-        if (lstrcmpiW(kind, L"Static") == 0)
+        if (ClassOf(child) == WC_STATICW)
             return GetWindow(child, GW_HWNDNEXT);
         if ((GetWindowLongW(child, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX)
             return child;
     }
-    ADD_FAILURE() << "no control " << std::string(label, label + lstrlenW(label));
+    ADD_FAILURE() << "no control " << std::wstring(label);
     return nullptr;
 }
 
-inline int IdOf(HWND window, const wchar_t* label)
-{
-    return GetDlgCtrlID(Labelled(window, label));
-}
-
-// Whether the control is there to be used, in a window that may be hidden.
+// Whether a control would show if its window did.
 inline bool IsShown(HWND control)
 {
     return (GetWindowLongW(control, GWL_STYLE) & WS_VISIBLE) != 0;

@@ -39,7 +39,7 @@ ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
 {
     AdoptUiThread();
     AllowWaits();
-    timing = {20, 20, 480'000, 20, 20, 200};
+    timing = {100, 20, 480'000, 20, 20, 200};
     EXPECT_TRUE(m_agent.Start());
     SetEnvironmentVariableW(L"VOLTARO_HOME", MakeInstallation(m_agent.Port()).c_str());
     EXPECT_TRUE(ReadInstallPath(state.installDirectory));

@@ -11,7 +11,7 @@
 namespace voltaro {
 
 // The whole program in a test: all 29 windows created hidden, against a simulated agent in a thread of its own. Waits
-// are shortened (a transport second lasts 20 ms). Nothing is loaded until Load. Everything is as it was before when it
+// are shortened (a transport second lasts 100 ms). Nothing is loaded until Load. Everything is as it was before when it
 // is gone, so each test may make its own. No workers and no tray icon unless a test starts them.
 class ConsoleProgram {
 public:
