@@ -2,12 +2,10 @@
 
 #include "console/ui_calls.h"
 #include "shell/main_commands.h"
-#include "shell/main_menus.h"
 #include "support/box_script.h"
 #include "support/fake_tray.h"
 #include "support/program.h"
 #include "support/test_window.h"
-#include "ui/menus.h"
 
 #include <gtest/gtest.h>
 
@@ -67,21 +65,6 @@ TEST(TrayTest, ALeftClickRestoresOnceTheConsoleWasLoaded)
     LeftClick();
     LeftClick(); // told once
     EXPECT_TRUE(IsWindowVisible(main));
-}
-
-TEST(TrayTest, CloseIsGreyWhileItAsks)
-{
-    ConsoleProgram program;
-    program.Load();
-    static bool greyed = false;
-    boxDoor = [](const BoxCall&) {
-        greyed = !IsItemEnabled(TrayMenu(), kTrayClose);
-        return Answer::No;
-    };
-    program.Command(WindowId::Main, kTrayClose);
-    EXPECT_TRUE(greyed);
-    EXPECT_TRUE(IsItemEnabled(TrayMenu(), kTrayClose));
-    EXPECT_TRUE(IsWindow(WindowOf(WindowId::Main)));
 }
 
 } // namespace
