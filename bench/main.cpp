@@ -40,7 +40,8 @@ void BareExchange(const std::vector<std::byte>& frame, int port)
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = inet_addr("127.0.0.1");
         address.sin_port = htons(static_cast<u_short>(port));
-        connect(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address);
+        if (connect(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+            return;
         send(socket.Get(), reinterpret_cast<const char*>(frame.data()), static_cast<int>(frame.size()), 0);
         FrameAssembler assembler(300'000);
         std::vector<std::byte> piece(300'000);
@@ -84,7 +85,7 @@ void MeasureSystemDetails()
         return;
     servicePort = agent.Port();
     Reply reply = Exchange(Plain(Operation::GetSystemDetails));
-    const std::wstring text = reply.Text();
+    const std::wstring& text = reply.Text();
     SystemDetails details;
     const auto medians = Medians({[&] {
                                       const std::optional<Element> root = ParseAnswer(text.c_str());
