@@ -185,7 +185,7 @@ void AgentServer::AcceptLoop()
             continue;
         UniqueSocket socket(accept(listener, nullptr, nullptr));
         u_long nonBlocking = 1;
-        if (socket && ioctlsocket(socket.Get(), FIONBIO, &nonBlocking) == 0)
+        if (socket && ioctlsocket(socket.Get(), static_cast<long>(FIONBIO), &nonBlocking) == 0)
             Employ(std::move(socket));
     }
 }

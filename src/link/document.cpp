@@ -73,8 +73,7 @@ Document DomCreate()
     return made ? document : Document();
 }
 
-void ReportParseError(
-    IXMLDOMDocument* document, const char* message, std::source_location where = std::source_location::current())
+void ReportParseError(IXMLDOMDocument* document, const char* message, CodePlace where = CodePlace::Here())
 {
     ComPtr<IXMLDOMParseError> error;
     Bstr reason;
@@ -230,7 +229,7 @@ Document LoadAnswer(std::wstring_view text)
         LogFault("loadXML", "an answer with a document type is refused");
         return nullptr;
     }
-    const Document document = DomCreate();
+    Document document = DomCreate();
     VARIANT_BOOL loaded = VARIANT_FALSE;
     if (!document || !Succeeded(document->loadXML(Bstr(text).Get(), &loaded), "", "pXMLDom->loadXML(bstr, &status)"))
         return nullptr;

@@ -16,17 +16,17 @@ void LogFailure(const char* module, unsigned line, const char* label, long resul
     std::fflush(stdout);
 }
 
-bool Succeeded(long result, const char* label, const char* call, std::source_location where)
+bool Succeeded(long result, const char* label, const char* call, CodePlace where)
 {
     if (SUCCEEDED(result))
         return true;
-    LogFailure(where.file_name(), where.line(), label, result, call);
+    LogFailure(where.file, where.line, label, result, call);
     return false;
 }
 
-void LogFault(const char* label, const char* what, std::source_location where)
+void LogFault(const char* label, const char* what, CodePlace where)
 {
-    LogFailure(where.file_name(), where.line(), label, E_FAIL, what);
+    LogFailure(where.file, where.line, label, E_FAIL, what);
 }
 
 } // namespace voltaro

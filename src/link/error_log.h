@@ -1,19 +1,26 @@
 #pragma once
 
-#include <cstdint>
-#include <source_location>
-
 namespace voltaro {
+
+// Where a call stands in the source: as a default argument, the place of the call that leaves it out.
+struct CodePlace {
+    const char* file;
+    unsigned line;
+
+    static constexpr CodePlace Here(const char* file = __builtin_FILE(), unsigned line = __builtin_LINE())
+    {
+        return {file, line};
+    }
+};
 
 // Writes one line about a failed platform call to the debug output and to standard output, in the form
 // "module:line  HRCALL Failed: label\n  0xresult = call". Failures are logged, never shown.
 void LogFailure(const char* module, unsigned line, const char* label, long result, const char* call);
 
 // The check for a COM call: true when it succeeded, else a log line. `label` may be empty.
-bool Succeeded(
-    long result, const char* label, const char* call, std::source_location where = std::source_location::current());
+bool Succeeded(long result, const char* label, const char* call, CodePlace where = CodePlace::Here());
 
 // A fault that is no failed call (a refused answer, a dropped row), in the same form.
-void LogFault(const char* label, const char* what, std::source_location where = std::source_location::current());
+void LogFault(const char* label, const char* what, CodePlace where = CodePlace::Here());
 
 } // namespace voltaro
