@@ -1,6 +1,7 @@
 // Benchmarks of the console against the simulated agent. Each figure is a ratio of medians of interleaved rounds; the
 // program never fails on them.
 #include "measure.h"
+#include "savings_bench.h"
 
 #include "base/handles.h"
 #include "console/state.h"
@@ -231,7 +232,9 @@ int main(int count, char** arguments)
     servicePort = agent.Port();
     const double bareExchange = MeasureRequest(agent);
     MeasureSystemDetails();
+    MeasureEvents();
     MeasureListFill();
     MeasureStart(agent, self, bareExchange);
+    MeasureGraph();
     return 0;
 }
