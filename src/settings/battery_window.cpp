@@ -74,7 +74,7 @@ void RefreshBatteryWindow()
     SetText(Window(), kStatus, BatteryStatusLine(battery));
     SetText(Window(), kCharge, battery.Charge());
     SendMessageW(ControlOf(Window(), kBar), PBM_SETPOS, static_cast<WPARAM>(ChargePercent(battery)), 0);
-    FillList(ControlOf(Window(), kList), battery.rows.size(), [&battery](std::size_t row, std::size_t column) {
+    FillList(ControlOf(Window(), kList), battery.rows.size(), [&](std::size_t row, std::size_t column) {
         return column == 0 ? BatteryLabel(battery, row) : battery.rows[row].value.c_str();
     });
 }

@@ -103,7 +103,7 @@ LRESULT AnswerPage(const Page& page, HWND window, UINT message, WPARAM w, LPARAM
     }
 }
 
-consteval const Page& PageOf(WindowId id)
+constexpr const Page& PageOf(WindowId id)
 {
     for (const Page& page : kPages) {
         if (page.id == id)
@@ -117,7 +117,8 @@ consteval const Page& PageOf(WindowId id)
 template <WindowId page>
 LRESULT CALLBACK SystemInfoPageProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    return AnswerPage(PageOf(page), window, message, w, l);
+    static constexpr const Page& kPage = PageOf(page);
+    return AnswerPage(kPage, window, message, w, l);
 }
 template LRESULT CALLBACK SystemInfoPageProc<WindowId::SystemInfoCpu>(HWND, UINT, WPARAM, LPARAM);
 template LRESULT CALLBACK SystemInfoPageProc<WindowId::SystemInfoPower>(HWND, UINT, WPARAM, LPARAM);
