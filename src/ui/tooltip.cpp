@@ -116,7 +116,7 @@ void SetTooltip(HWND control, std::wstring_view text)
     if (!SetPropW(control, kTipProperty, made.get()))
         return;
     Send(control, *made, TTM_ADDTOOLW);
-    made.release(); // freed by Drop
+    static_cast<void>(made.release()); // freed by Drop
 }
 
 const wchar_t* TooltipOf(HWND control)
