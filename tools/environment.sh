@@ -33,7 +33,7 @@ use_wine() {
         wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null 2>&1
         wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x1000 /f >/dev/null 2>&1
     fi
-    wineserver --wait
+    timeout 30 wineserver --wait || true
     touch "$WINEPREFIX/ready"
 }
 
