@@ -1,4 +1,5 @@
 #include "savings/decimal.h"
+#include "savings/profile_record.h"
 #include "savings/report.h"
 
 #include <gtest/gtest.h>
@@ -103,9 +104,6 @@ TEST(ReportTest, IdlePattern)
 TEST(MonitorTableTest, RowsByTypeAndSize)
 {
     EXPECT_TRUE(MonitorsOfType(L"lcd").size() == 16 && MonitorsOfType(L"Branded").empty());
-    const MonitorRow* fresh = FindMonitor(kDefaultMonitor.type, kDefaultMonitor.size);
-    ASSERT_NE(fresh, nullptr);
-    EXPECT_TRUE(fresh->onWatts == kDefaultMonitor.onWatts && fresh->offWatts == kDefaultMonitor.offWatts);
     EXPECT_EQ(FindMonitor(L"LED", L"17.00"), nullptr);
     EXPECT_EQ(MonitorKindOf(L"LED"), MonitorKind::Led);
     EXPECT_EQ(MonitorKindOf(L""), MonitorKind::Lcd);
@@ -119,6 +117,28 @@ TEST(MonitorTableTest, WattTexts)
         EXPECT_EQ(CheckWatts(text), WattCheck::NotANumber) << text;
     for (const wchar_t* text : {L"1000", L"999.991", L"999.999", L"99999999999999999999999"})
         EXPECT_EQ(CheckWatts(text), WattCheck::TooHigh) << text;
+}
+
+TEST(ProfileRecordTest, TypedPowersGetTwoDecimals)
+{
+    // clang-format off
+    const wchar_t* const kRows[][3] = { // read, entered, sent
+        {L"0.85", L"1", L"1.00"}, {L"0.85", L"007.5", L"7.50"}, {L"0.8", L"0.8", L"0.8"}, // as read
+        {L"0.85", L"18.9", L"18.9"}}; // as in the table
+    // clang-format on
+    for (const auto& [asRead, typed, expected] : kRows) {
+        PowerConsumptionData read;
+        read.monitorType = L"LED";
+        read.monitorSize = L"24.00";
+        read.monitorOnPower = asRead;
+        PowerConsumptionData sent = read;
+        sent.monitorOnPower = typed;
+        sent = RecordToSend(read, sent, false);
+        EXPECT_EQ(std::wstring(sent.monitorOnPower), expected);
+        EXPECT_EQ(sent.manualSetFlag == L"Yes", std::wstring_view(asRead) != typed);
+    }
+    EXPECT_TRUE(RecordToSend({}, {}, true).manualSetFlag == L"Yes") << "an entry is manual even unchanged";
+    EXPECT_EQ(ProfileOf({}).monitorOn, 21.23F) << "the default monitor";
 }
 
 } // namespace
