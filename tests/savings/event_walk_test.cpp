@@ -75,13 +75,11 @@ const Day kDays[] = {
     {L"Detime 00", {86400}, {{0, 0}}}, {L"Setime 06|Duratn 60|Duratn 480", {64800, 0, 0, 0, 0, 21600}},
     {L"Setime 06|Duratn 240|Duratn 480", {64800, 0, 0, 0, 7200, 14400}},
     {L"Setime 06|Duratn 600|Duratn 480", {64800, 0, 0, 0, 21600}},
-    {L"Setime 06|Duratn 0|Duratn 480", {64800, 0, 0, 0, 21600}},
     {L"Setime 06|Dstime 07|Detime 07:01", {64740, 0, 60, 0, 21600}}, {L"=Foobar # 1|Metime 02", {86400}},
     // Open to the day's end, or until now.
     {L"Istime 23|=Pwrcon # 2|=Pwrsav # -0.5", {82801, 3599}, {{3, 3600}}, kLater, 2, -0.5},
     {L"Istime 22|Mstime 22:30", {79201, 1800, 0, 5399}, {{4, 7200}}},
     {L"Sdtime 20|=Pwrsav # 0.5", {72001, 0, 0, 0, 0, 0, 14399, 14399}, {}, kLater, 0, 0.5},
-    {L"Qptime 23", {82801, 0, 0, 0, 0, 0, 3599}},
     {L"Istime 22|Dstime 22:10|Detime 22:20", {79201, 6599, 600}, {{4, 7200}}},
     {L"Istime 12|Qstime 12:10", {43200, 600, 0, 0, 3000}, {{4, 3601}}, {2024, 2, 29, 13, 0, 0}},
     {L"Istime 11", {36000}, {{0, 1}}, {2024, 2, 29, 10, 0, 0}}, {L"Istime 00", {0}, {{0, 1}}, {2024, 2, 29, 0, 0, 0}},
@@ -132,8 +130,6 @@ TEST(EventWalkTest, FailureLeavesNothing)
     EXPECT_FALSE(WalkDay(EventLines(L"=failure|Istime 10"), kLater, report));
     EXPECT_TRUE(report.durations == DayDurations() && report.histogram == IdleHistogram());
     EXPECT_TRUE(WalkDay(EventLines(L"=Failure of the disk"), kLater, report));
-    EXPECT_EQ(EventPath(L"<vltp><response><status>Failure</status></response></vltp>"), L"//response/*");
-    EXPECT_EQ(EventPath(L"<vltp><details/></vltp>"), L"//details/*");
 }
 
 // What an answer turns out to be.
@@ -191,11 +187,10 @@ TEST(EventLinesTest, CutsLinesAndReadsPowerFigures)
 // A line of any code at any time, perhaps damaged.
 std::wstring RandomLine(std::mt19937& random)
 {
-    constexpr const wchar_t* kCodes[] = {L"Istime", L"Ietime", L"Dstime", L"Detime", L"Mstime", L"Metime", L"Qstime",
-        L"Qetime", L"Sbtime", L"Setime", L"Duratn", L"Hstime", L"Hetime", L"Qhtime", L"QHetme", L"Qptime", L"QUptme",
-        L"QAgtme", L"Sdtime", L"SUptme", L"Duratn", L"Xxtime"};
+    constexpr std::wstring_view kCodes = L"IstimeIetimeDstimeDetimeMstimeMetimeQstimeQetimeSbtimeSetimeDuratnHstime"
+                                         L"HetimeQhtimeQHetmeQptimeQUptmeQAgtmeSdtimeSUptmeDuratnXxtime";
     const auto number = [&random](unsigned below) { return std::to_wstring(random() % below); };
-    const std::wstring code = kCodes[random() % std::size(kCodes)];
+    const std::wstring code(kCodes.substr(random() % 22 * 6, 6));
     if (code == L"Duratn")
         return code + L" # " + number(200);
     return code + L" # 2024/05/" + number(40) + L" " + number(25) + L":" + number(61) + L":" + number(60);
@@ -222,10 +217,9 @@ TEST(EventWalkTest, WhatHoldsForEveryDay)
         ASSERT_EQ(d.poweredOn + d.offInAll, isToday ? now.hour * 3600 + 1815 : 86400);
         ASSERT_EQ(d.poweredOn, d.active + d.idleWithoutSavings + d.standby + d.monitorOff + d.dim);
         ASSERT_TRUE(d.active == d.activeAgain && d.offInAll == d.hibernate + d.off);
-        ASSERT_TRUE(d.idleWithoutSavings >= 0 && d.dim >= 0 && d.monitorOff >= 0);
-        ASSERT_TRUE(d.timedStandby >= 0 && d.timedStandby <= d.standby);
-        ASSERT_TRUE(d.hibernateUponIdle >= 0 && d.hibernateUponIdle <= d.hibernate);
-        ASSERT_TRUE(d.shutdown >= 0 && d.shutdown <= d.off);
+        for (const auto& [part, whole] : {std::pair(d.timedStandby, d.standby), {d.hibernateUponIdle, d.hibernate},
+                 {d.shutdown, d.off}, {0, d.dim}, {0, d.monitorOff}, {0, d.idleWithoutSavings}})
+            ASSERT_TRUE(part >= 0 && part <= whole);
         ASSERT_EQ(std::accumulate(h.seconds.begin(), h.seconds.end(), std::int64_t{0}), h.totalSeconds);
     }
 }

@@ -88,19 +88,6 @@ TEST(ReportTest, Texts)
     EXPECT_EQ(PickerDate({2024, 2, 9}), L"9/02/2024");
 }
 
-// 66.23 W while idle: 240 s are 0.0044, 7200 s are 0.13246 kWh.
-TEST(ReportTest, IdlePattern)
-{
-    IdleHistogram histogram;
-    histogram.Enter(240);
-    histogram.Enter(7200);
-    const ReportRows idle = IdlePatternRows(histogram, Profile(L"LCD", L"21.23", L"0.49"));
-    ASSERT_EQ(idle.size(), 8U);
-    EXPECT_EQ(idle[0], (ReportRow{L"0 - 5 mins", L"1", L"0 Hrs : 4 Mins", L"0.004 kWh"}));
-    EXPECT_EQ(idle[4], (ReportRow{L"1 hr - 2 hrs", L"1", L"2 Hrs : 0 Mins", L"0.132 kWh"}));
-    EXPECT_EQ(idle[7], (ReportRow{L"Total Idle hrs", L"2", L"2 Hrs : 4 Mins", L"0.137 kWh"}));
-}
-
 TEST(MonitorTableTest, RowsByTypeAndSize)
 {
     EXPECT_TRUE(MonitorsOfType(L"lcd").size() == 16 && MonitorsOfType(L"Branded").empty());
