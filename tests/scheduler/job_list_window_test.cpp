@@ -131,7 +131,7 @@ TEST(JobListWindowTest, OddAnswers)
 {
     using F = FaultKind;
     constexpr wchar_t kBad[] = L"Job Scheduler", kLost[] = L"Connection Issue";
-    constexpr std::pair<F, const wchar_t*> kRows[] = {{F::None, nullptr}, {F::ByteByByte, nullptr},
+    const std::pair<F, const wchar_t*> kRows[] = {{F::None, nullptr}, {F::ByteByByte, nullptr},
         {F::NotWellFormed, kBad}, {F::Doctype, kBad}, {F::Status, kBad}, {F::ManyElements, kLost}, {F::Silent, kLost},
         {F::CloseMidFrame, kLost}, {F::HugeLength, kLost}};
     SchedulerProgram program;
