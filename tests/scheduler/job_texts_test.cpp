@@ -28,25 +28,18 @@ TEST(JobTextsTest, Rows)
 {
     ScheduledJob job;
     job.name = L"Nightly";
-    job.description = L"all disks";
     job.startTime = L"23:30:00";
     job.tasks.resize(2);
     job.powerOffType = L"Shutdown"; // left over from before the power-off was switched off
     job.idleMinutes = 10;
     using Row = std::array<std::wstring, 7>;
-    EXPECT_EQ(JobRow(job), (Row{L"Nightly", L"all disks", L"23:30:00", L"*******", L"2", L"", L""}));
+    EXPECT_EQ(JobRow(job), (Row{L"Nightly", L"", L"23:30:00", L"*******", L"2", L"", L""}));
     job.powerOff = true;
     job.kind = ScheduleKind::OnDate;
     job.date = L"2024-02-29";
-    EXPECT_EQ(JobRow(job),
-        (Row{L"Nightly", L"all disks", L"23:30:00", L"On Date(2024-02-29)", L"2", L"Shutdown", L"10 Mins"}));
+    EXPECT_EQ(JobRow(job), (Row{L"Nightly", L"", L"23:30:00", L"On Date(2024-02-29)", L"2", L"Shutdown", L"10 Mins"}));
     job.idleMinutes = 50; // shown as the next longer choice
     EXPECT_EQ(JobRow(job)[6], L"1 Hr");
-    job.kind = ScheduleKind::Weekly;
-    EXPECT_EQ(ScheduleText(job), L"Weekly");
-    job.kind = ScheduleKind::Monthly;
-    EXPECT_EQ(ScheduleText(job), L"Monthly");
-
     using Cells = std::array<std::wstring, 3>;
     EXPECT_EQ(TaskRow({L"a.exe", L"-x", true, 60, L"17:00:00"}), (Cells{L"a.exe", L"17:00:00", L"1 Hour"}));
     EXPECT_EQ(TaskRow({L"a.exe", L"-x", false, 60, L"17:00:00"}), (Cells{L"a.exe", L"17:00:00", L""}));
@@ -54,8 +47,7 @@ TEST(JobTextsTest, Rows)
 
 TEST(JobTextsTest, TimesAndDates)
 {
-    EXPECT_EQ(TimeText({8, 5, 0}), L"08:05:00");
-    EXPECT_EQ(DateText({2024, 2, 29}), L"2024-02-29");
+    EXPECT_EQ(TimeText({8, 5, 0}) + L" " + DateText({2024, 2, 29}), L"08:05:00 2024-02-29");
     EXPECT_EQ(ParseTime(L"08:05:09"), (TimeOfDay{8, 5, 9}));
     EXPECT_EQ(ParseDate(L"2024-02-29"), (CalendarDate{2024, 2, 29}));
     for (const wchar_t* text :
@@ -69,30 +61,26 @@ TEST(JobTextsTest, TimesAndDates)
 TEST(JobTextsTest, NextRuns)
 {
     using K = ScheduleKind;
+    constexpr wchar_t kNever[] = L"This job does not run again.", kUnknown[] = L"The next run is not known.";
     const struct {
         K kind;
-        const wchar_t* startTime;
-        const wchar_t* date;     // OnDate; "first-last" for Monthly
-        std::vector<int> chosen; // week days, Sunday 0; months, January 0
-        const wchar_t* text;
+        const wchar_t *startTime, *date; // OnDate; "first-last" for Monthly
+        std::vector<std::size_t> chosen; // week days, Sunday 0; months, January 0
+        const wchar_t* text;             // "*" for "Next run: "
     } kRows[] = {
-        {K::Daily, L"12:00:01", L"", {}, L"Next run: today at 12:00:01"},
-        {K::Daily, L"12:00:00", L"", {}, L"Next run: tomorrow at 12:00:00"},
-        {K::Daily, L"", L"", {}, L"The next run is not known."},
-        {K::OnDate, L"13:00:00", L"2024-02-28", {}, L"Next run: today at 13:00:00"},
-        {K::OnDate, L"11:00:00", L"2024-02-28", {}, L"This job does not run again."},
-        {K::OnDate, L"11:00:00", L"2023-12-31", {}, L"This job does not run again."},
-        {K::OnDate, L"11:00:00", L"2055-01-01", {}, L"Next run: Friday, 2055-01-01 at 11:00:00"},
-        {K::OnDate, L"11:00:00", L"garbage", {}, L"The next run is not known."},
-        {K::Weekly, L"11:00:00", L"", {3}, L"Next run: Wednesday, 2024-03-06 at 11:00:00"},
-        {K::Weekly, L"11:00:00", L"", {0, 5}, L"Next run: Friday, 2024-03-01 at 11:00:00"},
-        {K::Weekly, L"11:00:00", L"", {}, L"This job does not run again."},
-        {K::Monthly, L"11:00:00", L"01-31", {1}, L"Next run: tomorrow at 11:00:00"},
-        {K::Monthly, L"11:00:00", L"01-28", {1}, L"Next run: Saturday, 2025-02-01 at 11:00:00"},
-        {K::Monthly, L"11:00:00", L"29-29", {1, 11}, L"Next run: tomorrow at 11:00:00"},
-        {K::Monthly, L"11:00:00", L"31-31", {3, 4}, L"Next run: Friday, 2024-05-31 at 11:00:00"},
-        {K::Monthly, L"11:00:00", L"30-31", {1}, L"This job does not run again."},
-        {K::Monthly, L"11:00:00", L"20-10", {0}, L"This job does not run again."},
+        // clang-format off
+        {K::Daily, L"12:00:01", L"", {}, L"*today at 12:00:01"}, {K::Daily, L"12:00:00", L"", {}, L"*tomorrow at 12:00:00"},
+        {K::Daily, L"", L"", {}, kUnknown}, {K::OnDate, L"13:00:00", L"2024-02-28", {}, L"*today at 13:00:00"},
+        {K::OnDate, L"11:00:00", L"2024-02-28", {}, kNever}, {K::OnDate, L"11:00:00", L"2023-12-31", {}, kNever},
+        {K::OnDate, L"11:00:00", L"2055-01-01", {}, L"*Friday, 2055-01-01 at 11:00:00"},
+        {K::OnDate, L"11:00:00", L"garbage", {}, kUnknown}, {K::Weekly, L"11:00:00", L"", {}, kNever},
+        {K::Weekly, L"11:00:00", L"", {3}, L"*Wednesday, 2024-03-06 at 11:00:00"},
+        {K::Weekly, L"11:00:00", L"", {0, 5}, L"*Friday, 2024-03-01 at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"01-31", {1}, L"*tomorrow at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"01-28", {1}, L"*Saturday, 2025-02-01 at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"31-31", {3, 4}, L"*Friday, 2024-05-31 at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"30-31", {1}, kNever}, {K::Monthly, L"11:00:00", L"20-10", {0}, kNever},
+        // clang-format on
     };
     for (const auto& row : kRows) {
         ScheduledJob job;
@@ -104,11 +92,10 @@ TEST(JobTextsTest, NextRuns)
             job.monthStartDay = std::wstring_view(row.date).substr(0, 2);
             job.monthEndDay = std::wstring_view(row.date).substr(3);
         }
-        for (const int i : row.chosen)
-            (row.kind == K::Weekly ? job.weekDays[static_cast<std::size_t>(i)]
-                                   : job.months[static_cast<std::size_t>(i)])
-                = true;
-        EXPECT_EQ(NextRunText(job, {2024, 2, 28}, {12, 0, 0}), row.text) << row.date;
+        for (const std::size_t i : row.chosen)
+            (row.kind == K::Weekly ? job.weekDays[i] : job.months[i]) = true;
+        const std::wstring text = row.text[0] == L'*' ? L"Next run: " + std::wstring(row.text + 1) : row.text;
+        EXPECT_EQ(NextRunText(job, {2024, 2, 28}, {12, 0, 0}), text) << row.date;
         job.enabled = false;
         EXPECT_EQ(NextRunText(job, {2024, 2, 28}, {12, 0, 0}), L"This job is not enabled and does not run.");
     }

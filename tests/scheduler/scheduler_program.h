@@ -10,10 +10,8 @@
 
 namespace voltaro {
 
-inline constexpr auto kList = WindowId::JobList;
-inline constexpr auto kEditor = WindowId::JobEditor;
-inline constexpr auto kActions = WindowId::JobActions;
-inline constexpr auto kTasks = WindowId::JobTasks;
+inline constexpr auto kList = WindowId::JobList, kEditor = WindowId::JobEditor, kActions = WindowId::JobActions,
+                      kTasks = WindowId::JobTasks;
 
 // One thing that the user does: a button, box or radio is clicked, anything else takes the text.
 struct Step {
@@ -35,8 +33,7 @@ struct SchedulerProgram : ConsoleProgram {
     void Do(std::initializer_list<Step> steps)
     {
         for (const Step& step : steps) {
-            const HWND window = WindowOf(step.window);
-            const HWND control = Labelled(window, step.label);
+            const HWND window = WindowOf(step.window), control = Labelled(window, step.label);
             const int id = GetDlgCtrlID(control);
             const std::wstring kind = ClassOf(control);
             if (kind == DATETIMEPICK_CLASSW)
