@@ -65,7 +65,7 @@ TEST(SettingsRulesTest, ASnoozeAlertThatIsOffHasFixedTimes)
     for (const SnoozeSettings& expected : kRows) {
         SnoozeSettings edited{expected.idleAlert, expected.schedulerAlert, L"3", L"30", L"60"};
         EXPECT_EQ(CompleteSnoozeSettings(edited), kNoFault);
-        EXPECT_TRUE(edited == expected) << expected.idleAlert << L"|" << expected.schedulerAlert;
+        EXPECT_TRUE(edited == expected) << expected.idleAlert.c_str();
     }
     for (const wchar_t* noChoice : {L"", L"5", L"5 mins", L"60 Mins"})
         EXPECT_EQ(MinutesOf(noChoice), L"") << noChoice;

@@ -12,8 +12,7 @@ namespace {
 
 TEST(Liveness, AWaitAnswersProbesAndPaintsButLeavesInput)
 {
-    int paints = 0;
-    int keys = 0;
+    int paints = 0, keys = 0;
     const TestWindow window([&](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (message == WM_PAINT) {
             ++paints;
@@ -68,9 +67,7 @@ TEST(Liveness, EndsEarlyAndLeavesTheQuitMessage)
     EXPECT_TRUE(WaitAlive(50));
     EXPECT_LT(GetTickCount64() - start, 1000u);
     MSG message;
-    ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
-    while (message.message != WM_QUIT)
-        ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+    ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(message.wParam, 5u);
 }
 

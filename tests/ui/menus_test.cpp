@@ -23,7 +23,6 @@ TEST(Menus, ASharedPopupOutlivesTheMenusThatShowIt)
         const UniqueMenu tray = BuildPopup(kTrayRows, std::size(kTrayRows), pause.Get());
         ASSERT_EQ(GetMenuItemCount(bar.Get()), 2);
         const HMENU file = GetSubMenu(bar.Get(), 0);
-        ASSERT_EQ(GetMenuItemCount(file), 4);
         EXPECT_EQ(GetSubMenu(file, 1), pause.Get());
         EXPECT_NE(GetMenuState(file, 2, MF_BYPOSITION) & MF_SEPARATOR, 0u);
         EnableItem(bar.Get(), 31, false);
