@@ -61,11 +61,10 @@ TEST(AgentFaultTest, EveryKindDoesWhatItSays)
     // clang-format on
     for (const auto& row : kCases) {
         const Delivery sent = Faulted(row.fault);
-        EXPECT_EQ(sent.bytes.size(), row.bytes) << row.fault;
-        EXPECT_EQ(HeaderOf(sent), row.header) << row.fault;
-        EXPECT_EQ(std::tuple(sent.pieceSize, sent.delayMs, sent.pauseMs, sent.ending),
-            std::tuple(row.pieceSize, row.delayMs, row.pauseMs, row.ending))
-            << row.fault;
+        EXPECT_EQ(std::tuple(sent.bytes.size(), HeaderOf(sent)), std::tuple(row.bytes, row.header)) << row.fault;
+        EXPECT_EQ(std::tuple(sent.pieceSize, sent.delayMs, sent.pauseMs),
+            std::tuple(row.pieceSize, row.delayMs, row.pauseMs));
+        EXPECT_EQ(sent.ending, row.ending) << row.fault;
     }
     for (const wchar_t* unknown : {L"", L"explode", L"slo", L":5"})
         EXPECT_FALSE(ParseFault(unknown)) << unknown;
@@ -73,17 +72,16 @@ TEST(AgentFaultTest, EveryKindDoesWhatItSays)
 
 TEST(AgentFaultTest, ChangesTheDocument)
 {
-    EXPECT_EQ(TextOf(Faulted(L"status:License Expired")),
-        L"<?xml version=\"1.0\"?><vltp version=\"1.0\"><response><status>License Expired</status></response></vltp>");
+    const auto has = [](const wchar_t* fault, const wchar_t* part) {
+        EXPECT_NE(TextOf(Faulted(fault)).find(part), std::wstring::npos) << fault << part;
+    };
     EXPECT_EQ(TextOf(Faulted(L"not-well-formed")), kDocument.substr(0, kDocument.size() - 12));
-    EXPECT_NE(TextOf(Faulted(L"long-texts:5")).find(L"<a>1xxxx</a><b>2xxxx</b>"), std::wstring::npos);
-    EXPECT_NE(TextOf(Faulted(L"many-elements:4"))
-                  .find(L"<response><details><a>1</a><b>2</b><b>2</b><b>2</b></details>"
-                        L"<details><a>1</a><b>2</b></details>"),
-        std::wstring::npos);
-    const std::wstring doctype = TextOf(Faulted(L"doctype"));
-    EXPECT_EQ(doctype.find(L"<?xml version=\"1.0\"?><!DOCTYPE vltp [<!ENTITY e0 "), 0u);
-    EXPECT_NE(doctype.find(L"]><vltp version=\"1.0\"><response><details><a>1&e5;</a>"), std::wstring::npos);
+    has(L"status:License Expired",
+        L"<vltp version=\"1.0\"><response><status>License Expired</status></response></vltp>");
+    has(L"long-texts:5", L"<a>1xxxx</a><b>2xxxx</b>");
+    has(L"many-elements:4", L"<a>1</a><b>2</b><b>2</b><b>2</b></details><details><a>1</a><b>2</b></details>");
+    has(L"doctype", L"<?xml version=\"1.0\"?><!DOCTYPE vltp [<!ENTITY e0 ");
+    has(L"doctype", L"]><vltp version=\"1.0\"><response><details><a>1&e5;</a>");
     const std::wstring script = L"any & thing";
     EXPECT_EQ(TextOf(Faulted(L"none", &script)), script);
     EXPECT_EQ(TextOf(Faulted(L"long-texts", &script)), script); // a script has no elements to grow
