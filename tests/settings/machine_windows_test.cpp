@@ -34,20 +34,17 @@ TEST(SystemInfoTest, TheLoadFillsAllPagesAndCopyAllTakesThem)
 {
     ConsoleProgram program;
     program.Load();
-    const struct {
-        WindowId page;
-        const wchar_t* list;
-        int rows;
-        const wchar_t *name, *value; // of the first row
-    } kLists[] = {
-        {WindowId::SystemInfoCpu, L"CPU Exceptions List", 15, L"Processor",
-            L"Harrowgate HX4 Quad Core Processor @ 2.40GHz"},
-        {WindowId::SystemInfoOs, L"CPU Exceptions List", 14, L"OSName", L"Microsoft Windows 10 Pro"},
-        {WindowId::SystemInfoPower, L"Power Exceptions List", 12, L"StandbySupported", L"Yes"},
+    // Rows of each list, and the first of them.
+    // clang-format off
+    const struct { WindowId page; const wchar_t* list; int rows; const wchar_t *name, *value; } kLists[] = {
+        {WindowId::SystemInfoCpu,     L"CPU Exceptions List",   15, L"Processor", L"Harrowgate HX4 Quad Core Processor @ 2.40GHz"},
+        {WindowId::SystemInfoOs,      L"CPU Exceptions List",   14, L"OSName", L"Microsoft Windows 10 Pro"},
+        {WindowId::SystemInfoPower,   L"Power Exceptions List", 12, L"StandbySupported", L"Yes"},
         {WindowId::SystemInfoNetwork, L"Power Exceptions List", 22, L"AdapterName", L"Gigabit Network Connection"},
-        {WindowId::SystemInfoDisks, L"Physical Disk List", 16, L"Model", L"Harrowgate NV-512"},
-        {WindowId::SystemInfoDisks, L"Logical Disk List", 24, L"Drive", L"C:"},
+        {WindowId::SystemInfoDisks,   L"Physical Disk List",    16, L"Model", L"Harrowgate NV-512"},
+        {WindowId::SystemInfoDisks,   L"Logical Disk List",     24, L"Drive", L"C:"},
     };
+    // clang-format on
     for (const auto& row : kLists) {
         const HWND list = Child(row.page, row.list);
         EXPECT_EQ(RowCount(list), row.rows) << row.list;
@@ -68,9 +65,7 @@ TEST(SystemInfoTest, TheLoadFillsAllPagesAndCopyAllTakesThem)
     const std::wstring text(static_cast<const wchar_t*>(GlobalLock(data)));
     GlobalUnlock(data);
     CloseClipboard();
-    for (const wchar_t* part :
-        {L"CPU\r\nDescription\tValue\r\nProcessor\t", L"Logical Disks\r\nDescription\tValue\r\nDrive\tC:\r\n"})
-        EXPECT_NE(text.find(part), std::wstring::npos) << part;
+    EXPECT_EQ(text.find(L"CPU\r\nDescription\tValue\r\nProcessor\t"), 0u);
     SendMessageW(WindowOf(WindowId::SystemInfo), WM_CLOSE, 0, 0);
     EXPECT_FALSE(IsWindowVisible(WindowOf(WindowId::SystemInfo)));
     EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
@@ -91,7 +86,6 @@ TEST(SystemInfoTest, RefreshKeepsTheUsersPlace)
     EXPECT_TRUE(IsBusyShown());
     EXPECT_FALSE(IsWindowEnabled(Child(WindowId::SystemInfo, L"Refresh")));
     AwaitRefresh();
-    EXPECT_FALSE(IsBusyShown());
     EXPECT_NE(program.LastRequest(L"GetSystemDetails")
                   .find(L"<operation>GetSystemDetails</operation>\r\n\t\t<type>Refresh</type>\r\n\t</request>"),
         std::wstring::npos);

@@ -177,10 +177,8 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
     constexpr const wchar_t* kPort = L"Invalid Port Number";
     constexpr const wchar_t* kRange = L"Please enter an integer value in the range (1024 – 65535) as the port number.";
     constexpr const wchar_t* kProxyRange = L"Proxy port should be a non zero numeric value in range ( 1 - 65535 ) .";
-    const struct {
-        std::size_t editor;
-        const wchar_t *label, *text, *caption, *message;
-    } kRows[] = {
+    // clang-format off
+    const struct { std::size_t editor; const wchar_t *label, *text, *caption, *message; } kRows[] = {
         {0, L"UDP Port :", L"", kPort, L"UDP port cannot be blank."},
         {0, L"UDP Port :", L"65536", kPort, kRange},
         {0, L"TCP Port :", L"", kPort, L"TCP port cannot be blank."},
@@ -190,6 +188,7 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
         {1, L"Port No      :", L"99999999999", kPort, kProxyRange},
         {1, L"Proxy Server :", L"", L"Blank Proxy Server ", L"Proxy Server name cannot be blank."},
     };
+    // clang-format on
     BoxScript boxes{};
     for (const auto& row : kRows) {
         Open(kEditors[row.editor]);
@@ -210,21 +209,17 @@ TEST_F(RecordWindows, TellWhatTheAgentAnswered)
     for (const Editor& editor : kEditors) {
         SCOPED_TRACE(editor.apply);
         const Operations applied = {kGate, editor.apply, editor.read}, refused = {kGate, editor.apply};
-        const struct {
-            const wchar_t* operation;
-            simulator::Fault fault;
-            const wchar_t *caption, *text;
-            Operations sent;
-        } kRows[] = {
+        // clang-format off
+        const struct { const wchar_t* operation; simulator::Fault fault; const wchar_t *caption, *text; Operations sent; } kRows[] = {
             {editor.apply, {FaultKind::Status, L"success"}, editor.done, L"", applied},
             {editor.apply, {FaultKind::Status, L"Permission denied"}, editor.failed, editor.failure, refused},
             {editor.apply, {FaultKind::Garbage, {}}, editor.failed, editor.failure, refused},
-            {editor.apply, {FaultKind::Status, L"License Expired"}, L"Unable to Set", L"The license of Voltaro on",
-                {kGate, editor.apply, kGate}},
+            {editor.apply, {FaultKind::Status, L"License Expired"}, L"Unable to Set", L"The license of Voltaro on", {kGate, editor.apply, kGate}},
             {kGate, {FaultKind::Status, L"Not Activated"}, L"Unable to Set", L"'Localhost' is not activated.", {kGate}},
             {kGate, {FaultKind::None, {}}, editor.done, L"", applied},
             {editor.apply, {FaultKind::CloseAtOnce, {}}, L"Connection Issue", L"", refused},
         };
+        // clang-format on
         for (const auto& row : kRows) {
             m_program.Agent().ClearFaults();
             Open(editor);

@@ -39,22 +39,19 @@ TEST(SettingsRulesTest, PortsAreTheirLeadingDigitsInRange)
 
 TEST(SettingsRulesTest, AProxyIsCheckedOnlyWhereItIsUsed)
 {
-    const struct {
-        const wchar_t *proxy, *server, *port, *authentication, *user;
-        std::size_t fault;
-    } kRows[] = {
-        {L"Yes", L"", L"", L"Yes", L"", kServerBlank},
-        {L"Yes", L"proxy", L"", L"Yes", L"", kProxyPortBlank},
-        {L"yes", L"proxy", L"0", L"Yes", L"", kProxyPortOutOfRange},
-        {L"Yes", L"proxy", L"65535", L"Yes", L"", kUserNameBlank},
-        {L"Yes", L"proxy", L"8080", L"Yes", L"jan", kNoFault},
-        {L"No", L"", L"", L"Yes", L"", kNoFault},
-        {L"No", L"", L"99999", L"No", L"", kNoFault},
+    const std::pair<ProxySettings, std::size_t> kRows[] = {
+        {{L"Yes", L"", L"", L"Yes", L"", L"", L""}, kServerBlank},
+        {{L"Yes", L"proxy", L"", L"Yes", L"", L"", L""}, kProxyPortBlank},
+        {{L"yes", L"proxy", L"0", L"Yes", L"", L"", L""}, kProxyPortOutOfRange},
+        {{L"Yes", L"proxy", L"65535", L"Yes", L"", L"", L""}, kUserNameBlank},
+        {{L"Yes", L"proxy", L"8080", L"Yes", L"jan", L"", L""}, kNoFault},
+        {{L"No", L"", L"", L"Yes", L"", L"", L""}, kNoFault},
+        {{L"No", L"", L"99999", L"No", L"", L"", L""}, kNoFault},
     };
-    for (const auto& row : kRows) {
-        ProxySettings edited{row.proxy, row.server, row.port, row.authentication, row.user, L"", L"No"};
-        EXPECT_EQ(CheckProxySettings(edited), row.fault) << row.server << L"|" << row.port;
-        EXPECT_EQ(edited.port, row.port);
+    for (const auto& [settings, fault] : kRows) {
+        ProxySettings edited = settings;
+        EXPECT_EQ(CheckProxySettings(edited), fault) << settings.port.c_str();
+        EXPECT_TRUE(edited == settings);
     }
 }
 
@@ -73,18 +70,12 @@ TEST(SettingsRulesTest, ASnoozeAlertThatIsOffHasFixedTimes)
 
 TEST(SettingsRulesTest, AFeatureThatCannotBeControlledStays)
 {
-    const struct {
-        const wchar_t* current;
-        bool controllable, disabled;
-        const wchar_t *checked, *unchecked;
-    } kRows[] = {
-        {L"yes", true, true, L"YES", L"NO"},
-        {L"No", true, false, L"YES", L"NO"},
-        {L"", true, false, L"YES", L"NO"},
-        {L"NAN", true, false, L"YES", L"NO"},
-        {L"NA", false, false, L"NA", L"NA"},
-        {L"na", false, false, L"NA", L"NA"},
+    // clang-format off
+    const struct { const wchar_t* current; bool controllable, disabled; const wchar_t *checked, *unchecked; } kRows[] = {
+        {L"yes", true, true, L"YES", L"NO"}, {L"No", true, false, L"YES", L"NO"},  {L"", true, false, L"YES", L"NO"},
+        {L"NAN", true, false, L"YES", L"NO"}, {L"NA", false, false, L"NA", L"NA"}, {L"na", false, false, L"NA", L"NA"},
     };
+    // clang-format on
     for (const auto& row : kRows) {
         EXPECT_EQ(IsControllable(row.current), row.controllable) << row.current;
         EXPECT_EQ(IsFeatureDisabled(row.current), row.disabled) << row.current;

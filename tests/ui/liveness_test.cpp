@@ -71,16 +71,5 @@ TEST(Liveness, EndsEarlyAndLeavesTheQuitMessage)
     EXPECT_EQ(message.wParam, 5u);
 }
 
-TEST(Liveness, TheWaitCursorIsRestored)
-{
-    const HCURSOR before = SetCursor(LoadCursorW(nullptr, IDC_CROSS));
-    {
-        const WaitCursor outer;
-        const WaitCursor inner;
-        EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
-    }
-    EXPECT_EQ(SetCursor(before), LoadCursorW(nullptr, IDC_CROSS));
-}
-
 } // namespace
 } // namespace voltaro
