@@ -2,44 +2,34 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace voltaro {
 namespace {
 
-Element Group(const wchar_t* name, std::initializer_list<Element> children)
-{
-    return {name, L"", children};
-}
-
 TEST(MachineFactsTest, LogoOfTheSystemName)
 {
-    const struct {
-        const wchar_t* name;
-        SystemLogo logo;
-    } kRows[] = {
-        {L"Microsoft Windows 10 Pro", SystemLogo::Panes},
-        {L"Windows by Microsoft on Ubuntu Linux", SystemLogo::Panes},
-        {L"Windows 10", SystemLogo::None},
-        {L"microsoft windows", SystemLogo::None},
-        {L"Ubuntu 22.04 Linux", SystemLogo::Ring},
-        {L"xubuntu", SystemLogo::Ring},
-        {L"UBUNTU", SystemLogo::None},
-        {L"Debian GNU/Linux", SystemLogo::Prompt},
-        {L"linux", SystemLogo::None},
-        {L"", SystemLogo::None},
+    const std::pair<SystemLogo, std::vector<const wchar_t*>> kRows[] = {
+        {SystemLogo::Panes, {L"Microsoft Windows 10 Pro", L"Windows by Microsoft on Ubuntu Linux"}},
+        {SystemLogo::Ring, {L"Ubuntu 22.04 Linux", L"xubuntu"}},
+        {SystemLogo::Prompt, {L"Debian GNU/Linux"}},
+        {SystemLogo::None, {L"Windows 10", L"microsoft windows", L"UBUNTU", L"linux", L""}},
     };
-    for (const auto& row : kRows)
-        EXPECT_EQ(LogoOf(row.name), row.logo) << row.name;
+    for (const auto& [logo, names] : kRows)
+        for (const wchar_t* name : names)
+            EXPECT_EQ(LogoOf(name), logo) << name;
 }
 
 TEST(MachineFactsTest, AllSectionsAsText)
 {
-    const Element details = Group(L"details",
-        {Group(L"CPUInfo", {TextElement(L"Name", L"HX4\twith\nbreaks")}),
-            Group(L"OSInfo", {TextElement(L"OSName", L"Debian GNU/Linux")}), Group(L"PowerCapabilities", {}),
-            Group(L"NetworkInfo",
-                {Group(L"Adapter", {TextElement(L"IP", L"192.168.20.47")}),
-                    Group(L"Adapter", {TextElement(L"IP", L"")})}),
-            Group(L"LogicalDiskInfo", {Group(L"LogicalDisk", {TextElement(L"Drive", L"C:")})})});
+    // clang-format off
+    const Element details{L"details", L"", {
+        {L"CPUInfo", L"", {TextElement(L"Name", L"HX4\twith\nbreaks")}},
+        {L"OSInfo", L"", {TextElement(L"OSName", L"Debian GNU/Linux")}}, {L"PowerCapabilities", L"", {}},
+        {L"NetworkInfo", L"", {{L"Adapter", L"", {TextElement(L"IP", L"192.168.20.47")}},
+                               {L"Adapter", L"", {TextElement(L"IP", L"")}}}},
+        {L"LogicalDiskInfo", L"", {{L"LogicalDisk", L"", {TextElement(L"Drive", L"C:")}}}}}};
+    // clang-format on
     SystemDetails machine;
     machine.Read(&details);
     EXPECT_EQ(SystemName(machine), L"Debian GNU/Linux");
@@ -54,32 +44,23 @@ TEST(MachineFactsTest, AllSectionsAsText)
 
 TEST(MachineFactsTest, Battery)
 {
-    const auto battery = [](std::initializer_list<const wchar_t*> values) {
-        BatteryInfo info;
+    const std::tuple<std::vector<const wchar_t*>, int, const wchar_t*> kRows[] = {
+        {{}, 0, L""},
+        {{L"On AC", L"No System battery", L"", L""}, 0, L"No System battery"},
+        {{L"On AC", L"Charging", L"87 %", L"3 Hrs : 25 Mins"}, 87, L"Charging,  remaining time 3 Hrs : 25 Mins"},
+        {{L"On Battery", L"", L"250 %", L"2 Hrs"}, 100, L"2 Hrs"},
+        {{L"On Battery", L"Discharging", L"-7", L"", L"11.40 V"}, 0, L"Discharging"},
+    };
+    BatteryInfo info;
+    for (const auto& [values, percent, line] : kRows) {
+        info.rows.clear();
         for (const wchar_t* value : values)
             info.rows.push_back({L"Element", value});
-        return info;
-    };
-    const struct {
-        BatteryInfo info;
-        int percent;
-        const wchar_t* line;
-    } kRows[] = {
-        {battery({}), 0, L""},
-        {battery({L"On AC", L"No System battery", L"", L""}), 0, L"No System battery"},
-        {battery({L"On AC", L"Charging", L"87 %", L"3 Hrs : 25 Mins"}), 87,
-            L"Charging,  remaining time 3 Hrs : 25 Mins"},
-        {battery({L"On Battery", L"", L"250 %", L"2 Hrs"}), 100, L"2 Hrs"},
-        {battery({L"On Battery", L"Discharging", L"-7"}), 0, L"Discharging"},
-    };
-    for (const auto& row : kRows) {
-        EXPECT_EQ(ChargePercent(row.info), row.percent) << row.line;
-        EXPECT_EQ(BatteryStatusLine(row.info), row.line);
+        EXPECT_EQ(ChargePercent(info), percent) << line;
+        EXPECT_EQ(BatteryStatusLine(info), line);
     }
-    BatteryInfo five = battery({L"", L"", L"", L"", L"11.40 V"});
-    five.rows[4].name = L"Voltage";
-    EXPECT_STREQ(BatteryLabel(five, 3), L"Remaining Time");
-    EXPECT_STREQ(BatteryLabel(five, 4), L"Voltage");
+    EXPECT_STREQ(BatteryLabel(info, 3), L"Remaining Time");
+    EXPECT_STREQ(BatteryLabel(info, 4), L"Element");
 }
 
 } // namespace

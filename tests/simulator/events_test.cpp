@@ -34,18 +34,14 @@ TEST(AgentEventsTest, EveryDayIsWellFormed)
             const DateTime date{2025, month, day, 0};
             const std::vector<std::wstring> lines = EventsOf(date, kNow);
             ASSERT_EQ(lines, EventsOf(date, kNow));
-            ASSERT_GE(lines.size(), 12u);
-            ASSERT_LE(lines.size(), 60u);
-            EXPECT_EQ(lines[lines.size() - 2].substr(0, 9), L"Pwrcon # ");
-            EXPECT_EQ(lines[lines.size() - 1].substr(0, 9), L"Pwrsav # ");
+            ASSERT_TRUE(lines.size() >= 12 && lines.size() <= 60);
+            EXPECT_EQ(lines[lines.size() - 2].substr(0, 9) + lines.back().substr(0, 9), L"Pwrcon # Pwrsav # ");
             // The night ends as it began.
             const std::wstring evening = lines[lines.size() - 3].substr(0, 6);
             const std::wstring morning = EventsOf({2025, month, day + 1, 0}, kNow)[0].substr(0, 6);
-            EXPECT_TRUE(std::any_of(std::begin(kNights), std::end(kNights),
-                [&](const auto& night) { return night.first == evening && night.second == morning; }))
+            EXPECT_NE(std::find(std::begin(kNights), std::end(kNights), std::pair(evening, morning)), std::end(kNights))
                 << evening << morning;
-            int last = -1;
-            int open = 0;
+            int last = -1, open = 0;
             for (std::size_t i = 0; i + 2 < lines.size(); ++i) {
                 const std::wstring code = lines[i].substr(0, 6);
                 EXPECT_LE(lines[i].size(), 60u);
@@ -56,8 +52,7 @@ TEST(AgentEventsTest, EveryDayIsWellFormed)
                 if (code == L"Duratn")
                     continue;
                 const int stamp = StampOf(lines[i], date);
-                EXPECT_GE(stamp, last) << lines[i];
-                EXPECT_LT(stamp, 86400) << lines[i];
+                EXPECT_TRUE(stamp >= last && stamp < 86400) << lines[i];
                 last = stamp;
             }
             EXPECT_EQ(open, 0);
@@ -82,7 +77,6 @@ TEST(AgentEventsTest, ReadsDays)
 {
     const std::optional<DateTime> leapDay = ParseMonthDayYear(L"02292024");
     ASSERT_TRUE(leapDay);
-    EXPECT_TRUE(leapDay->year == 2024 && leapDay->month == 2 && leapDay->day == 29);
     EXPECT_EQ(DayNumber(*leapDay), 19782);
     for (const wchar_t* wrong : {L"02292025", L"13012025", L"00012025", L"1012025", L"010120255", L"0101202x", L""})
         EXPECT_FALSE(ParseMonthDayYear(wrong)) << wrong;

@@ -43,11 +43,8 @@ TEST(Canvas, RendersOntoTheFaceColourAndCopies)
 
 TEST(Canvas, PaintsAroundControlsButUnderGroupBoxes)
 {
-    constexpr Control kRows[] = {
-        {Kind::GroupBox, 1, L"", 20, 20, 200, 100},
-        {Kind::Progress, 2, L"", 40, 50, 100, 40},
-        {Kind::Push, 3, L"", 40, 140, 100, 40, kHidden},
-    };
+    constexpr Control kRows[] = {{Kind::GroupBox, 1, L"", 20, 20, 200, 100}, {Kind::Progress, 2, L"", 40, 50, 100, 40},
+        {Kind::Push, 3, L"", 40, 140, 100, 40, kHidden}};
     COLORREF colour = kRed;
     const TestWindow window([&](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (message == WM_ERASEBKGND)
@@ -64,9 +61,8 @@ TEST(Canvas, PaintsAroundControlsButUnderGroupBoxes)
         colour = RGB(200, 60 * round, 0);
         RedrawWindow(window.Get(), nullptr, nullptr, RDW_INVALIDATE | (round < 2 ? RDW_ALLCHILDREN : RDW_NOCHILDREN));
         Pump();
-        EXPECT_EQ(PixelOnScreen(window.Get(), 12, 12), colour);
-        EXPECT_EQ(PixelOnScreen(window.Get(), 200, 100), colour) << "inside the group box";
-        EXPECT_EQ(PixelOnScreen(window.Get(), 50, 150), colour) << "a hidden control";
+        for (const auto& [x, y] : {POINT{12, 12}, {200, 100}, {50, 150}}) // plain, in the group box, a hidden control
+            EXPECT_EQ(PixelOnScreen(window.Get(), x, y), colour) << x;
         EXPECT_EQ(PixelOnScreen(window.Get(), 5, 5), GetSysColor(COLOR_3DFACE));
         EXPECT_NE(PixelOnScreen(window.Get(), 90, 70), colour) << "a control";
         int frame = 0;

@@ -31,14 +31,11 @@ protected:
 
     static std::wstring Clipboard()
     {
-        std::wstring text;
-        if (OpenClipboard(nullptr)) {
-            if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
-                text = static_cast<const wchar_t*>(GlobalLock(data));
-                GlobalUnlock(data);
-            }
-            CloseClipboard();
-        }
+        EXPECT_TRUE(OpenClipboard(nullptr));
+        const HANDLE data = GetClipboardData(CF_UNICODETEXT);
+        const std::wstring text(data != nullptr ? static_cast<const wchar_t*>(GlobalLock(data)) : L"");
+        GlobalUnlock(data);
+        CloseClipboard();
         return text;
     }
 
@@ -67,13 +64,9 @@ TEST_F(List, RefillKeepsSelectionFocusAndScroll)
     EXPECT_EQ(RowCount(m_list), 0);
     SelectRow(m_list, 0);
     EXPECT_EQ(SelectedRow(m_list), -1);
-}
-
-TEST_F(List, FillingAHiddenListDoesNotShowIt)
-{
     Show(m_window.Get(), 1, false);
     Fill(5);
-    EXPECT_FALSE(IsWindowVisible(m_list));
+    EXPECT_FALSE(IsWindowVisible(m_list)) << "filling does not show it";
 }
 
 TEST_F(List, TextKeepsRowsAndColumnsWhateverTheCellsHold)

@@ -1,11 +1,8 @@
 #include "ui/menus.h"
 
-#include "ui/commands.h"
-
 #include <gtest/gtest.h>
 
 #include <iterator>
-#include <vector>
 
 namespace voltaro {
 namespace {
@@ -23,7 +20,6 @@ TEST(Menus, ASharedPopupOutlivesTheMenusThatShowIt)
         const UniqueMenu tray = BuildPopup(kTrayRows, std::size(kTrayRows), pause.Get());
         ASSERT_EQ(GetMenuItemCount(bar.Get()), 2);
         const HMENU file = GetSubMenu(bar.Get(), 0);
-        ASSERT_EQ(GetMenuItemCount(file), 4);
         EXPECT_EQ(GetSubMenu(file, 1), pause.Get());
         EXPECT_NE(GetMenuState(file, 2, MF_BYPOSITION) & MF_SEPARATOR, 0u);
         EnableItem(bar.Get(), 31, false);
@@ -36,24 +32,6 @@ TEST(Menus, ASharedPopupOutlivesTheMenusThatShowIt)
         EXPECT_EQ(GetMenuItemCount(file), 3);
     }
     EXPECT_EQ(GetMenuItemCount(pause.Get()), 2);
-}
-
-std::vector<int> served;
-
-TEST(Commands, TheRowWithTheIdAndTheNotificationServes)
-{
-    constexpr Command kCommands[] = {
-        {IDOK, [](HWND) { served.push_back(1); }},
-        {5001, [](HWND) { served.push_back(2); }, CBN_SELCHANGE},
-        {9011, [](HWND) { served.push_back(3); }},
-    };
-    served.clear();
-    EXPECT_TRUE(Dispatch(kCommands, nullptr, MAKEWPARAM(9011, 0)));
-    EXPECT_TRUE(Dispatch(kCommands, nullptr, MAKEWPARAM(5001, CBN_SELCHANGE)));
-    EXPECT_TRUE(Dispatch(kCommands, nullptr, MAKEWPARAM(IDOK, 0)));
-    EXPECT_FALSE(Dispatch(kCommands, nullptr, MAKEWPARAM(5001, CBN_DROPDOWN)));
-    EXPECT_FALSE(Dispatch(kCommands, nullptr, MAKEWPARAM(9012, 0)));
-    EXPECT_EQ(served, (std::vector{3, 2, 1}));
 }
 
 } // namespace

@@ -26,15 +26,10 @@ protected:
         , m_first(OnPageCommand(), m_window.Get())
         , m_second(OnPageCommand(), m_window.Get())
     {
-        constexpr Control kRows[] = {
-            {Kind::Push, 1, L"Before", 0, 0, 80, 25},
-            {Kind::Tab, 2, L"", 0, 30, 400, 300},
-            {Kind::Push, 3, L"After", 0, 340, 80, 25},
-        };
-        constexpr Control kPageRows[] = {
-            {Kind::Edit, 11, L"text", 10, 10, 80, 20},
-            {Kind::Push, 12, L"On page", 10, 40, 80, 25},
-        };
+        constexpr Control kRows[] = {{Kind::Push, 1, L"Before", 0, 0, 80, 25}, {Kind::Tab, 2, L"", 0, 30, 400, 300},
+            {Kind::Push, 3, L"After", 0, 340, 80, 25}};
+        constexpr Control kPageRows[]
+            = {{Kind::Edit, 11, L"text", 10, 10, 80, 20}, {Kind::Push, 12, L"On page", 10, 40, 80, 25}};
         CreateControls(m_window.Get(), kRows, WindowFont());
         for (const HWND page : {m_first.Get(), m_second.Get()}) {
             SetWindowPos(page, nullptr, 5, 60, 380, 260, SWP_NOZORDER);
@@ -55,13 +50,8 @@ protected:
         };
     }
 
-    int m_changes = 0;
-    int m_command = 0;
-    int m_pageCommand = 0;
-    int m_helps = 0;
-    TestWindow m_window;
-    TestWindow m_first;
-    TestWindow m_second;
+    int m_changes = 0, m_command = 0, m_pageCommand = 0, m_helps = 0;
+    TestWindow m_window, m_first, m_second;
     HWND m_tab = nullptr;
 };
 
@@ -96,8 +86,12 @@ TEST_F(Pages, TabReachesTheShownPageOnly)
     }
 }
 
-TEST_F(Pages, DialogKeysPushAndCancel)
+TEST_F(Pages, DialogKeysPushAndCancelAndHelpReachesTheTopLevelWindow)
 {
+    HELPINFO help{};
+    help.cbSize = sizeof help;
+    SendMessageW(ControlOf(m_first.Get(), 11), WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
+    EXPECT_EQ(m_helps, 1);
     SetFocus(ControlOf(m_first.Get(), 12));
     Press(VK_RETURN);
     EXPECT_EQ(m_pageCommand, 12) << "the focused button, told to the page that holds it";
@@ -109,14 +103,6 @@ TEST_F(Pages, DialogKeysPushAndCancel)
     EXPECT_EQ(m_command, IDOK);
     Press(VK_ESCAPE);
     EXPECT_EQ(m_command, IDCANCEL);
-}
-
-TEST_F(Pages, HelpReachesTheTopLevelWindowFromAField)
-{
-    HELPINFO help{};
-    help.cbSize = sizeof help;
-    SendMessageW(ControlOf(m_first.Get(), 11), WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
-    EXPECT_EQ(m_helps, 1);
 }
 
 TEST_F(Pages, AMessageToAHiddenWindowDoesNotTakeTheKeyboard)
