@@ -39,7 +39,8 @@ std::vector<EventLine> EventLines(std::wstring_view text)
         else if (line.starts_with(L"Duratn") || line.starts_with(L"Pwr"))
             line.insert(6, L" #");
         else
-            line = line.substr(0, 6) + L" # 2024/02/29" + line.substr(6) + (L"00:00:00" + line.size() - 7);
+            line = line.substr(0, 6) + L" # 2024/02/29" + line.substr(6)
+                + std::wstring(L"00:00:00").substr(line.size() - 7);
         lines.push_back(line);
     }
     return MakeEventLines(lines);
