@@ -50,8 +50,7 @@ constexpr Box kLimitReached = {L"Max Task limit reached.",
     L"either use a new Job or remove existing tasks from the current Job.",
     BoxIcon::Information};
 
-constexpr FileDialog kProgramDialog = {
-    L"Programs and batch files (*.exe, *.bat)\0*.exe;*.bat\0All files (*.*)\0*.*\0", L"Select a program or batch file"};
+constexpr FileDialog kProgramDialog = {L"Execute Files (*.exe;*.bat)\0*.exe;*.bat\0", L"Select an exe file"};
 
 constexpr const wchar_t* kLastSecond = L"23:59:59";
 constexpr int kNone = -1;
