@@ -21,13 +21,13 @@ namespace {
 constexpr LocalTime kDay{2026, 11, 20};
 constexpr LocalTime kNow{2026, 11, 21, 12};
 
-std::vector<std::wstring> LongDay()
+std::vector<EventLine> LongDay()
 {
     constexpr const wchar_t* kCodes[] = {L"Istime", L"Dstime", L"Detime", L"Mstime", L"Metime", L"Ietime"};
-    std::vector<std::wstring> lines;
+    std::vector<EventLine> lines;
     for (int i = 0; i < static_cast<int>(kMaxEventLines); ++i) {
         const int second = i * 28;
-        lines.push_back(
+        lines.emplace_back(
             Format(L"%ls # 2026/11/20 %02d:%02d:%02d", kCodes[i % 6], second / 3600, second / 60 % 60, second % 60));
     }
     return lines;
@@ -37,13 +37,12 @@ std::vector<std::wstring> LongDay()
 
 void MeasureEvents()
 {
-    const std::vector<std::wstring> texts = LongDay();
+    const std::vector<EventLine> lines = LongDay();
     std::wstring answer = L"<vltp version=\"1.0\"><response><details>";
-    for (const std::wstring& text : texts)
-        answer += L"<e>" + text + L"</e>";
+    for (const EventLine& line : lines)
+        answer.append(L"<Event>").append(line.view()).append(L"</Event>"); // as the simulated agent names them
     answer += L"</details></response></vltp>";
     DayReport report;
-    const std::vector<EventLine> lines = MakeEventLines(texts);
     const auto medians = Medians({[&] {
                                       const auto root = ParseAnswer(answer.c_str());
                                       static_cast<void>(ReadDayAnswer(root ? &*root : nullptr, answer, kNow, report));
@@ -61,7 +60,7 @@ void MeasureGraph()
     if (!RegisterClasses() || !CreateWindows())
         return;
     DayReport report;
-    static_cast<void>(WalkDay(MakeEventLines(LongDay()), kNow, report));
+    static_cast<void>(WalkDay(LongDay(), kNow, report));
     shownDay = MakeShownDay(kDay, report, state.consumption);
     RefreshGraphPage();
     const HWND page = WindowOf(WindowId::SavingsGraph);

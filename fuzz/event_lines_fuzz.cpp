@@ -24,14 +24,14 @@ void Require(bool holds)
 }
 
 // One text a line; the bytes are the characters.
-std::vector<std::wstring> LinesOf(const std::uint8_t* data, std::size_t size)
+std::vector<EventLine> LinesOf(const std::uint8_t* data, std::size_t size)
 {
-    std::vector<std::wstring> lines(1);
-    for (std::size_t i = 0; i < size; ++i) {
-        if (data[i] == '\n')
-            lines.emplace_back();
-        else
-            lines.back().push_back(static_cast<wchar_t>(data[i]));
+    const std::wstring text(data, data + size);
+    std::vector<EventLine> lines;
+    for (std::size_t begin = 0; begin <= text.size();) {
+        const std::size_t end = std::min(text.find(L'\n', begin), text.size());
+        lines.emplace_back(text.substr(begin, end - begin));
+        begin = end + 1;
     }
     return lines;
 }
@@ -51,9 +51,10 @@ void CheckDay(const DayReport& day)
 }
 
 // Everything that is made of the day; slow, so not for every input.
-void ShowDay(const DayReport& day, const std::vector<std::wstring>& lines)
+void ShowDay(const DayReport& day, const std::vector<EventLine>& lines)
 {
-    const PowerProfile profile = ReadProfile({lines[0], lines[0], L"0.49", L"90", lines.back(), L"3", L"1"});
+    const PowerProfile profile
+        = ReadProfile({lines[0].view(), lines[0].view(), L"0.49", L"90", lines.back().view(), L"3", L"1"});
     const SavingsFigures figures = ComputeSavings(day, profile);
     Require(std::isfinite(figures.wouldHaveBeen) && std::isfinite(figures.saved) && std::isfinite(figures.nowIs));
     (void)TotalRows(day.durations, figures);
@@ -72,9 +73,9 @@ void ShowDay(const DayReport& day, const std::vector<std::wstring>& lines)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::vector<std::wstring> lines = LinesOf(data, size);
+    const std::vector<EventLine> lines = LinesOf(data, size);
     DayReport day;
-    if (!WalkDay(MakeEventLines(lines), {2024, 2, 29, 13, 14, 15}, day))
+    if (!WalkDay(lines, {2024, 2, 29, 13, 14, 15}, day))
         return 0;
     CheckDay(day);
     if (size % 16 == 0)

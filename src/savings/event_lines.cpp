@@ -136,17 +136,23 @@ bool TakeMark(Scanner& scanner)
     return scanner.Take(L' ') && scanner.Take(L'#') && scanner.Take(L' ');
 }
 
-} // namespace
-
-std::vector<EventLine> MakeEventLines(std::span<const std::wstring> texts)
+// The texts of the children of every element of that name, in document order.
+void CollectLines(const Element& element, std::wstring_view parentName, std::vector<EventLine>& lines)
 {
-    const auto kept = texts.first(std::min(texts.size(), kMaxEventLines));
-    return {kept.begin(), kept.end()};
+    for (const Element& child : element.children) {
+        if (element.name == parentName && lines.size() < kMaxEventLines)
+            lines.emplace_back(child.text);
+        CollectLines(child, parentName, lines);
+    }
 }
 
-std::wstring_view EventPath(std::wstring_view answer)
+} // namespace
+
+std::vector<EventLine> ReadEventLines(const Element& root, std::wstring_view answer)
 {
-    return answer.find(L"Failure") != std::wstring_view::npos ? L"//response/*" : L"//details/*";
+    std::vector<EventLine> lines;
+    CollectLines(root, answer.find(L"Failure") != std::wstring_view::npos ? L"response" : L"details", lines);
+    return lines;
 }
 
 EventCode EventCodeOf(std::wstring_view code)

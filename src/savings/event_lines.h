@@ -1,11 +1,10 @@
 #pragma once
 
 #include "base/fixed_text.h"
+#include "link/element.h"
 #include "savings/calendar.h"
 
 #include <cstdint>
-#include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,11 +15,9 @@ inline constexpr std::size_t kMaxEventLines = 3010;
 inline constexpr std::size_t kMaxLineLength = 60;
 using EventLine = FixedText<kMaxLineLength + 1>;
 
-// The table from the texts of the answer's elements, in their order.
-[[nodiscard]] std::vector<EventLine> MakeEventLines(std::span<const std::wstring> texts);
-
-// The path of the elements whose texts are the event lines, as the answer asks for.
-[[nodiscard]] std::wstring_view EventPath(std::wstring_view answer);
+// The table of an answer: the texts of the children of every `details`, or of every `response` where the answer's text
+// speaks of a failure anywhere; in document order.
+[[nodiscard]] std::vector<EventLine> ReadEventLines(const Element& root, std::wstring_view answer);
 
 enum class EventCode : std::uint8_t {
     None, // no code of ours, or no event

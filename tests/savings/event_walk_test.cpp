@@ -29,7 +29,7 @@ struct Day {
 // "Pwrcon 1.5" for those lines, and after "=" a line stands as it is.
 std::vector<EventLine> EventLines(std::wstring_view text)
 {
-    std::vector<std::wstring> lines;
+    std::vector<EventLine> lines;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(L'|'), text.size());
         std::wstring line(text.substr(0, end));
@@ -41,9 +41,9 @@ std::vector<EventLine> EventLines(std::wstring_view text)
         else
             line = line.substr(0, 6) + L" # 2024/02/29" + line.substr(6)
                 + std::wstring(L"00:00:00").substr(line.size() - 7);
-        lines.push_back(line);
+        lines.emplace_back(line);
     }
-    return MakeEventLines(lines);
+    return lines;
 }
 
 // clang-format off
@@ -168,7 +168,8 @@ TEST(EventWalkTest, EachIdlePeriodIsInItsBucket)
 
 TEST(EventLinesTest, CutsLinesAndReadsPowerFigures)
 {
-    const auto lines = MakeEventLines(std::vector<std::wstring>(4000, std::wstring(100, L'x')));
+    const Element details{L"details", {}, std::vector<Element>(4000, TextElement(L"e", std::wstring(100, L'x')))};
+    const std::vector<EventLine> lines = ReadEventLines(details, L"");
     EXPECT_EQ(lines.size(), 3010U);
     EXPECT_EQ(lines.back().view(), std::wstring(60, L'x'));
     const struct {
@@ -200,10 +201,9 @@ std::wstring RandomLine(std::mt19937& random)
 TEST(EventWalkTest, WhatHoldsForEveryDay)
 {
     std::mt19937 random(20240506);
-    std::vector<std::wstring> texts(2000);
-    for (std::wstring& text : texts)
-        text = RandomLine(random);
-    const std::vector<EventLine> pool = MakeEventLines(texts);
+    std::vector<EventLine> pool(2000);
+    for (EventLine& line : pool)
+        line = RandomLine(random);
     std::vector<EventLine> lines;
     for (int i = 0; i < 100'000; ++i) {
         lines.clear();
