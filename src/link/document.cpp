@@ -262,12 +262,6 @@ std::optional<Element> ParseAnswer(const wchar_t* text)
     return document ? ReadDocument(document.Get()) : std::nullopt;
 }
 
-bool LoadOnly(const wchar_t* text)
-{
-    const ComApartment com;
-    return LoadAnswer(text) != nullptr;
-}
-
 std::optional<Element> ParseFile(const std::wstring& path, const char* module)
 {
     const ComApartment com;

@@ -27,9 +27,6 @@ private:
 inline constexpr int kMaxDepth = 32;
 [[nodiscard]] std::optional<Element> ParseAnswer(const wchar_t* text);
 
-// Only creates the document and loads the text, as ParseAnswer does first; what reading is measured against.
-[[nodiscard]] bool LoadOnly(const wchar_t* text);
-
 // As ParseAnswer for a file; failures of the load are logged in the name of `module`.
 [[nodiscard]] std::optional<Element> ParseFile(const std::wstring& path, const char* module);
 
