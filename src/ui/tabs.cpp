@@ -25,6 +25,13 @@ LRESULT CALLBACK TabHabits(HWND tab, UINT message, WPARAM w, LPARAM l, UINT_PTR 
     return DefSubclassProc(tab, message, w, l);
 }
 
+// The text that names the tab control to screen readers and must stay right before it; without one the tab control.
+HWND FirstOf(HWND tab)
+{
+    const HWND previous = GetWindow(tab, GW_HWNDPREV);
+    return previous != nullptr && (SendMessageW(previous, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0 ? previous : tab;
+}
+
 // A page that lies beside its tab control must lie above it, or the control would paint over it; just above, so that
 // Tab reaches the page's fields between what was made before the tab control and after it.
 void PlaceAboveTab(HWND page, HWND tab)
@@ -33,7 +40,7 @@ void PlaceAboveTab(HWND page, HWND tab)
     SetWindowLongPtrW(page, GWL_EXSTYLE, style | WS_EX_CONTROLPARENT);
     if (GetParent(page) != GetParent(tab))
         return;
-    const HWND above = GetWindow(tab, GW_HWNDPREV);
+    const HWND above = GetWindow(FirstOf(tab), GW_HWNDPREV);
     if (above != page)
         SetWindowPos(page, above != nullptr ? above : HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }

@@ -1,5 +1,6 @@
 #include "ui/navigation.h"
 
+#include "support/labelled.h"
 #include "support/test_window.h"
 #include "ui/controls.h"
 #include "ui/tabs.h"
@@ -26,8 +27,8 @@ protected:
         , m_first(OnPageCommand(), m_window.Get())
         , m_second(OnPageCommand(), m_window.Get())
     {
-        constexpr Control kRows[] = {{Kind::Push, 1, L"Before", 0, 0, 80, 25}, {Kind::Tab, 2, L"", 0, 30, 400, 300},
-            {Kind::Push, 3, L"After", 0, 340, 80, 25}};
+        constexpr Control kRows[] = {{Kind::Push, 1, L"Before", 0, 0, 80, 25},
+            {Kind::Tab, 2, L"", 0, 30, 400, 300, kPlain, L"Pages"}, {Kind::Push, 3, L"After", 0, 340, 80, 25}};
         constexpr Control kPageRows[]
             = {{Kind::Edit, 11, L"text", 10, 10, 80, 20}, {Kind::Push, 12, L"On page", 10, 40, 80, 25}};
         CreateControls(m_window.Get(), kRows, WindowFont());
@@ -60,6 +61,7 @@ TEST_F(Pages, CtrlTabTurnsThePagesAndWraps)
     EXPECT_TRUE(IsWindowVisible(m_first.Get()));
     EXPECT_FALSE(IsWindowVisible(m_second.Get()));
     EXPECT_EQ(ChildWindowFromPoint(m_window.Get(), {20, 80}), m_first.Get()) << "above the tab control";
+    EXPECT_EQ(WindowText(GetWindow(m_tab, GW_HWNDPREV)), L"Pages") << "its name stays right before it";
     SetFocus(ControlOf(m_first.Get(), 12));
     Press(VK_TAB, VK_CONTROL);
     EXPECT_EQ(SelectedTab(m_tab), 1);
