@@ -16,12 +16,21 @@ wchar_t Folded(wchar_t unit)
     return static_cast<wchar_t>(std::towlower(static_cast<wint_t>(unit)));
 }
 
+bool SameLetter(wchar_t a, wchar_t b)
+{
+    return Folded(a) == Folded(b);
+}
+
 } // namespace
 
 bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b)
 {
-    return std::equal(
-        a.begin(), a.end(), b.begin(), b.end(), [](wchar_t x, wchar_t y) { return Folded(x) == Folded(y); });
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), &SameLetter);
+}
+
+bool ContainsIgnoreCase(std::wstring_view text, std::wstring_view part)
+{
+    return std::search(text.begin(), text.end(), part.begin(), part.end(), &SameLetter) != text.end() || part.empty();
 }
 
 std::int32_t LeadingNumber(std::wstring_view text)

@@ -6,8 +6,10 @@
 
 namespace voltaro {
 
-// Compares without regard to letter case, the same in every locale. Used for status words, names and executables.
+// Compares without regard to letter case. Used for status words, names and executables.
 [[nodiscard]] bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b);
+
+[[nodiscard]] bool ContainsIgnoreCase(std::wstring_view text, std::wstring_view part);
 
 // The number made of the leading decimal digits, after blanks and one sign; 0 without digits; values outside 32 bits
 // stay at the nearest bound. "4916x" is 4916, "x" is 0.

@@ -30,6 +30,8 @@ public:
     {
     }
     ~Bstr() { SysFreeString(m_text); }
+    // Overwrites the text: it may have carried a password.
+    void Wipe() { SecureZeroMemory(m_text, SysStringByteLen(m_text)); }
     Bstr(const Bstr&) = delete;
     Bstr& operator=(const Bstr&) = delete;
     [[nodiscard]] BSTR Get() const { return m_text; }
@@ -56,15 +58,17 @@ VARIANT Borrowed(const Bstr& text)
     return variant;
 }
 
-Document DomCreate()
+constexpr const char* kCreateCall = "CoCreateInstance(__uuidof(DOMDocument30), NULL, CLSCTX_INPROC_SERVER, "
+                                    "__uuidof(IXMLDOMDocument), (void**)&pxmldoc)";
+constexpr const char* kCreateForFileCall = "CoCreateInstance(__uuidof(DOMDocument30),NULL,CLSCTX_INPROC_SERVER, "
+                                           "__uuidof(IXMLDOMDocument),(void**)&pXMLDom)";
+
+Document DomCreate(const char* call = kCreateCall, CodePlace where = CodePlace::Here())
 {
     Document document;
-    const bool made
-        = Succeeded(CoCreateInstance(kClsidDomDocument30, nullptr, CLSCTX_INPROC_SERVER, kIidXmlDomDocument,
-                        reinterpret_cast<void**>(document.GetAddressOf())),
-              "Create a new DOMDocument",
-              "CoCreateInstance(__uuidof(DOMDocument30), NULL, CLSCTX_INPROC_SERVER, __uuidof(IXMLDOMDocument), "
-              "(void**)&pxmldoc)")
+    const bool made = Succeeded(CoCreateInstance(kClsidDomDocument30, nullptr, CLSCTX_INPROC_SERVER, kIidXmlDomDocument,
+                                    reinterpret_cast<void**>(document.GetAddressOf())),
+                          "Create a new DOMDocument", call, where)
         && Succeeded(document->put_async(VARIANT_FALSE), "should never fail", "pxmldoc->put_async(VARIANT_FALSE)")
         && Succeeded(document->put_validateOnParse(VARIANT_FALSE), "should never fail",
             "pxmldoc->put_validateOnParse(VARIANT_FALSE)")
@@ -77,8 +81,8 @@ void ReportParseError(IXMLDOMDocument* document, const char* message, CodePlace 
 {
     ComPtr<IXMLDOMParseError> error;
     Bstr reason;
-    if (!Succeeded(document->get_parseError(&error), "dom->get_parseError:", "pDom->get_parseError(&pXMLErr)")
-        || !Succeeded(error->get_reason(reason.Put()), "parseError->get_reason:", "pXMLErr->get_reason(&bstrReason)"))
+    if (!Succeeded(document->get_parseError(&error), "", "pXMLDom->get_parseError(&pXMLErr)")
+        || !Succeeded(error->get_reason(reason.Put()), "", "pXMLErr->get_reason(&bstr)"))
         return;
     std::string text(message);
     for (const wchar_t unit : reason.View())
@@ -86,28 +90,35 @@ void ReportParseError(IXMLDOMDocument* document, const char* message, CodePlace 
     LogFault("parse error", text.c_str(), where);
 }
 
-bool AppendChild(IXMLDOMNode* parent, IXMLDOMNode* child)
+bool AppendChild(IXMLDOMNode* parent, IXMLDOMNode* child, const char* call = "pParent->appendChild(pChild, &pNode)")
 {
     Node appended;
-    return Succeeded(parent->appendChild(child, &appended), "", "pParent->appendChild(pChild, &pNode)");
+    return Succeeded(parent->appendChild(child, &appended), "", call);
 }
 
 void AddWhiteSpaceToNode(IXMLDOMDocument* document, const std::wstring& text, IXMLDOMNode* node)
 {
     ComPtr<IXMLDOMText> space;
     if (Succeeded(document->createTextNode(Bstr(text).Get(), &space), "", "pDom->createTextNode(bstrWs,&pws)"))
-        AppendChild(node, space.Get());
+        AppendChild(node, space.Get(), "pNode->appendChild(pws,&pBuf)");
 }
 
+// What the log calls the two steps of adding an element.
+struct AddCalls {
+    const char* create;
+    const char* put;
+};
+constexpr AddCalls kAddField = {"pXMLDom->createElement(node,&pe)", "pe->put_text(nodevalue)"};
+constexpr AddCalls kAddNestedField = {"pXMLDom->createElement(subnode,&peSub)", "peSub->put_text(subnodevalue)"};
+
 // Appends an element with a text to the parent; returns it, or null after a log line.
-ComPtr<IXMLDOMElement> AddSubElement(
-    IXMLDOMDocument* document, const std::wstring& name, const std::wstring& text, IXMLDOMNode* parent)
+ComPtr<IXMLDOMElement> AddSubElement(IXMLDOMDocument* document, const std::wstring& name, const std::wstring& text,
+    IXMLDOMNode* parent, const AddCalls& calls)
 {
     ComPtr<IXMLDOMElement> element;
-    if (!Succeeded(document->createElement(Bstr(name).Get(), &element), "", "pXMLDom->createElement(node,&pe)"))
+    if (!Succeeded(document->createElement(Bstr(name).Get(), &element), "", calls.create))
         return nullptr;
-    if (!text.empty())
-        Succeeded(element->put_text(Bstr(text).Get()), "", "pe->put_text(nodevalue)");
+    Succeeded(element->put_text(Bstr(text).Get()), "", calls.put);
     return AppendChild(parent, element.Get()) ? element : nullptr;
 }
 
@@ -116,12 +127,15 @@ std::wstring Indent(int depth)
     return L"\n" + std::wstring(static_cast<std::size_t>(depth), L'\t');
 }
 
+constexpr int kFieldDepth = 2;
+
 // Appends the children of `element` to `node`, each on a line of its own at `depth` tabs.
 void AppendFields(IXMLDOMDocument* document, IXMLDOMNode* node, const Element& element, int depth)
 {
     for (const Element& child : element.children) {
         AddWhiteSpaceToNode(document, Indent(depth), node);
-        if (const auto made = AddSubElement(document, child.name, child.text, node))
+        const AddCalls& calls = depth == kFieldDepth ? kAddField : kAddNestedField;
+        if (const auto made = AddSubElement(document, child.name, child.text, node, calls))
             AppendFields(document, made.Get(), child, depth + 1);
     }
 }
@@ -193,7 +207,7 @@ void ReadElement(IXMLDOMNode* node, Element& element, int depth)
     bool read = Succeeded(node->get_firstChild(&child), "get_item:", "pNodes->get_item(i, &pNode)");
     while (read && child) {
         DOMNodeType type = NODE_INVALID;
-        child->get_nodeType(&type);
+        Succeeded(child->get_nodeType(&type), "", "pNode->get_nodeType(&type)");
         if (type == NODE_ELEMENT) {
             ReadChild(child.Get(), element, depth);
         } else {
@@ -211,8 +225,7 @@ void ReadElement(IXMLDOMNode* node, Element& element, int depth)
 std::optional<Element> ReadDocument(IXMLDOMDocument* document)
 {
     ComPtr<IXMLDOMElement> root;
-    document->get_documentElement(&root);
-    if (!root)
+    if (!Succeeded(document->get_documentElement(&root), "", "pXMLDom->get_documentElement(&pRoot)") || !root)
         return std::nullopt;
     Element element;
     Bstr name;
@@ -265,7 +278,7 @@ std::optional<Element> ParseAnswer(const wchar_t* text)
 std::optional<Element> ParseFile(const std::wstring& path, const char* module)
 {
     const ComApartment com;
-    const Document document = DomCreate();
+    const Document document = DomCreate(kCreateForFileCall, {module, __LINE__});
     if (!document)
         return std::nullopt;
     const Bstr name(path);
@@ -288,16 +301,20 @@ std::optional<std::wstring> SerialiseRequest(const Element& request)
     if (!root)
         return std::nullopt;
     AddWhiteSpaceToNode(document.Get(), Indent(1), root.Get());
-    const ComPtr<IXMLDOMElement> element = AddSubElement(document.Get(), request.name, {}, root.Get());
-    if (!element)
+    ComPtr<IXMLDOMElement> element;
+    if (!Succeeded(
+            document->createElement(Bstr(request.name).Get(), &element), "", "pXMLDom->createElement(bstr, &pRoot)")
+        || !AppendChild(root.Get(), element.Get()))
         return std::nullopt;
-    AppendFields(document.Get(), element.Get(), request, 2);
+    AppendFields(document.Get(), element.Get(), request, kFieldDepth);
     AddWhiteSpaceToNode(document.Get(), Indent(1), element.Get());
     AddWhiteSpaceToNode(document.Get(), Indent(0), root.Get());
     Bstr xml;
     if (!Succeeded(document->get_xml(xml.Put()), "dom->get_xml", "pXMLDom->get_xml(&bstr)"))
         return std::nullopt;
-    return std::wstring(xml.View());
+    std::wstring text(xml.View());
+    xml.Wipe();
+    return text;
 }
 
 bool DeclaresDocumentType(std::wstring_view text)

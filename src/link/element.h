@@ -32,6 +32,15 @@ struct Element {
     return nullptr;
 }
 
+// The element's text, or, of an element that holds elements, all their texts.
+[[nodiscard]] inline std::wstring WholeText(const Element& element)
+{
+    std::wstring text = element.text;
+    for (const Element& child : element.children)
+        text += WholeText(child);
+    return text;
+}
+
 // The text of the child at a position, empty where there is none: replies are read by position.
 [[nodiscard]] inline std::wstring_view ChildText(const Element& parent, std::size_t position)
 {

@@ -56,16 +56,17 @@ bool Build(const Request& request)
     std::optional<std::wstring> text = SerialiseRequest(RequestElement(request, NewMessageId()));
     if (!text)
         return false;
-    if (text->size() >= row.requestUnits) {
+    const bool fits = text->size() < row.requestUnits;
+    if (fits) {
+        std::vector<wchar_t>& buffer = BuffersOf(request.operation).request;
+        buffer.assign(row.requestUnits, L'\0');
+        std::copy(text->begin(), text->end(), buffer.begin());
+    } else {
         LogFault("request", "a request is longer than its operation's buffer");
-        return false;
     }
-    std::vector<wchar_t>& buffer = BuffersOf(request.operation).request;
-    buffer.assign(row.requestUnits, L'\0');
-    std::copy(text->begin(), text->end(), buffer.begin());
     if (row.secret)
         SecureZeroMemory(text->data(), text->size() * sizeof(wchar_t));
-    return true;
+    return fits;
 }
 
 } // namespace
@@ -79,6 +80,7 @@ Reply::Reply(Operation operation)
 Reply::Reply(Reply&& other) noexcept
     : m_operation(other.m_operation)
     , m_held(std::exchange(other.m_held, false))
+    , m_sent(other.m_sent)
     , m_answered(std::exchange(other.m_answered, false))
     , m_parsed(other.m_parsed)
     , m_root(std::move(other.m_root))
@@ -87,7 +89,12 @@ Reply::Reply(Reply&& other) noexcept
 
 Reply::~Reply()
 {
-    if (m_held)
+    LetGo();
+}
+
+void Reply::LetGo()
+{
+    if (std::exchange(m_held, false))
         BuffersOf(m_operation).holder = 0;
 }
 
@@ -97,6 +104,7 @@ void Reply::Send()
     const OperationRow& row = RowOf(m_operation);
     own.response.clear();
     const wchar_t* request = own.request.empty() ? L"" : own.request.data();
+    m_sent = true;
     m_answered = ServiceRequest(row.member, request, own.response, agentAddress.host, servicePort);
     if (row.secret && !own.request.empty())
         SecureZeroMemory(own.request.data(), own.request.size() * sizeof(wchar_t));
@@ -111,7 +119,8 @@ const Element* Reply::Root()
 
 std::wstring Reply::Status()
 {
-    return Root() ? std::wstring(TextAt(ResponseFields(*Root()), 0)) : std::wstring();
+    const auto fields = Root() ? ResponseFields(*Root()) : std::span<const Element>();
+    return fields.empty() ? std::wstring() : WholeText(fields[0]);
 }
 
 const std::wstring& Reply::Text() const

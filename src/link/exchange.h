@@ -26,6 +26,8 @@ public:
 
     // True when a whole answer came, whatever it says.
     [[nodiscard]] bool Answered() const { return m_answered; }
+    // False when the request could not be made, or its operation not be held: that says nothing about the agent.
+    [[nodiscard]] bool Sent() const { return m_sent; }
     // The answer as a tree, parsed at the first call; null when it is not well-formed or did not come.
     [[nodiscard]] const Element* Root();
     // The first child's text of the first `response`; empty when there is none.
@@ -36,6 +38,8 @@ public:
     {
         return Root() ? ReadRecord<Record>(*Root()) : std::nullopt;
     }
+    // Lets the operation go before the reply's own end; Text() is no more to be asked for.
+    void LetGo();
     // The answer's own text.
     [[nodiscard]] const std::wstring& Text() const;
 
@@ -47,6 +51,7 @@ private:
 
     Operation m_operation;
     bool m_held;
+    bool m_sent = false;
     bool m_answered = false;
     bool m_parsed = false;
     std::optional<Element> m_root;

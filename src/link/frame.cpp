@@ -37,7 +37,7 @@ std::vector<std::byte> EncodeFrame(std::wstring_view text, std::size_t limitByte
     text = text.substr(0, limitUnits);
     const std::size_t length = text.size() * kBytesPerUnit + kFrameOverheadBytes;
     std::vector<std::byte> frame;
-    frame.reserve(length);
+    frame.reserve(2 * length); // so that a sender can add to it without leaving a copy behind
     AppendUnits(frame, Format(L"%08d", static_cast<int>(length)));
     AppendUnits(frame, text);
     AppendUnits(frame, std::wstring(1, L'\0'));

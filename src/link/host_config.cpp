@@ -8,7 +8,8 @@
 #include "link/replies.h"
 #include "ui/boxes.h"
 
-#include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <vector>
 
 namespace voltaro {
@@ -22,16 +23,16 @@ constexpr std::size_t kPathUnits = 257;
 constexpr std::size_t kPortPosition = 1;
 constexpr std::size_t kSecondPosition = 4;
 
-// Whether the file declares a document type; judged from its first part, where such a declaration must stand.
-bool FileDeclaresDocumentType(const std::wstring& path)
+constexpr std::size_t kMaxFileBytes = 1'000'000;
+
+// Whether the file is far larger than any host configuration, or declares a document type.
+bool IsRefused(const std::wstring& path)
 {
-    std::FILE* file = _wfopen(path.c_str(), L"rb");
-    if (!file)
-        return false;
-    std::string bytes(1'000'000, '\0');
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file));
-    std::fclose(file);
-    return DeclaresDocumentType(bytes);
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    std::string bytes(kMaxFileBytes, '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return bytes.size() == kMaxFileBytes || DeclaresDocumentType(bytes);
 }
 
 } // namespace
@@ -47,18 +48,19 @@ void TcpPortGetter(HostConfigText& port, HostConfigText& second)
     if (!ReadInstallPath(directory))
         Tell(nullptr, kNoDirectory);
     const std::wstring path = HostConfigPath(directory.data());
-    if (FileDeclaresDocumentType(path)) {
-        LogFailure(kModule, __LINE__, "dom->load():", E_FAIL, "a host configuration with a document type is refused");
+    if (IsRefused(path)) {
+        LogFailure(kModule, __LINE__, "dom->load():", E_FAIL,
+            "a host configuration with a document type, or far too large, is refused");
         return;
     }
     const std::optional<Element> root = ParseFile(path, kModule);
-    const Element* settings = root ? FirstElement(*root, L"Hostsettings") : nullptr;
-    if (!settings)
+    if (!root)
         return;
-    if (settings->children.size() > kPortPosition)
-        port = settings->children[kPortPosition].text;
-    if (settings->children.size() > kSecondPosition)
-        second = settings->children[kSecondPosition].text;
+    const std::vector<const Element*> settings = ChildrenOfEvery(*root, L"Hostsettings");
+    if (settings.size() > kPortPosition)
+        port = settings[kPortPosition]->text;
+    if (settings.size() > kSecondPosition)
+        second = settings[kSecondPosition]->text;
 }
 
 } // namespace voltaro

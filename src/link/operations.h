@@ -63,7 +63,7 @@ enum class Operation : std::uint8_t {
 };
 
 // One operation. `name` as the agent spells it; `requestUnits`: the size of its request buffer in UTF-16 units, NUL
-// included. A `secret` request is wiped from memory after the exchange.
+// included. The texts of a `secret` request are wiped from memory after the exchange.
 struct OperationRow {
     Operation operation;
     const wchar_t* name;

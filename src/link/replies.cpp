@@ -17,6 +17,15 @@ const Element* FirstElement(const Element& root, std::wstring_view name)
 
 namespace {
 
+void AddChildrenOfEvery(const Element& root, std::wstring_view name, std::vector<const Element*>& found)
+{
+    for (const Element& child : root.children) {
+        if (root.name == name)
+            found.push_back(&child);
+        AddChildrenOfEvery(child, name, found);
+    }
+}
+
 std::span<const Element> FieldsOfFirst(const Element& root, std::wstring_view name)
 {
     const Element* element = FirstElement(root, name);
@@ -24,6 +33,13 @@ std::span<const Element> FieldsOfFirst(const Element& root, std::wstring_view na
 }
 
 } // namespace
+
+std::vector<const Element*> ChildrenOfEvery(const Element& root, std::wstring_view name)
+{
+    std::vector<const Element*> found;
+    AddChildrenOfEvery(root, name, found);
+    return found;
+}
 
 std::span<const Element> ResponseFields(const Element& root)
 {

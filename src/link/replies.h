@@ -17,6 +17,9 @@ namespace voltaro {
 // The first element of that name in document order, the root included; null when there is none.
 [[nodiscard]] const Element* FirstElement(const Element& root, std::wstring_view name);
 
+// The children of every element of that name, in document order.
+[[nodiscard]] std::vector<const Element*> ChildrenOfEvery(const Element& root, std::wstring_view name);
+
 // The children of the first `response`, of the first `details`, or of the first `details` and where there is none of
 // the first `response`.
 [[nodiscard]] std::span<const Element> ResponseFields(const Element& root);

@@ -2,13 +2,13 @@
 
 #include "base/handles.h"
 #include "base/timing.h"
+#include "link/error_log.h"
 #include "link/frame.h"
 #include "ui/boxes.h"
 #include "ui/liveness.h"
 #include "ui/ui_thread.h"
 
 #include <algorithm>
-#include <array>
 #include <exception>
 #include <iterator>
 #include <span>
@@ -23,15 +23,13 @@ constexpr Box kClosedByAgent = {
     L"Connection Closed !", L"Connection Closed : Please check if Voltaro Service is running.", BoxIcon::Information};
 constexpr Box kEscapedException = {L"Error", L"Exception catch from---SocketSehedulerSet"}; // the misspelling is meant
 
-// Each member's last socket, closed or left open: a failed exchange leaves its socket and its library reference as they
-// are until the process ends. That is meant, so the handles here have no owner.
-std::array<SOCKET, static_cast<std::size_t>(Member::Count)> memberSockets;
-
 enum class Ready : std::uint8_t { Yes, TimedOut, Failed };
 enum class WaitFor : std::uint8_t { Data, Connection };
 
 constexpr DWORD kNoLimit = INFINITE;
 constexpr DWORD kSliceMs = 5;
+constexpr DWORD kServeMs = 20;
+ULONGLONG servedAt = 0; // when the windows were last kept alive; of the user-interface thread alone
 
 Ready SelectOnce(SOCKET socket, WaitFor what, DWORD milliseconds)
 {
@@ -56,14 +54,19 @@ Ready Wait(SOCKET socket, WaitFor what, DWORD milliseconds)
     const ULONGLONG start = GetTickCount64();
     for (;;) {
         const Ready ready = SelectOnce(socket, what, std::min(kSliceMs, milliseconds));
-        if (ready != Ready::TimedOut)
+        const ULONGLONG now = GetTickCount64();
+        // An answer that trickles in never lets a slice pass; the windows live all the same.
+        if (ready != Ready::TimedOut && now - servedAt < kServeMs)
             return ready;
         if (WaitsEnded())
             return Ready::Failed;
-        if (milliseconds != kNoLimit && GetTickCount64() - start >= milliseconds)
+        if (ready == Ready::TimedOut && milliseconds != kNoLimit && now - start >= milliseconds)
             return Ready::TimedOut;
+        servedAt = now;
         ServePaintAndSent();
         WSASetLastError(0); // what was served may have left an error of its own
+        if (ready != Ready::TimedOut)
+            return ready;
     }
 }
 
@@ -80,7 +83,8 @@ bool LastErrorIsFatal()
     }
 }
 
-// The steps of one exchange; each returns false when it fails the exchange.
+// The steps of one exchange; each returns false when it fails the exchange. A failed exchange leaves its socket and its
+// library reference open until the process ends: that is meant, so the socket has no owner.
 class ExchangeSteps {
 public:
     ExchangeSteps(const MemberRow& member, const char* host, int port)
@@ -105,7 +109,6 @@ public:
     void MakeSocket()
     {
         m_socket = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
-        memberSockets[static_cast<std::size_t>(m_member.member)] = m_socket;
         if (m_member.differences & kNoOptionCall)
             return;
         // The value itself stands where its address belongs: the call fails and the connection keeps its delays
@@ -139,7 +142,7 @@ public:
     {
         const bool fixed = m_member.send == SendKind::Fixed;
         std::vector<std::byte> frame = EncodeFrame(request, fixed ? kFixedSendBytes : kHeapSendBytes);
-        std::size_t remaining = frame.size();
+        const std::size_t remaining = frame.size();
         // The whole frame fits into the socket's own buffer, so that an agent that does not read holds up nothing.
         SetNumber(SO_SNDBUF, static_cast<DWORD>(remaining));
         SetNumber(SO_SNDTIMEO, m_timeoutMs);
@@ -157,15 +160,22 @@ public:
             return false;
         FrameAssembler assembler(m_member.capacity);
         std::vector<std::byte> piece(m_member.capacity);
-        for (;;) {
+        for (bool first = true;;) {
             const int count
                 = recv(m_socket, reinterpret_cast<char*>(piece.data()), static_cast<int>(assembler.Wanted()), 0);
+            const bool fatal = LastErrorIsFatal();
             if (count == 0 && m_member.differences & kClosedBox)
                 Tell(nullptr, kClosedByAgent);
-            if (LastErrorIsFatal() || count <= 0)
+            // Closed before the first byte is the one failure that closes its socket too (meant).
+            if (count == 0 && !fatal && first)
+                closesocket(m_socket);
+            if (fatal || count <= 0)
                 return false;
+            first = false;
             switch (assembler.Take(std::span(piece).first(static_cast<std::size_t>(count)))) {
-            case FrameAssembler::State::Failed: return false;
+            case FrameAssembler::State::Failed:
+                LogFault("recv", "an answer's length is wrong or above its member's capacity");
+                return false;
             case FrameAssembler::State::Complete: response = assembler.Text(); return true;
             case FrameAssembler::State::NeedMore: break;
             }
@@ -215,9 +225,8 @@ private:
     SOCKET m_socket = INVALID_SOCKET;
 };
 
-bool RunExchange(const MemberRow& member, const wchar_t* request, std::wstring& response, const char* host, int port)
+bool RunExchange(ExchangeSteps& steps, const wchar_t* request, std::wstring& response)
 {
-    ExchangeSteps steps(member, host, port);
     if (!steps.StartLibrary())
         return false;
     steps.MakeSocket();
@@ -232,17 +241,15 @@ bool RunExchange(const MemberRow& member, const wchar_t* request, std::wstring& 
 bool ServiceRequest(Member member, const wchar_t* request, std::wstring& response, const char* host, int port)
 {
     const MemberRow& row = RowOf(member);
+    ExchangeSteps steps(row, host, port);
     try {
-        return RunExchange(row, request, response, host, port);
+        return RunExchange(steps, request, response);
     } catch (const std::exception&) {
         if (row.differences & (kExceptionBoxThenTrue | kExceptionBoxThenFalse))
             Tell(nullptr, kEscapedException);
         if (!(row.differences & kExceptionBoxThenTrue))
             return false;
-        // Unlike the job list, device control closes its socket and reports success (meant).
-        shutdown(memberSockets[static_cast<std::size_t>(member)], SD_BOTH);
-        closesocket(memberSockets[static_cast<std::size_t>(member)]);
-        WSACleanup();
+        steps.Finish(); // unlike the job list, device control closes its socket and reports success (meant)
         return true;
     }
 }

@@ -7,9 +7,10 @@
 namespace voltaro {
 
 // One exchange with the agent: one request text out, one answer text in, over a connection of its own. Blocks its
-// caller until the answer is there, the member's time-out has passed or the connection fails; on the user-interface
-// thread painting and sent messages are served meanwhile. `host` is an 8-bit dotted address. True when a whole answer
-// was received into `response`. A member must not be entered twice at once.
+// caller until the answer is there or the connection fails, or until the connection or the answer's first data took
+// longer than the member's time-out; later data may take as long as it likes. On the user-interface thread painting and
+// sent messages are served meanwhile. `host` is an 8-bit dotted address. True when a whole answer was received into
+// `response`.
 [[nodiscard]] bool ServiceRequest(
     Member member, const wchar_t* request, std::wstring& response, const char* host, int port);
 

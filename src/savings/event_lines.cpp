@@ -1,5 +1,7 @@
 #include "savings/event_lines.h"
 
+#include "base/text.h"
+#include "link/replies.h"
 #include "savings/decimal.h"
 
 #include <algorithm>
@@ -136,22 +138,20 @@ bool TakeMark(Scanner& scanner)
     return scanner.Take(L' ') && scanner.Take(L'#') && scanner.Take(L' ');
 }
 
-// The texts of the children of every element of that name, in document order.
-void CollectLines(const Element& element, std::wstring_view parentName, std::vector<EventLine>& lines)
-{
-    for (const Element& child : element.children) {
-        if (element.name == parentName && lines.size() < kMaxEventLines)
-            lines.emplace_back(child.text);
-        CollectLines(child, parentName, lines);
-    }
-}
-
 } // namespace
 
 std::vector<EventLine> ReadEventLines(const Element& root, std::wstring_view answer)
 {
+    const bool failed = ContainsIgnoreCase(answer, L"failure");
+    std::vector<const Element*> elements = ChildrenOfEvery(root, failed ? L"response" : L"details");
+    elements.resize(std::min(elements.size(), kMaxEventLines));
     std::vector<EventLine> lines;
-    CollectLines(root, answer.find(L"Failure") != std::wstring_view::npos ? L"response" : L"details", lines);
+    for (const Element* element : elements) {
+        if (element->children.empty())
+            lines.emplace_back(element->text);
+        else
+            lines.emplace_back(WholeText(*element));
+    }
     return lines;
 }
 

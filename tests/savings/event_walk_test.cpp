@@ -143,8 +143,8 @@ TEST(ShownDayTest, Answers)
     const auto root = [](std::vector<Element> children) { return Element{L"vltp", {}, std::move(children)}; };
     const Element stray = root({}), empty = root({{L"response", {}, {}}});
     EXPECT_TRUE(read(nullptr) == DayAnswer::Damaged && read(&stray) == DayAnswer::Damaged);
-    const Element failed = root({{L"response", {}, {TextElement(L"status", L"failure")}}});
-    EXPECT_EQ(read(&failed, L"Failure"), DayAnswer::NoData);
+    const Element failed = root({{L"response", {}, {{L"details", {}, {TextElement(L"status", L"failure")}}}}});
+    EXPECT_EQ(read(&failed, L"failure"), DayAnswer::NoData);
     EXPECT_EQ(read(&empty), DayAnswer::Report);
     EXPECT_EQ(report.durations.active, kDaySeconds);
     // Lines come from every `details`, in order; what stands elsewhere is no event.
