@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <string_view>
 
 namespace voltaro::simulator {
 namespace {
@@ -122,7 +123,7 @@ private:
     {
         const int length = Between(stage.leastMinutes * kMinute, stage.mostMinutes * kMinute);
         // The planned duration is all of the standby, or less when the machine went on into hibernate.
-        const bool planned = stage.start == kStandby.start;
+        const bool planned = std::wstring_view(stage.start) == kStandby.start;
         const int minutes = planned && Between(0, 3) == 0 ? 10 : length / kMinute;
         const std::wstring duration = Format(L"Duratn # %04d", minutes);
         Stamp(stage.start);

@@ -2,6 +2,7 @@
 
 #include "base/ansi.h"
 #include "base/text.h"
+#include "simulator/operations.h"
 #include "simulator/server.h"
 
 #include <cstdio>
@@ -61,10 +62,12 @@ bool ParseOption(Options& options, std::wstring_view name, std::wstring_view val
     const std::size_t equals = value.find(L'=');
     if (name != L"--fault" || equals == std::wstring_view::npos)
         return false;
+    const std::wstring_view operation = value.substr(0, equals);
     const std::optional<Fault> fault = ParseFault(value.substr(equals + 1));
-    if (fault)
-        options.faults.push_back({std::wstring(value.substr(0, equals)), *fault});
-    return fault.has_value();
+    if (!fault || FindOperation(operation) == nullptr)
+        return false;
+    options.faults.push_back({std::wstring(operation), *fault});
+    return true;
 }
 
 struct FileTraits {
