@@ -4,7 +4,9 @@
 #include "base/handles.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
+#include <string_view>
 
 namespace voltaro {
 namespace {
@@ -13,7 +15,7 @@ constexpr const wchar_t* kMachineKey = L"SOFTWARE\\Kestrelfen\\VOLTARO";
 constexpr const wchar_t* kDefaultUserKey = L".DEFAULT\\SOFTWARE\\Kestrelfen\\VOLTARO";
 constexpr const char* kVariable = "VOLTARO_HOME";
 constexpr std::size_t kVariableLimit = 99; // characters
-constexpr DWORD kValueBytes = 255;         // of the registry's UTF-16 text; a longer value reads as empty
+constexpr std::size_t kValueBytes = 255;   // of the registry's UTF-16 text; a longer value is cut
 constexpr std::size_t kValueLimit = 255;   // 8-bit characters
 
 void Store(InstallDirectory& directory, const std::string& text, std::size_t limit)
@@ -41,16 +43,17 @@ UniqueKey OpenKey(HKEY hive, const wchar_t* path)
 
 bool FromKey(const UniqueKey& key, InstallDirectory& directory)
 {
-    wchar_t value[kValueBytes + 1] = {};
+    std::array<wchar_t, 1024> value{};
     for (int attempt = 0; attempt < 2; ++attempt) {
-        DWORD bytes = kValueBytes;
-        if (RegQueryValueExW(key.Get(), L"InstallPath", nullptr, nullptr, reinterpret_cast<BYTE*>(value), &bytes)
+        DWORD bytes = (value.size() - 1) * sizeof(wchar_t);
+        if (RegQueryValueExW(key.Get(), L"InstallPath", nullptr, nullptr, reinterpret_cast<BYTE*>(value.data()), &bytes)
             == ERROR_SUCCESS)
             break;
+        value.fill(L'\0');
     }
     if (value[0] == L'\0')
         return false;
-    Store(directory, Narrowed(value), kValueLimit);
+    Store(directory, Narrowed(std::wstring_view(value.data()).substr(0, kValueBytes / sizeof(wchar_t))), kValueLimit);
     return true;
 }
 
