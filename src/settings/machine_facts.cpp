@@ -89,7 +89,7 @@ std::wstring BatteryStatusLine(const BatteryInfo& battery)
     std::wstring line(battery.Status());
     const std::wstring_view time = battery.RemainingTime();
     if (!line.empty() && !time.empty())
-        line += L",  remaining time ";
+        line += L", remaining time ";
     return line.append(time);
 }
 

@@ -75,7 +75,7 @@ std::optional<std::wstring> WordFor(HWND window, const Request& request)
     if (!OpenGate(window, kRefusalCaption))
         return std::nullopt;
     Reply reply = SendOrLose(request);
-    return reply.Answered() ? std::optional(reply.Status()) : std::nullopt;
+    return reply.Answered() || !reply.Sent() ? std::optional(reply.Status()) : std::nullopt;
 }
 
 } // namespace

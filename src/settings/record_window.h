@@ -59,6 +59,17 @@ void Refuse(HWND window, const RefusedField& refusal);
 // agent has taken the change.
 [[nodiscard]] bool SendChange(HWND window, const Request& request, const Box& applied, const Box& failed);
 
+// Shows the record as the agent sent it last; before the first one the controls stay as they are.
+template <const auto* form>
+void ShowRecord(HWND window)
+{
+    if (!IsWindowEnabled(ControlOf(window, form->applyButton)))
+        return;
+    for (const auto& binding : form->bindings)
+        ShowField(window, binding.id, binding.form, (*form->record).*binding.slot);
+    form->enable(window);
+}
+
 // Reads the record and shows it. What does not come leaves the controls as they are; false when the agent is lost.
 template <const auto* form>
 bool ReadAndShow(HWND window)
@@ -67,10 +78,8 @@ bool ReadAndShow(HWND window)
     Reply reply = SendOrLose(Plain(form->read));
     if (const auto record = reply.template Read<Record>()) {
         *form->record = *record;
-        for (const Binding<Record>& binding : form->bindings)
-            ShowField(window, binding.id, binding.form, (*record).*binding.slot);
         Enable(window, form->applyButton, true);
-        form->enable(window);
+        ShowRecord<form>(window);
     }
     return reply.Answered();
 }
@@ -86,8 +95,12 @@ void RefreshRecord(HWND window)
 template <const auto* form>
 void OpenRecord(HWND window)
 {
-    if (IsWindowVisible(window) || ReadAndShow<form>(window))
-        BringUp(window);
+    if (!IsWindowVisible(window)) {
+        ShowRecord<form>(window); // not what the user left there unsent
+        if (!ReadAndShow<form>(window))
+            return;
+    }
+    BringUp(window);
 }
 
 // "Change".

@@ -65,6 +65,8 @@ std::size_t CheckHostSettings(HostSettings& edited)
 
 std::size_t CheckProxySettings(ProxySettings& edited)
 {
+    if (!IsYes(edited.savePassword))
+        edited.password.Clear();
     if (!IsYes(edited.useProxy))
         return kNoFault;
     if (edited.server.empty())

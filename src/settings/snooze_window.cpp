@@ -86,6 +86,7 @@ void FillLists(HWND window)
     fill(kIdleMinutes, kNotificationTimes);
     fill(kSchedulerMinutes, kSnoozeAlertTimes);
     fill(kSnoozeMinutes, kSnoozeDurations);
+    EnableLists(window);
 }
 
 constexpr FormTables kTables = {kControls, kCommands, L"snooze.htm", FillLists};

@@ -44,11 +44,12 @@ struct Page {
     WindowId id;
     std::span<const Control> controls;
     std::span<const Column> columns;
+    bool pictures = false; // of the machine and its system, beside the list
 };
 constexpr Page kPages[] = {
-    {WindowId::SystemInfoCpu,     kCpuControls,     kCpuColumns},
+    {WindowId::SystemInfoCpu,     kCpuControls,     kCpuColumns, true},
     {WindowId::SystemInfoPower,   kPowerControls,   kPowerColumns},
-    {WindowId::SystemInfoOs,      kOsControls,      kCpuColumns},
+    {WindowId::SystemInfoOs,      kOsControls,      kCpuColumns, true},
     {WindowId::SystemInfoNetwork, kNetworkControls, kPowerColumns},
     {WindowId::SystemInfoDisks,   kDiskControls,    kPowerColumns},
 };
@@ -96,7 +97,8 @@ LRESULT AnswerPage(const Page& page, HWND window, UINT message, WPARAM w, LPARAM
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: {
         const Canvas canvas(window);
-        DrawMachine(canvas.Dc(), state.details);
+        if (page.pictures)
+            DrawMachine(canvas.Dc(), state.details);
         return 0;
     }
     default: return DefaultAnswer(window, message, w, l);
