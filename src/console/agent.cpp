@@ -38,14 +38,23 @@ Reply SendPrepared(Operation operation)
 Reply SendOrLose(const Request& request)
 {
     Reply reply = Send(request);
-    if (!reply.Answered())
-        OnAgentLost();
+    if (!reply.Answered()) {
+        reply.LetGo(); // a worker may want the operation while the box is open
+        if (reply.Sent())
+            OnAgentLost();
+    }
     return reply;
 }
 
 bool IsWaitingForAgent()
 {
     return waitingDepth > 0;
+}
+
+bool WaitForNextTry(unsigned milliseconds)
+{
+    const Waiting waiting;
+    return WaitAlive(milliseconds, WaitsEnded);
 }
 
 } // namespace voltaro

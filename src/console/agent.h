@@ -19,4 +19,7 @@ namespace voltaro {
 // over.
 [[nodiscard]] bool IsWaitingForAgent();
 
+// Waits between two requests as the thread waits within one; false when the program ends meanwhile.
+[[nodiscard]] bool WaitForNextTry(unsigned milliseconds);
+
 } // namespace voltaro

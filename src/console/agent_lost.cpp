@@ -33,7 +33,10 @@ void OnAgentLost()
     if (OnUiThread())
         ShowLoss();
     else
-        PostOnUi(ShowLoss);
+        PostOnUi([] {
+            if (!state.connected) // else the user has reconnected before this came
+                ShowLoss();
+        });
 }
 
 } // namespace voltaro

@@ -30,6 +30,7 @@ bool ReadBatteryWith(Operation operation)
         state.battery = ReadBattery(root);
         const bool changed = !(state.lastBatteryStatus == state.battery.Status());
         state.lastBatteryStatus = state.battery.Status();
+        state.noBattery = IsWord(state.battery.Status(), kNoBattery);
         state.lastBatteryCharge = state.battery.Charge();
         if (changed && mainView.repaint)
             mainView.repaint();

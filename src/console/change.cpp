@@ -11,7 +11,7 @@ std::optional<std::wstring> AnswerToChange(HWND owner, const wchar_t* caption, c
     std::optional<std::wstring> status;
     {
         Reply reply = SendOrLose(request);
-        if (reply.Root())
+        if (reply.Root() || !reply.Sent())
             status = reply.Status();
     }
     if (status && IsLicenceRefusal(owner, caption, *status))

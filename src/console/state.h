@@ -83,6 +83,7 @@ struct ConsoleState {
     SharedFlag trayRestoreAllowed; // set for good by the first complete load
     SharedFlag detailsAnswered;    // the agent answered, the load may not have finished
     SharedFlag notPaused;
+    SharedFlag noBattery; // the agent said that the machine has none
     SharedFlag updateBusy;
     std::atomic<RefreshKind> refreshKind{RefreshKind::None};
     std::atomic<std::int32_t> busyAnimation{0};

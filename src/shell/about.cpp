@@ -5,6 +5,7 @@
 #include "base/computer_name.h"
 #include "base/text.h"
 #include "console/activation.h"
+#include "console/agent_lost.h"
 #include "console/state.h"
 #include "resources/resource_ids.h"
 #include "shell/console_hold.h"
@@ -64,11 +65,10 @@ static_assert(FitInside(kControls, kClient.cx, kClient.cy));
 // Where a line's text stands in an answer's details.
 struct AnswerLine {
     int control;
-    const wchar_t* element;
+    std::size_t position;
 };
-constexpr AnswerLine kProductLines[] = {{kHost, L"HostName"}, {kVersion, L"Version"}, {kService, L"ServiceState"}};
-constexpr AnswerLine kLicenceLines[]
-    = {{kLicence, L"LicenseState"}, {kLicensedTo, L"LicensedTo"}, {kExpires, L"ExpiresOn"}};
+constexpr AnswerLine kProductLines[] = {{kVersion, 0}, {kHost, 2}, {kService, 3}};
+constexpr AnswerLine kLicenceLines[] = {{kLicence, 0}, {kLicensedTo, 2}, {kExpires, 5}};
 
 constexpr const wchar_t* kNotAnswering = L"not responding";
 constexpr const wchar_t* kUnknown = L"not known";
@@ -81,11 +81,11 @@ void ShowAnswer(HWND window, Operation operation, std::span<const AnswerLine> li
     Reply reply = Send(Plain(operation));
     if (!reply.Root())
         return;
-    const Element* details = FirstElement(*reply.Root(), L"details");
+    const std::span<const Element> fields = DetailsOrResponseFields(*reply.Root());
     for (const AnswerLine& line : lines) {
-        const Element* field = details ? FindChild(*details, line.element) : nullptr;
-        if (field && !field->text.empty())
-            SetText(window, line.control, field->text);
+        const std::wstring_view text = TextAt(fields, line.position);
+        if (!text.empty())
+            SetText(window, line.control, text);
     }
 }
 
@@ -187,6 +187,8 @@ void OnAbout(HWND main)
     }
     Fill(window, answered);
     HoldConsole(window);
+    if (!answered)
+        OnAgentLost();
 }
 
 void CloseAbout()

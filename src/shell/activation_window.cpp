@@ -158,6 +158,7 @@ void OnActivate(HWND window)
         SetText(window, kKey, {});
     FocusOn(window, kKey);
     ReadLicence();
+    Repaint(WindowOf(WindowId::Main)); // its licence picture, although the console is held
 }
 
 constexpr Command kCommands[] = {

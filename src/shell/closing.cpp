@@ -53,6 +53,7 @@ LRESULT OnMainDestroyed()
     CloseDoor();
     StopWorkers(StopOrder::MainWindowDestroyed);
     RemoveTrayIcon();
+    DestroyMainMenus();
     PostQuitMessage(0);
     return 0;
 }

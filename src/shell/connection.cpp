@@ -54,7 +54,7 @@ void ShowNotConnected()
 bool AgentAnswers()
 {
     for (int attempt = 0; attempt < kConnectionTries; ++attempt) {
-        if (attempt > 0 && !WaitAlive(timing.connectionRetry, WaitsEnded))
+        if (attempt > 0 && !WaitForNextTry(timing.connectionRetry))
             return false;
         if (Send(Plain(Operation::GetSystemStatus)).Answered())
             return true;
@@ -132,7 +132,7 @@ void LoadConsoleData()
         return;
     }
     Quietly(ReadBatteryInfo());
-    EnableItem(MainMenuBar(), kBatteryInfo, !IsWord(state.battery.Status(), kNoBattery));
+    EnableItem(MainMenuBar(), kBatteryInfo, !state.noBattery);
     if (!ReadPowerSchemes())
         Tell(Main(), kSchemesFailed);
     Quietly(ReadPolicies());

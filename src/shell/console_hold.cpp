@@ -18,12 +18,6 @@ void DropHolder(HWND window)
     std::erase_if(holders, [window](HWND holder) { return holder == window || !IsWindow(holder); });
 }
 
-void FreeMain(HWND main)
-{
-    EnableWindow(main, TRUE);
-    state.consoleReady = true;
-}
-
 } // namespace
 
 void HoldConsole(HWND window)
@@ -36,10 +30,8 @@ void HoldConsole(HWND window)
     ShowWindow(window, SW_SHOW);
     SetForegroundWindow(window);
     UpdateWindow(window);
-    if (disabledByUs) {
-        EnableWindow(main, FALSE);
-        state.consoleReady = false;
-    }
+    EnableWindow(main, FALSE);
+    state.consoleReady = false;
     ShowNormalControls(main);
 }
 
@@ -47,11 +39,12 @@ void ReleaseConsole(HWND window)
 {
     const HWND main = WindowOf(WindowId::Main);
     DropHolder(window);
-    const bool last = holders.empty() && disabledByUs;
-    if (last)
-        FreeMain(main); // before the window goes, else another program's would come to the front
+    state.consoleReady = holders.empty();
+    const bool frees = holders.empty() && disabledByUs;
+    if (frees)
+        EnableWindow(main, TRUE); // before the window goes, else another program's would come to the front
     ShowWindow(window, SW_HIDE);
-    if (!last)
+    if (!frees)
         return;
     if (IsWindowVisible(main))
         SetForegroundWindow(main);
@@ -61,7 +54,8 @@ void ReleaseConsole(HWND window)
 void ReleaseAllHolds()
 {
     holders.clear();
-    FreeMain(WindowOf(WindowId::Main));
+    EnableWindow(WindowOf(WindowId::Main), TRUE);
+    state.consoleReady = true;
 }
 
 } // namespace voltaro

@@ -78,6 +78,7 @@ constexpr MenuItem kTrayItems[] = {
     kSeparator,
     {L"Help", kTrayHelp},
     {L"About", kTrayAbout},
+    kSeparator,
     {kWebSiteHost, kWebSite},
 };
 

@@ -9,17 +9,26 @@
 #include "console/main_view.h"
 #include "console/ui_calls.h"
 #include "link/host_config.h"
+#include "power/scheme_window.h"
 #include "resources/resource_ids.h"
+#include "savings/savings_window.h"
+#include "scheduler/job_list_window.h"
+#include "settings/access_control_window.h"
 #include "settings/battery_window.h"
+#include "settings/device_control_window.h"
+#include "settings/proxy_window.h"
+#include "settings/snooze_window.h"
+#include "settings/system_info_window.h"
 #include "shell/about.h"
+#include "shell/activation_window.h"
 #include "shell/closing.h"
 #include "shell/connection.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
-#include "shell/openings.h"
 #include "shell/pause.h"
 #include "shell/quick_actions.h"
 #include "shell/tray.h"
+#include "shell/update_window.h"
 #include "shell/window_table.h"
 #include "ui/boxes.h"
 #include "ui/canvas.h"
@@ -134,12 +143,6 @@ void PaintInnerGroup(HWND window)
     EndPaint(group, &paint);
 }
 
-void SetTextIfChanged(HWND window, int id, const std::wstring& text)
-{
-    if (TextOf(window, id) != text)
-        SetText(window, id, text);
-}
-
 // --- handlers ---
 
 LRESULT OnCreate(HWND window)
@@ -171,8 +174,8 @@ LRESULT OnCreate(HWND window)
 
 LRESULT OnPaint(HWND window)
 {
-    SetTextIfChanged(window, kHostLine, HostLineText());
-    SetTextIfChanged(window, kChargeLine, state.connected ? std::wstring(state.battery.Charge()) : std::wstring());
+    SetText(window, kHostLine, HostLineText());
+    SetText(window, kChargeLine, state.connected ? std::wstring(state.battery.Charge()) : std::wstring());
     {
         const Canvas canvas(window);
         DrawMainWindow(canvas.Dc());
@@ -246,16 +249,35 @@ void OnTrayVoltaro(HWND window)
     SetForegroundWindow(window);
 }
 
+void ReadBatteryAfterPowerChange()
+{
+    if (!state.connected)
+        return;
+    if (!ReadBatteryInfo())
+        OnAgentLost();
+    else if (IsWindowVisible(WindowOf(WindowId::Battery)))
+        RefreshBatteryWindow();
+}
+
 LRESULT OnPowerBroadcast(WPARAM event)
 {
-    // A sent message: it may come while this very thread waits for an answer, and then the read is passed over.
-    if (event == PBT_APMPOWERSTATUSCHANGE && state.connected && !IsWaitingForAgent()) {
-        if (!ReadBatteryInfo())
-            OnAgentLost();
-        else if (IsWindowVisible(WindowOf(WindowId::Battery)))
-            RefreshBatteryWindow();
-    }
+    if (event != PBT_APMPOWERSTATUSCHANGE)
+        return TRUE;
+    // A sent message: it may come while this very thread waits for an answer, and the read follows then.
+    if (IsWaitingForAgent())
+        PostOnUi(ReadBatteryAfterPowerChange);
+    else
+        ReadBatteryAfterPowerChange();
     return TRUE;
+}
+
+// What a themed control asks for when it paints the window's part under itself.
+void PrintClient(HWND window, HDC dc)
+{
+    RECT client;
+    GetClientRect(window, &client);
+    FillRect(dc, &client, FaceBrush());
+    DrawMainWindow(dc);
 }
 
 // clang-format off
@@ -281,23 +303,23 @@ constexpr Command kCommands[] = {
     {kSet,              OnSet},
     {kResumeButton,     OnResume},
     {kMenuExitToTray,   OnExitToTray},
-    {kPowerScheme,      OnOpen<kPowerScheme>},
+    {kPowerScheme,      OpenSchemeWindow},
     {kAbout,            OnAbout},
     {kHelp,             OnHelp},
     {kWebSite,          OnWebSite},
-    {kSystemInfo,       OnOpen<kSystemInfo>},
+    {kSystemInfo,       OpenSystemInfoWindow},
     {kClose,            OnCloseQuestion},
     {kRefresh,          OnRefresh},
-    {kJobScheduler,     OnOpen<kJobScheduler>},
-    {kUpdate,           OnOpen<kUpdate>},
-    {kPorts,            OnOpen<kPorts>},
-    {kBatteryInfo,      OnOpen<kBatteryInfo>},
-    {kSavingsReport,    OnOpen<kSavingsReport>},
-    {kActivate,         OnOpen<kActivate>},
+    {kJobScheduler,     OpenJobListWindow},
+    {kUpdate,           StartUpdateCheck},
+    {kPorts,            OpenAccessControlWindow},
+    {kBatteryInfo,      OpenBatteryWindow},
+    {kSavingsReport,    OpenSavingsWindow},
+    {kActivate,         OpenActivationWindow},
     {kReinitialize,     OnReinitialize},
-    {kProxy,            OnOpen<kProxy>},
-    {kSecurity,         OnOpen<kSecurity>},
-    {kSnooze,           OnOpen<kSnooze>},
+    {kProxy,            OpenProxyWindow},
+    {kSecurity,         OpenDeviceControlWindow},
+    {kSnooze,           OpenSnoozeWindow},
 };
 // clang-format on
 
@@ -339,7 +361,7 @@ LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
     case WM_CREATE: return OnCreate(window);
     case WM_PAINT: return OnPaint(window);
     case WM_ERASEBKGND: return 1;
-    case WM_PRINTCLIENT: DrawMainWindow(reinterpret_cast<HDC>(w)); return 0;
+    case WM_PRINTCLIENT: PrintClient(window, reinterpret_cast<HDC>(w)); return 0;
     case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
     case WM_HELP: OnHelp(window); return TRUE;
     case WM_CLOSE: OnCloseQuestion(window); return 0;

@@ -53,8 +53,10 @@ void HideConsole(HWND main)
 {
     if (!state.consoleReady) {
         for (const HWND window : state.windows) {
-            if (window != main && !(GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD))
-                ShowWindow(window, SW_HIDE);
+            if (window == main || GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD)
+                continue;
+            ShowWindow(window, SW_HIDE);
+            EnableWindow(window, TRUE); // a dialog of its own may have disabled it, and is hidden too
         }
         CloseAbout();
         ReleaseAllHolds();

@@ -101,7 +101,10 @@ std::optional<LRESULT> AnswerTray(HWND main, UINT message, WPARAM w, LPARAM l)
     }
     if (message != kTrayMessage || w != kTrayIconId)
         return std::nullopt;
-    if (l == WM_LBUTTONUP)
+    // The shell may send its news in the midst of a wait for the agent; they then queue up as other input does.
+    if (IsWaitingForAgent())
+        PostMessageW(main, message, w, l);
+    else if (l == WM_LBUTTONUP)
         OnLeftClick(main);
     else if (l == WM_RBUTTONUP)
         OnRightClick(main);

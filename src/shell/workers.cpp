@@ -45,12 +45,20 @@ bool CloseMessageIsThere()
 Woken WaitForWork(const Worker& worker, DWORD milliseconds)
 {
     const HANDLE event = worker.event.Get();
-    const DWORD result = MsgWaitForMultipleObjects(1, &event, FALSE, milliseconds, QS_POSTMESSAGE);
-    if (result == WAIT_OBJECT_0)
-        return Woken::ByEvent;
-    if (result == WAIT_TIMEOUT)
-        return Woken::ByTimeOut;
-    return CloseMessageIsThere() ? Woken::ToEnd : Woken::ByEvent;
+    const ULONGLONG start = GetTickCount64();
+    for (DWORD rest = milliseconds;;) {
+        const DWORD result = MsgWaitForMultipleObjects(1, &event, FALSE, rest, QS_POSTMESSAGE);
+        if (result == WAIT_TIMEOUT)
+            return Woken::ByTimeOut;
+        if (result != WAIT_OBJECT_0 + 1)
+            return Woken::ByEvent;
+        if (CloseMessageIsThere())
+            return Woken::ToEnd;
+        // Another's message, such as COM's own, ends no wait.
+        const ULONGLONG passed = GetTickCount64() - start;
+        if (milliseconds != INFINITE)
+            rest = passed < milliseconds ? static_cast<DWORD>(milliseconds - passed) : 0;
+    }
 }
 
 // A worker that does one thing each time it is woken.
@@ -66,29 +74,30 @@ DWORD WINAPI RunOnEvent(void*)
     }
 }
 
-// Reads again and again until the agent answers: at once, and after each of two waits. False when it never did, or when
-// the worker is to end meanwhile.
-bool ReadWithRetries(const Worker& worker, bool (*read)())
+enum class Polled : std::uint8_t { Answered, Lost, ToEnd };
+
+// Reads again and again until the agent answers: at once, and after each of two waits.
+Polled ReadWithRetries(const Worker& worker, bool (*read)())
 {
     if (read())
-        return true;
+        return Polled::Answered;
     for (const DWORD wait : {timing.pollerFirstRetry, timing.pollerSecondRetry}) {
         if (WaitForWork(worker, wait) == Woken::ToEnd)
-            return false;
+            return Polled::ToEnd;
         if (read())
-            return true;
+            return Polled::Answered;
     }
-    return false;
+    return Polled::Lost;
 }
 
-bool Poll(const Worker& worker)
+Polled Poll(const Worker& worker)
 {
     if (!state.connected)
-        return true;
-    if (!ReadWithRetries(worker, ReadPauseStatus))
-        return false;
-    const bool hasBattery = !IsWord(state.lastBatteryStatus, kNoBattery);
-    return !state.notPaused || !hasBattery || ReadWithRetries(worker, ReadBatteryInfo);
+        return Polled::Answered;
+    const Polled status = ReadWithRetries(worker, ReadPauseStatus);
+    if (status != Polled::Answered || !state.notPaused || state.noBattery)
+        return status;
+    return ReadWithRetries(worker, ReadBatteryInfo);
 }
 
 // Every eight minutes. Once ended by a lost agent it is not started again (meant).
@@ -100,10 +109,11 @@ DWORD WINAPI RunStatusPoller(void*)
             ResetEvent(worker.event.Get());
             return 0;
         }
-        if (!Poll(worker)) {
-            OnAgentLost();
+        const Polled polled = Poll(worker);
+        if (polled == Polled::Lost)
+            OnSystemInfoRefreshFailed(); // ends its busy view too
+        if (polled != Polled::Answered)
             return 0;
-        }
         OnUi(mainView.repaint);
     }
 }
@@ -129,18 +139,16 @@ void RefreshPowerData()
     OnUi(mainView.normalControls);
 }
 
-// A kind other than the two is left as it is.
+// A kind other than the two is left as it is. Where the agent was lost since, the window that asked waits no longer.
 void Refresh()
 {
     RefreshKind kind = state.refreshKind;
-    if (!state.connected && kind == RefreshKind::PowerData)
-        OnPowerRefreshFailed(); // lost since it was asked for: the editor waits no longer
-    if (!state.connected || (kind != RefreshKind::SystemDetails && kind != RefreshKind::PowerData))
-        return;
     if (kind == RefreshKind::SystemDetails)
-        RefreshSystemDetails();
+        state.connected ? RefreshSystemDetails() : OnSystemInfoRefreshFailed();
+    else if (kind == RefreshKind::PowerData)
+        state.connected ? RefreshPowerData() : OnPowerRefreshFailed();
     else
-        RefreshPowerData();
+        return;
     state.refreshKind.compare_exchange_strong(kind, RefreshKind::None); // the other kind, asked for meanwhile, stays
 }
 

@@ -151,6 +151,7 @@ TEST(AboutTest, OpensWithAndWithoutAnAgent)
     EXPECT_TRUE(state.consoleReady);
 
     program.Agent().Stop();
+    BoxScript boxes{{L"Connection Issue", L"not responding"}};
     program.Command(WindowId::Main, kAbout);
     ASSERT_NE(AboutWindow(), nullptr);
     EXPECT_EQ(TextOf(AboutWindow(), kService), L"not responding");
