@@ -176,7 +176,8 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
         {0, L"TCP Port :", L"0", {kPort, kRange}},
         {1, L"User Name   :", L"", {L"Blank Username ", L"Username cannot be blank."}},
         {1, L"Port No      :", L"", {kPort, L"Proxy port cannot be blank."}},
-        {1, L"Port No      :", L"99999999999", {kPort, L"Proxy port should be a non zero numeric value in range ( 1 - 65535 ) ."}},
+        {1, L"Port No      :", L"99999999999",
+            {kPort, L"Proxy port should be a non zero numeric value in range ( 1 - 65535 ) ."}},
         {1, L"Proxy Server :", L"", {L"Blank Proxy Server ", L"Proxy Server name cannot be blank."}},
     };
     // clang-format on
@@ -202,8 +203,10 @@ TEST_F(RecordWindows, TellWhatTheAgentAnswered)
             {editor.apply, {FaultKind::Status, L"success"}, {editor.done, L""}, applied},
             {editor.apply, {FaultKind::Status, L"Permission denied"}, {editor.failed, editor.failure}, refused},
             {editor.apply, {FaultKind::Garbage, {}}, {editor.failed, editor.failure}, refused},
-            {editor.apply, {FaultKind::Status, L"License Expired"}, {L"Unable to Set", L"The license of Voltaro on"}, {kGate, editor.apply, kGate}},
-            {kGate, {FaultKind::Status, L"Not Activated"}, {L"Unable to Set", L"'Localhost' is not activated."}, {kGate}},
+            {editor.apply, {FaultKind::Status, L"License Expired"},
+                {L"Unable to Set", L"The license of Voltaro on"}, {kGate, editor.apply, kGate}},
+            {kGate, {FaultKind::Status, L"Not Activated"},
+                {L"Unable to Set", L"'Localhost' is not activated."}, {kGate}},
             {editor.apply, {FaultKind::CloseAtOnce, {}}, {L"Connection Issue", L""}, refused},
         };
         // clang-format on

@@ -87,14 +87,18 @@ TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
     // Once the question is answered with Yes: the agent's answer, the box that it leads to, and what the agent is asked
     // after the user's answer there.
     // clang-format off
-    const struct { int command; const wchar_t *question, *operation; std::wstring reply; ExpectedBox box; const wchar_t* then = nullptr; } kRows[] = {
+    const struct {
+        int command; const wchar_t *question, *operation; std::wstring reply; ExpectedBox box; const wchar_t* then = {};
+    } kRows[] = {
         {kStandby,    L"Standby now",     L"standby",    Status(L"Success"), {}},
         {kStandby,    L"Standby now",     L"standby",    Status(L"standby not support"), {L"Standby disabled", {}}},
         {kStandby,    L"Standby now",     L"standby",    Status(L"other"), {L"Failed", L"Could not Standby."}},
         {kStandby,    L"Standby now",     L"standby",    L"<broken", {L"Failed", L"Could not Standby."}},
-        {kStandby,    L"Standby now",     L"standby",    busy, {L"Force Standby", L"is/are in progress on this System:\n\nCopy of files\nDownload\n", Answer::Yes}, L"success"},
+        {kStandby,    L"Standby now",     L"standby",    busy,
+            {L"Force Standby", L"is/are in progress on this System:\n\nCopy of files\nDownload\n", Answer::Yes}, L"success"},
         {kShutdown,   L"Shutdown now",    L"shutdown",   busy, {L"Force Shutdown", {}, Answer::No}, L"failure"},
-        {kHibernate,  L"Hibernate now",   L"hibernate",  Status(L"No Disk Space"), {L"Failed", L"Failed to Hibernate.\nInsufficient disk space to Hibernate"}},
+        {kHibernate,  L"Hibernate now",   L"hibernate",  Status(L"No Disk Space"),
+            {L"Failed", L"Failed to Hibernate.\nInsufficient disk space to Hibernate"}},
         {kRestart,    L"Restart now",     L"Restart",    busy, {L"Force Restart", {}, Answer::No}, L"failure"},
         {kLogOff,     L"Log off now",     L"logoff",     Status(L"No Active User"), {L"Nobody Active", {}}},
         {kLockScreen, L"Lock Screen now", L"LockScreen", busy, {L"LockScreen Failed", L"Could not Lock Screen"}},
