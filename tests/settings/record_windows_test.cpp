@@ -92,11 +92,14 @@ TEST_F(RecordWindows, ProxyTravelsWholeAndItsFieldsFollowTheirSwitches)
 {
     Open(kEditors[1]);
     Check(L"Save Password", true);
+    Type(L"Proxy Server :", L"gate.example");
+    Type(L"Port No      :", L"3128");
+    Type(L"User Name   :", L"eva.lind");
     Type(L"Password     :", L"a<b & \"c\"");
     Apply({m_editor->done, {}});
     const std::wstring before
-        = L"|<UseProxy>Yes</UseProxy>|<ProxyServer>proxy.office.example</ProxyServer>|<ProxyPort>8080</ProxyPort>"
-          L"|<UseAuthentication>Yes</UseAuthentication>|<UserName>jan.berg</UserName>";
+        = L"|<UseProxy>Yes</UseProxy>|<ProxyServer>gate.example</ProxyServer>|<ProxyPort>3128</ProxyPort>"
+          L"|<UseAuthentication>Yes</UseAuthentication>|<UserName>eva.lind</UserName>";
     ExpectSent(before + L"|<Password>a&lt;b &amp; \"c\"</Password>|<SavePassword>Yes</SavePassword>");
     EXPECT_EQ(Shown(L"Password     :"), L"a<b & \"c\"");
     Check(L"Save Password", false);
