@@ -4,41 +4,14 @@
 #include "shell/window_table.h"
 #include "simulator/server.h"
 #include "support/fake_tray.h"
+#include "support/installation.h"
+#include "support/test_window.h"
 #include "ui/controls.h"
-#include "ui/liveness.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <functional>
-
 namespace voltaro {
 namespace {
-
-// An installation whose host configuration names that port; the environment of the next console.
-void Install(int port)
-{
-    wchar_t folder[MAX_PATH] = {};
-    GetTempPathW(MAX_PATH, folder);
-    const std::wstring root = std::wstring(folder) + L"voltaro_program\\";
-    CreateDirectoryW(root.c_str(), nullptr);
-    CreateDirectoryW((root + L"conf").c_str(), nullptr);
-    std::FILE* file = _wfopen((root + L"conf\\hconfig.xml").c_str(), L"wb");
-    std::fprintf(file, "<Hostsettings><Localhost>Yes</Localhost><TCPPort>%d</TCPPort></Hostsettings>", port);
-    std::fclose(file);
-    SetEnvironmentVariableW(L"VOLTARO_HOME", root.c_str());
-}
-
-// Serves meanwhile what the console sends to the notification area.
-bool WaitFor(const std::function<bool()>& condition, int milliseconds)
-{
-    for (int waited = 0; waited < milliseconds; waited += 20) {
-        if (condition())
-            return true;
-        WaitAlive(20);
-    }
-    return condition();
-}
 
 HWND MainWindow()
 {
@@ -79,7 +52,7 @@ public:
     Console& operator=(const Console&) = delete;
 
     // The exit code once the program has ended, -1 when it has not within that time.
-    [[nodiscard]] int ExitCode(int milliseconds) const
+    [[nodiscard]] int ExitCode(unsigned milliseconds) const
     {
         DWORD code = 0;
         if (!WaitFor([&] { return WaitForSingleObject(m_process.Get(), 0) == WAIT_OBJECT_0; }, milliseconds))
@@ -97,7 +70,7 @@ protected:
     ConsoleTest()
     {
         EXPECT_TRUE(agent.Start());
-        Install(agent.Port());
+        Install(L"voltaro_program", agent.Port());
     }
     // Gives a command that ends in a request which the agent never answers.
     void HangIn(int command, const wchar_t* operation)

@@ -50,7 +50,11 @@ std::vector<EventLine> EventLines(std::wstring_view text)
 const Day kDays[] = {
     // Idle periods and the states in them.
     {L"", {86400}}, {L"Pwrcon 1.5|Pwrsav 0.25", {86400}, {}, kLater, 1.5, 0.25},
-    {L"Istime 10|Ietime 10:05|Istime 11|Ietime 11:05:01", {85799, 601}, {{0, 300}, {1, 301}}},
+    {L"Istime 00|Ietime 00:05|Istime 01|Ietime 01:05:01|Istime 02|Ietime 02:10|Istime 03|Ietime 03:10:01|"
+     L"Istime 04|Ietime 04:30|Istime 05|Ietime 05:30:01", {80997, 5403},
+     {{0, 300}, {1, 301}, {1, 600}, {2, 601}, {2, 1800}, {3, 1801}}},
+    {L"Istime 01|Ietime 02:00:01|Istime 03|Ietime 05|Istime 06|Ietime 08:00:01|Istime 09|Ietime 13", {53998, 32402},
+     {{4, 3601}, {4, 7200}, {5, 7201}, {5, 14400}}},
     {L"Istime 10|Dstime 10:10|Detime 10:15|Mstime 10:15|Metime 11|Ietime 11", {82800, 600, 300, 2700}, {{3, 3600}}},
     {L"Istime 08|Qstime 08:20|Qetime 09|Hstime 09|Hetime 11|"
      L"Ietime 12:00:01", {71999, 4801, 0, 0, 2400, 7200, 0, 0, 7200}, {{6, 14401}}},
@@ -79,12 +83,9 @@ const Day kDays[] = {
     {L"Setime 06|Dstime 07|Detime 07:01", {64740, 0, 60, 0, 21600}}, {L"=Foobar # 1|Metime 02", {86400}},
     // Open to the day's end, or until now.
     {L"Istime 23|=Pwrcon # 2|=Pwrsav # -0.5", {82801, 3599}, {{3, 3600}}, kLater, 2, -0.5},
-    {L"Istime 22|Mstime 22:30", {79201, 1800, 0, 5399}, {{4, 7200}}},
     {L"Sdtime 20|=Pwrsav # 0.5", {72001, 0, 0, 0, 0, 0, 14399, 14399}, {}, kLater, 0, 0.5},
-    {L"Istime 22|Dstime 22:10|Detime 22:20", {79201, 6599, 600}, {{4, 7200}}},
     {L"Istime 12|Qstime 12:10", {43200, 600, 0, 0, 3000}, {{4, 3601}}, {2024, 2, 29, 13, 0, 0}},
-    {L"Istime 11", {36000}, {{0, 1}}, {2024, 2, 29, 10, 0, 0}}, {L"Istime 00", {0}, {{0, 1}}, {2024, 2, 29, 0, 0, 0}},
-    {L"=Dstime # 2023/02/28 23:00:00", {82801, 0, 3599}},
+    {L"Istime 11", {36000}, {{0, 1}}, {2024, 2, 29, 10, 0, 0}},
     // Starts and ends that do not match, days that are not one.
     {L"Istime 10|Dstime 10:10|Detime 10:20|Istime 11|Ietime 11:30", {84000, 1800, 600}, {{2, 1800}}},
     {L"Dstime 10|Metime 10:05|Hstime 11|=Pwrcon # 1|Hetime 12", {86400}, {}, kLater, 1, 0},
@@ -124,46 +125,27 @@ TEST(EventWalkTest, DaysWorkedByHand)
     }
 }
 
-TEST(EventWalkTest, FailureLeavesNothing)
-{
-    DayReport report;
-    ASSERT_TRUE(WalkDay(EventLines(L"Istime 10|Ietime 11"), kLater, report));
-    EXPECT_FALSE(WalkDay(EventLines(L"=failure|Istime 10"), kLater, report));
-    EXPECT_TRUE(report.durations == DayDurations() && report.histogram == IdleHistogram());
-    EXPECT_TRUE(WalkDay(EventLines(L"=Failure of the disk"), kLater, report));
-}
-
 // What an answer turns out to be.
 TEST(ShownDayTest, Answers)
 {
     DayReport report;
-    const auto read = [&report](const Element* root, const wchar_t* answer = L"") {
-        return ReadDayAnswer(root, answer, kLater, report);
+    const auto read = [&report](std::vector<Element> children, const wchar_t* answer = L"") {
+        const Element root{L"vltp", {}, std::move(children)};
+        return ReadDayAnswer(&root, answer, kLater, report);
     };
-    const auto root = [](std::vector<Element> children) { return Element{L"vltp", {}, std::move(children)}; };
-    const Element stray = root({}), empty = root({{L"response", {}, {}}});
-    EXPECT_TRUE(read(nullptr) == DayAnswer::Damaged && read(&stray) == DayAnswer::Damaged);
-    const Element failed = root({{L"response", {}, {{L"details", {}, {TextElement(L"status", L"failure")}}}}});
-    EXPECT_EQ(read(&failed, L"failure"), DayAnswer::NoData);
-    EXPECT_EQ(read(&empty), DayAnswer::Report);
+    EXPECT_EQ(ReadDayAnswer(nullptr, L"", kLater, report), DayAnswer::Damaged);
+    EXPECT_EQ(read({}), DayAnswer::Damaged);
+    EXPECT_EQ(read({{L"response", {}, {}}}), DayAnswer::Report);
     EXPECT_EQ(report.durations.active, kDaySeconds);
+    EXPECT_EQ(read({{L"response", {}, {{L"details", {}, {TextElement(L"status", L"failure")}}}}}, L"failure"),
+        DayAnswer::NoData);
+    EXPECT_TRUE(report.durations == DayDurations()) << "nothing of the day before";
+    EXPECT_EQ(read({{L"response", {}, {TextElement(L"a", L"Failure of it")}}}, L"Failure"), DayAnswer::Report);
     // Lines come from every `details`, in order; what stands elsewhere is no event.
     const Element start{L"details", {}, {TextElement(L"a", L"Istime # 2024/02/29 00:00:00")}};
     const Element end{L"details", {}, {TextElement(L"a", L"Ietime # 2024/02/29 00:05:00")}};
-    const Element day = root({{L"response", {}, {start}}, TextElement(L"a", L"Failure"), end});
-    EXPECT_EQ(read(&day), DayAnswer::Report);
+    EXPECT_EQ(read({{L"response", {}, {start}}, TextElement(L"a", L"Failure"), end}), DayAnswer::Report);
     EXPECT_EQ(report.durations.idleWithoutSavings, 300);
-}
-
-TEST(EventWalkTest, EachIdlePeriodIsInItsBucket)
-{
-    IdleHistogram histogram;
-    for (const std::int64_t limit : {300, 600, 1800, 3600, 7200, 14400}) {
-        histogram.Enter(limit);
-        histogram.Enter(limit + 1);
-    }
-    EXPECT_EQ(histogram.counts, (std::array<std::int32_t, 7>{1, 2, 2, 2, 2, 2, 1}));
-    EXPECT_EQ(histogram.seconds, (std::array<std::int64_t, 7>{300, 901, 2401, 5401, 10801, 21601, 14401}));
 }
 
 TEST(EventLinesTest, CutsLinesAndReadsPowerFigures)
@@ -172,18 +154,11 @@ TEST(EventLinesTest, CutsLinesAndReadsPowerFigures)
     const std::vector<EventLine> lines = ReadEventLines(details, L"");
     EXPECT_EQ(lines.size(), 3010U);
     EXPECT_EQ(lines.back().view(), std::wstring(60, L'x'));
-    const struct {
-        const wchar_t* line;
-        float figure;
-    } kCases[] = {
-        // clang-format off
-        {L"Pwrcon # 0.8125", 0.8125F}, {L"Pwrcon#.5kWh", 0.5F}, {L"Pwrcon # +2.", 2}, {L"Pwrcon # -1.5e1", -15},
-        {L"Pwrcon # 1e999", 3.40282347e38F}, // the largest there is
-        {L"Pwrcon # -1e-999", 0}, {L"Pwrcon # nan", 0}, {L"Pwrcon # +-1", 0}, {L"Pwrcon 5", 0}, {L"Pwrconx # 5", 0},
-        // clang-format on
-    };
-    for (const auto& row : kCases)
-        EXPECT_EQ(ScanPowerLine(row.line).kilowattHours, row.figure) << row.line;
+    constexpr float kLargest = 3.40282347e38F;
+    for (const auto& [line, figure] : {std::pair(L"Pwrcon # 0.8125", 0.8125F), {L"Pwrcon#.5kWh", 0.5F},
+             {L"Pwrcon # +2.", 2}, {L"Pwrcon # -1.5e1", -15}, {L"Pwrcon # 1e999", kLargest}, {L"Pwrcon # -1e-999", 0},
+             {L"Pwrcon # nan", 0}, {L"Pwrcon # +-1", 0}, {L"Pwrcon 5", 0}, {L"Pwrconx # 5", 0}})
+        EXPECT_EQ(ScanPowerLine(line).kilowattHours, figure) << line;
 }
 
 // A line of any code at any time, perhaps damaged.

@@ -13,15 +13,11 @@ constexpr DayDurations kDay = {.poweredOn = 57600, .offInAll = 28800, .active = 
     .idleWithoutSavings = 3600, .dim = 7200, .standby = 10800, .hibernate = 28800, .shutdown = 179,
     .hibernateUponIdle = 3600, .timedStandby = 3600};
 // clang-format on
+const GraphLayout kLayout = LayOutGraph(kDay, L"February 29, 2024");
 
-TEST(GraphLayoutTest, SegmentsAndMarkers)
+TEST(GraphLayoutTest, SegmentsMarkersAndTexts)
 {
-    const GraphLayout layout = LayOutGraph(kDay, L"February 29, 2024");
-    const struct {
-        const wchar_t* state;
-        GraphBox bar;
-        GraphColour colour;
-    } kSegments[] = {
+    const std::tuple<const wchar_t*, GraphBox, GraphColour> kSegments[] = {
         {L"IDLE", {85, 360, 125, 480}, 0x006000},
         {L"ACTIVE", {85, 160, 125, 360}, 0x8A2A00},
         {L"IDLE without Power Savings", {170, 460, 210, 480}, 0x37E38C},
@@ -34,39 +30,32 @@ TEST(GraphLayoutTest, SegmentsAndMarkers)
         {L"ON", {254, 160, 294, 480}, 0x008080},
         {L"OFF  (Done by Voltaro)", {254, 0, 294, 160}, 0x000080},
     };
-    ASSERT_EQ(layout.segments.size(), std::size(kSegments));
-    ASSERT_EQ(layout.legend.size(), std::size(kSegments));
+    ASSERT_EQ(kLayout.segments.size(), std::size(kSegments));
+    ASSERT_EQ(kLayout.legend.size(), std::size(kSegments));
     for (std::size_t i = 0; i < std::size(kSegments); ++i) {
-        SCOPED_TRACE(kSegments[i].state);
-        EXPECT_EQ(layout.segments[i].state, kSegments[i].state);
-        EXPECT_TRUE(layout.segments[i].bar == kSegments[i].bar && layout.segments[i].colour == kSegments[i].colour);
-        EXPECT_EQ(layout.legend[i].label.text, kSegments[i].state);
-        EXPECT_EQ(layout.legend[i].colour, kSegments[i].colour);
+        const auto& [state, bar, colour] = kSegments[i];
+        EXPECT_EQ(kLayout.segments[i].state, state);
+        EXPECT_TRUE(kLayout.segments[i].bar == bar && kLayout.segments[i].colour == colour) << state;
+        EXPECT_EQ(kLayout.legend[i].label.text, state);
+        EXPECT_EQ(kLayout.legend[i].colour, colour);
     }
     // No monitor off, and 179 s of shutdown are no pixel.
     // clang-format off
     constexpr auto kDashes = GraphPen::DashDot, kSolid = GraphPen::Solid;
-    EXPECT_EQ(layout.markers, (std::vector<GraphLine>{
+    EXPECT_EQ(kLayout.markers, (std::vector<GraphLine>{
         {85, 360, 50, 360, 0x006000, kDashes},   {85, 160, 50, 160, 0x8A2A00, kDashes},
         {170, 460, 125, 460, 0x37E38C, kDashes}, {170, 420, 125, 420, 0xFFA42D, kDashes},
         {170, 400, 125, 400, 0xFF00FF, kDashes}, {170, 360, 125, 360, 0xA03070, kDashes},
         {170, 340, 125, 340, 0x0080FF, kDashes}, {210, 160, 254, 160, 0x008080, kSolid},
         {210, 0, 254, 0, 0x000080, kSolid}}));
     // clang-format on
-}
-
-TEST(GraphLayoutTest, ScaleAndTexts)
-{
-    const GraphLayout layout = LayOutGraph(kDay, L"February 29, 2024");
-    ASSERT_EQ(layout.grid.size(), 25U);
-    EXPECT_EQ(layout.grid[24].y1, 480);
-    const auto has = [&layout](const wchar_t* text, int x, int y) {
-        return std::any_of(layout.texts.begin(), layout.texts.end(),
+    const auto has = [](const wchar_t* text, int x, int y) {
+        return std::any_of(kLayout.texts.begin(), kLayout.texts.end(),
             [=](const GraphText& t) { return t.text == text && t.x == x && t.y == y; });
     };
     EXPECT_TRUE(has(L"24", 30, -3) && has(L"23", 30, 15) && has(L"0", 30, 475) && has(L"IDLE breakup", 160, 481));
     EXPECT_TRUE(has(L"Graph for VLT Events of Date  :", 380, 15) && has(L"February 29, 2024", 400, 32));
-    for (const GraphLegendEntry& entry : layout.legend) // below the list, inside the tab
+    for (const GraphLegendEntry& entry : kLayout.legend) // below the list, inside the tab
         EXPECT_TRUE(
             entry.swatch.top > 410 && entry.label.y + entry.label.font.height <= 497 && entry.swatch.left >= 345);
 }
@@ -82,12 +71,11 @@ TEST(GraphLayoutTest, FullEmptyAndImpossibleDays)
 
 TEST(GraphLayoutTest, TooltipsOfTheSegmentUnderThePoint)
 {
-    const GraphLayout layout = LayOutGraph(kDay, L"");
-    const GraphSegment* dim = SegmentAt(layout, 170, 459);
+    const GraphSegment* dim = SegmentAt(kLayout, 170, 459);
     ASSERT_NE(dim, nullptr);
-    EXPECT_EQ(SegmentTooltip(*dim, layout.daySeconds), L"DIM (Upon IDLE)\n2 Hrs : 0 Mins\n8.3 % of the day");
-    EXPECT_EQ(SegmentAt(layout, 209, 460)->state, L"IDLE without Power Savings");
-    EXPECT_TRUE(!SegmentAt(layout, 210, 460) && !SegmentAt(layout, 170, 480) && !SegmentAt(layout, 85, 159));
+    EXPECT_EQ(SegmentTooltip(*dim, kLayout.daySeconds), L"DIM (Upon IDLE)\n2 Hrs : 0 Mins\n8.3 % of the day");
+    EXPECT_EQ(SegmentAt(kLayout, 209, 460)->state, L"IDLE without Power Savings");
+    EXPECT_TRUE(!SegmentAt(kLayout, 210, 460) && !SegmentAt(kLayout, 170, 480) && !SegmentAt(kLayout, 85, 159));
 }
 
 } // namespace

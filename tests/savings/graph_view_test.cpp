@@ -29,10 +29,7 @@ TEST(GraphViewTest, PixelsOfBarsMarkersGridAndAxes)
     const auto drawDay = [](HDC dc, void*) { DrawGraph(dc, LayOutGraph(kDay, L"February 29, 2024")); };
     const Pixels pixels(RenderBitmap(kWidth, kHeight, drawDay, nullptr).Get());
     const COLORREF plot = pixels.At(140, 150), face = GetSysColor(COLOR_3DFACE);
-    const struct {
-        int x, y;
-        COLORREF colour;
-    } kPixels[] = {
+    const std::tuple<int, int, COLORREF> kPixels[] = {
         // clang-format off
         {105, 440, kIdle}, {105, 439, kActive}, {105, 200, kActive}, {105, 199, plot},
         {85, 300, kActive}, {84, 300, kGrid}, {124, 301, kActive}, {125, 301, plot},
@@ -42,8 +39,8 @@ TEST(GraphViewTest, PixelsOfBarsMarkersGridAndAxes)
         {49, 300, 0}, {50, 300, 0}, {51, 301, plot}, {49, 485, 0}, {50, 481, 0}, {319, 481, 0}, {320, 481, face},
         // clang-format on
     };
-    for (const auto& pixel : kPixels)
-        EXPECT_EQ(pixels.At(pixel.x, pixel.y), pixel.colour) << pixel.x << ", " << pixel.y;
+    for (const auto& [x, y, colour] : kPixels)
+        EXPECT_EQ(pixels.At(x, y), colour) << x << ", " << y;
     EXPECT_TRUE(pixels.CountOf(kOn, 210, 254, 200) == 44 && pixels.CountOf(kOff, 210, 254, 0) == 44) << "solid";
     const int dashes = pixels.CountOf(kNoSavings, 126, 171, 470);
     EXPECT_TRUE(dashes > 15 && dashes < 45) << dashes;
@@ -68,14 +65,10 @@ protected:
     HWND m_page = WindowOf(WindowId::SavingsGraph);
 };
 
-TEST_F(GraphPageTest, EverySegmentHasItsTooltip)
+TEST_F(GraphPageTest, SegmentsHaveTooltipsAndTheRightButtonCopiesThePage)
 {
     EXPECT_EQ(AreaTipAt(m_page, {209, 439}), L"SHUTDOWN (Upon IDLE)\n2 Hrs : 0 Mins\n8.3 % of the day");
     EXPECT_EQ(AreaTipAt(m_page, {105, 199}), L"");
-}
-
-TEST_F(GraphPageTest, TheRightButtonCopiesThePageAsAPicture)
-{
     SendMessageW(m_page, WM_RBUTTONUP, 0, MAKELPARAM(100, 100));
     ASSERT_TRUE(OpenClipboard(nullptr));
     const Pixels copied(static_cast<HBITMAP>(GetClipboardData(CF_BITMAP)));

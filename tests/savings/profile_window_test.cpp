@@ -18,20 +18,13 @@ namespace {
 using simulator::FaultKind;
 
 // clang-format off
-enum Id : int {
-    kSaved = 101, kInbuilt, kBranded, kOthers, kNote, kType, kSize, kMonitorOn, kMonitorOff, kCpuMax, kCpuIdle,
-    kCpuStandby, kCpuOff, kManual, kAuto, kEdit, kSave,
-};
+enum Id : int { kSaved = 101, kInbuilt, kBranded, kOthers, kNote, kType, kSize, kMonitorOn, kMonitorOff, kCpuMax,
+    kCpuIdle, kCpuStandby, kCpuOff, kManual, kAuto, kEdit, kSave };
 // clang-format on
 
 class ProfileWindowTest : public testing::Test {
 protected:
-    void Open()
-    {
-        m_program.Load();
-        static_cast<void>(m_program.TakeOperations());
-        OpenProfileWindow(WindowOf(WindowId::Savings));
-    }
+    void Open() { OpenProfileWindow(WindowOf(WindowId::Savings)); }
     void Click(int id) { m_program.Command(WindowId::Profile, id); }
     void ClickRadio(int id)
     {
@@ -52,14 +45,14 @@ protected:
         return text.substr(from, text.find(L"</details>") - from);
     }
 
-    ConsoleProgram m_program;
+    LoadedProgram m_program;
     HWND m_window = WindowOf(WindowId::Profile);
 };
 
-TEST_F(ProfileWindowTest, OpensWithTheSavedProfileToLookAt)
+TEST_F(ProfileWindowTest, OpensWithTheSavedProfileOrTheDefaultMonitorToLookAt)
 {
     Open();
-    EXPECT_EQ(m_program.TakeOperations(), std::vector<std::wstring>{L"GetCurrentPowerConsumptionData"});
+    EXPECT_EQ(m_program.TakeOperations(), Operations{L"GetCurrentPowerConsumptionData"});
     EXPECT_EQ(CellOf(ControlOf(m_window, kSaved), 4, 1), L"62.40 Watts");
     EXPECT_EQ(SelectedText(m_window, kSize) + L" " + Text(kCpuOff), L"17.00 0.85");
     for (const int id : {kInbuilt, kType, kMonitorOn, kCpuMax, kSave})
@@ -71,10 +64,8 @@ TEST_F(ProfileWindowTest, OpensWithTheSavedProfileToLookAt)
     Click(IDCANCEL);
     EXPECT_FALSE(IsWindowVisible(m_window));
     EXPECT_TRUE(m_program.TakeOperations().empty());
-}
 
-TEST_F(ProfileWindowTest, AFreshProfileShowsTheDefaultMonitor)
-{
+    state.consumption = {};
     m_program.Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::Status, {}});
     Open();
     EXPECT_EQ(SelectedText(m_window, kType) + L" " + SelectedText(m_window, kSize), L"LCD 17.00");
@@ -85,16 +76,12 @@ TEST_F(ProfileWindowTest, ChoicesOfMonitor)
 {
     Open();
     Click(kEdit);
-    const struct {
-        const wchar_t *type, *size, *watts;
-        int sizes;
-    } kRows[] = {{L"CRT", L"15.00", L"65.20 4.20", 5}, {L"LCD", L"27.00", L"36.91 0.51", 16},
-        {L"LED", L"24.00", L"18.9 0.09", 8}};
-    for (const auto& row : kRows) {
-        Choose(kType, row.type);
-        EXPECT_EQ(SendMessageW(ControlOf(m_window, kSize), CB_GETCOUNT, 0, 0), row.sizes) << row.type;
-        Choose(kSize, row.size);
-        EXPECT_EQ(Watts(), row.watts);
+    for (const auto& [type, sizes, size, watts] : {std::tuple(L"CRT", 5, L"15.00", L"65.20 4.20"),
+             {L"LCD", 16, L"27.00", L"36.91 0.51"}, {L"LED", 8, L"24.00", L"18.9 0.09"}}) {
+        Choose(kType, type);
+        EXPECT_EQ(SendMessageW(ControlOf(m_window, kSize), CB_GETCOUNT, 0, 0), sizes) << type;
+        Choose(kSize, size);
+        EXPECT_EQ(Watts(), watts);
     }
     Choose(kSize, L"22.00");
     Choose(kType, L"CRT"); // has that size too
@@ -113,25 +100,20 @@ TEST_F(ProfileWindowTest, RefusedPowersAreToldAndEmptied)
 {
     Open();
     Click(kEdit);
-    static_cast<void>(m_program.TakeOperations());
     const std::wstring kHint = L"\n\n Hint : Please keep the value in 0.00 to 999.99 range.";
     const std::wstring kHigh = L"Value entered is too high." + kHint;
     const std::wstring kWrong = L"Please enter valid decimal values only" + kHint;
-    const struct {
-        int field;
-        const wchar_t* text;
-        std::wstring box;
-    } kRows[] = {{kMonitorOn, L"1000", kHigh}, {kMonitorOff, L"1,5", kWrong}, {kCpuMax, L"", kWrong},
-        {kCpuIdle, L"-1", kWrong}, {kCpuStandby, L"999.991", kHigh}, {kCpuOff, L"1e2", kWrong}};
-    for (const auto& row : kRows) {
-        Type(row.field, row.text);
-        const BoxScript boxes{{L"Invalid Input", row.box}};
+    for (const auto& [field, text, box] :
+        {std::tuple(kMonitorOn, L"1000", kHigh), {kMonitorOff, L"1,5", kWrong}, {kCpuMax, L"", kWrong},
+            {kCpuIdle, L"-1", kWrong}, {kCpuStandby, L"999.991", kHigh}, {kCpuOff, L"1e2", kWrong}}) {
+        Type(field, text);
+        const BoxScript boxes{{L"Invalid Input", box}};
         Click(kSave);
-        EXPECT_EQ(Text(row.field), L"");
-        EXPECT_EQ(GetFocus(), ControlOf(m_window, row.field));
-        Type(row.field, L"999.99");
+        EXPECT_EQ(Text(field), L"");
+        EXPECT_EQ(GetFocus(), ControlOf(m_window, field));
+        Type(field, L"999.99");
     }
-    EXPECT_TRUE(m_program.TakeOperations().empty());
+    EXPECT_EQ(m_program.TakeOperations(), Operations{L"GetCurrentPowerConsumptionData"}) << "nothing was sent";
 }
 
 TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
@@ -144,7 +126,6 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
     Choose(kSize, L"24.00");
     Type(kCpuMax, L"100");
     Type(kCpuIdle, L"40.5");
-    static_cast<void>(m_program.TakeOperations());
     const BoxScript boxes{{L"Power Consumption Settings", {}}, {L"Power Consumption Settings", {}}};
     Click(kSave);
     EXPECT_EQ(Applied(),
@@ -155,8 +136,8 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
         L"<Processor_Type>Quad core, 2.40 GHz</Processor_Type>"
         L"<System_Manufacturer>Harrowgate Computers</System_Manufacturer><System_Model>Fieldbook 14 G3</System_Model>");
     EXPECT_EQ(m_program.TakeOperations(),
-        (std::vector<std::wstring>{
-            L"GetActivationstatus", L"ApplyPowerConsumptionData", L"GetCurrentPowerConsumptionData"}));
+        (Operations{L"GetCurrentPowerConsumptionData", L"GetManualPowerConsumptionData", L"GetActivationstatus",
+            L"ApplyPowerConsumptionData", L"GetCurrentPowerConsumptionData"}));
     EXPECT_EQ(CellOf(ControlOf(m_window, kSaved), 4, 1), L"100.00 Watts");
     EXPECT_FALSE(IsOn(kSave) || IsOn(kCpuMax));
     // An hour at 0.05 x 118.9 + 0.15 x 89.15 + 0.8 x 59.4 W.
@@ -170,21 +151,16 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
 
 TEST_F(ProfileWindowTest, RefusalsOfTheAgentLeaveTheFieldsAsTheyAre)
 {
-    const struct {
-        const wchar_t* operation;
-        simulator::Fault fault;
-        const wchar_t *caption, *text;
-    } kRows[] = {
-        {L"GetActivationstatus", {FaultKind::Status, L"Not Activated"}, L"Unable to Set", L"is not activated"},
-        {L"ApplyPowerConsumptionData", {FaultKind::Status, L"failure"}, L"Error", L"Unable to Set"},
-        {L"ApplyPowerConsumptionData", {FaultKind::CloseAtOnce, {}}, L"Connection Issue", L""},
-    };
+    const std::tuple<const wchar_t*, simulator::Fault, ExpectedBox> kRows[]
+        = {{L"GetActivationstatus", {FaultKind::Status, L"Not Activated"}, {L"Unable to Set", L"is not activated"}},
+            {L"ApplyPowerConsumptionData", {FaultKind::Status, L"failure"}, {L"Error", L"Unable to Set"}},
+            {L"ApplyPowerConsumptionData", {FaultKind::CloseAtOnce, {}}, {L"Connection Issue", L""}}};
     Open();
     Click(kEdit);
     ClickRadio(kBranded);
-    for (const auto& row : kRows) {
-        m_program.Agent().SetFault(row.operation, row.fault);
-        const BoxScript boxes{{row.caption, row.text}};
+    for (const auto& [operation, fault, box] : kRows) {
+        m_program.Agent().SetFault(operation, fault);
+        const BoxScript boxes{box};
         Click(kSave);
         EXPECT_TRUE(IsOn(kSave) && IsChecked(m_window, kBranded));
         m_program.Agent().ClearFaults();

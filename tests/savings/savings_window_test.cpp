@@ -17,19 +17,14 @@
 namespace voltaro {
 namespace {
 
-using simulator::Fault;
 using simulator::FaultKind;
 
 constexpr int kPicker = 101;
-const std::vector<std::wstring> kOneDay = {L"GetActivationstatus", L"GetVLTEvents"};
+const Operations kOneDay = {L"GetActivationstatus", L"GetVLTEvents"};
 
 // The five lists, and what they say of the scripted day ("|" for a line break).
-const struct {
-    WindowId page;
-    int list;
-    std::wstring_view text;
-} kLists[] = {
-    // clang-format off
+// clang-format off
+const struct { WindowId page; int list; std::wstring_view text; } kLists[] = {
     {WindowId::SavingsTotals, 101,
         L"Description\tValue|System's Total Power consumption\t0.745 kWh|System was IDLE for :\t2 Hrs : 0 Mins|"
         L"System (without Voltaro) would have been powered ON for :\t16 Hrs : 0 Mins|"
@@ -55,17 +50,15 @@ const struct {
         L"MONITOR OFF (Upon IDLE)\t1 Hr  : 0 Mins|STANDBY (Upon IDLE)\t0 Hrs : 0 Mins|"
         L"STANDBY (Done Manually)\t0 Hrs : 0 Mins|HIBERNATE (Upon IDLE)\t0 Hrs : 0 Mins|"
         L"SHUTDOWN (Upon IDLE)\t2 Hrs : 0 Mins|ON\t14 Hrs : 0 Mins|OFF  (Done by Voltaro)\t10 Hrs : 0 Mins|"},
-    // clang-format on
 };
+// clang-format on
 
 class SavingsWindowTest : public testing::Test {
 protected:
     SavingsWindowTest()
     {
-        m_program.Load();
         state.consumption = RoundProfile();
-        m_program.Agent().ScriptReply(L"GetVLTEvents", ScriptedDay());
-        static_cast<void>(m_program.TakeOperations());
+        m_program.Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);
         m_program.Command(WindowId::Main, kSavingsReport);
     }
 
@@ -82,7 +75,7 @@ protected:
         m_program.Command(WindowId::Savings, IDOK);
     }
     // What the agent is asked after the picker's notification, once the day has rested.
-    std::vector<std::wstring> AskedAfter(UINT code, unsigned milliseconds)
+    Operations AskedAfter(UINT code, unsigned milliseconds)
     {
         const NMHDR header{Picker(), kPicker, code};
         SendMessageW(WindowOf(WindowId::Savings), WM_NOTIFY, kPicker, reinterpret_cast<LPARAM>(&header));
@@ -102,7 +95,7 @@ protected:
         }
     }
 
-    ConsoleProgram m_program;
+    LoadedProgram m_program;
 };
 
 TEST_F(SavingsWindowTest, OpeningAsksNothingAndAChosenDayFillsThePages)
@@ -129,12 +122,12 @@ TEST_F(SavingsWindowTest, OpeningAsksNothingAndAChosenDayFillsThePages)
 
 TEST_F(SavingsWindowTest, ADayCountsOnceItRestsAndNotFromTheFuture)
 {
-    constexpr unsigned kLongEnough = 800;
+    constexpr unsigned kLongEnough = 650, kAtOnce = 100; // a day rests for 500 ms
     SetDay(2024, 2, 28);
     EXPECT_TRUE(AskedAfter(DTN_DATETIMECHANGE, 0).empty());
     SetDay(2024, 2, 29);
     EXPECT_EQ(AskedAfter(DTN_DATETIMECHANGE, kLongEnough), kOneDay);
-    EXPECT_TRUE(AskedAfter(DTN_CLOSEUP, kLongEnough).empty()) << "the same day again: nothing new";
+    EXPECT_TRUE(AskedAfter(DTN_CLOSEUP, kAtOnce).empty()) << "the same day again: nothing new";
     SYSTEMTIME now;
     GetLocalTime(&now);
     SYSTEMTIME range[2]{};
@@ -146,39 +139,34 @@ TEST_F(SavingsWindowTest, ADayCountsOnceItRestsAndNotFromTheFuture)
 
 TEST_F(SavingsWindowTest, FailuresAreToldAndEmptyThePages)
 {
-    const struct {
-        const wchar_t* operation;
-        Fault fault;
-        const wchar_t *caption, *text;
-        bool listsStay;
-    } kRows[] = {
-        // clang-format off
-        {L"GetVLTEvents", {FaultKind::Status, L"Failure"}, L"No data",
-            L"Power savings data not available for date: 5/03/2024", false},
-        {L"GetVLTEvents", {FaultKind::NotWellFormed, {}}, L"Data Error",
-            L"May be error in Power savings data logged for date: 5/03/2024 .", false},
-        {L"GetVLTEvents", {FaultKind::Status, L"Not Activated"}, L"Power Savings Report", L"is not activated", true},
-        {L"GetActivationstatus", {FaultKind::Status, L"License Expired"}, L"Power Savings Report",
-            L"has expired", true},
-        {L"GetVLTEvents", {FaultKind::CloseAtOnce, {}}, L"Connection Issue", L"", true},
-        // clang-format on
+    // clang-format off
+    const struct { const wchar_t* operation; simulator::Fault fault; ExpectedBox box; bool listsStay; } kRows[] = {
+        {L"GetVLTEvents", {FaultKind::Status, L"Failure"},
+            {L"No data", L"Power savings data not available for date: 5/03/2024"}, false},
+        {L"GetVLTEvents", {FaultKind::NotWellFormed, {}},
+            {L"Data Error", L"May be error in Power savings data logged for date: 5/03/2024 ."}, false},
+        {L"GetVLTEvents", {FaultKind::Status, L"Not Activated"}, {L"Power Savings Report", L"is not activated"}, true},
+        {L"GetActivationstatus", {FaultKind::Status, L"License Expired"},
+            {L"Power Savings Report", L"has expired"}, true},
+        {L"GetVLTEvents", {FaultKind::CloseAtOnce, {}}, {L"Connection Issue", L""}, true},
     };
+    // clang-format on
     for (const auto& row : kRows) {
-        SCOPED_TRACE(std::wstring(row.caption));
+        SCOPED_TRACE(row.box.caption);
         Choose(2024, 2, 29);
         ExpectLists(true);
-        static_cast<void>(m_program.TakeOperations());
+        m_program.TakeOperations();
         m_program.Agent().ClearScripts();
         m_program.Agent().SetFault(row.operation, row.fault);
         {
-            const BoxScript boxes{{row.caption, row.text}};
+            const BoxScript boxes{row.box};
             Choose(2024, 3, 5);
         }
         EXPECT_EQ(m_program.LastRequest(L"GetVLTEvents").empty(), row.operation[3] == L'A') << "not activated";
         ExpectLists(row.listsStay);
         EXPECT_TRUE(IsWindowEnabled(Picker()));
         m_program.Agent().ClearFaults();
-        m_program.Agent().ScriptReply(L"GetVLTEvents", ScriptedDay());
+        m_program.Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);
     }
 }
 

@@ -2,11 +2,10 @@
 #include "shell/main_commands.h"
 #include "shell/workers.h"
 #include "support/box_script.h"
+#include "support/labelled.h"
 #include "support/program.h"
 #include "support/test_window.h"
-#include "tests/settings/fields.h"
 #include "ui/list_view.h"
-#include "ui/liveness.h"
 
 #include <gtest/gtest.h>
 
@@ -14,26 +13,15 @@ namespace voltaro {
 namespace {
 
 using simulator::FaultKind;
-using Operations = std::vector<std::wstring>;
 
-bool IsBusyShown()
+HWND Field(WindowId window, const wchar_t* label)
 {
-    return IsShown(Child(WindowId::SystemInfo, L"Refreshing, please wait .."));
-}
-
-// Waits for the refresh worker.
-void AwaitRefresh()
-{
-    for (int i = 0; i < 500 && IsBusyShown(); ++i) {
-        Pump();
-        WaitAlive(10);
-    }
+    return Labelled(WindowOf(window), label);
 }
 
 TEST(SystemInfoTest, TheLoadFillsAllPagesAndCopyAllTakesThem)
 {
-    ConsoleProgram program;
-    program.Load();
+    LoadedProgram program;
     // Rows of each list, and the first of them.
     // clang-format off
     const struct { WindowId page; const wchar_t* list; int rows; const wchar_t *name, *value; } kLists[] = {
@@ -46,20 +34,19 @@ TEST(SystemInfoTest, TheLoadFillsAllPagesAndCopyAllTakesThem)
     };
     // clang-format on
     for (const auto& row : kLists) {
-        const HWND list = Child(row.page, row.list);
+        const HWND list = Field(row.page, row.list);
         EXPECT_EQ(RowCount(list), row.rows) << row.list;
         EXPECT_EQ(CellOf(list, 0, 0), row.name);
         EXPECT_EQ(CellOf(list, 0, 1), row.value);
     }
-    EXPECT_EQ(CellOf(Child(WindowId::SystemInfoDisks, L"Logical Disk List"), 7, 0), L" "); // between two disks
+    EXPECT_EQ(CellOf(Field(WindowId::SystemInfoDisks, L"Logical Disk List"), 7, 0), L" "); // between two disks
 
-    static_cast<void>(program.TakeOperations());
     program.Command(WindowId::Main, kSystemInfo);
     EXPECT_EQ(program.TakeOperations(), Operations{});
     EXPECT_TRUE(IsWindowVisible(WindowOf(WindowId::SystemInfoCpu)));
     EXPECT_FALSE(IsWindowVisible(WindowOf(WindowId::SystemInfoOs)));
     EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
-    program.Command(WindowId::SystemInfo, IdOf(WindowId::SystemInfo, L"Copy all"));
+    program.Command(WindowId::SystemInfo, GetDlgCtrlID(Field(WindowId::SystemInfo, L"Copy all")));
     ASSERT_TRUE(OpenClipboard(nullptr));
     const HANDLE data = GetClipboardData(CF_UNICODETEXT);
     const std::wstring text(static_cast<const wchar_t*>(GlobalLock(data)));
@@ -73,19 +60,19 @@ TEST(SystemInfoTest, TheLoadFillsAllPagesAndCopyAllTakesThem)
 
 TEST(SystemInfoTest, RefreshKeepsTheUsersPlace)
 {
-    ConsoleProgram program(*simulator::FindScenario(L"large"));
-    program.Load();
+    LoadedProgram program(*simulator::FindScenario(L"large"));
     ASSERT_TRUE(StartWorkers());
     program.Command(WindowId::Main, kSystemInfo);
-    const HWND list = Child(WindowId::SystemInfoDisks, L"Logical Disk List");
+    const HWND list = Field(WindowId::SystemInfoDisks, L"Logical Disk List");
+    const HWND refresh = Field(WindowId::SystemInfo, L"Refresh");
+    const HWND busy = Field(WindowId::SystemInfo, L"Refreshing, please wait ..");
     ASSERT_EQ(RowCount(list), 500);
     SelectRow(list, 303);
     ListView_EnsureVisible(list, 303, FALSE);
     const int top = ListView_GetTopIndex(list);
     program.Command(WindowId::SystemInfo, ID_SYSTEM_INFO_REFRESH);
-    EXPECT_TRUE(IsBusyShown());
-    EXPECT_FALSE(IsWindowEnabled(Child(WindowId::SystemInfo, L"Refresh")));
-    AwaitRefresh();
+    EXPECT_TRUE(IsShown(busy) && !IsWindowEnabled(refresh));
+    EXPECT_TRUE(WaitFor([&] { return !IsShown(busy); }));
     EXPECT_NE(program.LastRequest(L"GetSystemDetails")
                   .find(L"<operation>GetSystemDetails</operation>\r\n\t\t<type>Refresh</type>\r\n\t</request>"),
         std::wstring::npos);
@@ -94,24 +81,21 @@ TEST(SystemInfoTest, RefreshKeepsTheUsersPlace)
 
     program.Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseAtOnce, {}});
     BoxScript boxes{{L"Connection Issue", {}}};
-    program.Command(WindowId::SystemInfo, IdOf(WindowId::SystemInfo, L"Refresh"));
-    AwaitRefresh();
+    program.Command(WindowId::SystemInfo, GetDlgCtrlID(refresh));
+    EXPECT_TRUE(WaitFor([&] { return IsWindowEnabled(refresh) != FALSE; }));
     Pump();
-    EXPECT_TRUE(IsWindowEnabled(Child(WindowId::SystemInfo, L"Refresh")));
     EXPECT_EQ(RowCount(list), 500);
     StopWorkers(StopOrder::MainWindowDestroyed);
 }
 
 TEST(BatteryTest, ShowsChargeStatusAndRows)
 {
-    ConsoleProgram program;
-    program.Load();
-    static_cast<void>(program.TakeOperations());
+    LoadedProgram program;
     program.Command(WindowId::Main, kBatteryInfo);
     EXPECT_EQ(program.TakeOperations(), Operations{L"GetBatteryInfo"});
-    const HWND bar = FieldAfter(WindowId::Battery, L"Battery charge");
-    const HWND list = Child(WindowId::Battery, L"Battery info List");
-    const auto status = [] { return WindowText(FieldAfter(WindowId::Battery, L"Status :")); };
+    const HWND bar = Field(WindowId::Battery, L"Battery charge");
+    const HWND list = Field(WindowId::Battery, L"Battery info List");
+    const auto status = [] { return WindowText(Field(WindowId::Battery, L"Status :")); };
     EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 87);
     EXPECT_EQ(status(), L"Charging,  remaining time 3 Hrs : 25 Mins");
     EXPECT_EQ(ListText(list, false),

@@ -1,9 +1,11 @@
 #include "base/text.h"
+#include "console/state.h"
 #include "settings/settings_rules.h"
 #include "shell/main_commands.h"
 #include "support/box_script.h"
+#include "support/labelled.h"
 #include "support/program.h"
-#include "tests/settings/fields.h"
+#include "ui/controls.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +13,6 @@ namespace voltaro {
 namespace {
 
 using simulator::FaultKind;
-using Operations = std::vector<std::wstring>;
 
 // The windows that edit a record, and what they say.
 struct Editor {
@@ -30,27 +31,27 @@ constexpr Editor kEditors[] = {
 
 class RecordWindows : public testing::Test {
 protected:
-    RecordWindows() { m_program.Load(); }
-
     void Open(const Editor& editor)
     {
         m_editor = &editor;
         m_program.Command(WindowId::Main, editor.command);
-        static_cast<void>(m_program.TakeOperations());
+        m_program.TakeOperations();
     }
     // What follows is done in the window opened last.
-    HWND Field(const wchar_t* label) { return FieldAfter(m_editor->window, label); }
-    HWND Button(const wchar_t* text) { return Child(m_editor->window, text); }
+    HWND Field(const wchar_t* label) { return Labelled(WindowOf(m_editor->window), label); }
+    int IdOf(const wchar_t* label) { return GetDlgCtrlID(Field(label)); }
+    bool IsOn(const wchar_t* label) { return IsWindowEnabled(Field(label)) != FALSE; }
     std::wstring Shown(const wchar_t* label) { return WindowText(Field(label)); }
-    void Apply() { m_program.Command(m_editor->window, IdOf(m_editor->window, m_editor->button)); }
-    void Type(const wchar_t* label, const wchar_t* text)
+    void Type(const wchar_t* label, const wchar_t* text) { m_program.Type(m_editor->window, IdOf(label), text); }
+    void Check(const wchar_t* label, bool checked)
     {
-        m_program.Type(m_editor->window, GetDlgCtrlID(Field(label)), text);
+        SetChecked(WindowOf(m_editor->window), IdOf(label), checked);
+        m_program.Command(m_editor->window, IdOf(label));
     }
-    void Check(const wchar_t* box, bool checked)
+    void Apply(const ExpectedBox& box)
     {
-        SetChecked(WindowOf(m_editor->window), IdOf(m_editor->window, box), checked);
-        m_program.Command(m_editor->window, IdOf(m_editor->window, box));
+        const BoxScript boxes{box};
+        m_program.Command(m_editor->window, IdOf(m_editor->button));
     }
     // The platform's document writes each line end of the text as CR LF. "|" stands for the start of a detail's line.
     void ExpectSent(const std::wstring& details)
@@ -62,7 +63,7 @@ protected:
         EXPECT_EQ(m_program.LastRequest(m_editor->apply), Replaced(expected, L"\n", L"\r\n"));
     }
 
-    ConsoleProgram m_program;
+    LoadedProgram m_program;
     const Editor* m_editor = nullptr;
 };
 
@@ -70,15 +71,14 @@ TEST_F(RecordWindows, PortsTravelWhole)
 {
     Open(kEditors[0]);
     EXPECT_EQ(Shown(L"Remote Manager 1 address"), L"192.168.20.11");
-    EXPECT_FALSE(IsWindowEnabled(Field(L"Local Host address")));
+    EXPECT_FALSE(IsOn(L"Local Host address"));
     SendMessageW(Field(L"Remote Manager 1 address"), IPM_CLEARADDRESS, 0, 0);
     SendMessageW(Field(L"Remote Manager 2 address"), IPM_SETADDRESS, 0, MAKEIPADDRESS(10, 0, 7, 1));
     Check(L"Local Host", false);
     Check(L"Remote Manager 2", true);
     Type(L"TCP Port :", L"00080 tcp");
-    BoxScript boxes{{L"Restart Voltaro",
-        L"Please restart Voltaro for the new settings to take effect.\n(both Voltaro service and Voltaro console.)"}};
-    Apply();
+    Apply({L"Restart Voltaro",
+        L"Please restart Voltaro for the new settings to take effect.\n(both Voltaro service and Voltaro console.)"});
     ExpectSent(L"|<Localhost>No</Localhost>|<TCPPort>80</TCPPort>|<UDPPort>4917</UDPPort>"
                L"|<MonitoringIP>192.168.20.5</MonitoringIP>|<MonitoringTCPPort>4920</MonitoringTCPPort>"
                L"|<RemoteManager1>0.0.0.0</RemoteManager1>|<RemoteManager1Enable>Yes</RemoteManager1Enable>"
@@ -92,24 +92,26 @@ TEST_F(RecordWindows, ProxyTravelsWholeAndItsFieldsFollowTheirSwitches)
 {
     Open(kEditors[1]);
     Check(L"Save Password", true);
+    Type(L"Proxy Server :", L"gate.example");
+    Type(L"Port No      :", L"3128");
+    Type(L"User Name   :", L"eva.lind");
     Type(L"Password     :", L"a<b & \"c\"");
-    BoxScript boxes{{m_editor->done, {}}, {m_editor->done, {}}};
-    Apply();
+    Apply({m_editor->done, {}});
     const std::wstring before
-        = L"|<UseProxy>Yes</UseProxy>|<ProxyServer>proxy.office.example</ProxyServer>|<ProxyPort>8080</ProxyPort>"
-          L"|<UseAuthentication>Yes</UseAuthentication>|<UserName>jan.berg</UserName>";
+        = L"|<UseProxy>Yes</UseProxy>|<ProxyServer>gate.example</ProxyServer>|<ProxyPort>3128</ProxyPort>"
+          L"|<UseAuthentication>Yes</UseAuthentication>|<UserName>eva.lind</UserName>";
     ExpectSent(before + L"|<Password>a&lt;b &amp; \"c\"</Password>|<SavePassword>Yes</SavePassword>");
     EXPECT_EQ(Shown(L"Password     :"), L"a<b & \"c\"");
     Check(L"Save Password", false);
     EXPECT_EQ(Shown(L"Password     :"), L"");
-    Apply();
+    Apply({m_editor->done, {}});
     ExpectSent(before + L"|<Password/>|<SavePassword>No</SavePassword>");
 
     const auto expectEnabled = [&](bool proxy, bool authentication) {
-        for (const HWND control : {Field(L"Proxy Server :"), Field(L"Port No      :"), Button(L"Use Authentication")})
-            EXPECT_EQ(IsWindowEnabled(control) != FALSE, proxy) << WindowText(control);
-        for (const HWND control : {Field(L"User Name   :"), Field(L"Password     :"), Button(L"Save Password")})
-            EXPECT_EQ(IsWindowEnabled(control) != FALSE, authentication) << WindowText(control);
+        for (const wchar_t* label : {L"Proxy Server :", L"Port No      :", L"Use Authentication"})
+            EXPECT_EQ(IsOn(label), proxy) << label;
+        for (const wchar_t* label : {L"User Name   :", L"Password     :", L"Save Password"})
+            EXPECT_EQ(IsOn(label), authentication) << label;
     };
     expectEnabled(true, true);
     Check(L"Use Authentication", false);
@@ -125,23 +127,19 @@ TEST_F(RecordWindows, EverySnoozeChoiceGoesOutAndComesBack)
         = {L"Notification Alert Time :", L"Snooze Alert Time       :", L"Snooze Duration         :"};
     constexpr const wchar_t* kMinutes[][3]
         = {{L"1", L"5", L"10"}, {L"2", L"10", L"20"}, {L"3", L"15", L"30"}, {L"4", L"20", L"45"}, {L"5", L"30", L"60"}};
-    const auto expectSent = [&](const wchar_t* alerts, const wchar_t* const(&minutes)[3]) {
-        ExpectSent(Format(L"|<SnoozeForIdlePwrAction>%ls</SnoozeForIdlePwrAction>"
-                          L"|<SnoozeForSchedulerPwrAction>%ls</SnoozeForSchedulerPwrAction>"
-                          L"|<SnoozeNotifiTimeoutForIdlePwrAction>%ls</SnoozeNotifiTimeoutForIdlePwrAction>"
-                          L"|<SnoozeNotifiTimeoutForSchedulerPwrAction>%ls</SnoozeNotifiTimeoutForSchedulerPwrAction>"
-                          L"|<SnoozeTimeout>%ls</SnoozeTimeout>",
-            alerts, alerts, minutes[0], minutes[1], minutes[2]));
-    };
+    constexpr wchar_t kSent[]
+        = L"|<SnoozeForIdlePwrAction>%ls</SnoozeForIdlePwrAction>"
+          L"|<SnoozeForSchedulerPwrAction>%ls</SnoozeForSchedulerPwrAction>"
+          L"|<SnoozeNotifiTimeoutForIdlePwrAction>%ls</SnoozeNotifiTimeoutForIdlePwrAction>"
+          L"|<SnoozeNotifiTimeoutForSchedulerPwrAction>%ls</SnoozeNotifiTimeoutForSchedulerPwrAction>"
+          L"|<SnoozeTimeout>%ls</SnoozeTimeout>";
     Open(kEditors[2]);
-    BoxScript boxes{};
     for (std::size_t i = 0; i < 5; ++i) {
         const wchar_t* const choices[] = {kNotificationTimes[i], kSnoozeAlertTimes[i], kSnoozeDurations[i]};
         for (std::size_t k = 0; k < 3; ++k)
-            m_program.Choose(WindowId::Snooze, GetDlgCtrlID(Field(kLabels[k])), choices[k]);
-        boxes.Expect({{m_editor->done, {}}});
-        Apply();
-        expectSent(L"Yes", kMinutes[i]);
+            m_program.Choose(WindowId::Snooze, IdOf(kLabels[k]), choices[k]);
+        Apply({m_editor->done, {}});
+        ExpectSent(Format(kSent, L"Yes", L"Yes", kMinutes[i][0], kMinutes[i][1], kMinutes[i][2]));
         m_program.Command(m_editor->window, IDCANCEL);
         Open(kEditors[2]);
         for (std::size_t k = 0; k < 3; ++k)
@@ -149,55 +147,50 @@ TEST_F(RecordWindows, EverySnoozeChoiceGoesOutAndComesBack)
     }
     Check(L"Enable notification alert for Power OFFs done upon idle :", false);
     Check(L"Enable snooze alert for Scheduled Power OFFs :", false);
-    EXPECT_FALSE(IsWindowEnabled(Field(kLabels[2])));
-    boxes.Expect({{m_editor->done, {}}});
-    Apply();
-    expectSent(L"No", {L"5", L"10", L"20"});
+    EXPECT_FALSE(IsOn(kLabels[2]));
+    Apply({m_editor->done, {}});
+    ExpectSent(Format(kSent, L"No", L"No", L"5", L"10", L"20"));
 }
 
 TEST_F(RecordWindows, FeaturesThatCannotBeControlledStay)
 {
     Open(kEditors[3]);
-    const auto isChecked = [](HWND box) { return SendMessageW(box, BM_GETCHECK, 0, 0) == BST_CHECKED; };
-    EXPECT_FALSE(IsWindowEnabled(Button(L"Disable CD/DVD Rom")));
-    EXPECT_TRUE(isChecked(Button(L"Disable USB Storage")));
+    EXPECT_FALSE(IsOn(L"Disable CD/DVD Rom"));
+    EXPECT_TRUE(IsChecked(WindowOf(WindowId::DeviceControl), IdOf(L"Disable USB Storage")));
     Check(L"Disable CD/DVD Rom", true);
     Check(L"Disable USB Storage", false);
     Check(L"Disable Wake On LAN", true);
-    BoxScript boxes{{m_editor->done, {}}};
-    Apply();
+    Apply({m_editor->done, {}});
     ExpectSent(L"|<FireWall>NO</FireWall>|<UsbStorage>NO</UsbStorage>|<CDDVDRom>NA</CDDVDRom>|<BlueTooth>NO</BlueTooth>"
                L"|<WIFI>NO</WIFI>|<WebCam>YES</WebCam>|<RegistryEdit>NO</RegistryEdit>"
                L"|<BiosSettingsPassword>NO</BiosSettingsPassword>|<BiosPassWord/>|<WLAN>YES</WLAN>");
-    EXPECT_FALSE(isChecked(Button(L"Disable CD/DVD Rom")));
+    EXPECT_FALSE(IsChecked(WindowOf(WindowId::DeviceControl), IdOf(L"Disable CD/DVD Rom")));
 }
 
 TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
 {
     constexpr const wchar_t* kPort = L"Invalid Port Number";
     constexpr const wchar_t* kRange = L"Please enter an integer value in the range (1024 – 65535) as the port number.";
-    constexpr const wchar_t* kProxyRange = L"Proxy port should be a non zero numeric value in range ( 1 - 65535 ) .";
     // clang-format off
-    const struct { std::size_t editor; const wchar_t *label, *text, *caption, *message; } kRows[] = {
-        {0, L"UDP Port :", L"", kPort, L"UDP port cannot be blank."},
-        {0, L"UDP Port :", L"65536", kPort, kRange},
-        {0, L"TCP Port :", L"", kPort, L"TCP port cannot be blank."},
-        {0, L"TCP Port :", L"0", kPort, kRange},
-        {1, L"User Name   :", L"", L"Blank Username ", L"Username cannot be blank."},
-        {1, L"Port No      :", L"", kPort, L"Proxy port cannot be blank."},
-        {1, L"Port No      :", L"99999999999", kPort, kProxyRange},
-        {1, L"Proxy Server :", L"", L"Blank Proxy Server ", L"Proxy Server name cannot be blank."},
+    const struct { std::size_t editor; const wchar_t *label, *text; ExpectedBox box; } kRows[] = {
+        {0, L"UDP Port :", L"", {kPort, L"UDP port cannot be blank."}},
+        {0, L"UDP Port :", L"65536", {kPort, kRange}},
+        {0, L"TCP Port :", L"", {kPort, L"TCP port cannot be blank."}},
+        {0, L"TCP Port :", L"0", {kPort, kRange}},
+        {1, L"User Name   :", L"", {L"Blank Username ", L"Username cannot be blank."}},
+        {1, L"Port No      :", L"", {kPort, L"Proxy port cannot be blank."}},
+        {1, L"Port No      :", L"99999999999",
+            {kPort, L"Proxy port should be a non zero numeric value in range ( 1 - 65535 ) ."}},
+        {1, L"Proxy Server :", L"", {L"Blank Proxy Server ", L"Proxy Server name cannot be blank."}},
     };
     // clang-format on
-    BoxScript boxes{};
     for (const auto& row : kRows) {
         Open(kEditors[row.editor]);
         Type(row.label, row.text);
-        boxes.Expect({{row.caption, row.message}});
+        const BoxScript boxes{row.box};
         m_program.Command(m_editor->window, IDOK);
-        boxes.ExpectAllSeen();
         EXPECT_EQ(Shown(row.label), L"");
-        EXPECT_EQ(GetFocus(), Field(row.label)) << row.message;
+        EXPECT_EQ(GetFocus(), Field(row.label)) << row.box.text;
         EXPECT_EQ(m_program.TakeOperations(), Operations{});
     }
 }
@@ -205,46 +198,38 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
 TEST_F(RecordWindows, TellWhatTheAgentAnswered)
 {
     constexpr const wchar_t* kGate = L"GetActivationstatus";
-    BoxScript boxes{};
     for (const Editor& editor : kEditors) {
         SCOPED_TRACE(editor.apply);
         const Operations applied = {kGate, editor.apply, editor.read}, refused = {kGate, editor.apply};
         // clang-format off
-        const struct { const wchar_t* operation; simulator::Fault fault; const wchar_t *caption, *text; Operations sent; } kRows[] = {
-            {editor.apply, {FaultKind::Status, L"success"}, editor.done, L"", applied},
-            {editor.apply, {FaultKind::Status, L"Permission denied"}, editor.failed, editor.failure, refused},
-            {editor.apply, {FaultKind::Garbage, {}}, editor.failed, editor.failure, refused},
-            {editor.apply, {FaultKind::Status, L"License Expired"}, L"Unable to Set", L"The license of Voltaro on", {kGate, editor.apply, kGate}},
-            {kGate, {FaultKind::Status, L"Not Activated"}, L"Unable to Set", L"'Localhost' is not activated.", {kGate}},
-            {kGate, {FaultKind::None, {}}, editor.done, L"", applied},
-            {editor.apply, {FaultKind::CloseAtOnce, {}}, L"Connection Issue", L"", refused},
+        const struct { const wchar_t* operation; simulator::Fault fault; ExpectedBox box; Operations sent; } kRows[] = {
+            {editor.apply, {FaultKind::Status, L"success"}, {editor.done, L""}, applied},
+            {editor.apply, {FaultKind::Status, L"Permission denied"}, {editor.failed, editor.failure}, refused},
+            {editor.apply, {FaultKind::Garbage, {}}, {editor.failed, editor.failure}, refused},
+            {editor.apply, {FaultKind::Status, L"License Expired"},
+                {L"Unable to Set", L"The license of Voltaro on"}, {kGate, editor.apply, kGate}},
+            {kGate, {FaultKind::Status, L"Not Activated"},
+                {L"Unable to Set", L"'Localhost' is not activated."}, {kGate}},
+            {editor.apply, {FaultKind::CloseAtOnce, {}}, {L"Connection Issue", L""}, refused},
         };
         // clang-format on
         for (const auto& row : kRows) {
             m_program.Agent().ClearFaults();
             Open(editor);
             m_program.Agent().SetFault(row.operation, row.fault);
-            boxes.Expect({{row.caption, row.text}});
-            Apply();
-            boxes.ExpectAllSeen();
+            Apply(row.box);
             EXPECT_EQ(m_program.TakeOperations(), row.sent) << row.fault.argument;
-            EXPECT_TRUE(IsWindowEnabled(Button(editor.button)));
+            EXPECT_TRUE(IsOn(editor.button));
         }
-        m_program.Agent().ClearFaults();
         m_program.Command(WindowId::Main, kReinitialize);
     }
 }
 
 TEST_F(RecordWindows, ShowWhatTheyHaveWhateverTheAgentSends)
 {
-    std::wstring many;
-    for (int i = 0; i < 60; ++i)
-        many += L"<a>7</a>";
-    const std::wstring kTexts[]
-        = {L"<vltp version=\"1.0\"><response/></vltp>", L"garbage", L"<vltp><response><details><a>",
-            L"<!DOCTYPE a [<!ENTITY b \"c\">]><vltp><response><details><a>&b;</a></details></response></vltp>",
-            L"<vltp><response><details><a>" + std::wstring(400, L'7') + L"</a></details></response></vltp>",
-            L"<vltp><response><details>" + many + L"</details></response></vltp>"};
+    const std::wstring many = Replaced(std::wstring(60, L'x'), L"x", L"<a>7</a>");
+    const std::wstring kTexts[] = {L"<vltp version=\"1.0\"><response/></vltp>", L"garbage",
+        L"<vltp><response><details><a>" + std::wstring(400, L'7') + L"</a>" + many + L"</details></response></vltp>"};
     for (const Editor& editor : kEditors) {
         SCOPED_TRACE(editor.read);
         for (const std::wstring& text : kTexts) {
@@ -252,7 +237,7 @@ TEST_F(RecordWindows, ShowWhatTheyHaveWhateverTheAgentSends)
             Open(editor);
             EXPECT_TRUE(IsWindowVisible(WindowOf(editor.window))) << text;
             if (text == kTexts[0]) { // no record came yet: nothing is sent
-                EXPECT_FALSE(IsWindowEnabled(Button(editor.button)));
+                EXPECT_FALSE(IsOn(editor.button));
                 m_program.Command(editor.window, IDOK);
                 EXPECT_EQ(m_program.TakeOperations(), Operations{});
             }

@@ -14,7 +14,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <set>
 
 namespace voltaro {
@@ -22,7 +21,7 @@ namespace {
 
 using simulator::FaultKind;
 
-const std::vector<std::wstring> kLoadOrder
+const Operations kLoadOrder
     = {L"GetSystemstatus", L"GetSystemDetails", L"GetBatteryInfo", L"GetPowerSchemes", L"GetPolicies",
         L"GetCurrentpowersettings", L"GetCurrenthostsettings", L"GetCurrentProxySettings", L"GetActivationstatus",
         L"GetVoltaroSavingsTillDate", L"PauseStatus", L"GetCurrentPowerConsumptionData", L"GetPatchDetails"};
@@ -40,7 +39,7 @@ std::set<int> GreyedItems()
     return greyed;
 }
 
-TEST(ConnectionTest, LoadsEverythingInOrder)
+TEST(ConnectionTest, LoadsAndRefreshesInOrderAndTellsOfADeadAgentOnce)
 {
     ConsoleProgram program;
     program.Load();
@@ -53,50 +52,47 @@ TEST(ConnectionTest, LoadsEverythingInOrder)
     EXPECT_EQ(CellOf(ControlOf(main, kSavingsList), 1, 0), L"Power saved");
     EXPECT_EQ(GreyedItems(), (std::set<int>{kResume, kActivate})); // the licence is active
     EXPECT_EQ(HostLineText().substr(0, 10), L"Hostname :");
+    program.Command(WindowId::Main, kRefresh);
+    EXPECT_EQ(program.TakeOperations(),
+        (Operations{L"GetPowerSchemes", L"GetPolicies", L"GetCurrentpowersettings", L"GetBatteryInfo",
+            L"GetActivationstatus", L"PauseStatus"}));
+    program.Agent().Stop();
+    const BoxScript boxes{{L"Failed to communicate with Voltaro Agent", {}}};
+    program.Command(WindowId::Main, kRefresh);
 }
 
-TEST(ConnectionTest, TriesThreeTimesAndGreysWhatNeedsAnAgent)
+TEST(ConnectionTest, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSchemes)
 {
-    BoxScript boxes{{L"Connection Issue", L"           To check for services (in Windows) go to Start->Run.. , type"}};
     ConsoleProgram program;
-    program.Agent().SetFault(L"GetSystemstatus", {FaultKind::CloseAtOnce, {}});
-    program.Load();
-    EXPECT_EQ(program.TakeOperations(), std::vector<std::wstring>(3, L"GetSystemstatus"));
-    EXPECT_FALSE(state.connected);
-    EXPECT_EQ(HostLineText(), L"Not initialized.");
-    EXPECT_FALSE(IsWindowEnabled(ControlOf(WindowOf(WindowId::Main), kStandby)));
-    const std::set<int> greyed = GreyedItems();
-    for (const int usable : {kReinitialize, kMenuExitToTray, kClose, kHelp, kAbout, kWebSite})
-        EXPECT_EQ(greyed.count(usable), 0U) << usable;
-    EXPECT_EQ(greyed.size(), 15U);
-}
-
-TEST(ConnectionTest, FailsSilentlyWithoutSystemDetails)
-{
-    BoxScript boxes{};
-    ConsoleProgram program;
-    program.Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseMidFrame, {}});
-    program.Load();
-    EXPECT_EQ(program.TakeOperations(), (std::vector<std::wstring>{L"GetSystemstatus", L"GetSystemDetails"}));
-    EXPECT_FALSE(state.connected);
-    EXPECT_TRUE(
-        IsWindowVisible(ControlOf(WindowOf(WindowId::Main), kStandby)) || !IsWindowVisible(WindowOf(WindowId::Main)));
-}
-
-TEST(ConnectionTest, GoesOnWithoutSchemes)
-{
-    BoxScript boxes{{L"Failed to communicate with Voltaro Agent", L"Voltaro Agent not responding"}};
-    ConsoleProgram program;
-    program.Agent().SetFault(L"GetPowerSchemes", {FaultKind::CloseAtOnce, {}});
-    program.Load();
-    EXPECT_EQ(program.TakeOperations(), kLoadOrder);
-    EXPECT_TRUE(state.connected);
+    // What fails, the box (for the details there is none), and what was asked until then.
+    const std::tuple<const wchar_t*, ExpectedBox, Operations> kRows[]
+        = {{L"GetSystemstatus",
+               {L"Connection Issue", L"           To check for services (in Windows) go to Start->Run.. , type"},
+               Operations(3, L"GetSystemstatus")},
+            {L"GetSystemDetails", {}, {L"GetSystemstatus", L"GetSystemDetails"}},
+            {L"GetPowerSchemes", {L"Failed to communicate with Voltaro Agent", L"Voltaro Agent not responding"},
+                kLoadOrder}};
+    for (const auto& [operation, box, asked] : kRows) {
+        program.Agent().ClearFaults();
+        program.Agent().SetFault(operation, {FaultKind::CloseMidFrame, {}});
+        const BoxScript boxes{box};
+        program.Load();
+        EXPECT_EQ(program.TakeOperations(), asked);
+        EXPECT_EQ(state.connected, asked == kLoadOrder);
+        if (state.connected)
+            break;
+        EXPECT_EQ(HostLineText(), L"Not initialized.");
+        EXPECT_FALSE(IsWindowEnabled(ControlOf(WindowOf(WindowId::Main), kStandby)));
+        const std::set<int> greyed = GreyedItems();
+        for (const int usable : {kReinitialize, kMenuExitToTray, kClose, kHelp, kAbout, kWebSite})
+            EXPECT_EQ(greyed.count(usable), 0U) << usable;
+        EXPECT_EQ(greyed.size(), 15U);
+    }
 }
 
 TEST(ConnectionTest, OneLossOneBox)
 {
-    ConsoleProgram program;
-    program.Load();
+    LoadedProgram program;
     BoxScript boxes{{L"Connection Issue", L"\n         To reconnect (in Voltaro Console Menu)"}};
     OnAgentLost();
     OnAgentLost();
@@ -110,51 +106,26 @@ TEST(ConnectionTest, OneLossOneBox)
     EXPECT_EQ(GreyedItems(), (std::set<int>{kResume, kActivate})); // the licence is active
 }
 
-TEST(ConnectionTest, RefreshReadsInItsOrderAndTellsOfADeadAgentOnce)
-{
-    ConsoleProgram program;
-    program.Load();
-    static_cast<void>(program.TakeOperations());
-    program.Command(WindowId::Main, kRefresh);
-    EXPECT_EQ(program.TakeOperations(),
-        (std::vector<std::wstring>{L"GetPowerSchemes", L"GetPolicies", L"GetCurrentpowersettings", L"GetBatteryInfo",
-            L"GetActivationstatus", L"PauseStatus"}));
-    program.Agent().Stop();
-    BoxScript boxes{{L"Failed to communicate with Voltaro Agent", {}}};
-    program.Command(WindowId::Main, kRefresh);
-}
-
 // The poller asks for the pause state, for the battery where there is one, and gives up after three failed tries.
 TEST(ConnectionTest, PollsUntilTheAgentIsLost)
 {
-    for (const wchar_t* scenario : {L"battery", L"desktop"}) {
-        ConsoleProgram program(*simulator::FindScenario(scenario));
-        program.Load();
-        static_cast<void>(program.TakeOperations());
+    for (const auto& [scenario, second, greyed] :
+        {std::tuple(L"battery", L"GetBatteryInfo", std::set<int>{kResume, kActivate}),
+            {L"desktop", L"PauseStatus", {kResume, kBatteryInfo, kActivate}}}) {
+        LoadedProgram program(*simulator::FindScenario(scenario));
+        EXPECT_EQ(GreyedItems(), greyed) << scenario;
         timing.pollerPeriod = timing.pollerFirstRetry = timing.pollerSecondRetry = 50;
         ASSERT_TRUE(StartWorkers());
-        const auto pumpUntil = [](const std::function<bool()>& done) {
-            for (const ULONGLONG end = GetTickCount64() + 20'000; !done() && GetTickCount64() < end; Sleep(5))
-                Pump();
-        };
-        pumpUntil([&] { return program.Agent().Requests().size() >= 2; });
-        const std::vector<std::wstring> polled = program.TakeOperations();
-        EXPECT_EQ(polled.at(0), L"PauseStatus");
-        EXPECT_EQ(polled.at(1), std::wstring(scenario) == L"battery" ? L"GetBatteryInfo" : L"PauseStatus");
-
+        ASSERT_TRUE(WaitFor([&] { return program.Agent().Requests().size() >= 2; }));
+        const Operations polled = program.TakeOperations();
+        EXPECT_EQ(polled[0], L"PauseStatus");
+        EXPECT_EQ(polled[1], second);
         BoxScript boxes{{L"Connection Issue", {}}};
         program.Agent().SetFault(L"*", {FaultKind::CloseAtOnce, {}});
-        pumpUntil([] { return !state.connected; });
+        EXPECT_TRUE(WaitFor([] { return !state.connected; }));
         Pump();
         StopWorkers(StopOrder::MainWindowDestroyed);
     }
-}
-
-TEST(ConnectionTest, WithoutABatteryItsWindowIsGrey)
-{
-    ConsoleProgram program(*simulator::FindScenario(L"desktop"));
-    program.Load();
-    EXPECT_EQ(GreyedItems(), (std::set<int>{kResume, kBatteryInfo, kActivate}));
 }
 
 } // namespace

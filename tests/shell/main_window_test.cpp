@@ -1,16 +1,12 @@
 #include "shell/main_window.h"
 
-#include "resources/resource_ids.h"
-#include "shell/closing.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/quick_actions.h"
-#include "shell/window_table.h"
 #include "support/box_script.h"
 #include "support/program.h"
 #include "ui/controls.h"
 #include "ui/menus.h"
-#include "ui/tooltip.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +14,6 @@ namespace voltaro {
 namespace {
 
 using simulator::FaultKind;
-using Names = std::vector<std::wstring>;
 
 std::wstring Reply(const wchar_t* fields)
 {
@@ -32,17 +27,12 @@ std::wstring Status(const wchar_t* word)
 
 class MainWindowTest : public testing::Test {
 protected:
-    MainWindowTest()
-    {
-        program.Load();
-        static_cast<void>(program.TakeOperations());
-    }
-    ConsoleProgram program;
+    LoadedProgram program;
+    HWND main = WindowOf(WindowId::Main);
 };
 
 TEST_F(MainWindowTest, SetAppliesTheChosenSchemeAndReadsTheState)
 {
-    const HWND main = WindowOf(WindowId::Main);
     program.Command(WindowId::Main, kChange);
     EXPECT_TRUE(IsWindowEnabled(ControlOf(main, kSchemeList)));
     EXPECT_EQ(SelectedText(main, kSchemeList), L"Balanced");
@@ -51,20 +41,15 @@ TEST_F(MainWindowTest, SetAppliesTheChosenSchemeAndReadsTheState)
     EXPECT_NE(program.LastRequest(L"ApplyPowerScheme")
                   .find(L"<operation>ApplyPowerScheme</operation>\r\n\t\t<scheme>Minimum</scheme>"),
         std::wstring::npos);
-    EXPECT_EQ(
-        program.TakeOperations(), (Names{L"GetActivationstatus", L"ApplyPowerScheme", L"GetCurrentpowersettings"}));
+    EXPECT_EQ(program.TakeOperations(),
+        (Operations{L"GetActivationstatus", L"ApplyPowerScheme", L"GetCurrentpowersettings"}));
     EXPECT_EQ(SelectedText(main, kSchemeList), L"Minimum");
     EXPECT_FALSE(IsWindowEnabled(ControlOf(main, kSchemeList)));
 }
 
 TEST_F(MainWindowTest, SetTellsEachRefusal)
 {
-    const struct {
-        const wchar_t* operation;
-        std::wstring reply;
-        ExpectedBox box;
-        Names operations;
-    } kCases[] = {
+    const std::tuple<const wchar_t*, std::wstring, ExpectedBox, Operations> kRows[] = {
         {L"ApplyPowerScheme", Status(L"failure"), {L"Set Scheme Failed", L"Unable to Set Scheme."},
             {L"GetActivationstatus", L"ApplyPowerScheme"}},
         {L"GetActivationstatus", Status(L"Not Activated"), {L"Unable to Set Scheme", L"Localhost"},
@@ -72,13 +57,13 @@ TEST_F(MainWindowTest, SetTellsEachRefusal)
         {L"ApplyPowerScheme", Status(L"License Expired"), {L"Unable to Set Scheme", L"expired"},
             {L"GetActivationstatus", L"ApplyPowerScheme", L"GetActivationstatus"}},
     };
-    for (const auto& row : kCases) {
-        program.Agent().ScriptReply(row.operation, row.reply);
-        BoxScript boxes{row.box};
+    for (const auto& [operation, reply, box, operations] : kRows) {
+        program.Agent().ScriptReply(operation, reply);
+        const BoxScript boxes{box};
         program.Command(WindowId::Main, kChange);
         program.Command(WindowId::Main, kSet);
-        EXPECT_EQ(program.TakeOperations(), row.operations);
-        EXPECT_EQ(SelectedText(WindowOf(WindowId::Main), kSchemeList), L"Balanced");
+        EXPECT_EQ(program.TakeOperations(), operations);
+        EXPECT_EQ(SelectedText(main, kSchemeList), L"Balanced");
         program.Agent().ClearScripts();
     }
     program.Agent().SetFault(L"ApplyPowerScheme", {FaultKind::CloseAtOnce, {}});
@@ -92,50 +77,43 @@ TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
     static int locked = 0;
     locked = 0;
     lockThisScreen = [] { ++locked; };
+    {
+        const BoxScript boxes{{L"Log off now",
+            L"Are you sure you want to Log off from this system.\nPress 'Yes' to continue..", Answer::No}};
+        program.Command(WindowId::Main, kLogOff);
+        EXPECT_EQ(program.TakeOperations(), Operations{});
+    }
     const std::wstring busy = Reply(L"<status>FAILURE</status><a>Copy of files</a><a>Download</a>");
+    // Once the question is answered with Yes: the agent's answer, the box that it leads to, and what the agent is asked
+    // after the user's answer there.
+    // clang-format off
     const struct {
-        int command;
-        const wchar_t* operation;
-        std::wstring reply;
-        std::vector<ExpectedBox> boxes;
-        Names operations;
-    } kCases[] = {
-        {kStandby, L"standby", Status(L"Success"), {{L"Standby now", {}, Answer::No}}, {}},
-        {kStandby, L"standby", Status(L"Success"), {{L"Standby now", {}, Answer::Yes}}, {L"standby"}},
-        {kStandby, L"standby", Status(L"standby not support"),
-            {{L"Standby now", {}, Answer::Yes}, {L"Standby disabled", {}}}, {L"standby"}},
-        {kStandby, L"standby", Status(L"other"),
-            {{L"Standby now", {}, Answer::Yes}, {L"Failed", L"Could not Standby."}}, {L"standby"}},
-        {kStandby, L"standby", L"<broken", {{L"Standby now", {}, Answer::Yes}, {L"Failed", L"Could not Standby."}},
-            {L"standby"}},
-        {kStandby, L"standby", busy,
-            {{L"Standby now", {}, Answer::Yes},
-                {L"Force Standby", L"is/are in progress on this System:\n\nCopy of files\nDownload\n", Answer::Yes}},
-            {L"standby", L"success"}},
-        {kShutdown, L"shutdown", busy, {{L"Shutdown now", {}, Answer::Yes}, {L"Force Shutdown", {}, Answer::No}},
-            {L"shutdown", L"failure"}},
-        {kHibernate, L"hibernate", Status(L"No Disk Space"),
-            {{L"Hibernate now", {}, Answer::Yes},
-                {{L"Failed"}, L"Failed to Hibernate.\nInsufficient disk space to Hibernate"}},
-            {L"hibernate"}},
-        {kRestart, L"Restart", busy, {{L"Restart now", {}, Answer::Yes}, {L"Force Restart", {}, Answer::No}},
-            {L"Restart", L"failure"}},
-        {kLogOff, L"logoff", Status(L"No Active User"),
-            {{L"Log off now", L"Are you sure you want to Log off from this system.\nPress 'Yes' to continue..",
-                 Answer::Yes},
-                {L"Nobody Active", {}}},
-            {L"logoff"}},
-        {kLockScreen, L"LockScreen", busy,
-            {{L"Lock Screen now", {}, Answer::Yes}, {L"LockScreen Failed", L"Could not Lock Screen"}}, {L"LockScreen"}},
-        {kLockScreen, L"LockScreen", Status(L"Success"), {{L"Lock Screen now", {}, Answer::Yes}}, {L"LockScreen"}},
+        int command; const wchar_t *question, *operation; std::wstring reply; ExpectedBox box; const wchar_t* then = {};
+    } kRows[] = {
+        {kStandby,    L"Standby now",     L"standby",    Status(L"Success"), {}},
+        {kStandby,    L"Standby now",     L"standby",    Status(L"standby not support"), {L"Standby disabled", {}}},
+        {kStandby,    L"Standby now",     L"standby",    Status(L"other"), {L"Failed", L"Could not Standby."}},
+        {kStandby,    L"Standby now",     L"standby",    L"<broken", {L"Failed", L"Could not Standby."}},
+        {kStandby,    L"Standby now",     L"standby",    busy,
+            {L"Force Standby", L"is/are in progress on this System:\n\nCopy of files\nDownload\n", Answer::Yes},
+            L"success"},
+        {kShutdown,   L"Shutdown now",    L"shutdown",   busy, {L"Force Shutdown", {}, Answer::No}, L"failure"},
+        {kHibernate,  L"Hibernate now",   L"hibernate",  Status(L"No Disk Space"),
+            {L"Failed", L"Failed to Hibernate.\nInsufficient disk space to Hibernate"}},
+        {kRestart,    L"Restart now",     L"Restart",    busy, {L"Force Restart", {}, Answer::No}, L"failure"},
+        {kLogOff,     L"Log off now",     L"logoff",     Status(L"No Active User"), {L"Nobody Active", {}}},
+        {kLockScreen, L"Lock Screen now", L"LockScreen", busy, {L"LockScreen Failed", L"Could not Lock Screen"}},
+        {kLockScreen, L"Lock Screen now", L"LockScreen", Status(L"Success"), {}},
     };
-    for (const auto& row : kCases) {
+    // clang-format on
+    for (const auto& row : kRows) {
         program.Agent().ScriptReply(row.operation, row.reply);
-        BoxScript boxes{};
-        for (const ExpectedBox& box : row.boxes)
-            boxes.Expect({box});
+        const BoxScript boxes{{row.question, {}, Answer::Yes}, row.box};
         program.Command(WindowId::Main, row.command);
-        EXPECT_EQ(program.TakeOperations(), row.operations) << row.operation;
+        EXPECT_EQ(program.LastRequest(row.operation).find(L"<monitoroff>No</monitoroff>") != std::wstring::npos,
+            row.command == kLogOff || row.command == kLockScreen);
+        EXPECT_EQ(
+            program.TakeOperations(), row.then ? (Operations{row.operation, row.then}) : Operations{row.operation});
         program.Agent().ClearScripts();
     }
     EXPECT_EQ(locked, 1);
@@ -145,16 +123,8 @@ TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
     EXPECT_TRUE(state.connected); // a quick action's failure does not disconnect
 }
 
-TEST_F(MainWindowTest, LogOffCarriesTheMonitorElement)
-{
-    BoxScript boxes{{L"Log off now", {}, Answer::Yes}};
-    program.Command(WindowId::Main, kLogOff);
-    EXPECT_NE(program.LastRequest(L"logoff").find(L"<monitoroff>No</monitoroff>"), std::wstring::npos);
-}
-
 TEST_F(MainWindowTest, ClosesOnYesAndOnNoAnswerOnly)
 {
-    const HWND main = WindowOf(WindowId::Main);
     BoxScript boxes{{L"Close Voltaro Console ?", L"Voltaro will automatically close in 5 Seconds.", Answer::No}};
     SendMessageW(main, WM_CLOSE, 0, 0);
     EXPECT_TRUE(IsWindow(main));
@@ -164,47 +134,24 @@ TEST_F(MainWindowTest, ClosesOnYesAndOnNoAnswerOnly)
     EXPECT_FALSE(IsWindow(main));
 }
 
-TEST_F(MainWindowTest, AnOrdinaryEndOfTheSessionStopsNothing)
+TEST_F(MainWindowTest, AnswersPowerBroadcastsAndEndsOfTheSession)
 {
-    const HWND main = WindowOf(WindowId::Main);
+    SendMessageW(main, WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
+    EXPECT_EQ(program.TakeOperations(), Operations{});
+    program.Agent().ScriptReply(L"GetBatteryInfo", Reply(L"<a>On Battery</a><b>Discharging</b><c>12 %</c>"));
+    SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    EXPECT_EQ(program.TakeOperations(), Operations{L"GetBatteryInfo"});
+    EXPECT_EQ(state.battery.PowerSource(), L"On Battery");
+    EXPECT_EQ(TextOf(main, kChargeLine), L"12 %");
+    state.connected = false;
+    SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    EXPECT_EQ(program.TakeOperations(), Operations{});
+
     MSG message;
     EXPECT_TRUE(SendMessageW(main, WM_QUERYENDSESSION, 0, 0));
     EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE));
     EXPECT_TRUE(SendMessageW(main, WM_QUERYENDSESSION, 0, static_cast<LPARAM>(ENDSESSION_LOGOFF)));
     EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-}
-
-TEST_F(MainWindowTest, PowerBroadcastsReadTheBattery)
-{
-    const HWND main = WindowOf(WindowId::Main);
-    SendMessageW(main, WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
-    EXPECT_EQ(program.TakeOperations(), Names());
-    program.Agent().ScriptReply(L"GetBatteryInfo", Reply(L"<a>On Battery</a><b>Discharging</b><c>12 %</c>"));
-    SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
-    EXPECT_EQ(program.TakeOperations(), Names{L"GetBatteryInfo"});
-    EXPECT_EQ(state.battery.PowerSource(), L"On Battery");
-    EXPECT_EQ(TextOf(main, kChargeLine), L"12 %");
-    state.connected = false;
-    SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
-    EXPECT_EQ(program.TakeOperations(), Names());
-}
-
-// The window walks its rows: every window stands where its table says, and no close destroys a secondary one.
-TEST_F(MainWindowTest, AllWindowsAreMadeOnce)
-{
-    for (std::size_t i = 0; i < kWindowCount; ++i) {
-        const WindowRow& row = WindowRowOf(i);
-        const HWND window = WindowOf(row.id);
-        wchar_t name[64] = {};
-        RECT place{};
-        GetClassNameW(window, name, 64);
-        GetWindowRect(window, &place);
-        EXPECT_STREQ(name, row.className);
-        EXPECT_EQ(place.right - place.left, row.width) << i;
-        EXPECT_EQ(place.bottom - place.top, row.height) << i;
-        const HWND owner = row.owner == WindowId::Count ? nullptr : WindowOf(row.owner);
-        EXPECT_EQ(row.style & WS_CHILD ? GetParent(window) : GetWindow(window, GW_OWNER), owner) << i;
-    }
 }
 
 } // namespace

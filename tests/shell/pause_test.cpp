@@ -14,7 +14,6 @@
 namespace voltaro {
 namespace {
 
-using simulator::Fault;
 using simulator::FaultKind;
 
 constexpr const wchar_t* kRunning = L"----- usable, resume grey grey, Voltaro - Standard Edition  \n"
@@ -40,8 +39,6 @@ protected:
     {
         AddTrayIcon(main);
         runningIcon = tray.Last().icon;
-        program.Load();
-        static_cast<void>(program.TakeOperations());
     }
     ~PauseTest() override { RemoveTrayIcon(); }
 
@@ -73,7 +70,7 @@ protected:
     }
 
     FakeTray tray;
-    ConsoleProgram program;
+    LoadedProgram program;
     HWND main = WindowOf(WindowId::Main);
     std::string runningIcon;
 };
@@ -116,27 +113,21 @@ TEST_F(PauseTest, AsksForTheHoursChosen)
 
 TEST_F(PauseTest, AnAnswerThatIsNoSuccessChangesNothing)
 {
-    constexpr struct {
-        const wchar_t* status;
-        const wchar_t* caption;
-        const wchar_t* text;
-    } kRows[] = {{L"Failure", L"Pause Failed", L"Could not Pause"}, {L"FAILURE", L"Pause Failed", L"Could not Pause"},
-        {L"not activated", L"Unable to pause", L"'Localhost' is not activated"},
-        {L"License Expired", L"Unable to pause", L"'Localhost' has expired"}, {L"Later", nullptr, nullptr},
-        {L"", nullptr, nullptr}, {L"<vltp", nullptr, nullptr}, {nullptr, nullptr, nullptr}};
-    for (const auto& row : kRows) {
-        BoxScript boxes{};
-        if (row.caption)
-            boxes.Expect({{row.caption, row.text}});
-        SetAnswer(L"Pause", row.status);
+    const std::pair<const wchar_t*, ExpectedBox> kRows[] = {{L"FAILURE", {L"Pause Failed", L"Could not Pause"}},
+        {L"not activated", {L"Unable to pause", L"'Localhost' is not activated"}},
+        {L"License Expired", {L"Unable to pause", L"'Localhost' has expired"}}, {L"Later", {}}, {L"", {}},
+        {L"<vltp", {}}, {nullptr, {}}};
+    for (const auto& [status, box] : kRows) {
+        const BoxScript boxes{box};
+        SetAnswer(L"Pause", status);
         program.Command(WindowId::Main, kPauseOneHour);
         EXPECT_EQ(Look(), kRunning);
         EXPECT_TRUE(IsWindowVisible(main));
         EXPECT_TRUE(IsWindowEnabled(ControlOf(main, kChange)));
     }
     EXPECT_EQ(program.TakeOperations(),
-        (std::vector<std::wstring>{L"Pause", L"Pause", L"Pause", L"GetActivationstatus", L"Pause",
-            L"GetActivationstatus", L"Pause", L"Pause", L"Pause", L"Pause"}));
+        (Operations{L"Pause", L"Pause", L"GetActivationstatus", L"Pause", L"GetActivationstatus", L"Pause", L"Pause",
+            L"Pause", L"Pause"}));
 }
 
 TEST_F(PauseTest, ResumeShowsTheRunningStateWhateverIsAnswered)
@@ -152,17 +143,6 @@ TEST_F(PauseTest, ResumeShowsTheRunningStateWhateverIsAnswered)
         program.Command(WindowId::Main, kResume);
         EXPECT_EQ(Look(), kRunning);
     }
-}
-
-TEST_F(PauseTest, AddsTheIconAgainAsItStands)
-{
-    program.Command(WindowId::Main, kPauseOneHour + 1);
-    const TrayCall paused = tray.Last();
-    SendMessageW(main, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
-    EXPECT_EQ(tray.Last().what, NIM_ADD);
-    EXPECT_EQ(tray.Last().tooltip, L"Voltaro Paused");
-    EXPECT_EQ(tray.Last().icon, paused.icon);
-    EXPECT_NE(tray.Last().icon, runningIcon);
 }
 
 } // namespace

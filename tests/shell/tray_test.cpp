@@ -56,7 +56,7 @@ TEST(TrayTest, ALeftClickRestoresOnceTheConsoleWasLoaded)
     program.Load();
     program.Command(WindowId::Main, kMenuExitToTray);
     EXPECT_FALSE(IsWindowVisible(main));
-    static_cast<void>(program.TakeOperations());
+    program.TakeOperations();
     LeftClick();
     EXPECT_TRUE(IsWindowVisible(main));
     EXPECT_EQ(program.TakeOperations(), std::vector<std::wstring>{L"GetBatteryInfo"});

@@ -1,4 +1,5 @@
 #include "base/text.h"
+#include "link/exchange.h"
 #include "shell/about.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
@@ -22,11 +23,7 @@ constexpr const wchar_t* kWait = L"Please wait, Voltaro is checking for updates.
 
 class UpdateTest : public testing::Test {
 protected:
-    UpdateTest()
-    {
-        EXPECT_TRUE(StartWorkers());
-        program.Load();
-    }
+    UpdateTest() { EXPECT_TRUE(StartWorkers()); }
     ~UpdateTest() override { StopWorkers(StopOrder::MainWindowDestroyed); }
 
     bool Visible(int id) const { return IsWindowVisible(ControlOf(window, id)) != FALSE; }
@@ -34,12 +31,9 @@ protected:
     {
         return std::wstring(Visible(kCloseVoltaro) ? L"close" : L"") + (Visible(kOk) ? L"ok" : L"");
     }
-    // Until the outcome stands there; false when none came.
     bool WaitForOutcome() const
     {
-        for (int i = 0; i < 200 && (Visible(kBar) || state.updateBusy); ++i)
-            WaitAlive(10);
-        return !Visible(kBar);
+        return WaitFor([this] { return !Visible(kBar) && !state.updateBusy; });
     }
     void Script(const wchar_t* status, const wchar_t* message)
     {
@@ -65,7 +59,7 @@ protected:
         EXPECT_TRUE(state.consoleReady);
     }
 
-    ConsoleProgram program;
+    LoadedProgram program;
     HWND main = WindowOf(WindowId::Main);
     HWND window = WindowOf(WindowId::Update);
 };
@@ -78,11 +72,8 @@ TEST_F(UpdateTest, ShowsTheOutcomeOfEveryAnswer)
     constexpr const wchar_t* kDownloaded = L"New updates were successfully downloaded.";
     constexpr const wchar_t* kNeedsClosing = L"Voltaro needs to be closed for applying new updates.";
     constexpr struct {
-        const wchar_t* status; // null: the agent closes without an answer
-        const wchar_t* message;
-        const wchar_t* title;
-        const wchar_t* detail;
-        const wchar_t* buttons;
+        const wchar_t *status, *message; // null: the agent closes without an answer
+        const wchar_t *title, *detail, *buttons;
     } kRows[] = {
         {L"Failure", kLatest, kLatest, L"", L"ok"},
         {L"Failure", kNetwork, L"Could not update, connection closed.", kNetwork, L"ok"},
@@ -113,17 +104,19 @@ TEST_F(UpdateTest, GoesOnWaitingAfterAnAnswerThatItDoesNotKnow)
 {
     for (const wchar_t* message : {L"Come back tomorrow.", L"", L"</m>"}) { // the last is no document
         Script(L"Failure", message);
-        static_cast<void>(program.TakeOperations());
         program.Command(WindowId::Main, kUpdate);
-        WaitAlive(700);
+        EXPECT_TRUE(WaitFor([this] {
+            return !program.Agent().Requests().empty() && !IsHeld(Operation::CheckForUpdates)
+                && SendDlgItemMessageW(window, kBar, PBM_GETPOS, 0, 0) > 0;
+        }));
+        WaitAlive(100); // what would follow the answer
         ExpectChecking();
         EXPECT_TRUE(state.updateBusy);
-        EXPECT_GT(SendDlgItemMessageW(window, kBar, PBM_GETPOS, 0, 0), 0);
         SendMessageW(window, WM_CLOSE, 0, 0);
         program.Command(WindowId::Update, IDOK);
         program.Command(WindowId::Update, IDCANCEL);
         ExpectChecking();
-        EXPECT_EQ(program.TakeOperations(), std::vector<std::wstring>{L"CheckForUpdates"});
+        EXPECT_EQ(program.TakeOperations(), Operations{L"CheckForUpdates"});
     }
     EXPECT_EQ(SendDlgItemMessageW(window, kBar, PBM_GETBARCOLOR, 0, 0), RGB(0, 0, 192));
 }
@@ -141,7 +134,7 @@ TEST_F(UpdateTest, TheTrayMenuWorksWhileItChecks)
     EXPECT_FALSE(IsWindowVisible(window));
     EXPECT_FALSE(IsWindowVisible(main));
     EXPECT_TRUE(IsWindowEnabled(main));
-    static_cast<void>(program.TakeOperations());
+    program.TakeOperations();
     program.Command(WindowId::Main, kTrayVoltaro);
     program.Command(WindowId::Main, kUpdate); // the check that still runs is not made twice
     ExpectChecking();

@@ -49,6 +49,7 @@ BoxScript::BoxScript(std::initializer_list<ExpectedBox> boxes)
     , m_outer(std::exchange(script, this))
     , m_door(std::exchange(boxDoor, &AnswerFromScript))
 {
+    std::erase_if(m_boxes, [](const ExpectedBox& box) { return box.caption.empty(); });
 }
 
 BoxScript::~BoxScript()

@@ -11,7 +11,7 @@ namespace voltaro {
 
 // A box that a test expects, and what the user answers.
 struct ExpectedBox {
-    std::wstring caption; // whole
+    std::wstring caption; // whole; empty: no box comes (for tables)
     std::wstring text;    // a part of the text is enough; empty: any
     Answer answer = Answer::Ok;
 };

@@ -5,6 +5,7 @@
 #include "shell/main_menus.h"
 #include "shell/program.h"
 #include "shell/window_table.h"
+#include "support/installation.h"
 #include "support/test_window.h"
 #include "ui/controls.h"
 #include "ui/ui_thread.h"
@@ -15,23 +16,6 @@
 #include <memory>
 
 namespace voltaro {
-namespace {
-
-// Below the test program's own folder: the host configuration that every created main window reads.
-std::wstring MakeInstallation(int port)
-{
-    wchar_t folder[MAX_PATH] = {};
-    GetTempPathW(MAX_PATH, folder);
-    const std::wstring root = std::wstring(folder) + L"voltaro_test\\";
-    CreateDirectoryW(root.c_str(), nullptr);
-    CreateDirectoryW((root + L"conf").c_str(), nullptr);
-    std::FILE* file = _wfopen((root + L"conf\\hconfig.xml").c_str(), L"wb");
-    std::fprintf(file, "<Hostsettings><Localhost>Yes</Localhost><TCPPort>%d</TCPPort></Hostsettings>", port);
-    std::fclose(file);
-    return root;
-}
-
-} // namespace
 
 ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     : m_agent(scenario)
@@ -41,7 +25,7 @@ ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     AllowWaits();
     timing = {100, 20, 480'000, 20, 20, 200};
     EXPECT_TRUE(m_agent.Start());
-    SetEnvironmentVariableW(L"VOLTARO_HOME", MakeInstallation(m_agent.Port()).c_str());
+    Install(L"voltaro_test", m_agent.Port());
     EXPECT_TRUE(ReadInstallPath(state.installDirectory));
     PrepareVersionTexts();
     static const bool registered = RegisterClasses();
@@ -93,9 +77,9 @@ void ConsoleProgram::Choose(WindowId window, int id, std::wstring_view entry)
     Command(window, id, CBN_SELCHANGE);
 }
 
-std::vector<std::wstring> ConsoleProgram::TakeOperations()
+Operations ConsoleProgram::TakeOperations()
 {
-    std::vector<std::wstring> names;
+    Operations names;
     for (const simulator::ReceivedRequest& request : m_agent.Requests())
         names.push_back(request.operation);
     m_agent.ClearRequests();

@@ -10,6 +10,8 @@
 
 namespace voltaro {
 
+using Operations = std::vector<std::wstring>;
+
 // The whole program in a test: all 29 windows created hidden, against a simulated agent in a thread of its own. Waits
 // are shortened (a transport second lasts 100 ms). Nothing is loaded until Load. Everything is as it was before when it
 // is gone, so each test may make its own. No workers and no tray icon unless a test starts them.
@@ -32,7 +34,7 @@ public:
     void Choose(WindowId window, int id, std::wstring_view entry);
 
     // The names of the operations that the agent received since the last call, in order.
-    [[nodiscard]] std::vector<std::wstring> TakeOperations();
+    Operations TakeOperations();
     // The last request of that operation as the agent received it, its identifier replaced by "{ID}"; empty when there
     // was none. Line ends are as on the wire.
     [[nodiscard]] std::wstring LastRequest(std::wstring_view operation);
@@ -40,6 +42,16 @@ public:
 private:
     simulator::AgentServer m_agent;
     BoxDoor m_door;
+};
+
+// The program once it has loaded; the requests of the load are forgotten.
+struct LoadedProgram : ConsoleProgram {
+    explicit LoadedProgram(const simulator::Scenario& scenario = simulator::DefaultScenario())
+        : ConsoleProgram(scenario)
+    {
+        Load();
+        TakeOperations();
+    }
 };
 
 } // namespace voltaro

@@ -1,5 +1,6 @@
 #include "support/test_window.h"
 
+#include "ui/liveness.h"
 #include "ui/navigation.h"
 #include "ui/window_class.h"
 
@@ -51,6 +52,16 @@ void Pump()
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
+}
+
+bool WaitFor(const std::function<bool()>& condition, unsigned milliseconds)
+{
+    for (const ULONGLONG end = GetTickCount64() + milliseconds; !condition(); Pump()) {
+        if (GetTickCount64() >= end)
+            return false;
+        WaitAlive(10);
+    }
+    return true;
 }
 
 void Press(WORD key, WORD modifier, WORD secondModifier)

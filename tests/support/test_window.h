@@ -28,6 +28,8 @@ private:
 
 // Serves the thread's messages as the program's loop does, until none is left.
 void Pump();
+// Serves messages until the condition holds; false when that has not come to be in time.
+bool WaitFor(const std::function<bool()>& condition, unsigned milliseconds = 20'000);
 
 // Presses a key in the window that has the focus, held down keys being told by `modifiers` (VK_CONTROL, VK_SHIFT; 0),
 // and serves what follows.
