@@ -47,7 +47,7 @@ TEST(MachineFactsTest, Battery)
     const std::tuple<std::vector<const wchar_t*>, int, const wchar_t*> kRows[] = {
         {{}, 0, L""},
         {{L"On AC", L"No System battery", L"", L""}, 0, L"No System battery"},
-        {{L"On AC", L"Charging", L"87 %", L"3 Hrs : 25 Mins"}, 87, L"Charging,  remaining time 3 Hrs : 25 Mins"},
+        {{L"On AC", L"Charging", L"87 %", L"3 Hrs : 25 Mins"}, 87, L"Charging, remaining time 3 Hrs : 25 Mins"},
         {{L"On Battery", L"", L"250 %", L"2 Hrs"}, 100, L"2 Hrs"},
         {{L"On Battery", L"Discharging", L"-7", L"", L"11.40 V"}, 0, L"Discharging"},
     };

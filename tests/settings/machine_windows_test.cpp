@@ -97,7 +97,7 @@ TEST(BatteryTest, ShowsChargeStatusAndRows)
     const HWND list = Field(WindowId::Battery, L"Battery info List");
     const auto status = [] { return WindowText(Field(WindowId::Battery, L"Status :")); };
     EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 87);
-    EXPECT_EQ(status(), L"Charging,  remaining time 3 Hrs : 25 Mins");
+    EXPECT_EQ(status(), L"Charging, remaining time 3 Hrs : 25 Mins");
     EXPECT_EQ(ListText(list, false),
         L"Description\tValue\r\nPower Source\tOn AC\r\nBattery Status\tCharging\r\nBattery Charge\t87 %\r\n"
         L"Remaining Time\t3 Hrs : 25 Mins\r\nCapacity\t48.90 Wh\r\nVoltage\t11.40 V\r\nChemistry\tLi-ion\r\n");

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 namespace voltaro {
 namespace {
 
@@ -65,6 +67,24 @@ TEST(TrayTest, ALeftClickRestoresOnceTheConsoleWasLoaded)
     LeftClick();
     LeftClick(); // told once
     EXPECT_TRUE(IsWindowVisible(main));
+}
+
+// The shell sends its news, and Windows a change of the power source, also while a request waits for its answer.
+TEST(TrayTest, NewsInTheMidstOfARequestFollowIt)
+{
+    LoadedProgram program;
+    const HWND main = WindowOf(WindowId::Main);
+    program.Agent().SetFault(L"GetBatteryInfo", {simulator::FaultKind::Late, L"200"});
+    std::thread shell([main] {
+        Sleep(50);
+        SendNotifyMessageW(main, kTrayMessage, 9013, WM_LBUTTONUP);
+        SendNotifyMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    });
+    LeftClick(); // asks for the battery itself, and nobody calls the agent lost
+    shell.join();
+    Pump();
+    EXPECT_EQ(program.TakeOperations(), Operations(3, L"GetBatteryInfo"));
+    EXPECT_TRUE(state.connected);
 }
 
 } // namespace
