@@ -33,6 +33,14 @@ bool ContainsIgnoreCase(std::wstring_view text, std::wstring_view part)
     return std::search(text.begin(), text.end(), part.begin(), part.end(), &SameLetter) != text.end() || part.empty();
 }
 
+std::wstring OneLine(std::wstring_view text)
+{
+    std::wstring line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](wchar_t unit) { return unit == L'\t' || unit == L'\r' || unit == L'\n'; }, L' ');
+    return line;
+}
+
 std::int32_t LeadingNumber(std::wstring_view text)
 {
     constexpr std::int64_t kHigh = std::numeric_limits<std::int32_t>::max();

@@ -11,6 +11,9 @@ namespace voltaro {
 
 [[nodiscard]] bool ContainsIgnoreCase(std::wstring_view text, std::wstring_view part);
 
+// The text as one cell of one line: tabs and line ends become blanks.
+[[nodiscard]] std::wstring OneLine(std::wstring_view text);
+
 // The number made of the leading decimal digits, after blanks and one sign; 0 without digits; values outside 32 bits
 // stay at the nearest bound. "4916x" is 4916, "x" is 0.
 [[nodiscard]] std::int32_t LeadingNumber(std::wstring_view text);

@@ -13,6 +13,8 @@ struct Timing {
     std::uint32_t pollerFirstRetry = 30'000;
     std::uint32_t pollerSecondRetry = 60'000;
     std::uint32_t selfClosingBox = 5'000;
+    std::uint32_t updateBarStep = 250;
+    std::uint32_t workerFollow = 150; // how long a worker that waits may take to follow the close message
 };
 inline Timing timing;
 

@@ -97,7 +97,6 @@ struct ConsoleState {
     std::vector<std::wstring> policies;
     PowerSchemeSettings currentScheme;
     unsigned currentSchemeReads = 0; // counts the reads of it: tells a new record from one that was kept
-    int currentSchemeIndex = -1;     // in the main window's scheme list
     HostSettings host;
     ProxySettings proxy;
     PowerConsumptionData consumption;

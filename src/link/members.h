@@ -11,8 +11,8 @@ namespace voltaro {
 enum class Member : std::uint8_t {
     DeviceControl,
     SchedulerJobs,
-    ActivateLicense,
-    ActivationBeforeUpdate,
+    ActivateLicense,        // made for the update window's first request, which the activation window sends today
+    ActivationBeforeUpdate, // no window asks so today
     CheckForUpdates,
     ApplyScheme,
     QueryPolicy,

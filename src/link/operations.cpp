@@ -17,7 +17,6 @@ constexpr OperationRow kOperations[] = {
     {Operation::GetBatteryInfo,                  L"GetBatteryInfo",                 Member::BatteryInfo,            kPlainUnits},
     {Operation::GetBatteryInfoInWindow,          L"GetBatteryInfo",                 Member::BatteryWindow,          kPlainUnits},
     {Operation::GetActivationStatus,             L"GetActivationstatus",            Member::StatusCheck,            kPlainUnits},
-    {Operation::GetActivationStatusBeforeUpdate, L"GetActivationstatus",            Member::ActivationBeforeUpdate, kPlainUnits},
     {Operation::GetVoltaroInfo,                  L"GetVoltaroInfo",                 Member::ProductInfo,            kPlainUnits},
     {Operation::GetLicenseInfo,                  L"GetLicenseInfo",                 Member::LicenseInfo,            kPlainUnits},
     {Operation::ActivateLicense,                 L"ActivateLicense",                Member::ActivateLicense,        kPlainUnits},

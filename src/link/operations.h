@@ -14,7 +14,6 @@ enum class Operation : std::uint8_t {
     GetBatteryInfo,
     GetBatteryInfoInWindow,
     GetActivationStatus,
-    GetActivationStatusBeforeUpdate,
     GetVoltaroInfo,
     GetLicenseInfo,
     ActivateLicense,

@@ -4,6 +4,7 @@
 
 namespace voltaro {
 
+// The window's procedure; the table of windows names it.
 LRESULT CALLBACK BatteryWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // What the main window's menu command calls: reads the battery, fills the window and shows it. A lost agent is reported

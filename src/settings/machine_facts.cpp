@@ -30,20 +30,11 @@ bool Contains(std::wstring_view text, std::wstring_view part)
     return text.find(part) != std::wstring_view::npos;
 }
 
-// A field stays one cell of one line, whatever its text holds.
-std::wstring Cell(std::wstring_view text)
-{
-    std::wstring cell(text);
-    std::replace_if(
-        cell.begin(), cell.end(), [](wchar_t unit) { return unit == L'\t' || unit == L'\r' || unit == L'\n'; }, L' ');
-    return cell;
-}
-
 std::wstring RowText(const NamedValue& row)
 {
     if (row.name == L" " && row.value == L" ")
         return kLineEnd;
-    return Cell(row.name) + L"\t" + Cell(row.value) + kLineEnd;
+    return OneLine(row.name) + L"\t" + OneLine(row.value) + kLineEnd;
 }
 
 } // namespace

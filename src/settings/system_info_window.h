@@ -4,6 +4,7 @@
 
 namespace voltaro {
 
+// The window's procedure; the table of windows names it.
 LRESULT CALLBACK SystemInfoWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // What the main window's menu command calls: shows the window over the main window, which is disabled while it is open.

@@ -150,37 +150,37 @@ void LoadConsoleData()
     ShowIdleView(Main());
 }
 
-void RefreshConsoleData()
+void RefreshConsoleData(HWND main)
 {
     if (ReadPowerSchemes()) {
         Quietly(ReadPolicies());
         Quietly(ReadCurrentPowerSettings());
     } else {
-        Tell(Main(), kSchemesFailed);
+        Tell(main, kSchemesFailed);
     }
-    state.currentSchemeIndex = SelectExact(Main(), kSchemeList, state.currentScheme.powerScheme);
+    SelectExact(main, kSchemeList, state.currentScheme.powerScheme);
     Quietly(ReadBatteryInfo());
     Quietly(ReadActivationStatus());
     Quietly(ReadPauseStatus());
-    ShowNormalControls(Main());
-    Repaint(Main());
-}
-
-void OnRefresh(HWND)
-{
-    RefreshConsoleData();
-}
-
-void OnReinitialize(HWND main)
-{
-    state.connected = false;
+    ShowNormalControls(main);
     Repaint(main);
+}
+
+void RunCheck(HWND main)
+{
     EnableWindow(main, FALSE);
     state.consoleReady = false;
     CheckAgentConnection();
     EnableWindow(main, TRUE);
     state.consoleReady = true;
     Repaint(main, true);
+}
+
+void OnReinitialize(HWND main)
+{
+    state.connected = false;
+    Repaint(main);
+    RunCheck(main);
     DrawMenuBar(main);
 }
 

@@ -1,6 +1,4 @@
 // The program: finds its installation, makes all windows and workers, checks the agent, then serves messages.
-#include "base/ansi.h"
-#include "base/text.h"
 #include "base/windows_api.h"
 #include "console/state.h"
 #include "shell/connection.h"
@@ -56,6 +54,6 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int)
     AddTrayIcon(main);
     ShowMainWindow(main);
     PrepareForCheck();
-    RunFirstCheck();
+    RunCheck(main);
     return RunMessageLoop();
 }

@@ -8,7 +8,9 @@ namespace voltaro {
 
 // The main window's menus. Made once with the window; the pause submenu stands in the menu bar and in the tray menu.
 void BuildMainMenus(HWND window);
+// Takes the shared submenu out of both menus and destroys it and the tray menu; the bar goes with its window.
 void DestroyMainMenus();
+// Borrowed; null before BuildMainMenus.
 [[nodiscard]] HMENU MainMenuBar();
 [[nodiscard]] HMENU TrayMenu();
 [[nodiscard]] HMENU PauseMenu();

@@ -309,7 +309,7 @@ constexpr Command kCommands[] = {
     {kWebSite,          OnWebSite},
     {kSystemInfo,       OpenSystemInfoWindow},
     {kClose,            OnCloseQuestion},
-    {kRefresh,          OnRefresh},
+    {kRefresh,          RefreshConsoleData},
     {kJobScheduler,     OpenJobListWindow},
     {kUpdate,           StartUpdateCheck},
     {kPorts,            OpenAccessControlWindow},
@@ -346,7 +346,7 @@ void SetProgress(HWND window, int position)
 
 void ShowNormalControls(HWND window)
 {
-    state.currentSchemeIndex = SelectExact(window, kSchemeList, state.currentScheme.powerScheme);
+    SelectExact(window, kSchemeList, state.currentScheme.powerScheme);
     Enable(window, kSchemeList, false);
     Show(window, kSet, false);
     Show(window, kChange, true);

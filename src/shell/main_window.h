@@ -24,13 +24,14 @@ enum MainControl : int {
     kSecondProgressBar,
 };
 
+// The window's procedure; the table of windows names it.
 LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // While the console checks and loads, a progress bar (0 to 100) stands in the place of the quick actions and the
 // savings list.
 void ShowBusyView(HWND window);
 void ShowIdleView(HWND window);
-void SetProgress(HWND window, int position);
+void SetProgress(HWND window, int position); // 0 to 100
 
 // The state after most commands: the scheme list disabled and showing the current scheme, "Set" hidden, "Change" shown.
 void ShowNormalControls(HWND window);

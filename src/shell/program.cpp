@@ -26,15 +26,4 @@ void PrepareForCheck()
     Repaint(main);
 }
 
-void RunFirstCheck()
-{
-    const HWND main = WindowOf(WindowId::Main);
-    EnableWindow(main, FALSE);
-    state.consoleReady = false;
-    CheckAgentConnection();
-    EnableWindow(main, TRUE);
-    state.consoleReady = true;
-    Repaint(main, true);
-}
-
 } // namespace voltaro

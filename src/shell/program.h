@@ -12,7 +12,4 @@ void PrepareVersionTexts();
 // The main window disabled, greyed and not connected, as it stands before the first check.
 void PrepareForCheck();
 
-// The first connection check; afterwards the main window is enabled and the console ready, whatever came of it.
-void RunFirstCheck();
-
 } // namespace voltaro

@@ -1,6 +1,7 @@
 // The update window: shows the outcome of an update check, which the agent makes. Opened by "Update Voltaro".
 #include "shell/update_window.h"
 
+#include "base/timing.h"
 #include "console/agent.h"
 #include "console/state.h"
 #include "console/ui_calls.h"
@@ -42,7 +43,6 @@ constexpr int kButtons[] = {kCloseVoltaro, kOk};
 constexpr COLORREF kBarColour = RGB(0, 0, 192);
 constexpr int kBarEnd = 200;
 constexpr int kBarStep = 10;
-constexpr DWORD kBarStepMs = 250;
 constexpr DWORD kBarStaysMs = 50; // after the outcome is shown
 
 // What the window shows after a check. Where the title or the detail is null, the agent's message stands there.
@@ -196,7 +196,7 @@ void AnimateUpdateBar()
     state.busyAnimation = 0;
     for (int position = 0; state.updateBusy; position = position == kBarEnd ? 0 : position + kBarStep) {
         SetBar(position);
-        Sleep(kBarStepMs);
+        Sleep(timing.updateBarStep);
     }
     SetBar(kBarEnd);
 }

@@ -4,6 +4,7 @@
 
 namespace voltaro {
 
+// The window's procedure; the table of windows names it.
 LRESULT CALLBACK UpdateWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // Shows the update window and wakes the workers for one check.

@@ -152,16 +152,13 @@ void Refresh()
     state.refreshKind.compare_exchange_strong(kind, RefreshKind::None); // the other kind, asked for meanwhile, stays
 }
 
-// How long a worker that waits may take to follow the close message.
-constexpr DWORD kFollowMs = 150;
-
 void Stop(Worker& worker)
 {
     DWORD exitCode = 0;
     if (!worker.thread)
         return;
     PostThreadMessageW(worker.threadId, WM_CLOSE, 0, 0);
-    WaitForSingleObject(worker.thread.Get(), kFollowMs);
+    WaitForSingleObject(worker.thread.Get(), timing.workerFollow);
     // What hangs in a request cannot follow; the process ends next.
     if (GetExitCodeThread(worker.thread.Get(), &exitCode) && exitCode == STILL_ACTIVE)
         TerminateThread(worker.thread.Get(), 0);

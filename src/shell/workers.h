@@ -8,6 +8,8 @@ namespace voltaro {
 // poller, background refresh. False when Windows refuses one.
 enum class WorkerId : std::uint8_t { UpdateCheck, BusyAnimation, StatusPoller, Refresh, Count };
 [[nodiscard]] bool StartWorkers();
+
+// Sets the worker's event.
 void Wake(WorkerId worker);
 
 // Sends each worker the close message and ends it by force when it does not follow at once, in the order of the case.

@@ -31,13 +31,11 @@ constexpr Shape kShapes[] = {
     {Kind::GroupBox,          WC_BUTTONW,         BS_GROUPBOX,                                      0},
     {Kind::TabStopGroupBox,   WC_BUTTONW,         BS_GROUPBOX | WS_TABSTOP,                         0},
     {Kind::Label,             WC_STATICW,         kStatic | SS_LEFT,                                0},
-    {Kind::CentredLabel,      WC_STATICW,         kStatic | SS_CENTER,                              0},
     {Kind::Edit,              WC_EDITW,           kField,                                           WS_EX_CLIENTEDGE},
     {Kind::NumberEdit,        WC_EDITW,           kField | ES_NUMBER,                               WS_EX_CLIENTEDGE},
     {Kind::PasswordEdit,      WC_EDITW,           kField | ES_PASSWORD,                             WS_EX_CLIENTEDGE},
     {Kind::PlainEdit,         WC_EDITW,           kPlainText,                                       0},
     {Kind::CentredPlainEdit,  WC_EDITW,           kPlainText | ES_CENTER,                           0},
-    {Kind::MultiLineText,     WC_EDITW,           ES_READONLY | ES_MULTILINE | ES_AUTOVSCROLL,      0},
     {Kind::Combo,             WC_COMBOBOXW,       kCombo,                                           0},
     {Kind::SortedCombo,       WC_COMBOBOXW,       kCombo | CBS_SORT | CBS_NOINTEGRALHEIGHT,         0},
     {Kind::CheckBox,          WC_BUTTONW,         WS_TABSTOP | BS_AUTOCHECKBOX,                     0},
@@ -98,8 +96,6 @@ DWORD StyleOf(const Control& row, const Control* before)
         style |= WS_VISIBLE;
     if ((row.flags & kDisabled) != 0)
         style |= WS_DISABLED;
-    if ((row.flags & kRightAligned) != 0)
-        style |= SS_RIGHT;
     if ((row.flags & kWrapped) != 0)
         style |= BS_MULTILINE;
     if (row.kind == Kind::Radio && (row.flags & kGroup) != 0)
@@ -110,15 +106,6 @@ DWORD StyleOf(const Control& row, const Control* before)
     if ((row.flags & kNoTabStop) != 0)
         style &= ~static_cast<DWORD>(WS_TABSTOP);
     return style;
-}
-
-// Esc in a text of several lines would close the window that holds it; it belongs to the dialog keys.
-LRESULT CALLBACK TextHabits(HWND text, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
-{
-    if (message == WM_NCDESTROY)
-        RemoveWindowSubclass(text, &TextHabits, id);
-    const LRESULT answer = DefSubclassProc(text, message, w, l);
-    return message == WM_GETDLGCODE ? answer & ~(DLGC_WANTALLKEYS | DLGC_WANTTAB) : answer;
 }
 
 // A link may destroy its font with itself; that one is only lent, so the link gives it back first.
@@ -137,8 +124,6 @@ void Furnish(HWND control, Kind kind)
         const DWORD looks = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
         ListView_SetExtendedListViewStyleEx(control, looks, looks);
         AddListHabits(control);
-    } else if (kind == Kind::MultiLineText) {
-        SetWindowSubclass(control, &TextHabits, 0, 0);
     } else if (kind == Kind::Link) {
         SetWindowSubclass(control, &LinkHabits, 0, 0);
     }

@@ -14,15 +14,13 @@ enum class Kind : std::uint8_t {
     GroupBox,        // a frame with a caption
     TabStopGroupBox, // the same, reachable by Tab
     Label,           // static text; also names the field that follows it for a screen reader
-    CentredLabel,
-    Edit,         // one line, border, scrolls sideways
-    NumberEdit,   // digits only
-    PasswordEdit, // masked
-    PlainEdit,    // read-only one line without border, scrolls sideways
+    Edit,            // one line, border, scrolls sideways
+    NumberEdit,      // digits only
+    PasswordEdit,    // masked
+    PlainEdit,       // read-only one line without border, scrolls sideways
     CentredPlainEdit,
-    MultiLineText, // read-only, wraps, no border
-    Combo,         // drop-down list in the given order; the height is that of the opened list
-    SortedCombo,   // drop-down list that sorts itself
+    Combo,       // drop-down list in the given order; the height is that of the opened list
+    SortedCombo, // drop-down list that sorts itself
     CheckBox,
     Radio, // automatic; the first of a group carries kGroup
     Push,
@@ -47,8 +45,7 @@ enum ControlFlags : std::uint8_t {
     kDisabled = 2, // created disabled
     kGroup = 4,    // starts a group for the arrow keys
     kNoTabStop = 8,
-    kRightAligned = 16, // labels
-    kWrapped = 32,      // buttons: the text takes as many lines as it needs
+    kWrapped = 16, // buttons: the text takes as many lines as it needs
 };
 
 inline constexpr int kNoId = -1;

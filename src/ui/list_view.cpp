@@ -1,6 +1,7 @@
 #include "ui/list_view.h"
 
 #include "base/handles.h"
+#include "base/text.h"
 #include "ui/clipboard.h"
 
 #include <algorithm>
@@ -101,13 +102,11 @@ std::wstring TitleOf(HWND list, int column)
 }
 
 // A row stays one line and a cell one column, whatever its text holds.
-void AppendCell(std::wstring& text, std::wstring cell, bool first)
+void AppendCell(std::wstring& text, std::wstring_view cell, bool first)
 {
-    std::replace_if(
-        cell.begin(), cell.end(), [](wchar_t unit) { return unit == L'\t' || unit == L'\r' || unit == L'\n'; }, L' ');
     if (!first)
         text += L'\t';
-    text += cell;
+    text += OneLine(cell);
 }
 
 // A list for one row lets all be chosen for a copy; the next click chooses one again.

@@ -65,13 +65,6 @@ bool RegisterWindow(const wchar_t* name, WNDPROC procedure, int menu)
     return RegisterClassExW(&windowClass) != 0;
 }
 
-SIZE ClientSize(int width, int height, DWORD style, DWORD extendedStyle, bool menu)
-{
-    RECT frame{};
-    AdjustWindowRectEx(&frame, style, menu, extendedStyle);
-    return {width - (frame.right - frame.left), height - (frame.bottom - frame.top)};
-}
-
 LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     switch (message) {

@@ -8,9 +8,6 @@ namespace voltaro {
 // program icon large and at 16 x 16. `menu` is a menu resource or 0. False when Windows refuses.
 [[nodiscard]] bool RegisterWindow(const wchar_t* name, WNDPROC procedure, int menu);
 
-// Size of the client area that a window of that outer size and style has; for layout assertions in tests.
-[[nodiscard]] SIZE ClientSize(int width, int height, DWORD style, DWORD extendedStyle, bool menu);
-
 // The answers that every window of the program gives alike to a message that it does not serve itself: F1 and the like
 // stay with the window; edits and labels get the window's face colour behind them; the
 // focus comes back to the field it left.

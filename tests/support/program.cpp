@@ -2,6 +2,7 @@
 
 #include "base/timing.h"
 #include "link/host_config.h"
+#include "shell/connection.h"
 #include "shell/main_menus.h"
 #include "shell/program.h"
 #include "shell/window_table.h"
@@ -52,7 +53,7 @@ ConsoleProgram::~ConsoleProgram()
 void ConsoleProgram::Load()
 {
     PrepareForCheck();
-    RunFirstCheck();
+    RunCheck(WindowOf(WindowId::Main));
     Pump();
 }
 

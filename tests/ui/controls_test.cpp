@@ -17,12 +17,12 @@ using enum Kind;
 // clang-format off
 constexpr Control kOfEveryKind[] = {
     {GroupBox, 100, L"Frame", 5, 5, 290, 40}, {TabStopGroupBox, 101, L"Frame", 5, 50, 290, 40},
-    {Label, 102, L"A & B", 10, 20, 100, 16}, {CentredLabel, 103, L"Middle", 120, 20, 100, 16},
+    {Label, 102, L"A & B", 10, 20, 100, 16},
     {Edit, 104, L"one", 10, 100, 100, 20, kPlain, L"Edit"}, {NumberEdit, 105, L"2", 120, 100, 100, 20, kPlain, L"Number"},
     {PasswordEdit, 106, L"three", 230, 100, 100, 20, kPlain, L"Password"},
     {PlainEdit, 107, L"plain", 10, 125, 100, 16, kPlain, L"Plain"},
     {CentredPlainEdit, 108, L"plain", 120, 125, 100, 16, kPlain, L"Centred"},
-    {MultiLineText, 109, L"a\r\nb", 230, 125, 100, 40, kPlain, L"Text"}, {Combo, 110, L"", 10, 170, 100, 90, kPlain, L"Combo"},
+    {Combo, 110, L"", 10, 170, 100, 90, kPlain, L"Combo"},
     {SortedCombo, 111, L"", 120, 170, 100, 90, kPlain, L"Sorted"}, {CheckBox, 112, L"Check", 10, 200, 100, 20},
     {Radio, 113, L"Radio", 120, 200, 100, 20, kGroup}, {Push, 114, L"Push", 10, 230, 100, 25},
     {DefaultPush, 115, L"Push", 120, 230, 100, 25}, {BitmapPush, 116, L"Lock", 230, 230, 41, 41},
