@@ -80,48 +80,18 @@ TEST(PolicyTest, RuleNames)
     EXPECT_NE(CheckRuleName(L"player.exe", rules, 0), nullptr);
 }
 
-TEST(PolicyTest, RowsAndCheckBoxes)
+TEST(PolicyTest, FiftyRulesAreTheLimit)
 {
-    const RuleRow row = {L"a.exe", L"text", L"Enabled", L"Yes", L"No", L"Yes", L"No", L"yes", L"No", L"", L"Yes"};
-    ApplicationRule rule = RuleOfRow(row);
-    EXPECT_EQ(RowOfRule(rule), row); // whatever the texts, they travel unchanged
-    EXPECT_EQ(rule.description, L"text");
-    EXPECT_EQ(rule.hardDisk, L"No");
-    EXPECT_EQ(rule.shutdown, L"Yes");
-    EXPECT_TRUE(IsRuleChecked(rule, 0) && IsRuleChecked(rule, 1) && !IsRuleChecked(rule, 2));
-    SetRuleChecked(rule, 0, false);
-    SetRuleChecked(rule, 8, false);
-    SetRuleChecked(rule, 7, true);
-    EXPECT_EQ(rule.ruleStatus, L"Disabled");
-    EXPECT_EQ(rule.shutdown, L"No");
-    EXPECT_EQ(rule.hibernate, L"Yes");
-}
-
-TEST(PolicyTest, NumberOfRules)
-{
-    const struct {
-        std::size_t count;
-        const wchar_t* room;
-        const wchar_t* existing;
-        const wchar_t* added;
-    } kRows[] = {
-        {0, L"", L"Application's list cannot be blank!", L"Application's list cann't be blank!"},
-        {1, L"", L"", L""},
-        {49, L"", L"", L""},
-        {50, L"Applications limit per policy name is 50 applications .", L"", L""},
-        {51, L"Applications limit per policy name", L"Application's list cannot contain more than 50",
-            L"Application's list cann't contain more than 50"},
-    };
-    for (const auto& row : kRows) {
-        const std::vector<ApplicationRule> rules(row.count);
-        const auto begins = [](const Refusal* refusal, std::wstring_view text) {
-            return refusal == nullptr ? text.empty()
-                                      : !text.empty() && std::wstring_view(refusal->text).starts_with(text);
-        };
-        EXPECT_TRUE(begins(CheckRoomForRule(rules), row.room)) << row.count;
-        EXPECT_TRUE(begins(CheckRules(rules, PolicyMode::Existing), row.existing)) << row.count;
-        EXPECT_TRUE(begins(CheckRules(rules, PolicyMode::New), row.added)) << row.count;
-    }
+    std::vector<ApplicationRule> rules(49);
+    EXPECT_EQ(CheckRoomForRule(rules), nullptr);
+    rules.resize(50);
+    EXPECT_NE(CheckRoomForRule(rules), nullptr);
+    EXPECT_EQ(CheckRules(rules, PolicyMode::Existing), nullptr);
+    rules.resize(51);
+    EXPECT_STREQ(CheckRules(rules, PolicyMode::Existing)->text,
+        L"Application's list cannot contain more than 50 application names.");
+    EXPECT_STREQ(
+        CheckRules(rules, PolicyMode::New)->text, L"Application's list cann't contain more than 50 application names.");
 }
 
 TEST(CapabilitiesTest, ThereUnlessEveryFieldDenies)

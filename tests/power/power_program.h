@@ -39,23 +39,19 @@ struct PowerProgram : ConsoleProgram {
             SendMessageW(edit, WM_CHAR, unit, 0);
     }
 
-    // The fields of the last request of an operation; its envelope is expected to be the usual one.
-    std::wstring FieldsOf(std::wstring_view operation)
+    // Expects the last request of an operation in the usual envelope. "|" stands for the start of a detail's line.
+    void ExpectSent(const std::wstring& operation, const std::wstring& fields)
     {
-        const std::wstring text = Replaced(LastRequest(operation), L"\r\n", L"\n");
-        const std::wstring before = L"<?xml version='1.0'?>\n<vltp version=\"1.0\">\n\t<request>\n\t\t<MessageId>{ID}</"
-                                    L"MessageId>\n\t\t<operation>"
-            + std::wstring(operation) + L"</operation>\n";
-        const std::wstring after = L"\n\t</request>\n</vltp>\n";
-        EXPECT_TRUE(text.starts_with(before) && text.ends_with(after)) << text;
-        return text.size() < before.size() + after.size()
-            ? text
-            : text.substr(before.size(), text.size() - before.size() - after.size());
+        const std::wstring expected = L"<?xml version='1.0'?>\n<vltp version=\"1.0\">\n\t<request>\n\t\t<MessageId>{ID}"
+                                      L"</MessageId>\n\t\t<operation>"
+            + operation + L"</operation>\n\t\t" + Replaced(fields, L"|", L"\n\t\t\t") + L"\n\t</request>\n</vltp>\n";
+        EXPECT_EQ(LastRequest(operation), Replaced(expected, L"\n", L"\r\n"));
     }
 
     // Answers the operation so, whatever it asks: a status word, "malformed", "no status" or "no answer".
     void AnswerWith(std::wstring_view operation, std::wstring_view word)
     {
+        Agent().ClearRequests();
         Agent().ClearScripts();
         Agent().ClearFaults();
         state.connected = true;
@@ -100,40 +96,49 @@ inline void ExpectRefused(PowerProgram& program, WindowId window, int edit, int 
     }
 }
 
-// One answer to a change: the box it raises, and what is read again.
-struct AnswerRow {
-    const wchar_t* word;
-    const wchar_t* title;
-    const wchar_t* text;
-    Names readAgain;
+// A change that is sent to the agent, and what its answers lead to.
+struct Change {
+    const wchar_t* operation;
+    const wchar_t* question; // asked first and answered with Yes; null for none
+    ExpectedBox failed;
+    Names readAfterSuccess;
+    Names readAfterOthers{}; // after an answer that says neither
+    ExpectedBox denied{};    // the box for "Permission denied", if any
 };
 
-// Makes the change once for each answer. `question`: one that is answered with Yes each time, or none.
-template <class Change>
-void ExpectAnswers(PowerProgram& program, const wchar_t* operation, const wchar_t* question,
-    std::vector<AnswerRow> rows, Change change)
+// Makes the change once for each answer: expects its box, and what is read again.
+template <class Make>
+void ExpectAnswers(PowerProgram& program, const Change& change, Make make)
 {
-    rows.push_back({L"Not Activated", nullptr, L"is not activated", {L"GetActivationstatus"}});
-    rows.push_back({L"malformed", L"", L"", {}});
-    rows.push_back({L"no answer", L"Connection Issue", L"is not responding", {}});
-    for (const AnswerRow& row : rows) {
-        SCOPED_TRACE(std::wstring(operation) + L" " + row.word);
-        program.AnswerWith(operation, row.word);
-        if (question != nullptr)
-            program.boxes.Expect({{question, L"Are you sure", Answer::Yes}});
-        // A licence refusal carries the title of the failure, which comes first.
-        const wchar_t* title = row.title != nullptr ? row.title : rows.front().title;
-        if (*title != L'\0')
-            program.boxes.Expect({{title, row.text}});
-        program.Agent().ClearRequests();
-        change();
-        Names expected = {L"GetActivationstatus", operation};
+    const struct {
+        const wchar_t* word;
+        ExpectedBox box;
+        Names readAgain;
+    } rows[] = {
+        {L"Failure", change.failed, {}},
+        {L"Permission denied", change.denied, change.readAfterOthers},
+        {L"no status", {}, change.readAfterOthers},
+        {L"Success", {}, change.readAfterSuccess},
+        {L"success", {}, change.readAfterSuccess},
+        {L"Not Activated", {change.failed.caption, L"is not activated"}, {L"GetActivationstatus"}},
+        {L"malformed", {}, {}},
+        {L"no answer", {L"Connection Issue", L"is not responding"}, {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::wstring(change.operation) + L" " + row.word);
+        program.AnswerWith(change.operation, row.word);
+        if (change.question != nullptr)
+            program.boxes.Expect({{change.question, L"Are you sure", Answer::Yes}});
+        if (!row.box.caption.empty())
+            program.boxes.Expect({row.box});
+        make();
+        Names expected = {L"GetActivationstatus", change.operation};
         expected.insert(expected.end(), row.readAgain.begin(), row.readAgain.end());
         EXPECT_EQ(program.TakeOperations(), expected);
         program.boxes.ExpectAllSeen();
     }
-    program.AnswerWith(operation, L"");
-    program.Agent().ClearScripts();
+    program.Agent().ClearFaults();
+    state.connected = true;
 }
 
 } // namespace voltaro
