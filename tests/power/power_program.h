@@ -9,14 +9,16 @@
 #include "power/scheme_window.h"
 #include "support/box_script.h"
 #include "support/program.h"
+#include "support/refusals.h"
 #include "support/test_window.h"
 #include "ui/controls.h"
-
-#include <gtest/gtest.h>
 
 namespace voltaro {
 
 using Names = std::vector<std::wstring>;
+
+inline constexpr wchar_t kMalformed[] = L"<vltp><response><status>Success",
+                         kNoStatus[] = L"<vltp><response></response></vltp>", kNoAnswer[] = L"no answer";
 
 // The program loaded from a simulated agent, with the scheme editor open.
 struct PowerProgram : ConsoleProgram {
@@ -48,45 +50,34 @@ struct PowerProgram : ConsoleProgram {
         EXPECT_EQ(LastRequest(operation), Replaced(expected, L"\n", L"\r\n"));
     }
 
-    // Answers the operation so, whatever it asks: a status word, "malformed", "no status" or "no answer".
-    void AnswerWith(std::wstring_view operation, std::wstring_view word)
+    // Answers the operation so, whatever it asks: with a document, a status word or kNoAnswer.
+    void AnswerWith(std::wstring_view operation, const std::wstring& answer)
     {
         Agent().ClearRequests();
         Agent().ClearScripts();
         Agent().ClearFaults();
         state.connected = true;
-        if (word == L"no answer")
+        if (answer == kNoAnswer)
             Agent().SetFault(operation, {simulator::FaultKind::CloseAtOnce, {}});
-        else if (word == L"malformed")
-            Agent().ScriptReply(operation, L"<vltp><response><status>Success");
-        else if (word == L"no status")
-            Agent().ScriptReply(operation, L"<vltp><response></response></vltp>");
         else
-            Agent().ScriptReply(
-                operation, L"<vltp><response><status>" + std::wstring(word) + L"</status></response></vltp>");
+            Agent().ScriptReply(operation,
+                answer[0] == L'<' ? answer : L"<vltp><response><status>" + answer + L"</status></response></vltp>");
     }
-};
-
-// A name that is refused: with which box, and how its text begins.
-struct RefusedName {
-    const wchar_t* name;
-    const wchar_t* title;
-    const wchar_t* text = L"";
 };
 
 // Types and pastes each name; what typing lets pass is refused by the button. Each time the edit is emptied and has the
 // focus. `typing`: the title of the refusal while typing.
 inline void ExpectRefused(PowerProgram& program, WindowId window, int edit, int button, std::wstring_view typing,
-    std::initializer_list<RefusedName> names)
+    std::initializer_list<RefusalRow> names)
 {
-    for (const RefusedName& row : names) {
+    for (const RefusalRow& row : names) {
         for (const bool pasted : {false, true}) {
-            SCOPED_TRACE(row.name);
+            SCOPED_TRACE(row.input);
             program.boxes.Expect({{row.title, row.text}});
             if (pasted)
-                program.Type(window, edit, row.name);
+                program.Type(window, edit, row.input);
             else
-                program.TypeUnits(window, edit, row.name);
+                program.TypeUnits(window, edit, row.input);
             if (row.title != typing)
                 program.Command(window, button);
             program.boxes.ExpectAllSeen();
@@ -117,12 +108,12 @@ void ExpectAnswers(PowerProgram& program, const Change& change, Make make)
     } rows[] = {
         {L"Failure", change.failed, {}},
         {L"Permission denied", change.denied, change.readAfterOthers},
-        {L"no status", {}, change.readAfterOthers},
+        {kNoStatus, {}, change.readAfterOthers},
         {L"Success", {}, change.readAfterSuccess},
         {L"success", {}, change.readAfterSuccess},
         {L"Not Activated", {change.failed.caption, L"is not activated"}, {L"GetActivationstatus"}},
-        {L"malformed", {}, {}},
-        {L"no answer", {L"Connection Issue", L"is not responding"}, {}},
+        {kMalformed, {}, {}},
+        {kNoAnswer, {L"Connection Issue", L"is not responding"}, {}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(std::wstring(change.operation) + L" " + row.word);

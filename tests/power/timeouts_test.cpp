@@ -14,22 +14,16 @@ struct List {
     std::vector<int> minutes; // without the closing "Never"
 };
 
-const std::vector<List>& Lists()
-{
-    static const std::vector<List> lists = {
-        {kDimChoices, {2, 3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360}},
-        {kMonitorOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420}},
-        {kLockChoices, {1, 2, 3, 5, 10, 15, 20, 25, 30}},
-        {kHardDiskChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300}},
-        {kLogOffChoices,
-            {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780}},
-        {kStandbyChoices,
-            {5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840}},
-        {kHibernateChoices,
-            {10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840, 900}},
-    };
-    return lists;
-}
+const List kLists[] = {
+    {kDimChoices, {2, 3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360}},
+    {kMonitorOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420}},
+    {kLockChoices, {1, 2, 3, 5, 10, 15, 20, 25, 30}},
+    {kHardDiskChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300}},
+    {kLogOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780}},
+    {kStandbyChoices, {5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840}},
+    {kHibernateChoices,
+        {10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840, 900}},
+};
 
 std::wstring TextFor(int minutes)
 {
@@ -39,7 +33,7 @@ std::wstring TextFor(int minutes)
 
 TEST(TimeoutsTest, EveryChoiceOfEveryListBothWays)
 {
-    for (const List& list : Lists()) {
+    for (const List& list : kLists) {
         ASSERT_EQ(list.choices.size(), list.minutes.size() + 1);
         for (std::size_t i = 0; i < list.minutes.size(); ++i) {
             const std::wstring minutes = std::to_wstring(list.minutes[i]);
@@ -76,6 +70,8 @@ TEST(TimeoutsTest, NumbersThatNoChoiceHas)
         EXPECT_EQ(ChosenText(row.choices, row.choices[1].text, row.stored), std::to_wstring(row.choices[1].number));
     }
     EXPECT_EQ(ChosenText(kDimChoices, L"Never", L""), L"0"); // an answer without the field
+    // A link that moved the second combo is stored as shown, whatever the agent had stored.
+    EXPECT_EQ(ChosenText(kMonitorOffChoices, L"After 1 Hr", L"7"), L"60");
 }
 
 TEST(LevelsTest, StepsAndLoads)
@@ -106,9 +102,8 @@ void ExpectFollowing(const List& first, const List& second, std::size_t kept, Li
 TEST(LinkedListsTest, EveryEntry)
 {
     constexpr const wchar_t* kShown = L"After 15 Mins";
-    ExpectFollowing(Lists()[0], Lists()[1], 3, [&](const auto& dim) { return MonitorOffList(dim, kShown); });
-    ExpectFollowing(
-        Lists()[5], Lists()[6], 1, [&](const auto& standby) { return HibernateList(true, standby, kShown); });
+    ExpectFollowing(kLists[0], kLists[1], 3, [&](const auto& dim) { return MonitorOffList(dim, kShown); });
+    ExpectFollowing(kLists[5], kLists[6], 1, [&](const auto& standby) { return HibernateList(true, standby, kShown); });
 }
 
 TEST(LinkedListsTest, NeverAndMissingCapabilities)
@@ -133,8 +128,6 @@ TEST(LinkedListsTest, NeverAndMissingCapabilities)
         EXPECT_STREQ(row.list.choices[0].text, row.first);
         EXPECT_EQ(row.list.selected, row.selected);
     }
-    // A link that moved the second combo is stored as shown, whatever the agent had stored.
-    EXPECT_EQ(ChosenText(kMonitorOffChoices, L"After 1 Hr", L"7"), L"60");
 }
 
 } // namespace

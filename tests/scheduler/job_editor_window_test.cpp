@@ -1,7 +1,6 @@
 #include "scheduler/job_editor_window.h"
 
 #include "scheduler/scheduler_program.h"
-#include "support/refusals.h"
 #include "ui/file_dialog.h"
 #include "ui/tabs.h"
 
@@ -15,29 +14,22 @@ HWND Tabs()
 
 TEST(JobEditorWindowTest, RefusesWhatIsWrong)
 {
-    // clang-format off
-    constexpr RefusalRow kNames[] = {{L"", L"No Job Name", L"Please enter a Job Name."},
-        {L"nightly BACKUP", L"Job with name already in the list ", L"Job with name ' nightly BACKUP ' already exists"}};
-    constexpr RefusalRow kPaths[] = {{L"", L"No File Path", L"File Path input field is empty. Please enter a valid path."},
-        {L"C:\\A.EXE", L"Application exe already in the list ", L"Application ' C:\\A.EXE ' already exists"}};
-    // clang-format on
     SchedulerProgram program;
     BoxScript boxes{};
-    program.Do({{kList, L"Add Job.."}});
-    const auto expectRefused = [&](const RefusalRow& row, Step field, const wchar_t* button) {
-        field.text = row.input;
-        boxes.Expect({{row.title, row.text}});
+    const auto expectRefused = [&](const Step& field, const wchar_t* button, const ExpectedBox& box) {
+        boxes.Expect({box});
         program.Do({field, {field.window, button}});
         boxes.ExpectAllSeen();
         EXPECT_EQ(program.Text(field.window, field.label), L"");
         EXPECT_EQ(GetFocus(), Labelled(WindowOf(field.window), field.label));
     };
-    for (const RefusalRow& row : kNames)
-        expectRefused(row, {kEditor, L"Job Name :"}, L"Save");
+    program.Do({{kList, L"Add Job.."}});
+    expectRefused({kEditor, L"Job Name :", L"nightly BACKUP"}, L"Save",
+        {L"Job with name already in the list ", L"Job with name ' nightly BACKUP ' already exists"});
     TurnTo(Tabs(), 1);
     program.AddTask(L"C:\\a.exe");
-    for (const RefusalRow& row : kPaths)
-        expectRefused(row, {kTasks, L".exe/.bat File Path :"}, L"Add Task");
+    expectRefused({kTasks, L".exe/.bat File Path :", L"C:\\A.EXE"}, L"Add Task",
+        {L"Application exe already in the list ", L"Application ' C:\\A.EXE ' already exists"});
     boxes.Expect({{L"Invalid Schedule", L"day"}, {L"Invalid Schedule", L"month"}});
     program.Do({{kEditor, L"Job Name :", L"two words"}, {kEditor, L"Weekly"}, {kEditor, L"Save"}, {kEditor, L"Monthly"},
         {kEditor, L"Save"}, {kEditor, L"June"}, {kEditor, L"Save"}});

@@ -70,7 +70,6 @@ struct SchedulerProgram : ConsoleProgram {
     {
         return IsWindowEnabled(Labelled(WindowOf(window), label)) != FALSE;
     }
-    [[nodiscard]] bool IsOpen(WindowId window) { return IsWindowVisible(WindowOf(window)) != FALSE; }
     [[nodiscard]] HWND Jobs() { return Labelled(WindowOf(kList), L"Scheduled Job List"); }
     [[nodiscard]] HWND Tasks() { return Labelled(WindowOf(kTasks), L"Scheduled Task List"); }
     // A row on one line; a column of all rows.

@@ -23,6 +23,7 @@ public:
     // The first connection check and load, as start-up runs it.
     void Load();
     [[nodiscard]] simulator::AgentServer& Agent() { return m_agent; }
+    [[nodiscard]] static bool IsOpen(WindowId window) { return IsWindowVisible(WindowOf(window)) != FALSE; }
     // What the agent holds; between requests it does not touch it.
     [[nodiscard]] simulator::MachineState& Machine()
     {
