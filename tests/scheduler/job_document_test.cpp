@@ -83,15 +83,6 @@ TEST(JobDocumentTest, SmallListsBothWays)
               L"EndDate=NULL Frequency_2[JobStart=AST]] Action_2[RunTask_2[]]]");
 }
 
-// The element at that way of child places.
-Element& At(Element& element, std::initializer_list<std::size_t> way)
-{
-    Element* here = &element;
-    for (const std::size_t place : way)
-        here = &here->children[place];
-    return *here;
-}
-
 TEST(JobDocumentTest, TenJobsOfSevenTasksAndNoMore)
 {
     ScheduledJobs jobs;

@@ -25,8 +25,9 @@ std::wstring JobNames(SchedulerProgram& program, bool stored)
 TEST(JobListWindowTest, TheAgentsListFollowsTheScreen)
 {
     SchedulerProgram program;
-    BoxScript boxes{};
     EXPECT_EQ(JobNames(program, true), L"Morning wake up,Nightly backup,Quarter closing");
+    EXPECT_EQ(
+        program.Row(program.Jobs(), 0), L"Morning wake up\tReady before the office opens\t07:45:00\tWeekly\t0\t\t");
     EXPECT_EQ(program.Row(program.Jobs(), 1),
         L"Nightly backup\tCopy the day's work & power off\t22:30:00\t*******\t2\tShutdown\t15 Mins");
     EXPECT_EQ(program.Text(kList, L"Host Name :"), ComputerName());
@@ -58,7 +59,7 @@ TEST(JobListWindowTest, TheAgentsListFollowsTheScreen)
         L"AppSensor=No] RunTask_4[APP_41[Path=C:\\x (1)\\run.exe Parameters=-a \"b\" RDelay=60 REndTime=20:30:05]]]]");
 
     SelectRow(program.Jobs(), 0);
-    boxes.Expect({{L"Delete Job", {}, Answer::No},
+    program.boxes.Expect({{L"Delete Job", {}, Answer::No},
         {L"Delete Job",
             L"If you delete the 'Morning wake up' job, all scheduled tasks associated with it will be "
             L"deleted.\n\nDo you want to continue?",
@@ -71,7 +72,7 @@ TEST(JobListWindowTest, TheAgentsListFollowsTheScreen)
     EXPECT_EQ(JobNames(program, true), L"Nightly backup,Quarter closing,Long day");
     EXPECT_EQ(program.Machine().jobs.children[0].name, L"Job_1");
 
-    boxes.Expect({{L"Delete all Jobs",
+    program.boxes.Expect({{L"Delete all Jobs",
         L"Are you sure you want to remove all scheduled jobs from '" + ComputerName()
             + L"' System?\n\n All jobs and associated tasks will be deleted.",
         Answer::Yes}});
@@ -82,7 +83,7 @@ TEST(JobListWindowTest, TheAgentsListFollowsTheScreen)
 TEST(JobListWindowTest, WhatIsNotStoredIsKept)
 {
     SchedulerProgram program;
-    BoxScript boxes{{L"No Task Defined", {}, Answer::No}};
+    program.boxes.Expect({{L"No Task Defined", {}, Answer::No}});
     program.Add(L"Kept");
     program.Do({{kEditor, L"Save"}});
     const Element before = program.Machine().jobs;
@@ -90,8 +91,8 @@ TEST(JobListWindowTest, WhatIsNotStoredIsKept)
     for (const wchar_t* button : {L"Save", L"OK", L"Remove All Scheduled Jobs"}) {
         const auto expectKept = [&](const ExpectedBox& box) {
             if (button[0] == L'R')
-                boxes.Expect({{L"Delete all Jobs", {}, Answer::Yes}});
-            boxes.Expect({box});
+                program.boxes.Expect({{L"Delete all Jobs", {}, Answer::Yes}});
+            program.boxes.Expect({box});
             program.Do({{kList, button}});
             program.Machine().jobs = before; // a scripted refusal stands for an agent that stored nothing
             EXPECT_EQ(JobNames(program, false), L"Morning wake up,Nightly backup,Quarter closing,Kept");
@@ -124,16 +125,15 @@ TEST(JobListWindowTest, OddAnswers)
         = {{F::None, nullptr}, {F::NotWellFormed, kBad}, {F::Doctype, kBad}, {F::Status, kBad},
             {F::ManyElements, kLost}, {F::Silent, kLost}, {F::CloseMidFrame, kLost}, {F::HugeLength, kLost}};
     SchedulerProgram program;
-    BoxScript boxes{};
     for (const auto& [kind, box] : kRows) {
         program.Do({{kList, L"Cancel"}});
         if (box != nullptr)
-            boxes.Expect({{box, {}}});
+            program.boxes.Expect({{box, {}}});
         state.connected = true;
         program.Agent().SetFault(L"GetCurrentSchedulerSettings", {kind, {}});
         timing.transportSecond = kind == F::Silent ? 2 : 100; // nothing comes but the end of the wait
         program.Open();
-        boxes.ExpectAllSeen();
+        program.boxes.ExpectAllSeen();
         EXPECT_EQ(program.IsOpen(kList), box == nullptr) << static_cast<int>(kind);
     }
     program.Agent().ClearFaults();
@@ -145,7 +145,7 @@ TEST(JobListWindowTest, OddAnswers)
 TEST(JobListWindowTest, TenJobsAreTheLimit)
 {
     SchedulerProgram program(L"manyjobs");
-    BoxScript boxes{{L"Delete Job", {}, Answer::Yes}, {L"No Task Defined", {}, Answer::No}};
+    program.boxes.Expect({{L"Delete Job", {}, Answer::Yes}, {L"No Task Defined", {}, Answer::No}});
     const auto expectFull = [&](bool full) {
         EXPECT_EQ(IsShown(Labelled(WindowOf(kList), L"Add Job..")), !full);
         for (const wchar_t* line : {L"Voltaro users can schedule up to ten jobs. Ten jobs are already scheduled.",
@@ -168,7 +168,6 @@ std::wstring shownTopic;
 TEST(JobListWindowTest, KeyboardMouseAndClosing)
 {
     SchedulerProgram program;
-    BoxScript boxes{};
     EXPECT_FALSE(program.IsEnabled(kList, L"Modify Job..") || program.IsEnabled(kList, L"Delete Job"));
     EXPECT_EQ(GetFocus(), program.Jobs());
     Press(VK_DOWN);
@@ -192,7 +191,7 @@ TEST(JobListWindowTest, KeyboardMouseAndClosing)
     EXPECT_TRUE(shownTopic.ends_with(L"\\docs\\help\\Voltaro_Help_SE.chm::/Job Scheduler.htm")) << shownTopic;
 
     const ExpectedBox unsaved = {L"Changes not saved", L"Are you sure you want to cancel the changes?", Answer::No};
-    boxes.Expect({{L"Delete Job", L"'Nightly backup'", Answer::Yes}, unsaved, unsaved});
+    program.boxes.Expect({{L"Delete Job", L"'Nightly backup'", Answer::Yes}, unsaved, unsaved});
     Press(VK_DELETE);
     Press(VK_ESCAPE);
     SendMessageW(WindowOf(kList), WM_CLOSE, 0, 0);
@@ -200,7 +199,7 @@ TEST(JobListWindowTest, KeyboardMouseAndClosing)
     program.Open(); // it is open: it keeps the change
     EXPECT_EQ(program.TakeOperations().size(), 0u);
     EXPECT_EQ(JobNames(program, false), L"Morning wake up,Quarter closing");
-    boxes.Expect({{L"Changes not saved", {}, Answer::Yes}});
+    program.boxes.Expect({{L"Changes not saved", {}, Answer::Yes}});
     Press(VK_ESCAPE);
     EXPECT_FALSE(program.IsOpen(kList));
     program.Open();

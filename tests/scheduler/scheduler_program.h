@@ -28,6 +28,8 @@ struct SchedulerProgram : ConsoleProgram {
         Load();
         Open();
     }
+    BoxScript boxes{std::initializer_list<ExpectedBox>{}};
+
     void Open() { Command(WindowId::Main, kJobScheduler); }
 
     void Do(std::initializer_list<Step> steps)
