@@ -52,8 +52,8 @@ TEST(JobDocumentTest, SmallListsBothWays)
         {L"week", [](J& j) { j.kind = K::Weekly; j.weekDays[0] = j.weekDays[6] = true; },
             L"StartDate=NULL EndDate=NULL Frequency_1[JobStart=Weekly Sun=Yes Mon=No Tue=No Wed=No Thu=No Fri=No "
             L"Sat=Yes"},
-        {L"month", [](J& j) { j.kind = K::Monthly; j.months[0] = true; j.monthStartDay = L"01"; j.monthEndDay = L"31"; },
-            L"StartDate=01 EndDate=31 Frequency_1[JobStart=Monthly Jan=Yes Feb=No Mar=No Apr=No May=No Jun=No Jul=No "
+        {L"month", [](J& j) { j.kind = K::Monthly; j.months[0] = true; j.monthStartDay = L"1"; j.monthEndDay = L"31"; },
+            L"StartDate=1 EndDate=31 Frequency_1[JobStart=Monthly Jan=Yes Feb=No Mar=No Apr=No May=No Jun=No Jul=No "
             L"Aug=No Sep=No Oct=No Nov=No Dec=No"},
         {L"x", [](J& j) { j.applyScheme = true; j.schemeName = L"N_1"; }, kDaily, L"ApplyScheme=N_1 RunTask_1[]"},
         {L"seven minutes are no choice, and stay", [](J& j) { j.powerOff = j.useAppSensor = true; j.idleMinutes = 7; },

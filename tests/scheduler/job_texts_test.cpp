@@ -46,7 +46,8 @@ TEST(JobTextsTest, NextRuns)
         const wchar_t* text;             // "*" for "Next run: "
     } kRows[] = {
         // clang-format off
-        {K::Daily, L"12:00:01", L"", {}, L"*today at 12:00:01"}, {K::Daily, L"12:00:00", L"", {}, L"*tomorrow at 12:00:00"},
+        {K::Daily, L"12:00:01", L"", {}, L"*today at 12:00:01"},
+        {K::Daily, L"12:00:00", L"", {}, L"*tomorrow at 12:00:00"},
         {K::Daily, L"", L"", {}, kUnknown}, {K::OnDate, L"13:00:00", L"2024-02-28", {}, L"*today at 13:00:00"},
         {K::OnDate, L"11:00:00", L"2024-02-28", {}, kNever}, {K::OnDate, L"11:00:00", L"2023-12-31", {}, kNever},
         {K::OnDate, L"11:00:00", L"2055-01-01", {}, L"*Friday, 2055-01-01 at 11:00:00"},

@@ -39,7 +39,8 @@ TEST(AgentXmlTest, RefusesWhatNoRequestNeeds)
         {L"<a>\x01</a>", L"there is a character that must not be here at unit 3"},
         {L"<a><![CDATA[x]]></a>", L"a name is missing at unit 4"},
         {L"<!DOCTYPE a [<!ENTITY e 'x'>]><a>&e;</a>", L"a name is missing at unit 1"},
-        {L"<a>&e;</a>", L"the entity is not known at unit 3"}, {L"<a>&#0;</a>", L"the reference is no character at unit 7"},
+        {L"<a>&e;</a>", L"the entity is not known at unit 3"},
+        {L"<a>&#0;</a>", L"the reference is no character at unit 7"},
         {L"<a>&#x110000;</a>", L"the reference is no character at unit 13"},
         {L"<a>&#99999999999999;</a>", L"the reference is no character at unit 12"},
     };
