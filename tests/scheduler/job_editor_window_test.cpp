@@ -128,7 +128,8 @@ TEST(JobEditorWindowTest, KeepsWhatNoChoiceHas)
     EXPECT_EQ(CellOf(program.Jobs(), 1, 6), L"10 Mins");
     for (const std::size_t job : {1, 2}) {
         program.Edit(static_cast<int>(job));
-        program.Do({{kEditor, L"Job Description :", L"x"}, {kEditor, L"Update"}});
+        program.DoubleClick(program.Tasks(), 0);
+        program.Do({{kTasks, L"Update Task"}, {kEditor, L"Job Description :", L"x"}, {kEditor, L"Update"}});
         At(expected, {job, 1}).text = L"x";
     }
     EXPECT_EQ(program.Text(kActions, L"Power scheme"), L"Gone");
