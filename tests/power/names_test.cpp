@@ -15,10 +15,8 @@ TEST(NamesTest, WhileTyping)
     for (const wchar_t unit : std::wstring_view(L"\"`~!@#$%^&*()-+=[]{};:'|\\<>/?.,"))
         refused.push_back(std::wstring(L"a") + unit + L"b");
     for (const std::wstring& name : refused) {
-        const RefusalRow scheme[] = {{name.c_str(), L"Invalid Scheme Name ", L"Please follow the rules"}};
-        const RefusalRow policy[] = {{name.c_str(), L"Invalid policy name ", L"Please follow the rules"}};
-        ExpectRefusals(scheme, CheckTypedSchemeName);
-        ExpectRefusals(policy, CheckTypedPolicyName);
+        EXPECT_NE(CheckTypedSchemeName(name), nullptr) << name;
+        EXPECT_NE(CheckTypedPolicyName(name), nullptr) << name;
     }
     // An emptied edit must not be refused again; a blank inside can only be pasted.
     for (const wchar_t* name : {L"", L"_", L"__a", L"Office_2", L"a b", L" a", L"\x00E9t\x00E9"}) {
@@ -54,74 +52,42 @@ TEST(PolicyTest, RuleNames)
 {
     std::vector<ApplicationRule> rules(3);
     rules[1].applicationName = L"Player.exe";
+    const auto check = [&](std::wstring_view name) { return CheckRuleName(name, rules, std::nullopt); };
     constexpr wchar_t kTitle[] = L"Application exe name, not valid";
-    constexpr wchar_t kOwn[]
-        = L"Voltaro Application\x2019s Executable cannot be mentioned for tracking.\nPlease mention";
+    for (const wchar_t* own :
+        {L"VoltaroAgentSe.exe", L"VoltaroAgentWe.exe", L"VoltaroDiagnostic.exe", L"VoltaroServiceSe.exe",
+            L"VoltaroServiceWe.exe", L"VoltaroUserInteract.exe", L"VoltaroConsoleSE.exe", L"voltaroconsolewe.Exe"}) {
+        const RefusalRow row[] = {
+            {own, kTitle, L"Voltaro Application\x2019s Executable cannot be mentioned for tracking.\nPlease mention"}};
+        ExpectRefusals(row, check);
+    }
     const RefusalRow kRows[] = {
         {L"my player.EXE", L"", L""},
         {L"Voltaro.exe", L"", L""},
         {L"", L"No Application name ", L"Please mention an application's"},
-        {L"VoltaroAgentSe.exe", kTitle, kOwn},
-        {L"VoltaroAgentWe.exe", kTitle, kOwn},
-        {L"VoltaroDiagnostic.exe", kTitle, kOwn},
-        {L"VoltaroServiceSe.exe", kTitle, kOwn},
-        {L"VoltaroServiceWe.exe", kTitle, kOwn},
-        {L"VoltaroUserInteract.exe", kTitle, kOwn},
-        {L"VoltaroConsoleSE.exe", kTitle, kOwn},
-        {L"voltaroconsolewe.Exe", kTitle, kOwn},
         {L"voltaro", L"Process name, not valid", L"Voltaro process cannot be mentioned"},
         {L" player.exe ", kTitle, L"Application\x2019s executable name cannot begin"},
         {L"player.exe ", kTitle, L"Application\x2019s executable name cannot end"},
         {L"player.Exe", kTitle, L"Application\x2019s executable name should be"},
         {L"PLAYER.exe", L"Application name already in the list ", L"Application ' PLAYER.exe ' already exists"},
     };
-    ExpectRefusals(kRows, [&](std::wstring_view name) { return CheckRuleName(name, rules, std::nullopt); });
+    ExpectRefusals(kRows, check);
     EXPECT_EQ(CheckRuleName(L"player.exe", rules, 1), nullptr); // its own name
     EXPECT_NE(CheckRuleName(L"player.exe", rules, 0), nullptr);
 }
 
-TEST(PolicyTest, RowsAndCheckBoxes)
+TEST(PolicyTest, FiftyRulesAreTheLimit)
 {
-    const RuleRow row = {L"a.exe", L"text", L"Enabled", L"Yes", L"No", L"Yes", L"No", L"yes", L"No", L"", L"Yes"};
-    ApplicationRule rule = RuleOfRow(row);
-    EXPECT_EQ(RowOfRule(rule), row); // whatever the texts, they travel unchanged
-    EXPECT_EQ(rule.description, L"text");
-    EXPECT_EQ(rule.hardDisk, L"No");
-    EXPECT_EQ(rule.shutdown, L"Yes");
-    EXPECT_TRUE(IsRuleChecked(rule, 0) && IsRuleChecked(rule, 1) && !IsRuleChecked(rule, 2));
-    SetRuleChecked(rule, 0, false);
-    SetRuleChecked(rule, 8, false);
-    SetRuleChecked(rule, 7, true);
-    EXPECT_EQ(rule.ruleStatus, L"Disabled");
-    EXPECT_EQ(rule.shutdown, L"No");
-    EXPECT_EQ(rule.hibernate, L"Yes");
-}
-
-TEST(PolicyTest, NumberOfRules)
-{
-    const struct {
-        std::size_t count;
-        const wchar_t* room;
-        const wchar_t* existing;
-        const wchar_t* added;
-    } kRows[] = {
-        {0, L"", L"Application's list cannot be blank!", L"Application's list cann't be blank!"},
-        {1, L"", L"", L""},
-        {49, L"", L"", L""},
-        {50, L"Applications limit per policy name is 50 applications .", L"", L""},
-        {51, L"Applications limit per policy name", L"Application's list cannot contain more than 50",
-            L"Application's list cann't contain more than 50"},
-    };
-    for (const auto& row : kRows) {
-        const std::vector<ApplicationRule> rules(row.count);
-        const auto begins = [](const Refusal* refusal, std::wstring_view text) {
-            return refusal == nullptr ? text.empty()
-                                      : !text.empty() && std::wstring_view(refusal->text).starts_with(text);
-        };
-        EXPECT_TRUE(begins(CheckRoomForRule(rules), row.room)) << row.count;
-        EXPECT_TRUE(begins(CheckRules(rules, PolicyMode::Existing), row.existing)) << row.count;
-        EXPECT_TRUE(begins(CheckRules(rules, PolicyMode::New), row.added)) << row.count;
-    }
+    std::vector<ApplicationRule> rules(49);
+    EXPECT_EQ(CheckRoomForRule(rules), nullptr);
+    rules.resize(50);
+    EXPECT_NE(CheckRoomForRule(rules), nullptr);
+    EXPECT_EQ(CheckRules(rules, PolicyMode::Existing), nullptr);
+    rules.resize(51);
+    EXPECT_STREQ(CheckRules(rules, PolicyMode::Existing)->text,
+        L"Application's list cannot contain more than 50 application names.");
+    EXPECT_STREQ(
+        CheckRules(rules, PolicyMode::New)->text, L"Application's list cann't contain more than 50 application names.");
 }
 
 TEST(CapabilitiesTest, ThereUnlessEveryFieldDenies)

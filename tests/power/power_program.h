@@ -9,14 +9,16 @@
 #include "power/scheme_window.h"
 #include "support/box_script.h"
 #include "support/program.h"
+#include "support/refusals.h"
 #include "support/test_window.h"
 #include "ui/controls.h"
-
-#include <gtest/gtest.h>
 
 namespace voltaro {
 
 using Names = std::vector<std::wstring>;
+
+inline constexpr wchar_t kMalformed[] = L"<vltp><response><status>Success",
+                         kNoStatus[] = L"<vltp><response></response></vltp>", kNoAnswer[] = L"no answer";
 
 // The program loaded from a simulated agent, with the scheme editor open.
 struct PowerProgram : ConsoleProgram {
@@ -39,58 +41,43 @@ struct PowerProgram : ConsoleProgram {
             SendMessageW(edit, WM_CHAR, unit, 0);
     }
 
-    // The fields of the last request of an operation; its envelope is expected to be the usual one.
-    std::wstring FieldsOf(std::wstring_view operation)
+    // Expects the last request of an operation in the usual envelope. "|" stands for the start of a detail's line.
+    void ExpectSent(const std::wstring& operation, const std::wstring& fields)
     {
-        const std::wstring text = Replaced(LastRequest(operation), L"\r\n", L"\n");
-        const std::wstring before = L"<?xml version='1.0'?>\n<vltp version=\"1.0\">\n\t<request>\n\t\t<MessageId>{ID}</"
-                                    L"MessageId>\n\t\t<operation>"
-            + std::wstring(operation) + L"</operation>\n";
-        const std::wstring after = L"\n\t</request>\n</vltp>\n";
-        EXPECT_TRUE(text.starts_with(before) && text.ends_with(after)) << text;
-        return text.size() < before.size() + after.size()
-            ? text
-            : text.substr(before.size(), text.size() - before.size() - after.size());
+        const std::wstring expected = L"<?xml version='1.0'?>\n<vltp version=\"1.0\">\n\t<request>\n\t\t<MessageId>{ID}"
+                                      L"</MessageId>\n\t\t<operation>"
+            + operation + L"</operation>\n\t\t" + Replaced(fields, L"|", L"\n\t\t\t") + L"\n\t</request>\n</vltp>\n";
+        EXPECT_EQ(LastRequest(operation), Replaced(expected, L"\n", L"\r\n"));
     }
 
-    // Answers the operation so, whatever it asks: a status word, "malformed", "no status" or "no answer".
-    void AnswerWith(std::wstring_view operation, std::wstring_view word)
+    // Answers the operation so, whatever it asks: with a document, a status word or kNoAnswer.
+    void AnswerWith(std::wstring_view operation, const std::wstring& answer)
     {
+        Agent().ClearRequests();
         Agent().ClearScripts();
         Agent().ClearFaults();
         state.connected = true;
-        if (word == L"no answer")
+        if (answer == kNoAnswer)
             Agent().SetFault(operation, {simulator::FaultKind::CloseAtOnce, {}});
-        else if (word == L"malformed")
-            Agent().ScriptReply(operation, L"<vltp><response><status>Success");
-        else if (word == L"no status")
-            Agent().ScriptReply(operation, L"<vltp><response></response></vltp>");
         else
-            Agent().ScriptReply(
-                operation, L"<vltp><response><status>" + std::wstring(word) + L"</status></response></vltp>");
+            Agent().ScriptReply(operation,
+                answer[0] == L'<' ? answer : L"<vltp><response><status>" + answer + L"</status></response></vltp>");
     }
-};
-
-// A name that is refused: with which box, and how its text begins.
-struct RefusedName {
-    const wchar_t* name;
-    const wchar_t* title;
-    const wchar_t* text = L"";
 };
 
 // Types and pastes each name; what typing lets pass is refused by the button. Each time the edit is emptied and has the
 // focus. `typing`: the title of the refusal while typing.
 inline void ExpectRefused(PowerProgram& program, WindowId window, int edit, int button, std::wstring_view typing,
-    std::initializer_list<RefusedName> names)
+    std::initializer_list<RefusalRow> names)
 {
-    for (const RefusedName& row : names) {
+    for (const RefusalRow& row : names) {
         for (const bool pasted : {false, true}) {
-            SCOPED_TRACE(row.name);
+            SCOPED_TRACE(row.input);
             program.boxes.Expect({{row.title, row.text}});
             if (pasted)
-                program.Type(window, edit, row.name);
+                program.Type(window, edit, row.input);
             else
-                program.TypeUnits(window, edit, row.name);
+                program.TypeUnits(window, edit, row.input);
             if (row.title != typing)
                 program.Command(window, button);
             program.boxes.ExpectAllSeen();
@@ -100,40 +87,49 @@ inline void ExpectRefused(PowerProgram& program, WindowId window, int edit, int 
     }
 }
 
-// One answer to a change: the box it raises, and what is read again.
-struct AnswerRow {
-    const wchar_t* word;
-    const wchar_t* title;
-    const wchar_t* text;
-    Names readAgain;
+// A change that is sent to the agent, and what its answers lead to.
+struct Change {
+    const wchar_t* operation;
+    const wchar_t* question; // asked first and answered with Yes; null for none
+    ExpectedBox failed;
+    Names readAfterSuccess;
+    Names readAfterOthers{}; // after an answer that says neither
+    ExpectedBox denied{};    // the box for "Permission denied", if any
 };
 
-// Makes the change once for each answer. `question`: one that is answered with Yes each time, or none.
-template <class Change>
-void ExpectAnswers(PowerProgram& program, const wchar_t* operation, const wchar_t* question,
-    std::vector<AnswerRow> rows, Change change)
+// Makes the change once for each answer: expects its box, and what is read again.
+template <class Make>
+void ExpectAnswers(PowerProgram& program, const Change& change, Make make)
 {
-    rows.push_back({L"Not Activated", nullptr, L"is not activated", {L"GetActivationstatus"}});
-    rows.push_back({L"malformed", L"", L"", {}});
-    rows.push_back({L"no answer", L"Connection Issue", L"is not responding", {}});
-    for (const AnswerRow& row : rows) {
-        SCOPED_TRACE(std::wstring(operation) + L" " + row.word);
-        program.AnswerWith(operation, row.word);
-        if (question != nullptr)
-            program.boxes.Expect({{question, L"Are you sure", Answer::Yes}});
-        // A licence refusal carries the title of the failure, which comes first.
-        const wchar_t* title = row.title != nullptr ? row.title : rows.front().title;
-        if (*title != L'\0')
-            program.boxes.Expect({{title, row.text}});
-        program.Agent().ClearRequests();
-        change();
-        Names expected = {L"GetActivationstatus", operation};
+    const struct {
+        const wchar_t* word;
+        ExpectedBox box;
+        Names readAgain;
+    } rows[] = {
+        {L"Failure", change.failed, {}},
+        {L"Permission denied", change.denied, change.readAfterOthers},
+        {kNoStatus, {}, change.readAfterOthers},
+        {L"Success", {}, change.readAfterSuccess},
+        {L"success", {}, change.readAfterSuccess},
+        {L"Not Activated", {change.failed.caption, L"is not activated"}, {L"GetActivationstatus"}},
+        {kMalformed, {}, {}},
+        {kNoAnswer, {L"Connection Issue", L"is not responding"}, {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::wstring(change.operation) + L" " + row.word);
+        program.AnswerWith(change.operation, row.word);
+        if (change.question != nullptr)
+            program.boxes.Expect({{change.question, L"Are you sure", Answer::Yes}});
+        if (!row.box.caption.empty())
+            program.boxes.Expect({row.box});
+        make();
+        Names expected = {L"GetActivationstatus", change.operation};
         expected.insert(expected.end(), row.readAgain.begin(), row.readAgain.end());
         EXPECT_EQ(program.TakeOperations(), expected);
         program.boxes.ExpectAllSeen();
     }
-    program.AnswerWith(operation, L"");
-    program.Agent().ClearScripts();
+    program.Agent().ClearFaults();
+    state.connected = true;
 }
 
 } // namespace voltaro

@@ -14,22 +14,16 @@ struct List {
     std::vector<int> minutes; // without the closing "Never"
 };
 
-const std::vector<List>& Lists()
-{
-    static const std::vector<List> lists = {
-        {kDimChoices, {2, 3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360}},
-        {kMonitorOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420}},
-        {kLockChoices, {1, 2, 3, 5, 10, 15, 20, 25, 30}},
-        {kHardDiskChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300}},
-        {kLogOffChoices,
-            {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780}},
-        {kStandbyChoices,
-            {5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840}},
-        {kHibernateChoices,
-            {10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840, 900}},
-    };
-    return lists;
-}
+const List kLists[] = {
+    {kDimChoices, {2, 3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360}},
+    {kMonitorOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420}},
+    {kLockChoices, {1, 2, 3, 5, 10, 15, 20, 25, 30}},
+    {kHardDiskChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300}},
+    {kLogOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780}},
+    {kStandbyChoices, {5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840}},
+    {kHibernateChoices,
+        {10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840, 900}},
+};
 
 std::wstring TextFor(int minutes)
 {
@@ -39,7 +33,7 @@ std::wstring TextFor(int minutes)
 
 TEST(TimeoutsTest, EveryChoiceOfEveryListBothWays)
 {
-    for (const List& list : Lists()) {
+    for (const List& list : kLists) {
         ASSERT_EQ(list.choices.size(), list.minutes.size() + 1);
         for (std::size_t i = 0; i < list.minutes.size(); ++i) {
             const std::wstring minutes = std::to_wstring(list.minutes[i]);
@@ -76,6 +70,8 @@ TEST(TimeoutsTest, NumbersThatNoChoiceHas)
         EXPECT_EQ(ChosenText(row.choices, row.choices[1].text, row.stored), std::to_wstring(row.choices[1].number));
     }
     EXPECT_EQ(ChosenText(kDimChoices, L"Never", L""), L"0"); // an answer without the field
+    // A link that moved the second combo is stored as shown, whatever the agent had stored.
+    EXPECT_EQ(ChosenText(kMonitorOffChoices, L"After 1 Hr", L"7"), L"60");
 }
 
 TEST(LevelsTest, StepsAndLoads)
@@ -88,33 +84,26 @@ TEST(LevelsTest, StepsAndLoads)
         EXPECT_EQ(ShownText(kCpuLoads, std::to_wstring(i)), std::to_wstring(i));
 }
 
-// For every entry of the first combo: the second starts at the same place of its own list, its text kept if it is
-// there.
+// For every entry of the first combo: the second starts at the same place of its own list, and keeps "After 15 Mins"
+// while it has it. `kept`: its place in the whole list.
+template <class ListFor>
+void ExpectFollowing(const List& first, const List& second, std::size_t kept, ListFor listFor)
+{
+    for (std::size_t k = 0; k <= first.minutes.size(); ++k) {
+        const bool never = k == first.minutes.size();
+        const std::size_t place = never ? 0 : k;
+        const ComboList list = listFor(never ? L"Never" : TextFor(first.minutes[k]));
+        EXPECT_EQ(list.choices.size(), second.choices.size() - place);
+        EXPECT_EQ(list.choices[0].text, TextFor(second.minutes[place]));
+        EXPECT_EQ(list.selected, place <= kept ? kept - place : 0);
+    }
+}
+
 TEST(LinkedListsTest, EveryEntry)
 {
-    const List& dim = Lists()[0];
-    const List& standby = Lists()[5];
-    for (std::size_t k = 0; k <= dim.minutes.size(); ++k) {
-        const bool never = k == dim.minutes.size();
-        const ComboList list = MonitorOffList(never ? L"Never" : TextFor(dim.minutes[k]), L"After 15 Mins");
-        EXPECT_EQ(list.choices.size(), never ? 16 : 16 - k);
-        EXPECT_EQ(list.choices[0].text, TextFor(Lists()[1].minutes[never ? 0 : k]));
-        EXPECT_EQ(list.selected, never ? 3u : k < 4 ? 3 - k : 0u);
-        EXPECT_STREQ(list.choices.back().text, L"Never");
-    }
-    for (std::size_t k = 0; k <= standby.minutes.size(); ++k) {
-        const bool never = k == standby.minutes.size();
-        const ComboList list = HibernateList(true, never ? L"Never" : TextFor(standby.minutes[k]), L"Never");
-        EXPECT_EQ(list.choices.size(), never ? 22 : 22 - k);
-        EXPECT_EQ(list.choices[0].text, TextFor(Lists()[6].minutes[never ? 0 : k]));
-        EXPECT_EQ(list.selected, list.choices.size() - 1);
-    }
-    for (const int minutes : Lists()[1].minutes) {
-        const ComboList list = LockList(TextFor(minutes), L"After 5 Mins");
-        EXPECT_EQ(list.choices.size(), 10u);
-        EXPECT_EQ(list.selected, 3u);
-    }
-    EXPECT_STREQ(MonitorOffList(L"After 45 Mins", L"After 3 Mins").choices[0].text, L"After 1 Hr");
+    constexpr const wchar_t* kShown = L"After 15 Mins";
+    ExpectFollowing(kLists[0], kLists[1], 3, [&](const auto& dim) { return MonitorOffList(dim, kShown); });
+    ExpectFollowing(kLists[5], kLists[6], 1, [&](const auto& standby) { return HibernateList(true, standby, kShown); });
 }
 
 TEST(LinkedListsTest, NeverAndMissingCapabilities)
@@ -126,19 +115,19 @@ TEST(LinkedListsTest, NeverAndMissingCapabilities)
         std::size_t selected;
     } kRows[] = {
         {LockList(L"Never", L"After 5 Mins"), 1, L"Never", 0},
+        {LockList(L"After 7 Hrs", L"After 5 Mins"), 10, L"After 1 Min", 3},
         {StandbyList(true, L"After 10 Mins"), 22, L"After 5 Mins", 1},
         {StandbyList(false, L"After 10 Mins"), 1, L"Disabled", 0},
         {HibernateList(false, L"After 10 Mins", L"Never"), 1, L"Disabled", 0},
         {HibernateList(true, L"Disabled", L"After 20 Mins"), 22, L"After 10 Mins", 2},
         {HibernateList(true, L"Never", L"Disabled"), 22, L"After 10 Mins", 0},
+        {HibernateList(true, L"After 14 Hrs", L"Never"), 2, L"After 15 Hrs", 1},
     };
     for (const auto& row : kRows) {
         EXPECT_EQ(row.list.choices.size(), row.size);
         EXPECT_STREQ(row.list.choices[0].text, row.first);
         EXPECT_EQ(row.list.selected, row.selected);
     }
-    // A link that moved the second combo is stored as shown, whatever the agent had stored.
-    EXPECT_EQ(ChosenText(kMonitorOffChoices, L"After 1 Hr", L"7"), L"60");
 }
 
 } // namespace

@@ -52,14 +52,10 @@ TEST(JobDocumentTest, SmallListsBothWays)
         {L"week", [](J& j) { j.kind = K::Weekly; j.weekDays[0] = j.weekDays[6] = true; },
             L"StartDate=NULL EndDate=NULL Frequency_1[JobStart=Weekly Sun=Yes Mon=No Tue=No Wed=No Thu=No Fri=No "
             L"Sat=Yes"},
-        {L"month", [](J& j) { j.kind = K::Monthly; j.months[0] = true; j.monthStartDay = L"01"; j.monthEndDay = L"31"; },
-            L"StartDate=01 EndDate=31 Frequency_1[JobStart=Monthly Jan=Yes Feb=No Mar=No Apr=No May=No Jun=No Jul=No "
+        {L"month", [](J& j) { j.kind = K::Monthly; j.months[0] = true; j.monthStartDay = L"1"; j.monthEndDay = L"31"; },
+            L"StartDate=1 EndDate=31 Frequency_1[JobStart=Monthly Jan=Yes Feb=No Mar=No Apr=No May=No Jun=No Jul=No "
             L"Aug=No Sep=No Oct=No Nov=No Dec=No"},
-        {L"wake", [](J& j) { j.powerOn = true; }, kDaily, L"PowerOn=Yes RunTask_1[]"},
         {L"x", [](J& j) { j.applyScheme = true; j.schemeName = L"N_1"; }, kDaily, L"ApplyScheme=N_1 RunTask_1[]"},
-        {L"no scheme name", [](J& j) { j.applyScheme = true; }, kDaily, L"ApplyScheme= RunTask_1[]"},
-        {L"off", [](J& j) { j.powerOff = true; j.powerOffType = L"Standby"; j.idleMinutes = 45; }, kDaily,
-            L"PowerOff_1[type=Standby idlefor=45 AppSensor=No] RunTask_1[]"},
         {L"seven minutes are no choice, and stay", [](J& j) { j.powerOff = j.useAppSensor = true; j.idleMinutes = 7; },
             kDaily, L"PowerOff_1[type= idlefor=7 AppSensor=Yes] RunTask_1[]"},
         {L"t", [](J& j) { j.tasks = {{L"a.exe", L"-x", true, 60, L"17:00:00"}, {L"b.exe", L"", true, 100}, {L"c"}}; },
@@ -90,43 +86,28 @@ TEST(JobDocumentTest, SmallListsBothWays)
 TEST(JobDocumentTest, TenJobsOfSevenTasksAndNoMore)
 {
     ScheduledJobs jobs;
-    std::wstring line;
     for (int n = 1; n <= 10; ++n) {
-        const std::wstring name = std::to_wstring(n);
-        jobs.push_back(Job(name));
-        std::wstring tasks;
-        for (int k = 1; k <= 7; ++k) {
+        jobs.push_back(Job(std::to_wstring(n)));
+        for (int k = 1; k <= 7; ++k)
             jobs.back().tasks.push_back({std::wstring_view(Format(L"%d-%d", n, k))});
-            tasks += Format(L"%lsAPP_%d%d[Path=%d-%d Parameters= RDelay= REndTime=]", k == 1 ? L"" : L" ", n, k, n, k);
-        }
-        line += L" "
-            + JobLine(name, name, L"StartDate=NULL EndDate=NULL Frequency_" + name + L"[JobStart=AST",
-                L"RunTask_" + name + L"[" + tasks + L"]");
     }
-    ExpectBothWays(jobs, line.substr(1));
-    EXPECT_NE(line.find(L"APP_107[Path=10-7 "), line.npos);
+    Element details = BuildJobList(jobs);
+    EXPECT_TRUE(ReadJobList(details).jobs == jobs);
+    EXPECT_EQ(At(details, {9, 3}).name + At(details, {9, 3, 3}).name, L"Schedule_10Frequency_10");
+    EXPECT_EQ(At(details, {9, 4}).name + At(details, {9, 4, 0}).name, L"Action_10RunTask_10");
+    EXPECT_EQ(Line(At(details, {9, 4, 0, 6})), L"APP_107[Path=10-7 Parameters= RDelay= REndTime=]");
 
-    const Element details = BuildJobList(jobs);
     jobs[0].tasks.push_back({L"eighth.exe"});
     jobs.push_back(Job(L"eleventh"));
     EXPECT_TRUE(BuildJobList(jobs) == details);
     Element larger = details;
     larger.children.push_back(Element(larger.children[0]));
     larger.children.back().name = L"Job_11";
-    Element& tasks = larger.children[0].children[4].children[0];
+    Element& tasks = At(larger, {0, 4, 0});
     tasks.children.push_back(Element(tasks.children[0]));
     tasks.children.back().name = L"APP_18";
     const ReadJobs read = ReadJobList(larger);
     EXPECT_TRUE(BuildJobList(read.jobs) == details && read.droppedJobs == 1 && read.droppedTasks == 1);
-}
-
-// The element at that way of child places.
-Element& At(Element& element, std::initializer_list<std::size_t> way)
-{
-    Element* here = &element;
-    for (const std::size_t place : way)
-        here = &here->children[place];
-    return *here;
 }
 
 // A list in short: each job's name, start time and number of chosen week days, then its tasks.
@@ -163,7 +144,6 @@ TEST(JobDocumentTest, DamagedTreesInventNothing)
         std::size_t droppedJobs = 0, droppedTasks = 0;
     } kRows[] = {
         {[](E& e) { At(e, {0}).name = L"Job_2"; },             L"", 1},
-        {[](E& e) { At(e, {0}).name = L"Job_"; },              L"", 1},
         {[](E& e) { At(e, {0}).children.clear(); },            L"", 1},
         {[](E& e) { At(e, {0, 0}).text.clear(); },             L"", 1},
         {[](E& e) { e.children.push_back({}); },               L"j 8 2 off=Off 1 2;", 1},

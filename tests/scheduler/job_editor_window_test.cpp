@@ -1,7 +1,7 @@
 #include "scheduler/job_editor_window.h"
 
 #include "scheduler/scheduler_program.h"
-#include "support/refusals.h"
+#include "support/element_line.h"
 #include "ui/file_dialog.h"
 #include "ui/tabs.h"
 
@@ -15,30 +15,22 @@ HWND Tabs()
 
 TEST(JobEditorWindowTest, RefusesWhatIsWrong)
 {
-    // clang-format off
-    constexpr RefusalRow kNames[] = {{L"", L"No Job Name", L"Please enter a Job Name."},
-        {L"nightly BACKUP", L"Job with name already in the list ", L"Job with name ' nightly BACKUP ' already exists"}};
-    constexpr RefusalRow kPaths[] = {{L"", L"No File Path", L"File Path input field is empty. Please enter a valid path."},
-        {L"C:\\A.EXE", L"Application exe already in the list ", L"Application ' C:\\A.EXE ' already exists"}};
-    // clang-format on
     SchedulerProgram program;
-    BoxScript boxes{};
-    program.Do({{kList, L"Add Job.."}});
-    const auto expectRefused = [&](const RefusalRow& row, Step field, const wchar_t* button) {
-        field.text = row.input;
-        boxes.Expect({{row.title, row.text}});
+    const auto expectRefused = [&](const Step& field, const wchar_t* button, const ExpectedBox& box) {
+        program.boxes.Expect({box});
         program.Do({field, {field.window, button}});
-        boxes.ExpectAllSeen();
+        program.boxes.ExpectAllSeen();
         EXPECT_EQ(program.Text(field.window, field.label), L"");
         EXPECT_EQ(GetFocus(), Labelled(WindowOf(field.window), field.label));
     };
-    for (const RefusalRow& row : kNames)
-        expectRefused(row, {kEditor, L"Job Name :"}, L"Save");
+    program.Do({{kList, L"Add Job.."}});
+    expectRefused({kEditor, L"Job Name :", L"nightly BACKUP"}, L"Save",
+        {L"Job with name already in the list ", L"Job with name ' nightly BACKUP ' already exists"});
     TurnTo(Tabs(), 1);
     program.AddTask(L"C:\\a.exe");
-    for (const RefusalRow& row : kPaths)
-        expectRefused(row, {kTasks, L".exe/.bat File Path :"}, L"Add Task");
-    boxes.Expect({{L"Invalid Schedule", L"day"}, {L"Invalid Schedule", L"month"}});
+    expectRefused({kTasks, L".exe/.bat File Path :", L"C:\\A.EXE"}, L"Add Task",
+        {L"Application exe already in the list ", L"Application ' C:\\A.EXE ' already exists"});
+    program.boxes.Expect({{L"Invalid Schedule", L"day"}, {L"Invalid Schedule", L"month"}});
     program.Do({{kEditor, L"Job Name :", L"two words"}, {kEditor, L"Weekly"}, {kEditor, L"Save"}, {kEditor, L"Monthly"},
         {kEditor, L"Save"}, {kEditor, L"June"}, {kEditor, L"Save"}});
     EXPECT_EQ(program.Column(program.Jobs(), 0), L"Morning wake up,Nightly backup,Quarter closing,two words");
@@ -54,7 +46,6 @@ TEST(JobEditorWindowTest, EachKindHasItsFace)
     } kSteps[] = {{L"On Date", L"Enable Job*", 1, L"On Date(2031-12-24)"}, {L"Weekly", L"Saturday", 2, L"Weekly"},
         {L"Monthly", L"May", 3, L"Monthly"}, {L"Monthly", L"Enable Job*", 0, L"*******"}};
     SchedulerProgram program;
-    BoxScript boxes{};
     for (const auto& step : kSteps) {
         program.Edit(1);
         program.Do({{kEditor, step.click}, {kEditor, L"Date :", L"2031-12-24"}, {kEditor, step.with}});
@@ -70,9 +61,9 @@ TEST(JobEditorWindowTest, EachKindHasItsFace)
 TEST(JobEditorWindowTest, TasksUpToSeven)
 {
     SchedulerProgram program;
-    BoxScript boxes{{L"Max Task limit reached.",
+    program.boxes.Expect({{L"Max Task limit reached.",
         L"\nWith the addition of this task, max. limit of 7 tasks per Job is reached.\nIf you need to schedule more "
-        L"tasks, either use a new Job or remove existing tasks from the current Job."}};
+        L"tasks, either use a new Job or remove existing tasks from the current Job."}});
     program.Edit(1);
     EXPECT_FALSE(program.IsEnabled(kTasks, L"Update Task") || program.IsEnabled(kTasks, L"Delete"));
     for (const wchar_t* path : {L"3.exe", L"4.exe", L"5.EXE", L"6.BAT", L"7.exe", L"8.exe"})
@@ -95,11 +86,10 @@ TEST(JobEditorWindowTest, AsksBeforeInputIsDropped)
 {
     constexpr const wchar_t* kSure = L"Are you sure you want to cancel the changes?";
     SchedulerProgram program;
-    BoxScript boxes{};
     const auto close = [&](std::initializer_list<ExpectedBox> expected, bool open) {
-        boxes.Expect(expected);
+        program.boxes.Expect(expected);
         SendMessageW(WindowOf(kEditor), WM_CLOSE, 0, 0);
-        boxes.ExpectAllSeen();
+        program.boxes.ExpectAllSeen();
         EXPECT_EQ(program.IsOpen(kEditor), open);
     };
     program.Edit(2);
@@ -116,7 +106,7 @@ TEST(JobEditorWindowTest, AsksBeforeInputIsDropped)
     program.Do({{kEditor, L"Update"}});
     EXPECT_FALSE(program.IsEnabled(kList, L"Save")); // nothing changed
     program.Add(L"Bare");
-    boxes.Expect({{L"No Task Defined",
+    program.boxes.Expect({{L"No Task Defined",
         L"This Job does not have any task defined.\nDo you want configure tasks for this job now?", Answer::Yes}});
     program.Do({{kEditor, L"Save"}});
     EXPECT_EQ(GetFocus(), Labelled(WindowOf(kTasks), L".exe/.bat File Path :"));
@@ -127,32 +117,30 @@ TEST(JobEditorWindowTest, AsksBeforeInputIsDropped)
 TEST(JobEditorWindowTest, KeepsWhatNoChoiceHas)
 {
     SchedulerProgram program;
-    BoxScript boxes{};
     program.Do({{kList, L"Cancel"}});
-    program.Agent().ScriptReply(L"GetCurrentSchedulerSettings",
-        L"<vltp><response><details><Job_1><Name>Odd</Name><Description/><EnabledFlag>Yes</EnabledFlag><Schedule_1>"
-        L"<StartTime>01:02:03</StartTime><StartDate>5</StartDate><EndDate>31</EndDate><Frequency_1><JobStart>Monthly"
-        L"</JobStart><Jan>Yes</Jan></Frequency_1></Schedule_1><Action_1><ApplyScheme>Gone</ApplyScheme><PowerOff_1>"
-        L"<type>Restart</type><idlefor>7</idlefor><AppSensor>Yes</AppSensor></PowerOff_1><RunTask_1><APP_11><Path>a.exe"
-        L"</Path><Parameters/><RDelay>45</RDelay><REndTime>02:00:00</REndTime></APP_11></RunTask_1></Action_1></Job_1>"
-        L"</details></response></vltp>");
+    Element& jobs = program.Machine().jobs;
+    At(jobs, {1, 4, 1, 1}).text = L"7";     // minutes of idleness
+    At(jobs, {2, 3, 1}).text = L"5";        // first day of the month
+    At(jobs, {2, 4, 1}).text = L"Gone";     // power scheme
+    At(jobs, {2, 4, 2, 0, 2}).text = L"45"; // minutes of a task's repetition
+    Element expected = jobs;
     program.Open();
-    EXPECT_EQ(program.Row(program.Jobs(), 0), L"Odd\t\t01:02:03\tMonthly\t1\tRestart\t10 Mins");
-    program.Edit(0);
+    EXPECT_EQ(CellOf(program.Jobs(), 1, 6), L"10 Mins");
+    for (const std::size_t job : {1, 2}) {
+        program.Edit(static_cast<int>(job));
+        program.DoubleClick(program.Tasks(), 0);
+        program.Do({{kTasks, L"Update Task"}, {kEditor, L"Job Description :", L"x"}, {kEditor, L"Update"}});
+        At(expected, {job, 1}).text = L"x";
+    }
     EXPECT_EQ(program.Text(kActions, L"Power scheme"), L"Gone");
-    EXPECT_EQ(program.Text(kActions, L"Upon Idleness Of :"), L"10 Mins");
     EXPECT_EQ(program.Text(kEditor, L"Job Start On :"), L"5");
-    program.Do({{kEditor, L"Job Description :", L"x"}, {kEditor, L"Update"}, {kList, L"Save"}});
-    const std::wstring request = program.LastRequest(L"ApplySchedulerSettings");
-    for (const wchar_t* part : {L"<StartTime>01:02:03<", L"<StartDate>5<", L"<ApplyScheme>Gone<", L"<type>Restart<",
-             L"<idlefor>7<", L"<AppSensor>Yes<", L"<RDelay>45<"})
-        EXPECT_NE(request.find(part), std::wstring::npos) << part;
+    program.Do({{kList, L"Save"}});
+    EXPECT_EQ(Line(program.Machine().jobs), Line(expected));
 }
 
 TEST(JobEditorWindowTest, Keyboard)
 {
     SchedulerProgram program;
-    BoxScript boxes{};
     program.Edit(1);
     EXPECT_EQ(GetFocus(), Labelled(WindowOf(kEditor), L"Job Name :"));
     Press(VK_TAB, VK_CONTROL);

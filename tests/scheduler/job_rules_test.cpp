@@ -44,17 +44,5 @@ TEST(JobRulesTest, TaskPaths)
 }
 // clang-format on
 
-TEST(JobRulesTest, Schedules)
-{
-    using K = ScheduleKind;
-    for (const K kind : {K::Daily, K::OnDate, K::Weekly, K::Monthly}) {
-        ScheduledJob day, month;
-        day.kind = month.kind = kind;
-        day.weekDays[6] = month.months[0] = true;
-        EXPECT_EQ(CheckSchedule(day) != nullptr, kind == K::Monthly);
-        EXPECT_EQ(CheckSchedule(month) != nullptr, kind == K::Weekly);
-    }
-}
-
 } // namespace
 } // namespace voltaro

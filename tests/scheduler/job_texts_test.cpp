@@ -13,8 +13,6 @@ TEST(JobChoicesTest, EveryChoiceBothWays)
         ASSERT_EQ(choices.size(), minutes.size());
         for (std::size_t i = 0; i < choices.size(); ++i) {
             EXPECT_EQ(ShownChoice(choices, minutes[i]), i);
-            EXPECT_EQ(ChosenNumber(choices, i, -1), i == 0 ? -1 : minutes[i]); // -1 is shown by entry 0, and stays
-            EXPECT_EQ(ChosenNumber(choices, i, 100000), i + 1 == choices.size() ? 100000 : minutes[i]);
             const bool hours = minutes[i] >= 60;
             const std::wstring unit = !hours ? L" Mins" : minutes[i] == 60 ? hour : hour + std::wstring(L"s");
             EXPECT_EQ(choices[i].text, std::to_wstring(hours ? minutes[i] / 60 : minutes[i]) + unit);
@@ -22,27 +20,6 @@ TEST(JobChoicesTest, EveryChoiceBothWays)
     };
     check(kIdlenessChoices, kIdleness, L" Hr");
     check(kRepeatChoices, kRepeat, L" Hour");
-}
-
-TEST(JobTextsTest, Rows)
-{
-    ScheduledJob job;
-    job.name = L"Nightly";
-    job.startTime = L"23:30:00";
-    job.tasks.resize(2);
-    job.powerOffType = L"Shutdown"; // left over from before the power-off was switched off
-    job.idleMinutes = 10;
-    using Row = std::array<std::wstring, 7>;
-    EXPECT_EQ(JobRow(job), (Row{L"Nightly", L"", L"23:30:00", L"*******", L"2", L"", L""}));
-    job.powerOff = true;
-    job.kind = ScheduleKind::OnDate;
-    job.date = L"2024-02-29";
-    EXPECT_EQ(JobRow(job), (Row{L"Nightly", L"", L"23:30:00", L"On Date(2024-02-29)", L"2", L"Shutdown", L"10 Mins"}));
-    job.idleMinutes = 50; // shown as the next longer choice
-    EXPECT_EQ(JobRow(job)[6], L"1 Hr");
-    using Cells = std::array<std::wstring, 3>;
-    EXPECT_EQ(TaskRow({L"a.exe", L"-x", true, 60, L"17:00:00"}), (Cells{L"a.exe", L"17:00:00", L"1 Hour"}));
-    EXPECT_EQ(TaskRow({L"a.exe", L"-x", false, 60, L"17:00:00"}), (Cells{L"a.exe", L"17:00:00", L""}));
 }
 
 TEST(JobTextsTest, TimesAndDates)
@@ -69,7 +46,8 @@ TEST(JobTextsTest, NextRuns)
         const wchar_t* text;             // "*" for "Next run: "
     } kRows[] = {
         // clang-format off
-        {K::Daily, L"12:00:01", L"", {}, L"*today at 12:00:01"}, {K::Daily, L"12:00:00", L"", {}, L"*tomorrow at 12:00:00"},
+        {K::Daily, L"12:00:01", L"", {}, L"*today at 12:00:01"},
+        {K::Daily, L"12:00:00", L"", {}, L"*tomorrow at 12:00:00"},
         {K::Daily, L"", L"", {}, kUnknown}, {K::OnDate, L"13:00:00", L"2024-02-28", {}, L"*today at 13:00:00"},
         {K::OnDate, L"11:00:00", L"2024-02-28", {}, kNever}, {K::OnDate, L"11:00:00", L"2023-12-31", {}, kNever},
         {K::OnDate, L"11:00:00", L"2055-01-01", {}, L"*Friday, 2055-01-01 at 11:00:00"},

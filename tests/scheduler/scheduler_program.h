@@ -28,6 +28,8 @@ struct SchedulerProgram : ConsoleProgram {
         Load();
         Open();
     }
+    BoxScript boxes{std::initializer_list<ExpectedBox>{}};
+
     void Open() { Command(WindowId::Main, kJobScheduler); }
 
     void Do(std::initializer_list<Step> steps)
@@ -70,7 +72,6 @@ struct SchedulerProgram : ConsoleProgram {
     {
         return IsWindowEnabled(Labelled(WindowOf(window), label)) != FALSE;
     }
-    [[nodiscard]] bool IsOpen(WindowId window) { return IsWindowVisible(WindowOf(window)) != FALSE; }
     [[nodiscard]] HWND Jobs() { return Labelled(WindowOf(kList), L"Scheduled Job List"); }
     [[nodiscard]] HWND Tasks() { return Labelled(WindowOf(kTasks), L"Scheduled Task List"); }
     // A row on one line; a column of all rows.

@@ -27,21 +27,19 @@ TEST(AgentXmlTest, ReadsElementsAndTexts)
 
 TEST(AgentXmlTest, RefusesWhatNoRequestNeeds)
 {
-    // The text, and the unit at which the complaint stands.
     // clang-format off
     const struct { const wchar_t *text, *why; } kCases[] = {
-        {L"text", L"an element is missing at unit 0"}, {L"<a>", L"the document breaks off at unit 3"},
-        {L"<a", L"the tag is not closed at unit 2"}, {L"<a></b>", L"the end tag does not match at unit 6"},
+        {L"text", L"an element is missing at unit 0"}, {L"<a", L"the tag is not closed at unit 2"},
+        {L"<a>", L"the document breaks off at unit 3"}, {L"<a></b>", L"the end tag does not match at unit 6"},
         {L"<a></a><b/>", L"something follows the root element at unit 7"},
         {L"<a>x<b/></a>", L"there is text beside elements at unit 12"},
         {L"<a><b x='1'/></a>", L"only the root has attributes at unit 6"},
         {L"<a version='1' version='1'/>", L"only one attribute, version, is known at unit 26"},
         {L"<a version=1/>", L"an attribute has no value at unit 10"},
-        {L"<a version='<'/>", L"there is a character that must not be here at unit 12"},
         {L"<a>\x01</a>", L"there is a character that must not be here at unit 3"},
-        {L"<1/>", L"a name is missing at unit 1"}, {L"<a><![CDATA[x]]></a>", L"a name is missing at unit 4"},
+        {L"<a><![CDATA[x]]></a>", L"a name is missing at unit 4"},
         {L"<!DOCTYPE a [<!ENTITY e 'x'>]><a>&e;</a>", L"a name is missing at unit 1"},
-        {L"<a>&e;</a>", L"the entity is not known at unit 3"}, {L"<a>&#;</a>", L"the reference is no character at unit 6"},
+        {L"<a>&e;</a>", L"the entity is not known at unit 3"},
         {L"<a>&#0;</a>", L"the reference is no character at unit 7"},
         {L"<a>&#x110000;</a>", L"the reference is no character at unit 13"},
         {L"<a>&#99999999999999;</a>", L"the reference is no character at unit 12"},

@@ -2,6 +2,8 @@
 
 #include "link/element.h"
 
+#include <initializer_list>
+
 namespace voltaro {
 
 // A tree on one line: "name=text" for a text, "name[child child]" for an element that holds elements. A text is shown
@@ -15,6 +17,15 @@ namespace voltaro {
     for (const Element& child : element.children)
         line += (line.back() == L'[' ? L"" : L" ") + Line(child);
     return line + L"]";
+}
+
+// The element at that way of child places.
+inline Element& At(Element& element, std::initializer_list<std::size_t> way)
+{
+    Element* here = &element;
+    for (const std::size_t place : way)
+        here = &here->children[place];
+    return *here;
 }
 
 } // namespace voltaro

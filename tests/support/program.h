@@ -25,6 +25,12 @@ public:
     // The first connection check and load, as start-up runs it.
     void Load();
     [[nodiscard]] simulator::AgentServer& Agent() { return m_agent; }
+    [[nodiscard]] static bool IsOpen(WindowId window) { return IsWindowVisible(WindowOf(window)) != FALSE; }
+    // What the agent holds; between requests it does not touch it.
+    [[nodiscard]] simulator::MachineState& Machine()
+    {
+        return *m_agent.WithMachine([](simulator::Machine& machine) { return &machine.State(); });
+    }
 
     // Sends a command as a click or a menu choice does, or a control's notification, and serves what follows.
     void Command(WindowId window, int id, int notification = 0);

@@ -14,7 +14,7 @@ namespace voltaro {
 struct RefusalRow {
     const wchar_t* input;
     const wchar_t* title;
-    const wchar_t* text;
+    const wchar_t* text = L"";
 };
 
 template <class Check>
