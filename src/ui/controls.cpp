@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cassert>
 #include <iterator>
+#include <vector>
 
 namespace voltaro {
 namespace {
@@ -164,17 +165,36 @@ bool StartsGroup(HWND control)
     return (GetWindowLongW(control, GWL_STYLE) & WS_GROUP) != 0;
 }
 
-// A click clears the other radios of a group by itself, a choice made by the program does not.
-void ClearRadioGroup(HWND radio)
+std::vector<HWND> RadiosOfGroup(HWND radio)
 {
     HWND control = radio;
     while (!StartsGroup(control) && GetWindow(control, GW_HWNDPREV) != nullptr)
         control = GetWindow(control, GW_HWNDPREV);
+    std::vector<HWND> radios;
     do {
         if (IsRadio(control))
-            SendMessageW(control, BM_SETCHECK, BST_UNCHECKED, 0);
+            radios.push_back(control);
         control = GetWindow(control, GW_HWNDNEXT);
     } while (control != nullptr && !StartsGroup(control));
+    return radios;
+}
+
+void Check(HWND button, bool checked)
+{
+    SendMessageW(button, BM_SETCHECK, static_cast<WPARAM>(checked ? BST_CHECKED : BST_UNCHECKED), 0);
+}
+
+// A click clears the other radios of a group by itself, a choice made by the program does not. A cleared radio may lose
+// its tab stop: where none is left, the first one gets it, or Tab would never reach the group again.
+void CheckRadio(HWND radio, bool checked)
+{
+    const std::vector<HWND> group = RadiosOfGroup(radio);
+    if (checked)
+        std::ranges::for_each(group, [](HWND other) { Check(other, false); });
+    Check(radio, checked);
+    const auto style = [](HWND button) { return GetWindowLongPtrW(button, GWL_STYLE); };
+    if (std::ranges::none_of(group, [&](HWND other) { return (style(other) & WS_TABSTOP) != 0; }))
+        SetWindowLongPtrW(group.front(), GWL_STYLE, style(group.front()) | WS_TABSTOP);
 }
 
 // Windows leaves the focus on a control that is disabled or hidden, and the keyboard is dead then: move it on first.
@@ -244,9 +264,10 @@ void SetChecked(HWND window, int id, bool checked)
     const HWND control = ControlOf(window, id);
     if (control == nullptr)
         return;
-    if (checked && IsRadio(control))
-        ClearRadioGroup(control);
-    SendMessageW(control, BM_SETCHECK, static_cast<WPARAM>(checked ? BST_CHECKED : BST_UNCHECKED), 0);
+    if (IsRadio(control))
+        CheckRadio(control, checked);
+    else
+        Check(control, checked);
 }
 
 void Enable(HWND window, int id, bool enabled)
