@@ -382,7 +382,8 @@ void OpenSchemeWindow(HWND)
         ShowWindow(window, SW_SHOWNORMAL);
         SetFocus(ControlOf(window, kEditorScheme));
     }
-    SetForegroundWindow(window);
+    const HWND popup = GetLastActivePopup(window); // a window or box over the editor, which takes no input then
+    SetForegroundWindow(IsWindowVisible(popup) ? popup : window);
 }
 
 HANDLE SchemeWindowClosed()
