@@ -192,12 +192,14 @@ LRESULT MakePowerOffPage(HWND page)
     return 0;
 }
 
-LRESULT OnSlide(HWND page, HWND slider)
+// While the thumb is dragged its value stands above it.
+LRESULT OnSlide(HWND page, WPARAM w, HWND slider)
 {
     for (const SchemeField& field : kSchemeForm) {
         if (field.shown == Shown::Step && field.control == GetDlgCtrlID(slider))
             ShowStep(page, field);
     }
+    SetThumbTip(slider, LOWORD(w) == TB_THUMBTRACK ? TooltipOf(slider) : L"");
     return 0;
 }
 
@@ -257,7 +259,7 @@ LRESULT CALLBACK SchemeDisplayProc(HWND window, UINT message, WPARAM w, LPARAM l
     switch (message) {
     case WM_CREATE: return MakeDisplayPage(window);
     case WM_COMMAND: Dispatch(kDisplayCommands, window, w); return 0;
-    case WM_HSCROLL: return OnSlide(window, reinterpret_cast<HWND>(l));
+    case WM_HSCROLL: return OnSlide(window, w, reinterpret_cast<HWND>(l));
     default: return DefaultAnswer(window, message, w, l);
     }
 }
