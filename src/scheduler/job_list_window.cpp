@@ -110,7 +110,7 @@ HWND ListOf(HWND window)
 
 std::optional<std::size_t> SelectedJob(HWND window)
 {
-    const int row = SelectedRow(ListOf(window));
+    const int row = OnlySelectedRow(ListOf(window));
     if (row < 0 || static_cast<std::size_t>(row) >= session.jobs.size())
         return std::nullopt;
     return static_cast<std::size_t>(row);
