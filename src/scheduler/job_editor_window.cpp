@@ -148,8 +148,11 @@ void ShowKind(HWND window, ScheduleKind kind)
 {
     editing.kind = kind;
     for (const Face& face : kFaces) {
-        if (face.radio != kNoId)
+        if (face.radio != kNoId) {
             SetChecked(window, face.radio, face.kind == kind);
+            // Windows would choose a radio that only gets the focus; arrow keys may take this back, so said each time.
+            SendMessageW(ControlOf(window, face.radio), BM_SETDONTCLICK, TRUE, 0);
+        }
         Show(window, face.controls, face.kind == kind);
     }
 }
@@ -254,14 +257,25 @@ bool IsRefused(HWND window, const ScheduledJob& job)
     return true;
 }
 
+// What the controls cannot show as it is stored ("8:05:00", a date that is none) stays until the user changes it.
+void Update(ScheduledJob& stored, ScheduledJob job)
+{
+    for (const auto slot :
+        {&ScheduledJob::startTime, &ScheduledJob::date, &ScheduledJob::monthStartDay, &ScheduledJob::monthEndDay}) {
+        if (job.*slot == editing.shown.*slot)
+            job.*slot = stored.*slot;
+    }
+    stored = std::move(job);
+}
+
 void Store(const ScheduledJob& job)
 {
     if (editing.Mode() == EditMode::Add)
         editing.jobs->push_back(job);
-    else if ((*editing.jobs)[editing.position] == job)
+    else if (job == editing.shown)
         return;
     else
-        (*editing.jobs)[editing.position] = job;
+        Update((*editing.jobs)[editing.position], job);
     editing.stored(editing.position);
 }
 
@@ -294,7 +308,7 @@ void OnCancel(HWND window)
     Close(window);
 }
 
-// A click on the chosen radio clears it again. A radio that only got the focus tells of a click too, unchecked.
+// A click on the chosen radio clears it again. A radio that only got the focus may tell of a click too, unchecked.
 template <ScheduleKind Kind, int Radio>
 void OnKind(HWND window)
 {

@@ -75,7 +75,7 @@ void EnableFields(HWND page)
     Enable(page, kInterval, IsChecked(page, kRepeat));
     Enable(page, kAdd, edited.tasks.size() < kMaxTasks);
     Enable(page, kUpdate, loaded != kNone);
-    Enable(page, kDelete, SelectedRow(ListOf(page)) >= 0);
+    Enable(page, kDelete, OnlySelectedRow(ListOf(page)) >= 0);
 }
 
 ScheduledTask CollectTask(HWND page)
@@ -149,7 +149,11 @@ void OnUpdate(HWND page)
 {
     if (loaded == kNone || !PathPasses(page, EditMode::Update))
         return;
-    edited.tasks[static_cast<std::size_t>(loaded)] = CollectTask(page);
+    ScheduledTask& stored = edited.tasks[static_cast<std::size_t>(loaded)];
+    ScheduledTask task = CollectTask(page);
+    if (task.endTime == filled.endTime)
+        task.endTime = stored.endTime; // a text that is no time shows as one
+    stored = task;
     FillTasks(page);
     Load(page, kNone);
     FocusOn(page, kPath);
@@ -157,7 +161,7 @@ void OnUpdate(HWND page)
 
 void OnDelete(HWND page)
 {
-    const int row = SelectedRow(ListOf(page));
+    const int row = OnlySelectedRow(ListOf(page));
     if (row < 0)
         return;
     edited.tasks.erase(edited.tasks.begin() + row);
@@ -170,7 +174,7 @@ void OnDelete(HWND page)
 
 void OnEdit(HWND page)
 {
-    const int row = SelectedRow(ListOf(page));
+    const int row = OnlySelectedRow(ListOf(page));
     if (row < 0)
         return;
     Load(page, row);
@@ -247,7 +251,7 @@ bool TakeTaskEnter()
         OnEdit(page);
     else if (loaded != kNone)
         OnUpdate(page);
-    else if (AreTaskFieldsFilled())
+    else if (AreTaskFieldsFilled() && edited.tasks.size() < kMaxTasks)
         OnAdd(page);
     else
         return false;
