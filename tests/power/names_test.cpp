@@ -80,14 +80,12 @@ TEST(PolicyTest, RuleNames)
     EXPECT_NE(CheckRuleName(L"player.exe", rules, 0), nullptr);
 }
 
-TEST(PolicyTest, RowsAndCheckBoxes)
+TEST(PolicyTest, CheckBoxes)
 {
-    const RuleRow row = {L"a.exe", L"text", L"Enabled", L"Yes", L"No", L"Yes", L"No", L"yes", L"No", L"", L"Yes"};
-    ApplicationRule rule = RuleOfRow(row);
-    EXPECT_EQ(RowOfRule(rule), row); // whatever the texts, they travel unchanged
-    EXPECT_EQ(rule.description, L"text");
-    EXPECT_EQ(rule.hardDisk, L"No");
-    EXPECT_EQ(rule.shutdown, L"Yes");
+    ApplicationRule rule;
+    rule.ruleStatus = L"Enabled";
+    rule.dimMonitor = L"Yes";
+    rule.monitorOff = L"No";
     EXPECT_TRUE(IsRuleChecked(rule, 0) && IsRuleChecked(rule, 1) && !IsRuleChecked(rule, 2));
     SetRuleChecked(rule, 0, false);
     SetRuleChecked(rule, 8, false);
