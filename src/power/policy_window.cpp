@@ -135,7 +135,7 @@ LRESULT OnCreate(HWND window)
 {
     edited = Edited();
     CreateControls(window, kControls, WindowFont());
-    SendMessageW(ControlOf(window, kNewPolicyName), EM_SETLIMITTEXT, kMaxNameLength, 0);
+    LimitText(window, kNewPolicyName, kMaxNameLength);
     SetColumns(ControlOf(window, kRuleList), kColumns);
     return 0;
 }

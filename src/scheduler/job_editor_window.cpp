@@ -12,6 +12,7 @@
 #include "ui/boxes.h"
 #include "ui/commands.h"
 #include "ui/navigation.h"
+#include "ui/refusals.h"
 #include "ui/tabs.h"
 #include "ui/theme.h"
 #include "ui/window_class.h"
@@ -118,15 +119,12 @@ constexpr Face kFaces[] = {
     {ScheduleKind::Monthly, kMonthly, kMonthlyFace},
 };
 
-constexpr const wchar_t* kHelpPage = L"Job Scheduler.htm";
 constexpr int kTasksTab = 1;
 constexpr int kDays = 31;
 
 constexpr Box kNoTask
     = {L"No Task Defined", L"This Job does not have any task defined.\nDo you want configure tasks for this job now?",
         BoxIcon::Question, BoxButtons::YesNo};
-constexpr Box kUnsaved
-    = {L"Changes not saved", L"Are you sure you want to cancel the changes?", BoxIcon::Question, BoxButtons::YesNo};
 constexpr Box kTaskUnsaved = {L"Entered Exe details are not saved", L"Are you sure you want to cancel the changes?",
     BoxIcon::Question, BoxButtons::YesNo};
 
@@ -243,17 +241,13 @@ void Close(HWND window)
 
 bool IsRefused(HWND window, const ScheduledJob& job)
 {
-    const Refusal* name = CheckJobName(job.name, *editing.jobs, editing.Mode());
-    const Refusal* refusal = name != nullptr ? name : CheckSchedule(job);
+    if (Refuse(window, kName, CheckJobName(job.name, *editing.jobs, editing.Mode()), job.name))
+        return true;
+    const Refusal* refusal = CheckSchedule(job);
     if (refusal == nullptr)
         return false;
-    Tell(window, {refusal->title, refusal->text}, RefusalText(*refusal, job.name));
-    if (name != nullptr) {
-        SetText(window, kName, {});
-        FocusOn(window, kName);
-    } else {
-        FocusOn(window, job.kind == ScheduleKind::Weekly ? kSunday : kJanuary);
-    }
+    Tell(window, {refusal->title, refusal->text});
+    FocusOn(window, job.kind == ScheduleKind::Weekly ? kSunday : kJanuary);
     return true;
 }
 
@@ -301,7 +295,7 @@ void OnEnter(HWND window)
 
 void OnCancel(HWND window)
 {
-    if (CollectJob(window) != editing.shown && !Ask(window, kUnsaved))
+    if (CollectJob(window) != editing.shown && !Ask(window, kJobsUnsaved))
         return;
     if (AreTaskFieldsFilled() && !Ask(window, kTaskUnsaved))
         return;
@@ -369,7 +363,7 @@ LRESULT CALLBACK JobEditorWindowProc(HWND window, UINT message, WPARAM w, LPARAM
             return 0;
         break;
     case WM_NOTIFY: OnNotify(*reinterpret_cast<const NMHDR*>(l)); return 0;
-    case WM_HELP: OpenHelp(window, kHelpPage); return TRUE;
+    case WM_HELP: OpenHelp(window, kJobHelpPage); return TRUE;
     case WM_CLOSE: OnCancel(window); return 0;
     default: break;
     }

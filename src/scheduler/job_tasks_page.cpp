@@ -9,6 +9,7 @@
 #include "ui/commands.h"
 #include "ui/file_dialog.h"
 #include "ui/list_view.h"
+#include "ui/refusals.h"
 #include "ui/theme.h"
 #include "ui/tooltip.h"
 #include "ui/window_class.h"
@@ -110,25 +111,14 @@ void Load(HWND page, int number)
 
 void FillTasks(HWND page)
 {
-    std::vector<std::vector<std::wstring>> rows;
-    for (const ScheduledTask& task : edited.tasks) {
-        const auto cells = TaskRow(task);
-        rows.emplace_back(cells.begin(), cells.end());
-    }
-    FillList(ListOf(page), rows);
+    FillRows(ListOf(page), edited.tasks, TaskRow);
     EnableFields(page);
 }
 
 bool PathPasses(HWND page, EditMode mode)
 {
     const auto path = CollectTask(page).path;
-    const Refusal* refusal = CheckTaskPath(path, edited, mode);
-    if (refusal == nullptr)
-        return true;
-    Tell(GetParent(page), {refusal->title, refusal->text}, RefusalText(*refusal, path));
-    SetText(page, kPath, {});
-    FocusOn(page, kPath);
-    return false;
+    return !Refuse(page, kPath, CheckTaskPath(path, edited, mode), path);
 }
 
 // --- handlers ---

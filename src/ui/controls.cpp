@@ -298,6 +298,11 @@ void Show(HWND window, std::span<const int> ids, bool visible)
         Show(window, id, visible);
 }
 
+void LimitText(HWND window, int id, std::size_t units)
+{
+    SendMessageW(ControlOf(window, id), EM_SETLIMITTEXT, units, 0);
+}
+
 void SetBarColour(HWND window, int id, COLORREF colour)
 {
     const HWND bar = ControlOf(window, id);
@@ -323,6 +328,15 @@ void FillCombo(HWND window, int id, std::span<const std::wstring> entries)
     SendMessageW(combo, CB_RESETCONTENT, 0, 0);
     for (const std::wstring& entry : entries)
         SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
+}
+
+void FillChoices(HWND window, int id, Choices choices, std::size_t selected)
+{
+    std::vector<std::wstring> entries;
+    for (const Choice& choice : choices)
+        entries.emplace_back(choice.text);
+    FillCombo(window, id, entries);
+    SelectIndex(window, id, static_cast<int>(selected));
 }
 
 std::wstring SelectedText(HWND window, int id)
