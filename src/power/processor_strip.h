@@ -6,8 +6,10 @@
 
 namespace voltaro {
 
+// The strip's buttons; its lists are SchemeControls.
 enum StripControl : int { kNewPolicy = 4151, kEditPolicy, kDeletePolicy };
 
+// The strip's messages.
 LRESULT CALLBACK SchemeProcessorProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // Refills the policy list from the state and selects that policy. Without one, or when it is not in the list, what was

@@ -3,6 +3,7 @@
 #include "power/scheme_pages.h"
 
 #include "console/state.h"
+#include "power/capabilities.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/theme.h"
@@ -83,15 +84,22 @@ HWND PageOf(SchemePage page)
     return WindowOf(kPages[static_cast<std::size_t>(page)]);
 }
 
+// Of the machine, as the system details tell them.
+PowerCapabilities Capabilities()
+{
+    std::vector<std::pair<std::wstring_view, std::wstring_view>> fields;
+    for (std::size_t i = 0; i < state.details.RowCount(DetailSection::PowerCapabilities); ++i) {
+        const NamedValue& row = state.details.Row(DetailSection::PowerCapabilities, i);
+        fields.emplace_back(row.name, row.value);
+    }
+    return ReadPowerCapabilities(fields);
+}
+
 // --- linked lists ---
 
 void PutList(HWND page, int combo, const ComboList& list)
 {
-    std::vector<std::wstring> entries;
-    for (const Choice& choice : list.choices)
-        entries.emplace_back(choice.text);
-    FillCombo(page, combo, entries);
-    SelectIndex(page, combo, static_cast<int>(list.selected));
+    FillChoices(page, combo, list.choices, list.selected);
 }
 
 void OnMonitorOff(HWND page)
@@ -141,7 +149,7 @@ void ShowField(const SchemeField& field, const std::wstring& shown)
             ControlOf(page, field.control), TBM_SETPOS, TRUE, static_cast<LPARAM>(ChoiceIndex(field.choices, shown)));
         ShowStep(page, field);
         break;
-    case Shown::Choice: PutList(page, field.control, {field.choices, ChoiceIndex(field.choices, shown)}); break;
+    case Shown::Choice: FillChoices(page, field.control, field.choices, ChoiceIndex(field.choices, shown)); break;
     case Shown::Name: SelectName(page, field.control, shown); break;
     case Shown::Check: SetChecked(page, field.control, shown == L"Yes"); break;
     }
@@ -221,15 +229,15 @@ void KeepTo(HWND page, int top, int foot)
     SetWindowRgn(page, CreateRectRgn(0, top, kSchemePageWidth, foot), FALSE); // the window owns it from now on
 }
 
-void ShowSettings(const PowerSchemeSettings& settings, PowerCapabilities capabilities)
+void ShowSettings(const PowerSchemeSettings& settings)
 {
-    form = {settings, capabilities};
+    form = {settings, Capabilities()};
     for (const SchemeField& field : kSchemeForm)
         ShowField(field, ShownSetting(field, settings.*field.slot));
     const HWND display = PageOf(SchemePage::Display);
     const HWND powerOff = PageOf(SchemePage::PowerOff);
     OnDim(display);
-    PutList(powerOff, kStandbyTime, StandbyList(capabilities.standby, SelectedText(powerOff, kStandbyTime)));
+    PutList(powerOff, kStandbyTime, StandbyList(form.capabilities.standby, SelectedText(powerOff, kStandbyTime)));
     OnStandby(powerOff);
     SetChecked(powerOff, kSleepChoice, !IsChecked(powerOff, kShutdownChoice));
     OnPowerOffChoice(powerOff);
