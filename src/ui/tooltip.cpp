@@ -148,6 +148,7 @@ void SetThumbTip(HWND slider, std::wstring_view text)
     SendMessageW(tips, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
     SendMessageW(tips, TTM_TRACKPOSITION, 0, MAKELPARAM(thumb.left, thumb.top - kThumbTipRise));
     SendMessageW(tips, TTM_TRACKACTIVATE, !text.empty(), reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(TipsOf(slider), TTM_ACTIVATE, text.empty(), 0); // it would come up too while the mouse rests
 }
 
 const wchar_t* TooltipOf(HWND control)
