@@ -12,6 +12,7 @@ namespace voltaro {
 inline constexpr Choice kBrightnessSteps[] = {{L"0", 0}, {L"15", 15}, {L"30", 30}, {L"45", 45}, {L"60", 60},
     {L"75", 75}, {L"90", 90}, {L"105", 105}, {L"128", 128}};
 
+// The processor speeds, in the order of their list.
 inline constexpr const wchar_t* kProcessorSpeeds[] = {L"Adaptive", L"Minimum", L"Maximum"};
 
 namespace detail {

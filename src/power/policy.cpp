@@ -37,22 +37,6 @@ constexpr Refusal kTooManyRulesInNew = {L"Applications List Exceeded Limitation"
 
 } // namespace
 
-RuleRow RowOfRule(const ApplicationRule& rule)
-{
-    RuleRow row;
-    for (std::size_t i = 0; i < kRuleColumnCount; ++i)
-        row[i] = rule.*kRuleColumns[i];
-    return row;
-}
-
-ApplicationRule RuleOfRow(const RuleRow& row)
-{
-    ApplicationRule rule;
-    for (std::size_t i = 0; i < kRuleColumnCount; ++i)
-        rule.*kRuleColumns[i] = row[i];
-    return rule;
-}
-
 bool IsRuleChecked(const ApplicationRule& rule, std::size_t check)
 {
     return rule.*kRuleChecks[check] == WordsOf(check).set;

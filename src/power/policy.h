@@ -3,7 +3,6 @@
 #include "base/refusal.h"
 #include "link/records.h"
 
-#include <array>
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -11,6 +10,7 @@
 
 namespace voltaro {
 
+// One text of a rule.
 using RuleSlot = ApplicationRule::Slot ApplicationRule::*;
 
 // The columns of the rule list, left to right.
@@ -27,16 +27,11 @@ inline constexpr RuleSlot kRuleColumns[] = {
     &ApplicationRule::hibernate,
     &ApplicationRule::shutdown,
 };
-inline constexpr std::size_t kRuleColumnCount = std::size(kRuleColumns);
+inline constexpr std::size_t kRuleColumnCount = std::size(kRuleColumns); // 11
 
 // The check boxes of the rule dialog, top to bottom: the rule's status ("Enabled", "Disabled"), then the activities
 // ("Yes", "No"). Columns and check boxes run alike from here on.
 inline constexpr auto kRuleChecks = std::span(kRuleColumns).subspan<2>();
-
-// A rule as the cells of its row, and back. The texts are the record's own and travel unchanged.
-using RuleRow = std::array<std::wstring_view, kRuleColumnCount>;
-[[nodiscard]] RuleRow RowOfRule(const ApplicationRule& rule);
-[[nodiscard]] ApplicationRule RuleOfRow(const RuleRow& row);
 
 // One check box of the dialog, `check` an index into kRuleChecks.
 [[nodiscard]] bool IsRuleChecked(const ApplicationRule& rule, std::size_t check);

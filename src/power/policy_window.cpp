@@ -76,7 +76,7 @@ HWND List()
 
 std::optional<std::size_t> SelectedRule()
 {
-    const int row = SelectedRow(List());
+    const int row = OnlySelectedRow(List());
     return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
 }
 
@@ -135,7 +135,7 @@ LRESULT OnCreate(HWND window)
 {
     edited = Edited();
     CreateControls(window, kControls, WindowFont());
-    SendMessageW(ControlOf(window, kNewPolicyName), EM_SETLIMITTEXT, kMaxNameLength, 0);
+    LimitText(window, kNewPolicyName, kMaxNameLength);
     SetColumns(ControlOf(window, kRuleList), kColumns);
     return 0;
 }
@@ -195,12 +195,10 @@ void OnSave(HWND window)
     if (!IsWord(*status, kSuccess))
         return;
     Close(window);
-    if (!ReadPolicies())
-        OnAgentLost();
-    else if (isNew)
-        ShowPolicies(edited.policy.name);
+    if (ReadPolicies())
+        ShowPolicies(isNew ? edited.policy.name.view() : std::wstring_view());
     else
-        ShowPolicies();
+        OnAgentLost();
 }
 
 void OnEnter(HWND window)

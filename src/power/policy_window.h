@@ -6,6 +6,7 @@
 
 namespace voltaro {
 
+// The window's controls.
 enum PolicyWindowControl : int {
     kPolicyName = 4201, // of a policy that exists
     kNewPolicyName,
@@ -16,6 +17,7 @@ enum PolicyWindowControl : int {
     kSavePolicy,
 };
 
+// The window's messages.
 LRESULT CALLBACK PolicyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // Opens the window over the scheme editor: for a new policy, or for one that is read from the agent first. A policy

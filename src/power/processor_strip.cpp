@@ -77,11 +77,13 @@ void OnDeletePolicy(HWND strip)
     if (!status)
         return;
     if (IsWord(*status, kFailure))
-        Tell(editor, kDeleteFailed);
-    else if (IsWord(*status, kSuccess) && !ReadPolicies())
-        OnAgentLost();
-    else
+        return Tell(editor, kDeleteFailed);
+    if (!IsWord(*status, kSuccess))
+        return;
+    if (ReadPolicies())
         ShowPolicies();
+    else
+        OnAgentLost();
 }
 
 constexpr Command kCommands[] = {
@@ -105,18 +107,14 @@ LRESULT OnCreate(HWND strip)
 void ShowPolicies(std::wstring_view selected)
 {
     const HWND strip = WindowOf(WindowId::SchemeProcessor);
+    const std::wstring former = SelectedText(strip, kPolicyList);
     std::vector<std::wstring> entries = {kNoPolicy};
     entries.insert(entries.end(), state.policies.begin(), state.policies.end());
     FillCombo(strip, kPolicyList, entries);
     // Nothing stays nothing: the scheme names a policy that the agent did not list.
-    if (SelectName(strip, kPolicyList, selected) < 0 && !selected.empty())
+    if (SelectName(strip, kPolicyList, selected) < 0 && SelectName(strip, kPolicyList, former) < 0 && !former.empty())
         SelectIndex(strip, kPolicyList, 0);
     OnPolicy(strip);
-}
-
-void ShowPolicies()
-{
-    ShowPolicies(SelectedText(WindowOf(WindowId::SchemeProcessor), kPolicyList));
 }
 
 void EnablePolicyButtons(bool enabled)

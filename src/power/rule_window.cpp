@@ -101,7 +101,7 @@ LRESULT OnCreate(HWND window)
     edited = Edited();
     CreateControls(window, kControls, WindowFont());
     for (const int edit : {kRuleName, kRuleDescription})
-        SendMessageW(ControlOf(window, edit), EM_SETLIMITTEXT, ApplicationRule::Slot::kCapacity, 0);
+        LimitText(window, edit, ApplicationRule::Slot::kCapacity);
     SetTooltip(ControlOf(window, kRuleFile), kChooseExecutable.title);
     return 0;
 }

@@ -8,6 +8,7 @@
 
 namespace voltaro {
 
+// The dialog's controls.
 enum RuleWindowControl : int {
     kRuleName = 4301, // of a new rule
     kRuleFile,
@@ -17,6 +18,7 @@ enum RuleWindowControl : int {
     kSaveRule = 4321,
 };
 
+// The dialog's messages.
 LRESULT CALLBACK RuleWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // Opens the dialog over the policy window, for a new rule or for the one at `place` of the rules, which must stay until

@@ -46,6 +46,7 @@ enum class Shown : std::uint8_t {
     Check,  // "Yes" or "No"; a radio that stands for "Yes" too
 };
 
+// One control of the form and the setting behind it.
 struct SchemeField {
     SchemePage page;
     int control;

@@ -3,6 +3,7 @@
 #include "power/scheme_pages.h"
 
 #include "console/state.h"
+#include "power/capabilities.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/theme.h"
@@ -83,15 +84,22 @@ HWND PageOf(SchemePage page)
     return WindowOf(kPages[static_cast<std::size_t>(page)]);
 }
 
+// Of the machine, as the system details tell them.
+PowerCapabilities Capabilities()
+{
+    std::vector<std::pair<std::wstring_view, std::wstring_view>> fields;
+    for (std::size_t i = 0; i < state.details.RowCount(DetailSection::PowerCapabilities); ++i) {
+        const NamedValue& row = state.details.Row(DetailSection::PowerCapabilities, i);
+        fields.emplace_back(row.name, row.value);
+    }
+    return ReadPowerCapabilities(fields);
+}
+
 // --- linked lists ---
 
 void PutList(HWND page, int combo, const ComboList& list)
 {
-    std::vector<std::wstring> entries;
-    for (const Choice& choice : list.choices)
-        entries.emplace_back(choice.text);
-    FillCombo(page, combo, entries);
-    SelectIndex(page, combo, static_cast<int>(list.selected));
+    FillChoices(page, combo, list.choices, list.selected);
 }
 
 void OnMonitorOff(HWND page)
@@ -141,7 +149,7 @@ void ShowField(const SchemeField& field, const std::wstring& shown)
             ControlOf(page, field.control), TBM_SETPOS, TRUE, static_cast<LPARAM>(ChoiceIndex(field.choices, shown)));
         ShowStep(page, field);
         break;
-    case Shown::Choice: PutList(page, field.control, {field.choices, ChoiceIndex(field.choices, shown)}); break;
+    case Shown::Choice: FillChoices(page, field.control, field.choices, ChoiceIndex(field.choices, shown)); break;
     case Shown::Name: SelectName(page, field.control, shown); break;
     case Shown::Check: SetChecked(page, field.control, shown == L"Yes"); break;
     }
@@ -192,12 +200,14 @@ LRESULT MakePowerOffPage(HWND page)
     return 0;
 }
 
-LRESULT OnSlide(HWND page, HWND slider)
+// While the thumb is dragged its value stands above it.
+LRESULT OnSlide(HWND page, WPARAM w, HWND slider)
 {
     for (const SchemeField& field : kSchemeForm) {
         if (field.shown == Shown::Step && field.control == GetDlgCtrlID(slider))
             ShowStep(page, field);
     }
+    SetThumbTip(slider, LOWORD(w) == TB_THUMBTRACK ? TooltipOf(slider) : L"");
     return 0;
 }
 
@@ -219,15 +229,15 @@ void KeepTo(HWND page, int top, int foot)
     SetWindowRgn(page, CreateRectRgn(0, top, kSchemePageWidth, foot), FALSE); // the window owns it from now on
 }
 
-void ShowSettings(const PowerSchemeSettings& settings, PowerCapabilities capabilities)
+void ShowSettings(const PowerSchemeSettings& settings)
 {
-    form = {settings, capabilities};
+    form = {settings, Capabilities()};
     for (const SchemeField& field : kSchemeForm)
         ShowField(field, ShownSetting(field, settings.*field.slot));
     const HWND display = PageOf(SchemePage::Display);
     const HWND powerOff = PageOf(SchemePage::PowerOff);
     OnDim(display);
-    PutList(powerOff, kStandbyTime, StandbyList(capabilities.standby, SelectedText(powerOff, kStandbyTime)));
+    PutList(powerOff, kStandbyTime, StandbyList(form.capabilities.standby, SelectedText(powerOff, kStandbyTime)));
     OnStandby(powerOff);
     SetChecked(powerOff, kSleepChoice, !IsChecked(powerOff, kShutdownChoice));
     OnPowerOffChoice(powerOff);
@@ -257,7 +267,7 @@ LRESULT CALLBACK SchemeDisplayProc(HWND window, UINT message, WPARAM w, LPARAM l
     switch (message) {
     case WM_CREATE: return MakeDisplayPage(window);
     case WM_COMMAND: Dispatch(kDisplayCommands, window, w); return 0;
-    case WM_HSCROLL: return OnSlide(window, reinterpret_cast<HWND>(l));
+    case WM_HSCROLL: return OnSlide(window, w, reinterpret_cast<HWND>(l));
     default: return DefaultAnswer(window, message, w, l);
     }
 }

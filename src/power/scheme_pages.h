@@ -1,11 +1,11 @@
 #pragma once
 
 #include "base/windows_api.h"
-#include "power/capabilities.h"
 #include "power/scheme_form.h"
 
 namespace voltaro {
 
+// The messages of the pages "Display Control" and "Poweroff Options".
 LRESULT CALLBACK SchemeDisplayProc(HWND window, UINT message, WPARAM w, LPARAM l);
 LRESULT CALLBACK SchemePowerOffProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
@@ -15,10 +15,11 @@ inline constexpr int kSchemePageWidth = 532;
 inline constexpr int kSchemePageFoot = 312;
 inline constexpr int kStripTop = 317;
 inline constexpr int kStripFoot = 365;
+// Cuts a child window to the rows from `top` to `foot`, pixels of its client area.
 void KeepTo(HWND page, int top, int foot);
 
 // Shows a scheme's settings in the controls of the pages and the strip.
-void ShowSettings(const PowerSchemeSettings& settings, PowerCapabilities capabilities);
+void ShowSettings(const PowerSchemeSettings& settings);
 
 // The settings shown last, with what the user changed since.
 [[nodiscard]] PowerSchemeSettings EditedSettings();

@@ -1,19 +1,19 @@
 // The power scheme editor, opened from the main window: choose, apply, edit, create and delete power schemes. The pages
-// and the strip that show a scheme's settings are files of their own.
+// and the strip that show a scheme's settings are files of their own, and so are the changes asked of the agent and
+// the readings of it.
 #include "power/scheme_window.h"
 
 #include "base/handles.h"
-#include "base/text.h"
+#include "console/agent.h"
 #include "console/agent_lost.h"
-#include "console/agent_state.h"
 #include "console/background_refresh.h"
-#include "console/change.h"
 #include "console/help.h"
 #include "console/ui_calls.h"
 #include "power/names.h"
 #include "power/processor_strip.h"
+#include "power/scheme_changes.h"
 #include "power/scheme_pages.h"
-#include "ui/boxes.h"
+#include "power/scheme_reading.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/liveness.h"
@@ -57,38 +57,14 @@ static_assert(FitInside(kControls, 559, 541)); // of 565 x 590, less the frame, 
 constexpr int kNewSchemeRow[] = {kNewSchemeLabel, kNewSchemeName, kSaveNewScheme};
 constexpr int kSchemeButtons[] = {kSaveAndApply, kDeleteScheme};
 
-constexpr Box kSetFailed = {L"Set scheme failed ", L"Unable to Set."};
-constexpr Box kSaveFailed = {L"Save failed", L"Failed to save settings."};
-constexpr Box kDenied = {L"Permission denied", L"Access denied."};
-constexpr Box kActiveScheme = {L"Cannot delete current active scheme ",
-    L"Scheme '%ls' cannot be deleted as it is the current active scheme!\n\nHint: To delete a scheme that is currently "
-    L"active, change the current active scheme, and try again."};
-constexpr Box kDeleteQuestion
-    = {L"Delete Scheme", L"Are you sure you want to delete the power scheme '%ls'?\n Press 'Yes' to continue..",
-        BoxIcon::Question, BoxButtons::YesNo};
-constexpr Box kDeleteFailed = {L"Delete failed ", L"Could not delete the scheme."};
-
-constexpr const wchar_t* kPermissionDenied = L"Permission denied";
-
 struct Editor {
     bool isNew = false;       // a new scheme's name is being entered
     bool isPicked = false;    // the user picked the scheme on screen
     bool isBusy = false;      // a background refresh runs
     std::wstring shownScheme; // whose settings are on screen
-    unsigned readsSeen = 0;   // reads of the current settings when the last one was asked for
     UniqueHandle closed;
 };
 Editor editor;
-
-PowerCapabilities Capabilities()
-{
-    std::vector<std::pair<std::wstring_view, std::wstring_view>> fields;
-    for (std::size_t i = 0; i < state.details.RowCount(DetailSection::PowerCapabilities); ++i) {
-        const NamedValue& row = state.details.Row(DetailSection::PowerCapabilities, i);
-        fields.emplace_back(row.name, row.value);
-    }
-    return ReadPowerCapabilities(fields);
-}
 
 // The one place that decides what can be seen and pressed.
 void ShowMode(HWND window)
@@ -118,7 +94,7 @@ void ShowScheme(HWND window, const std::wstring& scheme, const PowerSchemeSettin
 {
     SelectName(window, kEditorScheme, scheme);
     editor.shownScheme = scheme;
-    ShowSettings(settings, Capabilities());
+    ShowSettings(settings);
 }
 
 void ShowCurrentScheme(HWND window)
@@ -126,12 +102,6 @@ void ShowCurrentScheme(HWND window)
     editor.isPicked = false;
     const bool read = !state.currentScheme.powerScheme.empty();
     ShowScheme(window, std::wstring(state.currentScheme.powerScheme), read ? state.currentScheme : InitialSettings());
-}
-
-// Whether the answer to the last request for the current settings could be read.
-bool CurrentWasRead()
-{
-    return editor.readsSeen != state.currentSchemeReads;
 }
 
 // Shows the lists, and the current settings or what was on screen.
@@ -148,27 +118,9 @@ void ShowAll(HWND window, bool current)
     ShowMode(window);
 }
 
-using Reader = bool (*)();
-constexpr Reader kReload[] = {ReadPowerSchemes, ReadPolicies, ReadCurrentPowerSettings};
-constexpr auto kAfterSaving = std::span(kReload).last<2>();
-constexpr auto kAfterApplying = std::span(kReload).last<1>();
-
-// Reads in order until one finds the agent gone.
-bool Read(std::span<const Reader> readers)
-{
-    editor.readsSeen = state.currentSchemeReads;
-    for (const Reader read : readers) {
-        if (!read()) {
-            OnAgentLost();
-            return false;
-        }
-    }
-    return true;
-}
-
 void ReadAndShow(HWND window, std::span<const Reader> readers)
 {
-    if (Read(readers))
+    if (ReadInOrder(readers))
         ShowAll(window, CurrentWasRead());
 }
 
@@ -186,7 +138,7 @@ LRESULT OnCreate(HWND window)
     editor = Editor();
     editor.closed = UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     CreateControls(window, kControls, WindowFont());
-    SendMessageW(ControlOf(window, kNewSchemeName), EM_SETLIMITTEXT, kMaxNameLength, 0);
+    LimitText(window, kNewSchemeName, kMaxNameLength);
     SetMenu(window, BuildMenuBar(kMenu, std::size(kMenu)).Release()); // destroyed with the window
     return 0;
 }
@@ -211,34 +163,21 @@ void OnPickScheme(HWND window)
 
 void OnApplyScheme(HWND window)
 {
-    const auto status = AnswerToChange(window, kSetFailed.caption,
-        WithText(Operation::ApplyPowerScheme, L"scheme", SelectedText(window, kEditorScheme)));
-    if (!status)
-        return;
-    if (IsWord(*status, kFailure))
-        Tell(window, kSetFailed);
-    else
+    if (ApplyScheme(window, SelectedText(window, kEditorScheme)))
         ReadAndShow(window, kAfterApplying);
 }
 
-// Sends what the controls hold as the settings of that scheme; true when the agent took it.
-bool SendSettings(HWND window, Operation operation, std::wstring_view scheme)
+// What the controls hold as the settings of that scheme.
+PowerSchemeSettings SettingsFor(std::wstring_view scheme)
 {
     PowerSchemeSettings settings = EditedSettings();
     settings.powerScheme = scheme;
-    const auto status = AnswerToChange(window, kSaveFailed.caption, WithRecord(operation, settings));
-    if (!status)
-        return false;
-    if (IsWord(*status, kFailure))
-        Tell(window, kSaveFailed);
-    else if (operation == Operation::ApplyPowerSettings && IsWord(*status, kPermissionDenied))
-        Tell(window, kDenied);
-    return IsWord(*status, kSuccess);
+    return settings;
 }
 
 void OnSaveAndApply(HWND window)
 {
-    if (SendSettings(window, Operation::ApplyPowerSettings, SelectedText(window, kEditorScheme)))
+    if (SaveScheme(window, SettingsFor(SelectedText(window, kEditorScheme))))
         ReadAndShow(window, kAfterSaving);
 }
 
@@ -247,24 +186,13 @@ void OnSaveNewScheme(HWND window)
     const std::wstring name = TextOf(window, kNewSchemeName);
     if (Refuse(window, kNewSchemeName, CheckNewSchemeName(name, state.schemes), name))
         return;
-    if (SendSettings(window, Operation::CreateScheme, name))
+    if (CreateScheme(window, SettingsFor(name)))
         ReadAndShow(window, kReload);
 }
 
 void OnDeleteScheme(HWND window)
 {
-    const std::wstring scheme = SelectedText(window, kEditorScheme);
-    if (EqualsIgnoreCase(scheme, state.currentScheme.powerScheme))
-        return Tell(window, kActiveScheme, Format(kActiveScheme.text, scheme.c_str()));
-    if (!Ask(window, kDeleteQuestion, Format(kDeleteQuestion.text, scheme.c_str())))
-        return;
-    const auto status
-        = AnswerToChange(window, kDeleteFailed.caption, WithText(Operation::DeleteScheme, L"scheme", scheme));
-    if (!status)
-        return;
-    if (IsWord(*status, kFailure))
-        Tell(window, kDeleteFailed);
-    else if (IsWord(*status, kSuccess))
+    if (DeleteScheme(window, SelectedText(window, kEditorScheme)))
         ReadAndShow(window, kReload);
 }
 
@@ -300,7 +228,7 @@ void OnRefresh(HWND window)
     }
     editor.isBusy = true;
     editor.isNew = false;
-    editor.readsSeen = state.currentSchemeReads;
+    AnnounceCurrentRead();
     ShowMode(window);
     RequestBackgroundRefresh(RefreshKind::PowerData);
 }
@@ -327,7 +255,7 @@ void OnEnter(HWND window)
 void OnCancel(HWND window)
 {
     Close(window);
-    Read(kAfterSaving);
+    ReadInOrder(kAfterSaving);
 }
 
 // clang-format off
@@ -375,14 +303,15 @@ void OpenSchemeWindow(HWND)
     const HWND window = WindowOf(WindowId::Scheme);
     if (!IsWindowVisible(window)) {
         BindPages(window);
-        if (!Read(kReload))
+        if (!ReadInOrder(kReload))
             return;
         ShowAll(window, true); // nothing is left of the last opening, even if no answer could be read
         ResetEvent(editor.closed.Get());
         ShowWindow(window, SW_SHOWNORMAL);
         SetFocus(ControlOf(window, kEditorScheme));
     }
-    SetForegroundWindow(window);
+    const HWND popup = GetLastActivePopup(window); // a window or box over the editor, which takes no input then
+    SetForegroundWindow(IsWindowVisible(popup) ? popup : window);
 }
 
 HANDLE SchemeWindowClosed()

@@ -4,6 +4,7 @@
 
 namespace voltaro {
 
+// The editor's controls and menu items.
 enum SchemeWindowControl : int {
     kEditorScheme = 4001,
     kApplyScheme,
@@ -22,6 +23,7 @@ enum SchemeWindowControl : int {
 
 inline constexpr const wchar_t* kSchemeHelpPage = L"advanced.htm"; // of the editor and what it opens
 
+// The editor's messages.
 LRESULT CALLBACK SchemeWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // Reads schemes, policies and current settings from the agent, then shows the editor; an editor that is open already

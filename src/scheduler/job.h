@@ -58,8 +58,10 @@ struct ScheduledJob {
 // The whole list, at most kMaxJobs; a job's place, counted from 1, is its number in the document.
 using ScheduledJobs = std::vector<ScheduledJob>;
 
+// What a power-off may be, in the order of its list.
 inline constexpr const wchar_t* kPowerOffTypes[] = {L"Standby", L"Hibernate", L"Shutdown", L"Restart"};
 
+// Both in minutes.
 // clang-format off
 inline constexpr Choice kIdlenessChoices[] = {
     {L"2 Mins",    2}, {L"3 Mins",    3}, {L"4 Mins",    4}, {L"5 Mins",    5}, {L"10 Mins",  10},
@@ -74,6 +76,7 @@ inline constexpr Choice kRepeatChoices[] = {
 };
 // clang-format on
 
+// A time as the day's clock shows it.
 struct TimeOfDay {
     int hour;
     int minute;
@@ -82,6 +85,7 @@ struct TimeOfDay {
     friend bool operator==(const TimeOfDay&, const TimeOfDay&) = default;
 };
 
+// A day of the calendar.
 struct CalendarDate {
     int year;
     int month; // from 1

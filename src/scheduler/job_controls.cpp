@@ -92,16 +92,7 @@ void ShowAmong(HWND window, int id, std::span<const std::wstring> entries, std::
 
 void ShowNumber(HWND window, int id, Choices choices, std::int32_t number)
 {
-    std::vector<std::wstring> entries;
-    for (const Choice& choice : choices)
-        entries.emplace_back(choice.text);
-    FillCombo(window, id, entries);
-    SelectIndex(window, id, static_cast<int>(ShownChoice(choices, number)));
-}
-
-void LimitText(HWND window, int id, std::size_t units)
-{
-    SendMessageW(ControlOf(window, id), EM_SETLIMITTEXT, units, 0);
+    FillChoices(window, id, choices, ShownChoice(choices, number));
 }
 
 } // namespace voltaro

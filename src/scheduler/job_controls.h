@@ -2,10 +2,12 @@
 
 #include "scheduler/job.h"
 #include "ui/controls.h"
+#include "ui/list_view.h"
 
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace voltaro {
 
@@ -28,7 +30,16 @@ void ShowAmong(HWND window, int id, std::span<const std::wstring> entries, std::
 // The same for a list of numbers; read it with ChosenNumber(choices, SelectedIndex, stored).
 void ShowNumber(HWND window, int id, Choices choices, std::int32_t number);
 
-// Longest text that an edit takes, in UTF-16 units.
-void LimitText(HWND window, int id, std::size_t units);
+// Fills a list view with one row a record; `cells` gives the cells of a record.
+template <class Record, class Cells>
+void FillRows(HWND list, const std::vector<Record>& records, Cells cells)
+{
+    std::vector<std::vector<std::wstring>> rows;
+    for (const Record& record : records) {
+        const auto row = cells(record);
+        rows.emplace_back(row.begin(), row.end());
+    }
+    FillList(list, rows);
+}
 
 } // namespace voltaro

@@ -12,6 +12,7 @@
 #include "ui/boxes.h"
 #include "ui/commands.h"
 #include "ui/navigation.h"
+#include "ui/refusals.h"
 #include "ui/tabs.h"
 #include "ui/theme.h"
 #include "ui/window_class.h"
@@ -118,15 +119,12 @@ constexpr Face kFaces[] = {
     {ScheduleKind::Monthly, kMonthly, kMonthlyFace},
 };
 
-constexpr const wchar_t* kHelpPage = L"Job Scheduler.htm";
 constexpr int kTasksTab = 1;
 constexpr int kDays = 31;
 
 constexpr Box kNoTask
     = {L"No Task Defined", L"This Job does not have any task defined.\nDo you want configure tasks for this job now?",
         BoxIcon::Question, BoxButtons::YesNo};
-constexpr Box kUnsaved
-    = {L"Changes not saved", L"Are you sure you want to cancel the changes?", BoxIcon::Question, BoxButtons::YesNo};
 constexpr Box kTaskUnsaved = {L"Entered Exe details are not saved", L"Are you sure you want to cancel the changes?",
     BoxIcon::Question, BoxButtons::YesNo};
 
@@ -148,8 +146,11 @@ void ShowKind(HWND window, ScheduleKind kind)
 {
     editing.kind = kind;
     for (const Face& face : kFaces) {
-        if (face.radio != kNoId)
+        if (face.radio != kNoId) {
             SetChecked(window, face.radio, face.kind == kind);
+            // Windows would choose a radio that only gets the focus; arrow keys may take this back, so said each time.
+            SendMessageW(ControlOf(window, face.radio), BM_SETDONTCLICK, TRUE, 0);
+        }
         Show(window, face.controls, face.kind == kind);
     }
 }
@@ -240,28 +241,35 @@ void Close(HWND window)
 
 bool IsRefused(HWND window, const ScheduledJob& job)
 {
-    const Refusal* name = CheckJobName(job.name, *editing.jobs, editing.Mode());
-    const Refusal* refusal = name != nullptr ? name : CheckSchedule(job);
+    if (Refuse(window, kName, CheckJobName(job.name, *editing.jobs, editing.Mode()), job.name))
+        return true;
+    const Refusal* refusal = CheckSchedule(job);
     if (refusal == nullptr)
         return false;
-    Tell(window, {refusal->title, refusal->text}, RefusalText(*refusal, job.name));
-    if (name != nullptr) {
-        SetText(window, kName, {});
-        FocusOn(window, kName);
-    } else {
-        FocusOn(window, job.kind == ScheduleKind::Weekly ? kSunday : kJanuary);
-    }
+    Tell(window, {refusal->title, refusal->text});
+    FocusOn(window, job.kind == ScheduleKind::Weekly ? kSunday : kJanuary);
     return true;
+}
+
+// What the controls cannot show as it is stored ("8:05:00", a date that is none) stays until the user changes it.
+void Update(ScheduledJob& stored, ScheduledJob job)
+{
+    for (const auto slot :
+        {&ScheduledJob::startTime, &ScheduledJob::date, &ScheduledJob::monthStartDay, &ScheduledJob::monthEndDay}) {
+        if (job.*slot == editing.shown.*slot)
+            job.*slot = stored.*slot;
+    }
+    stored = std::move(job);
 }
 
 void Store(const ScheduledJob& job)
 {
     if (editing.Mode() == EditMode::Add)
         editing.jobs->push_back(job);
-    else if ((*editing.jobs)[editing.position] == job)
+    else if (job == editing.shown)
         return;
     else
-        (*editing.jobs)[editing.position] = job;
+        Update((*editing.jobs)[editing.position], job);
     editing.stored(editing.position);
 }
 
@@ -287,14 +295,14 @@ void OnEnter(HWND window)
 
 void OnCancel(HWND window)
 {
-    if (CollectJob(window) != editing.shown && !Ask(window, kUnsaved))
+    if (CollectJob(window) != editing.shown && !Ask(window, kJobsUnsaved))
         return;
     if (AreTaskFieldsFilled() && !Ask(window, kTaskUnsaved))
         return;
     Close(window);
 }
 
-// A click on the chosen radio clears it again. A radio that only got the focus tells of a click too, unchecked.
+// A click on the chosen radio clears it again. A radio that only got the focus may tell of a click too, unchecked.
 template <ScheduleKind Kind, int Radio>
 void OnKind(HWND window)
 {
@@ -355,7 +363,7 @@ LRESULT CALLBACK JobEditorWindowProc(HWND window, UINT message, WPARAM w, LPARAM
             return 0;
         break;
     case WM_NOTIFY: OnNotify(*reinterpret_cast<const NMHDR*>(l)); return 0;
-    case WM_HELP: OpenHelp(window, kHelpPage); return TRUE;
+    case WM_HELP: OpenHelp(window, kJobHelpPage); return TRUE;
     case WM_CLOSE: OnCancel(window); return 0;
     default: break;
     }

@@ -73,7 +73,6 @@ constexpr int kNeedSelection[] = {kModify, kDelete};
 constexpr int kFullLines[] = {kFullText, kFullHint};
 
 constexpr const wchar_t* kTitleText = L"Job Scheduling To The Host :  ";
-constexpr const wchar_t* kHelpPage = L"Job Scheduler.htm";
 constexpr const wchar_t* kGateCaption = L"Save failed";
 
 constexpr Box kDeleteJob = {L"Delete Job",
@@ -83,8 +82,6 @@ constexpr Box kDeleteAll = {L"Delete all Jobs",
     L"Are you sure you want to remove all scheduled jobs from '%ls' System?\n\n All jobs and associated tasks will be "
     L"deleted.",
     BoxIcon::Question, BoxButtons::YesNo};
-constexpr Box kUnsaved
-    = {L"Changes not saved", L"Are you sure you want to cancel the changes?", BoxIcon::Question, BoxButtons::YesNo};
 constexpr Box kSaveFailed = {L"Save failed", L"Unable to save the scheduled jobs."};
 constexpr Box kReadFailed = {L"Job Scheduler", L"Unable to read the scheduled jobs."};
 
@@ -110,7 +107,7 @@ HWND ListOf(HWND window)
 
 std::optional<std::size_t> SelectedJob(HWND window)
 {
-    const int row = SelectedRow(ListOf(window));
+    const int row = OnlySelectedRow(ListOf(window));
     if (row < 0 || static_cast<std::size_t>(row) >= session.jobs.size())
         return std::nullopt;
     return static_cast<std::size_t>(row);
@@ -127,12 +124,7 @@ void EnableButtons(HWND window)
 
 void FillJobs(HWND window)
 {
-    std::vector<std::vector<std::wstring>> rows;
-    for (const ScheduledJob& job : session.jobs) {
-        const auto cells = JobRow(job);
-        rows.emplace_back(cells.begin(), cells.end());
-    }
-    FillList(ListOf(window), rows);
+    FillRows(ListOf(window), session.jobs, JobRow);
     EnableButtons(window);
 }
 
@@ -252,7 +244,7 @@ void OnOk(HWND window)
 // What is dropped is not remembered: the next opening reads the agent's list.
 void OnCancel(HWND window)
 {
-    if (session.IsChanged() && !Ask(window, kUnsaved))
+    if (session.IsChanged() && !Ask(window, kJobsUnsaved))
         return;
     session = {};
     ShowWindow(window, SW_HIDE);
@@ -336,7 +328,7 @@ LRESULT CALLBACK JobListWindowProc(HWND window, UINT message, WPARAM w, LPARAM l
             return 0;
         break;
     case WM_NOTIFY: OnNotify(window, *reinterpret_cast<const NMHDR*>(l)); return 0;
-    case WM_HELP: OpenHelp(window, kHelpPage); return TRUE;
+    case WM_HELP: OpenHelp(window, kJobHelpPage); return TRUE;
     case WM_CLOSE: OnCancel(window); return 0;
     default: break;
     }

@@ -4,6 +4,7 @@
 
 namespace voltaro {
 
+// The window's messages.
 LRESULT CALLBACK JobListWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // Reads the agent's jobs, then fills and shows the window. An open window only comes to the front, with what the user

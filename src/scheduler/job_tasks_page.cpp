@@ -9,6 +9,7 @@
 #include "ui/commands.h"
 #include "ui/file_dialog.h"
 #include "ui/list_view.h"
+#include "ui/refusals.h"
 #include "ui/theme.h"
 #include "ui/tooltip.h"
 #include "ui/window_class.h"
@@ -75,7 +76,7 @@ void EnableFields(HWND page)
     Enable(page, kInterval, IsChecked(page, kRepeat));
     Enable(page, kAdd, edited.tasks.size() < kMaxTasks);
     Enable(page, kUpdate, loaded != kNone);
-    Enable(page, kDelete, SelectedRow(ListOf(page)) >= 0);
+    Enable(page, kDelete, OnlySelectedRow(ListOf(page)) >= 0);
 }
 
 ScheduledTask CollectTask(HWND page)
@@ -110,25 +111,14 @@ void Load(HWND page, int number)
 
 void FillTasks(HWND page)
 {
-    std::vector<std::vector<std::wstring>> rows;
-    for (const ScheduledTask& task : edited.tasks) {
-        const auto cells = TaskRow(task);
-        rows.emplace_back(cells.begin(), cells.end());
-    }
-    FillList(ListOf(page), rows);
+    FillRows(ListOf(page), edited.tasks, TaskRow);
     EnableFields(page);
 }
 
 bool PathPasses(HWND page, EditMode mode)
 {
     const auto path = CollectTask(page).path;
-    const Refusal* refusal = CheckTaskPath(path, edited, mode);
-    if (refusal == nullptr)
-        return true;
-    Tell(GetParent(page), {refusal->title, refusal->text}, RefusalText(*refusal, path));
-    SetText(page, kPath, {});
-    FocusOn(page, kPath);
-    return false;
+    return !Refuse(page, kPath, CheckTaskPath(path, edited, mode), path);
 }
 
 // --- handlers ---
@@ -149,7 +139,11 @@ void OnUpdate(HWND page)
 {
     if (loaded == kNone || !PathPasses(page, EditMode::Update))
         return;
-    edited.tasks[static_cast<std::size_t>(loaded)] = CollectTask(page);
+    ScheduledTask& stored = edited.tasks[static_cast<std::size_t>(loaded)];
+    ScheduledTask task = CollectTask(page);
+    if (task.endTime == filled.endTime)
+        task.endTime = stored.endTime; // a text that is no time shows as one
+    stored = task;
     FillTasks(page);
     Load(page, kNone);
     FocusOn(page, kPath);
@@ -157,7 +151,7 @@ void OnUpdate(HWND page)
 
 void OnDelete(HWND page)
 {
-    const int row = SelectedRow(ListOf(page));
+    const int row = OnlySelectedRow(ListOf(page));
     if (row < 0)
         return;
     edited.tasks.erase(edited.tasks.begin() + row);
@@ -170,7 +164,7 @@ void OnDelete(HWND page)
 
 void OnEdit(HWND page)
 {
-    const int row = SelectedRow(ListOf(page));
+    const int row = OnlySelectedRow(ListOf(page));
     if (row < 0)
         return;
     Load(page, row);
@@ -247,7 +241,7 @@ bool TakeTaskEnter()
         OnEdit(page);
     else if (loaded != kNone)
         OnUpdate(page);
-    else if (AreTaskFieldsFilled())
+    else if (AreTaskFieldsFilled() && edited.tasks.size() < kMaxTasks)
         OnAdd(page);
     else
         return false;

@@ -10,6 +10,7 @@ namespace voltaro {
 // The "Tasks" page of the job editor: the programs that the job starts, and the fields to add or change one.
 LRESULT CALLBACK JobTasksPageProc(HWND page, UINT message, WPARAM w, LPARAM l);
 
+// Fills the list from a job's tasks, with empty fields; and the tasks as they stand in it, at most kMaxTasks.
 void ShowTasks(const std::vector<ScheduledTask>& tasks);
 [[nodiscard]] const std::vector<ScheduledTask>& TasksShown();
 
@@ -20,6 +21,7 @@ void ShowTasks(const std::vector<ScheduledTask>& tasks);
 // means the editor's own button.
 [[nodiscard]] bool TakeTaskEnter();
 
+// Where the user is sent to enter a task.
 void FocusOnTaskPath();
 
 } // namespace voltaro

@@ -86,7 +86,9 @@ std::wstring NextRunText(const ScheduledJob& job, CalendarDate today, TimeOfDay 
         return L"This job is not enabled and does not run.";
     const auto start = ParseTime(job.startTime);
     const auto date = job.kind == ScheduleKind::OnDate ? ParseDate(job.date) : today;
-    if (!start || !date)
+    const bool reversed = job.kind == ScheduleKind::Monthly // whether the agent runs such a job is its own affair
+        && LeadingNumber(job.monthStartDay) > LeadingNumber(job.monthEndDay);
+    if (!start || !date || reversed)
         return L"The next run is not known.";
     const chrono::sys_days todayDays = Days(today);
     // A date may lie farther ahead than any other schedule reaches: the search starts there.

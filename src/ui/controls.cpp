@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cassert>
 #include <iterator>
+#include <vector>
 
 namespace voltaro {
 namespace {
@@ -149,17 +150,36 @@ bool StartsGroup(HWND control)
     return (GetWindowLongW(control, GWL_STYLE) & WS_GROUP) != 0;
 }
 
-// A click clears the other radios of a group by itself, a choice made by the program does not.
-void ClearRadioGroup(HWND radio)
+std::vector<HWND> RadiosOfGroup(HWND radio)
 {
     HWND control = radio;
     while (!StartsGroup(control) && GetWindow(control, GW_HWNDPREV) != nullptr)
         control = GetWindow(control, GW_HWNDPREV);
+    std::vector<HWND> radios;
     do {
         if (IsRadio(control))
-            SendMessageW(control, BM_SETCHECK, BST_UNCHECKED, 0);
+            radios.push_back(control);
         control = GetWindow(control, GW_HWNDNEXT);
     } while (control != nullptr && !StartsGroup(control));
+    return radios;
+}
+
+void Check(HWND button, bool checked)
+{
+    SendMessageW(button, BM_SETCHECK, static_cast<WPARAM>(checked ? BST_CHECKED : BST_UNCHECKED), 0);
+}
+
+// A click clears the other radios of a group by itself, a choice made by the program does not. A cleared radio may lose
+// its tab stop: where none is left, the first one gets it, or Tab would never reach the group again.
+void CheckRadio(HWND radio, bool checked)
+{
+    const std::vector<HWND> group = RadiosOfGroup(radio);
+    if (checked)
+        std::ranges::for_each(group, [](HWND other) { Check(other, false); });
+    Check(radio, checked);
+    const auto style = [](HWND button) { return GetWindowLongPtrW(button, GWL_STYLE); };
+    if (std::ranges::none_of(group, [&](HWND other) { return (style(other) & WS_TABSTOP) != 0; }))
+        SetWindowLongPtrW(group.front(), GWL_STYLE, style(group.front()) | WS_TABSTOP);
 }
 
 // Windows leaves the focus on a control that is disabled or hidden, and the keyboard is dead then: move it on first.
@@ -229,9 +249,10 @@ void SetChecked(HWND window, int id, bool checked)
     const HWND control = ControlOf(window, id);
     if (control == nullptr)
         return;
-    if (checked && IsRadio(control))
-        ClearRadioGroup(control);
-    SendMessageW(control, BM_SETCHECK, static_cast<WPARAM>(checked ? BST_CHECKED : BST_UNCHECKED), 0);
+    if (IsRadio(control))
+        CheckRadio(control, checked);
+    else
+        Check(control, checked);
 }
 
 void Enable(HWND window, int id, bool enabled)
@@ -262,6 +283,11 @@ void Show(HWND window, std::span<const int> ids, bool visible)
         Show(window, id, visible);
 }
 
+void LimitText(HWND window, int id, std::size_t units)
+{
+    SendMessageW(ControlOf(window, id), EM_SETLIMITTEXT, units, 0);
+}
+
 void SetBarColour(HWND window, int id, COLORREF colour)
 {
     const HWND bar = ControlOf(window, id);
@@ -287,6 +313,15 @@ void FillCombo(HWND window, int id, std::span<const std::wstring> entries)
     SendMessageW(combo, CB_RESETCONTENT, 0, 0);
     for (const std::wstring& entry : entries)
         SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
+}
+
+void FillChoices(HWND window, int id, Choices choices, std::size_t selected)
+{
+    std::vector<std::wstring> entries;
+    for (const Choice& choice : choices)
+        entries.emplace_back(choice.text);
+    FillCombo(window, id, entries);
+    SelectIndex(window, id, static_cast<int>(selected));
 }
 
 std::wstring SelectedText(HWND window, int id)

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "base/choices.h"
 #include "base/windows_api.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -101,6 +103,8 @@ void Enable(HWND window, int id, bool enabled);
 void Enable(HWND window, std::span<const int> ids, bool enabled);
 void Show(HWND window, int id, bool visible);
 void Show(HWND window, std::span<const int> ids, bool visible);
+// Longest text that an edit takes from the user, in UTF-16 units.
+void LimitText(HWND window, int id, std::size_t units);
 // Gives a progress bar its own colour. Its visual style is switched off, since a themed bar ignores colours.
 void SetBarColour(HWND window, int id, COLORREF colour);
 // Gives a field the focus and selects its text; how every refused input ends.
@@ -108,6 +112,8 @@ void FocusOn(HWND window, int id);
 
 // Combo boxes. Filling keeps nothing of the old content; the index is -1 where nothing is selected or found.
 void FillCombo(HWND window, int id, std::span<const std::wstring> entries);
+// Fills with choices and selects the one at that index.
+void FillChoices(HWND window, int id, Choices choices, std::size_t selected);
 [[nodiscard]] std::wstring SelectedText(HWND window, int id);
 [[nodiscard]] int SelectedIndex(HWND window, int id);
 void SelectIndex(HWND window, int id, int index);

@@ -231,6 +231,11 @@ int SelectedRow(HWND list)
     return ListView_GetNextItem(list, -1, LVNI_SELECTED);
 }
 
+int OnlySelectedRow(HWND list)
+{
+    return ListView_GetSelectedCount(list) == 1 ? SelectedRow(list) : -1;
+}
+
 void SelectRow(HWND list, int row)
 {
     ListView_SetItemState(list, -1, 0, LVIS_SELECTED);

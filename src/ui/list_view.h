@@ -29,8 +29,10 @@ void FillList(HWND list, std::size_t rows, const CellText& cell);
 void FillList(HWND list, std::span<const std::vector<std::wstring>> rows);
 
 void ClearList(HWND list);
-// Index of the selected row, -1 for none.
+// Index of the selected row, -1 for none. OnlySelectedRow gives -1 for several too (all are, when all were chosen for a
+// copy): for what is done to a row.
 [[nodiscard]] int SelectedRow(HWND list);
+[[nodiscard]] int OnlySelectedRow(HWND list);
 void SelectRow(HWND list, int row);
 [[nodiscard]] int RowCount(HWND list);
 [[nodiscard]] std::wstring CellOf(HWND list, int row, int column);

@@ -10,7 +10,7 @@ bool Refuse(HWND window, int edit, const Refusal* refusal, std::wstring_view inp
 {
     if (refusal == nullptr)
         return false;
-    Tell(window, {refusal->title, refusal->text}, RefusalText(*refusal, input));
+    Tell(GetAncestor(window, GA_ROOT), {refusal->title, refusal->text}, RefusalText(*refusal, input));
     SetText(window, edit, {});
     FocusOn(window, edit);
     return true;

@@ -7,9 +7,11 @@
 namespace voltaro {
 namespace {
 
-constexpr wchar_t kTipsProperty[] = L"VoltaroTooltips"; // of a top-level window: its tooltip window
-constexpr wchar_t kTipProperty[] = L"VoltaroTip";       // of a control: its Tip
-constexpr int kTipWidth = 400;                          // pixels; longer texts wrap
+constexpr wchar_t kTipsProperty[] = L"VoltaroTooltips";       // of a top-level window: its tooltip window
+constexpr wchar_t kThumbTipsProperty[] = L"VoltaroThumbTips"; // of a top-level window: that of its sliders' thumbs
+constexpr wchar_t kTipProperty[] = L"VoltaroTip";             // of a control: its Tip
+constexpr int kTipWidth = 400;                                // pixels; longer texts wrap
+constexpr int kThumbTipRise = 24;                             // pixels from the thumb's top up to the tip's
 
 // The tip of one control, kept until the control dies.
 struct Tip {
@@ -17,15 +19,21 @@ struct Tip {
     std::wstring text;
 };
 
-// The tooltip window of a top-level window: owned by it, so it dies with it.
+// A tooltip window that belongs to a top-level window: owned by it, so it dies with it.
+HWND MakeTips(HWND root)
+{
+    const HWND tips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
+        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, root, nullptr, nullptr, nullptr);
+    SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, kTipWidth);
+    return tips;
+}
+
 HWND TipsOf(HWND control)
 {
     const HWND root = GetAncestor(control, GA_ROOT);
     if (const auto made = static_cast<HWND>(GetPropW(root, kTipsProperty)))
         return made;
-    const HWND tips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
-        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, root, nullptr, nullptr, nullptr);
-    SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, kTipWidth);
+    const HWND tips = MakeTips(root);
     SetPropW(root, kTipsProperty, tips);
     return tips;
 }
@@ -117,6 +125,30 @@ void SetTooltip(HWND control, std::wstring_view text)
         return;
     Send(control, *made, TTM_ADDTOOLW);
     static_cast<void>(made.release()); // freed by Drop
+}
+
+void SetThumbTip(HWND slider, std::wstring_view text)
+{
+    const HWND root = GetAncestor(slider, GA_ROOT);
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.uFlags = TTF_TRACK | TTF_ABSOLUTE;
+    tool.hwnd = root;
+    auto tips = static_cast<HWND>(GetPropW(root, kThumbTipsProperty));
+    if (tips == nullptr) { // one of its own: the other one follows the mouse
+        tips = MakeTips(root);
+        SetPropW(root, kThumbTipsProperty, tips);
+        SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    }
+    std::wstring shown(text);
+    tool.lpszText = shown.data();
+    RECT thumb{};
+    SendMessageW(slider, TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
+    MapWindowPoints(slider, nullptr, reinterpret_cast<POINT*>(&thumb), 2);
+    SendMessageW(tips, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(tips, TTM_TRACKPOSITION, 0, MAKELPARAM(thumb.left, thumb.top - kThumbTipRise));
+    SendMessageW(tips, TTM_TRACKACTIVATE, !text.empty(), reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(TipsOf(slider), TTM_ACTIVATE, text.empty(), 0); // it would come up too while the mouse rests
 }
 
 const wchar_t* TooltipOf(HWND control)

@@ -15,6 +15,10 @@ void SetTooltip(HWND control, std::wstring_view text);
 // The text as it stands, for tests; empty without one.
 [[nodiscard]] const wchar_t* TooltipOf(HWND control);
 
+// Shows a text above the thumb of a slider, which the usual tooltip leaves as soon as a button is pressed; an empty
+// text takes it away.
+void SetThumbTip(HWND slider, std::wstring_view text);
+
 // A part of a window's client area and what its tooltip says; a text may have several lines.
 struct AreaTip {
     RECT area;

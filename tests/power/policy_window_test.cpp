@@ -43,6 +43,8 @@ TEST(PolicyWindow, SendsANewPolicyAndShowsItInTheEditor)
     program.Command(kStrip, kNewPolicy);
     EXPECT_TRUE(program.IsOpen(kPolicy));
     EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Scheme)));
+    OpenSchemeWindow(WindowOf(WindowId::Main)); // it is open: what lies over it comes to the front
+    EXPECT_EQ(GetForegroundWindow(), WindowOf(kPolicy));
     program.Type(kPolicy, kNewPolicyName, L"Games_1");
     program.Command(kPolicy, kAddRule);
     program.Type(kRule, kRuleName, L"Chess.exe");
@@ -103,6 +105,10 @@ TEST(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
 
     SetFocus(List());
     SelectRow(List(), 2);
+    Press(L'A', VK_CONTROL); // all of them, for a copy
+    Press(VK_DELETE);
+    EXPECT_EQ(RowCount(List()), 3);
+    SelectRow(List(), 2);
     Press(VK_DELETE);
     EXPECT_EQ(RowCount(List()), 2);
     program.Agent().ClearRequests();
@@ -136,6 +142,7 @@ TEST(PolicyWindow, AnswersDecideWhatIsShownAndReadAgain)
         program.Type(kPolicy, kNewPolicyName, L"Games");
         AddRule(program, L"Chess.exe");
     });
+    EXPECT_EQ(SelectedText(WindowOf(kStrip), kPolicyList), L"Presentations"); // the agent does not list the new one
     program.AnswerWith(L"QueryPolicy", kMalformed);
     OpenPresentations(program);
     EXPECT_FALSE(program.IsOpen(kPolicy));

@@ -41,10 +41,20 @@ Names EntriesOf(WindowId window, int id)
     return entries;
 }
 
-void Slide(int slider, int position)
+void Slide(int slider, int position, int how = TB_THUMBTRACK)
 {
     SendMessageW(In(kDisplayPage, slider), TBM_SETPOS, TRUE, position);
-    SendMessageW(WindowOf(kDisplayPage), WM_HSCROLL, TB_THUMBTRACK, reinterpret_cast<LPARAM>(In(kDisplayPage, slider)));
+    SendMessageW(WindowOf(kDisplayPage), WM_HSCROLL, static_cast<WPARAM>(how),
+        reinterpret_cast<LPARAM>(In(kDisplayPage, slider)));
+}
+
+bool IsATipShown()
+{
+    HWND tip = nullptr;
+    do
+        tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr);
+    while (tip != nullptr && !IsWindowVisible(tip));
+    return tip != nullptr;
 }
 
 void Click(WindowId window, int id)
@@ -67,6 +77,9 @@ TEST(SchemeWindow, SendsWhatTheControlsShow)
     PowerProgram program;
     Slide(kWorkingBrightness, 8);
     EXPECT_STREQ(TooltipOf(In(kDisplayPage, kWorkingBrightness)), L"128");
+    EXPECT_TRUE(IsATipShown());
+    Slide(kWorkingBrightness, 8, TB_ENDTRACK);
+    EXPECT_FALSE(IsATipShown());
     Slide(kIdleBrightness, 1);
     program.Choose(kDisplayPage, kDim, L"After 45 Mins");
     EXPECT_EQ(EntriesOf(kDisplayPage, kMonitorOff).front(), L"After 1 Hr");

@@ -49,6 +49,9 @@ TEST(JobEditorWindowTest, EachKindHasItsFace)
     for (const auto& step : kSteps) {
         program.Edit(1);
         program.Do({{kEditor, step.click}, {kEditor, L"Date :", L"2031-12-24"}, {kEditor, step.with}});
+        for (const wchar_t* radio :
+            {L"On Date", L"Weekly", L"Monthly", L"Job Name :"}) // the focus alone chooses nothing
+            SetFocus(Labelled(WindowOf(kEditor), radio));
         for (std::size_t face = 0; face < std::size(kFirst); ++face) {
             const HWND control = Labelled(WindowOf(kEditor), kFirst[face]);
             EXPECT_EQ(IsShown(face == 0 ? GetWindow(control, GW_HWNDPREV) : control), face == step.face);
@@ -70,6 +73,11 @@ TEST(JobEditorWindowTest, TasksUpToSeven)
         program.AddTask(path);
     EXPECT_FALSE(program.IsEnabled(kTasks, L"Add Task"));
     EXPECT_EQ(RowCount(program.Tasks()), 7);
+    program.Do({{kTasks, L".exe/.bat File Path :", L"9.exe"}});
+    SetFocus(Labelled(WindowOf(kTasks), L".exe/.bat File Path :"));
+    Press(VK_RETURN); // no room: the default button
+    EXPECT_FALSE(program.IsOpen(kEditor));
+    program.Edit(1);
     SelectRow(program.Tasks(), 0);
     program.Do({{kTasks, L"Delete"}});
     EXPECT_TRUE(program.IsEnabled(kTasks, L"Add Task"));
@@ -118,24 +126,30 @@ TEST(JobEditorWindowTest, KeepsWhatNoChoiceHas)
 {
     SchedulerProgram program;
     program.Do({{kList, L"Cancel"}});
-    Element& jobs = program.Machine().jobs;
-    At(jobs, {1, 4, 1, 1}).text = L"7";     // minutes of idleness
-    At(jobs, {2, 3, 1}).text = L"5";        // first day of the month
-    At(jobs, {2, 4, 1}).text = L"Gone";     // power scheme
-    At(jobs, {2, 4, 2, 0, 2}).text = L"45"; // minutes of a task's repetition
-    Element expected = jobs;
+    program.Agent().ScriptReply(L"GetCurrentSchedulerSettings",
+        L"<vltp><response><details><Job_1><Name>Odd</Name><Description/><EnabledFlag>Yes</EnabledFlag><Schedule_1>"
+        L"<StartTime>1:02:3</StartTime><StartDate>5</StartDate><EndDate>31</EndDate><Frequency_1><JobStart>Monthly"
+        L"</JobStart><Jan>Yes</Jan></Frequency_1></Schedule_1><Action_1><ApplyScheme>Gone</ApplyScheme><PowerOff_1>"
+        L"<type>Restart</type><idlefor>7</idlefor><AppSensor>Yes</AppSensor></PowerOff_1><RunTask_1><APP_11><Path>a.exe"
+        L"</Path><Parameters/><RDelay>45</RDelay><REndTime>late</REndTime></APP_11></RunTask_1></Action_1></Job_1>"
+        L"</details></response></vltp>");
     program.Open();
-    EXPECT_EQ(CellOf(program.Jobs(), 1, 6), L"10 Mins");
-    for (const std::size_t job : {1, 2}) {
-        program.Edit(static_cast<int>(job));
-        program.DoubleClick(program.Tasks(), 0);
-        program.Do({{kTasks, L"Update Task"}, {kEditor, L"Job Description :", L"x"}, {kEditor, L"Update"}});
-        At(expected, {job, 1}).text = L"x";
-    }
+    EXPECT_EQ(program.Row(program.Jobs(), 0), L"Odd\t\t1:02:3\tMonthly\t1\tRestart\t10 Mins");
+    program.Edit(0);
     EXPECT_EQ(program.Text(kActions, L"Power scheme"), L"Gone");
     EXPECT_EQ(program.Text(kEditor, L"Job Start On :"), L"5");
-    program.Do({{kList, L"Save"}});
-    EXPECT_EQ(Line(program.Machine().jobs), Line(expected));
+    program.Agent().ScriptReply(
+        L"ApplySchedulerSettings", L"<vltp><response><status>Success</status></response></vltp>");
+    program.Do({{kEditor, L"Update"}});
+    EXPECT_FALSE(program.IsEnabled(kList, L"Save")); // nothing changed
+    program.Edit(0);
+    program.DoubleClick(program.Tasks(), 0);
+    program.Do({{kTasks, L"Command Line Parameters :", L"-x"}, {kTasks, L"Update Task"},
+        {kEditor, L"Job Description :", L"x"}, {kEditor, L"Update"}, {kList, L"Save"}});
+    const std::wstring request = program.LastRequest(L"ApplySchedulerSettings");
+    for (const wchar_t* part : {L"<StartTime>1:02:3<", L"<Parameters>-x<", L"<REndTime>late<", L"<StartDate>5<",
+             L"<ApplyScheme>Gone<", L"<type>Restart<", L"<idlefor>7<", L"<AppSensor>Yes<", L"<RDelay>45<"})
+        EXPECT_NE(request.find(part), std::wstring::npos) << part;
 }
 
 TEST(JobEditorWindowTest, Keyboard)

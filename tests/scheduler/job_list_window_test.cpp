@@ -140,6 +140,24 @@ TEST(JobListWindowTest, OddAnswers)
     program.Agent().ScriptReply(L"GetCurrentSchedulerSettings", L"<vltp><response><details/></response></vltp>");
     program.Open();
     EXPECT_EQ(RowCount(program.Jobs()), 0);
+
+    std::wstring jobs; // each character of the parameters takes five in a request: too long to be read back
+    for (std::wstring n = L"1"; n != L"8"; ++n[0]) {
+        jobs += L"<Job_" + n + L"><Name>n</Name><Action_" + n + L"><RunTask_" + n + L">";
+        for (std::wstring k = L"1"; k != L"8"; ++k[0])
+            jobs += L"<APP_" + n + k + L"><Path>a.exe</Path><Parameters><![CDATA[" + std::wstring(250, L'&')
+                + L"]]></Parameters></APP_" + n + k + L">";
+        jobs += L"</RunTask_" + n + L"></Action_" + n + L"></Job_" + n + L">";
+    }
+    program.Do({{kList, L"Cancel"}});
+    program.Agent().ScriptReply(
+        L"GetCurrentSchedulerSettings", L"<vltp><response><details>" + jobs + L"</details></response></vltp>");
+    program.Open();
+    SelectRow(program.Jobs(), 0);
+    program.boxes.Expect({{L"Delete Job", {}, Answer::Yes}, {L"Save failed", L"Unable to save the scheduled jobs."}});
+    program.Do({{kList, L"Delete Job"}, {kList, L"Save"}});
+    EXPECT_EQ(RowCount(program.Jobs()), 6);
+    EXPECT_EQ(program.LastRequest(L"ApplySchedulerSettings"), L"");
 }
 
 TEST(JobListWindowTest, TenJobsAreTheLimit)

@@ -57,7 +57,7 @@ TEST(JobTextsTest, NextRuns)
         {K::Monthly, L"11:00:00", L"01-31", {1}, L"*tomorrow at 11:00:00"},
         {K::Monthly, L"11:00:00", L"01-28", {1}, L"*Saturday, 2025-02-01 at 11:00:00"},
         {K::Monthly, L"11:00:00", L"31-31", {3, 4}, L"*Friday, 2024-05-31 at 11:00:00"},
-        {K::Monthly, L"11:00:00", L"30-31", {1}, kNever}, {K::Monthly, L"11:00:00", L"20-10", {0}, kNever},
+        {K::Monthly, L"11:00:00", L"30-31", {1}, kNever}, {K::Monthly, L"11:00:00", L"20-10", {0}, kUnknown},
         // clang-format on
     };
     for (const auto& row : kRows) {

@@ -107,6 +107,11 @@ TEST_F(Controls, AChosenRadioClearsItsOwnGroupOnly)
         SetChecked(window.Get(), id, true);
     for (int id = 1; id <= 5; ++id)
         EXPECT_EQ(IsChecked(window.Get(), id), id == 2 || id == 3 || id == 5) << id;
+    const auto stopAfter
+        = [&](int id) { return GetDlgCtrlID(GetNextDlgTabItem(window.Get(), ControlOf(window.Get(), id), FALSE)); };
+    EXPECT_EQ(stopAfter(5), 2);
+    SetChecked(window.Get(), 2, false);
+    EXPECT_EQ(stopAfter(5), 1) << "a group without a choice is reached too";
 }
 
 TEST_F(Controls, ComboSelectsTheExactEntryOnly)
