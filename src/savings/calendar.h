@@ -42,6 +42,7 @@ inline constexpr std::int64_t kNoTime = -1;
     return ((days * 24 + time.hour) * 60 + time.minute) * 60 + time.second;
 }
 
+// Whether both stand for the same day, a date or not.
 [[nodiscard]] constexpr bool IsSameDay(const LocalTime& a, const LocalTime& b)
 {
     return a.year == b.year && a.month == b.month && a.day == b.day;

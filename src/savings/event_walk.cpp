@@ -83,7 +83,8 @@ public:
         CreditFirstEvent();
         for (std::size_t i = 0; i < m_events.size();)
             i = Step(i);
-        // One second more than is credited, as meant: the day's last second belongs to the period.
+        // One second more than is credited, as meant: a past day ends with its last second, which belongs to the
+        // period. Today's open period is counted alike, though it ends now.
         if (m_idleOpen)
             CloseIdle(ClosingTime(m_idleStart), 1);
         CloseDay();

@@ -41,6 +41,7 @@ struct IdleHistogram {
     std::int64_t totalSeconds = 0;
     std::array<std::int32_t, kBuckets> counts{};
 
+    // Counts an idle period of that many seconds in the bucket of its length.
     void Enter(std::int64_t period);
 
     friend bool operator==(const IdleHistogram&, const IdleHistogram&) = default;

@@ -64,10 +64,10 @@ constexpr GraphColour kCaptionColour = Rgb(33, 133, 33);
 constexpr GraphColour kGridColour = Rgb(196, 196, 196);
 constexpr GraphColour kAxisColour = Rgb(0, 0, 0);
 
-constexpr GraphFont kTitleFont = {L"Arial", 15, 600};
-constexpr GraphFont kCaptionFont = {L"Arial", 14, 300};
-constexpr GraphFont kLabelFont = {L"Arial", 12, 400};
-constexpr GraphFont kLegendFont = {L"Arial", 11, 400};
+constexpr GraphFont kTitleFont = {15, 600};
+constexpr GraphFont kCaptionFont = {14, 300};
+constexpr GraphFont kLabelFont = {12, 400};
+constexpr GraphFont kLegendFont = {11, 400};
 
 constexpr int kHours = 24;
 constexpr int kHourPixels = kGraphBottom / kHours;
@@ -161,15 +161,6 @@ GraphLayout LayOutGraph(const DayDurations& durations, std::wstring_view date)
     AddSegments(layout, durations);
     AddLegend(layout);
     return layout;
-}
-
-const GraphSegment* SegmentAt(const GraphLayout& layout, int x, int y)
-{
-    const auto hit = std::find_if(layout.segments.begin(), layout.segments.end(), [x, y](const GraphSegment& segment) {
-        const GraphBox& bar = segment.bar;
-        return x >= bar.left && x < bar.right && y >= bar.top && y < bar.bottom;
-    });
-    return hit == layout.segments.end() ? nullptr : &*hit;
 }
 
 std::wstring SegmentTooltip(const GraphSegment& segment, std::int64_t daySeconds)

@@ -19,12 +19,13 @@ using GraphColour = std::uint32_t; // 0x00BBGGRR
 inline constexpr int kGraphBottom = 480;
 inline constexpr int kSecondsPerPixel = 180;
 
+// A size and weight of the product's face.
 struct GraphFont {
-    std::wstring_view face;
     int height = 0; // pixels
     int weight = 0;
 };
 
+// How a line is drawn.
 enum class GraphPen : std::uint8_t { Solid, DashDot };
 
 // A line one pixel wide. The far end is not part of it.
@@ -73,6 +74,7 @@ struct GraphLegendEntry {
     GraphText label;
 };
 
+// Everything that is drawn of one day.
 struct GraphLayout {
     std::vector<GraphLine> grid;
     std::vector<GraphSegment> segments; // every state in the order of the columns, bottom up
@@ -88,9 +90,6 @@ struct GraphLayout {
 
 // `date` is the text below the title.
 [[nodiscard]] GraphLayout LayOutGraph(const DayDurations& durations, std::wstring_view date);
-
-// The segment under a point, or null.
-[[nodiscard]] const GraphSegment* SegmentAt(const GraphLayout& layout, int x, int y);
 
 // What a segment's tooltip says, in three lines: state, hours and minutes, share of the day.
 [[nodiscard]] std::wstring SegmentTooltip(const GraphSegment& segment, std::int64_t daySeconds);

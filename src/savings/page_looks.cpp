@@ -1,5 +1,6 @@
 #include "savings/page_looks.h"
 
+#include "savings/shown_day.h"
 #include "ui/canvas.h"
 #include "ui/theme.h"
 
@@ -17,6 +18,8 @@ void DrawGraphText(HDC dc, const GraphText& text)
 
 void DrawNoDay(HDC dc)
 {
+    if (chosenDay)
+        return;
     for (const GraphText& text : NoDayTexts())
         DrawGraphText(dc, text);
 }

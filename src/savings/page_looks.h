@@ -13,7 +13,7 @@ namespace voltaro {
 // Paints one text of the layout.
 void DrawGraphText(HDC dc, const GraphText& text);
 
-// Paints what a page shows until a day is chosen.
+// Paints a page without a report: until a day is chosen what to do, after that nothing.
 void DrawNoDay(HDC dc);
 
 // Columns and colours of a list.

@@ -71,6 +71,15 @@ ReportRows ProfileRows(const PowerConsumptionData& record)
 
 PowerConsumptionData RecordToSend(const PowerConsumptionData& read, PowerConsumptionData entered, bool manualEntry)
 {
+    const MonitorKind kind = MonitorKindOf(entered.monitorType);
+    if (kind == MonitorKindOf(read.monitorType)) {
+        entered.monitorType = read.monitorType; // perhaps in a spelling of the agent's own
+        if (!HasTypeAndSize(kind)) {            // nor can anything of the monitor be changed
+            entered.monitorSize = read.monitorSize;
+            entered.monitorOnPower = read.monitorOnPower;
+            entered.monitorOffPower = read.monitorOffPower;
+        }
+    }
     const bool changed = !(entered == read);
     for (const auto slot : kWattSlots) {
         FieldText& watts = entered.*slot;

@@ -77,12 +77,13 @@ constexpr ReportList kEstimateLists[] = {
     {kUpperList, kEstimateWidths,    [](const ShownDay& s) { return EstimateRows(s.report.durations, s.figures); }},
     {kLowerList, kIdlePatternWidths, [](const ShownDay& s) { return IdlePatternRows(s.report.histogram, s.profile); }},
 };
-
-constexpr ReportPage kTotalsPage = {WindowId::SavingsTotals, kTotalControls, kTotalHeadings, kTotalLists};
-constexpr ReportPage kEstimatesPage = {WindowId::SavingsEstimates, kEstimateControls, kEstimateHeadings, kEstimateLists};
 // clang-format on
 static_assert(IdsAreUnique(kTotalControls) && FitInside(kTotalControls, kPageWidth, kPageHeight));
 static_assert(IdsAreUnique(kEstimateControls) && FitInside(kEstimateControls, kPageWidth, kPageHeight));
+
+constexpr ReportPage kTotalsPage = {WindowId::SavingsTotals, kTotalControls, kTotalHeadings, kTotalLists};
+constexpr ReportPage kEstimatesPage
+    = {WindowId::SavingsEstimates, kEstimateControls, kEstimateHeadings, kEstimateLists};
 
 constexpr COLORREF kHeadingColour = RGB(83, 83, 83);
 constexpr COLORREF kDateColour = RGB(10, 10, 10);

@@ -44,11 +44,12 @@ constexpr const wchar_t* kRefusalCaption = L"Power Savings Report";
 constexpr Box kNoData = {L"No data", L"Power savings data not available for date: %ls", BoxIcon::Information};
 constexpr Box kDataError = {L"Data Error", L"May be error in Power savings data logged for date: %ls ."};
 
-// A day typed or stepped to counts when it has rested for a moment, one chosen in the calendar when that closes.
+// A day typed or stepped to counts when it has rested for a moment, one chosen in the calendar when that closes. What
+// reports the same choice twice starts the timer anew, so that the agent is asked once.
 constexpr UINT_PTR kChosenTimer = 1;
 constexpr UINT kRestMs = 500;
 
-LocalTime askedDay; // last, since the window was opened
+bool dayWaits = false; // the timer runs
 
 LocalTime LocalTimeOf(const SYSTEMTIME& t)
 {
@@ -131,24 +132,29 @@ std::optional<DayAnswer> AskForDay(HWND window, const LocalTime& day, DayReport&
     return IsLicenceRefusal(window, kRefusalCaption, status) ? std::nullopt : answer;
 }
 
+void StopWaiting(HWND window)
+{
+    dayWaits = false;
+    KillTimer(window, kChosenTimer);
+}
+
 void OnShowPickedDay(HWND window)
 {
-    KillTimer(window, kChosenTimer);
+    StopWaiting(window);
     const LocalTime day = PickedDay(window);
     if (!IsWindowEnabled(ControlOf(window, kPicker)) || SecondsOf(day) > SecondsOf(Now()))
         return;
-    askedDay = day;
+    chosenDay = day;
     DayReport report;
     const std::optional<DayAnswer> answer = AskForDay(window, day, report);
-    if (!answer)
-        return;
-    shownDay.reset();
-    if (*answer == DayAnswer::Report)
+    if (answer == DayAnswer::Report)
         shownDay = MakeShownDay(day, report, state.consumption);
+    else if (answer)
+        shownDay.reset();
     RefreshPages();
-    if (*answer == DayAnswer::NoData)
+    if (answer == DayAnswer::NoData)
         TellOfDay(window, kNoData, day);
-    else if (*answer == DayAnswer::Damaged)
+    else if (answer == DayAnswer::Damaged)
         TellOfDay(window, kDataError, day);
 }
 
@@ -161,7 +167,19 @@ bool IsCalendarOpen(HWND window)
 // Not from the picker's own message: a box in the midst of it would confuse the picker.
 void ShowPickedDaySoon(HWND window, UINT milliseconds)
 {
+    dayWaits = true;
     SetTimer(window, kChosenTimer, milliseconds, nullptr);
+}
+
+// The picker reports no change when its calendar is closed by a click on the day that it shows already; nor does its
+// closing tell whether a day was chosen or it was left by Esc. The calendar's own notification to the picker does.
+LRESULT CALLBACK PickerHabits(HWND picker, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+{
+    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->code == MCN_SELECT)
+        ShowPickedDaySoon(GetParent(picker), kRestMs);
+    else if (message == WM_NCDESTROY)
+        RemoveWindowSubclass(picker, &PickerHabits, id);
+    return DefSubclassProc(picker, message, w, l);
 }
 
 void OnTimer(HWND window)
@@ -182,7 +200,7 @@ void OnHelp(HWND window)
 
 void OnCancel(HWND window)
 {
-    KillTimer(window, kChosenTimer);
+    StopWaiting(window);
     ShowWindow(window, SW_HIDE);
 }
 
@@ -197,6 +215,9 @@ LRESULT OnCreate(HWND window)
 {
     CreateControls(window, kControls, WindowFont());
     DateTime_SetFormat(ControlOf(window, kPicker), L"d'/'MM'/'yyyy");
+    SetWindowSubclass(ControlOf(window, kPicker), &PickerHabits, 0, 0);
+    StopWaiting(window);
+    chosenDay.reset();
     shownDay.reset();
     return 0;
 }
@@ -207,8 +228,8 @@ LRESULT OnNotify(HWND window, const NMHDR& header)
         TurnToSelected(header.hwndFrom);
     else if (header.idFrom == kPicker && header.code == DTN_DATETIMECHANGE)
         ShowPickedDaySoon(window, kRestMs);
-    else if (header.idFrom == kPicker && header.code == DTN_CLOSEUP && !IsSameDay(PickedDay(window), askedDay))
-        ShowPickedDaySoon(window, USER_TIMER_MINIMUM); // the day shown at first may be chosen without a change
+    else if (header.idFrom == kPicker && header.code == DTN_CLOSEUP && dayWaits)
+        ShowPickedDaySoon(window, USER_TIMER_MINIMUM);
     return 0;
 }
 
@@ -250,8 +271,7 @@ void OpenSavingsWindow(HWND)
     BindPages(window);
     RenewRange(window);
     if (!IsWindowVisible(window)) {
-        PickDay(window, shownDay ? shownDay->day : Now());
-        askedDay = shownDay ? shownDay->day : LocalTime();
+        PickDay(window, chosenDay.value_or(Now()));
         RecomputeSavings();
         FocusOn(window, kPicker);
     }

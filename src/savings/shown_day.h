@@ -34,7 +34,9 @@ struct ShownDay {
 [[nodiscard]] ShownDay MakeShownDay(
     const LocalTime& day, const DayReport& report, const PowerConsumptionData& consumption);
 
-// The chosen day; nothing until one was chosen that the agent had figures for. Belongs to the user-interface thread.
+// The day chosen last, whatever the agent knew of it, and the day that the pages show: nothing until the agent had
+// figures, and after it had none for the chosen day. Both belong to the user-interface thread.
+inline std::optional<LocalTime> chosenDay;
 inline std::optional<ShownDay> shownDay;
 
 } // namespace voltaro

@@ -166,7 +166,7 @@ TEST(TransportTest, WindowsStayAliveWhileARequestHangs)
     AllowWaits();
     AgentServer agent;
     ASSERT_TRUE(agent.Start());
-    agent.ScriptReply(kOperation, std::wstring(450, L'x'));
+    agent.ScriptReply(kOperation, std::wstring(250, L'x'));
     const Fault hanging[] = {{FaultKind::Late, L"2000"}, {FaultKind::ByteByByte, L"1"}};
     for (const Fault& fault : hanging) {
         agent.SetFault(kOperation, fault);

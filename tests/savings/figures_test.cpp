@@ -75,8 +75,12 @@ TEST(MonitorTableTest, RowsAndWattTexts)
 
 TEST(ProfileRecordTest, TypedPowersGetTwoDecimals)
 {
-    constexpr const wchar_t* kRows[][3] = {{L"0.85", L"1", L"1.00"}, {L"0.85", L"007.5", L"7.50"},
-        {L"0.8", L"0.8", L"0.8"}, {L"0.85", L"18.9", L"18.9"}}; // the last two: as read, as in the table
+    // clang-format off
+    const wchar_t* const kRows[][3] = { // read, entered, sent
+        {L"0.85", L"1", L"1.00"}, {L"0.85", L"007.5", L"7.50"}, {L"0.8", L"0.8", L"0.8"}, // as read
+        {L"0.85", L"18.9", L"18.9"}, // as in the table
+        {L"0.85", L"0000000000000000000000000000000000000000000000000000000000000000000005", L"5.00"}};
+    // clang-format on
     for (const auto& [asRead, typed, expected] : kRows) {
         const PowerConsumptionData read{L"", L"LED", L"24.00", asRead, {}, {}, {}, {}, {}, {}, {}, {}, {}};
         PowerConsumptionData sent = read;

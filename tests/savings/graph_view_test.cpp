@@ -100,7 +100,7 @@ TEST_F(GraphPageTest, RepaintsLeaveNothingBehind)
     EXPECT_EQ(GetUpdateRect(m_page, nullptr, FALSE), FALSE) << "it was painted";
 }
 
-TEST_F(GraphPageTest, WithoutADayItSaysWhatToDo)
+TEST_F(GraphPageTest, UntilADayIsChosenThePagesSayWhatToDo)
 {
     shownDay.reset();
     RefreshGraphPage();
@@ -109,13 +109,18 @@ TEST_F(GraphPageTest, WithoutADayItSaysWhatToDo)
         SendMessageW(static_cast<HWND>(page), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
     };
     for (const WindowId page : {WindowId::SavingsTotals, WindowId::SavingsEstimates, WindowId::SavingsGraph}) {
+        chosenDay = LocalTime{2024, 3, 5}; // of which the agent has nothing
+        const Pixels empty(RenderBitmap(kWidth, kHeight, print, WindowOf(page)).Get());
+        chosenDay.reset();
         const Pixels pixels(RenderBitmap(kWidth, kHeight, print, WindowOf(page)).Get());
-        int upper = 0, lower = 0, elsewhere = 0;
+        int inkOfEmpty = 0, upper = 0, lower = 0, elsewhere = 0;
         for (int y = 0; y < kHeight; ++y) {
             const int ink = pixels.CountOf(RGB(83, 83, 83), 0, kWidth, y);
+            inkOfEmpty += empty.CountOf(RGB(83, 83, 83), 0, kWidth, y);
             (y >= 35 && y < 50 ? upper : y >= 55 && y < 70 ? lower : elsewhere) += ink;
         }
-        EXPECT_TRUE(upper > 50 && lower > upper && elsewhere == 0) << upper << ", the longer " << lower;
+        EXPECT_TRUE(upper > 50 && lower > upper && elsewhere == 0 && inkOfEmpty == 0)
+            << upper << ", the longer " << lower;
     }
 }
 

@@ -1,8 +1,10 @@
 #include "savings/profile_window.h"
 
 #include "savings/profile_record.h"
+#include "savings/scripted_day.h"
 #include "savings/shown_day.h"
 #include "shell/main_commands.h"
+#include "simulator/xml.h"
 #include "support/box_script.h"
 #include "support/program.h"
 #include "ui/controls.h"
@@ -70,6 +72,13 @@ TEST_F(ProfileWindowTest, OpensWithTheSavedProfileOrTheDefaultMonitorToLookAt)
     Open();
     EXPECT_EQ(SelectedText(m_window, kType) + L" " + SelectedText(m_window, kSize), L"LCD 17.00");
     EXPECT_EQ(Watts(), L"21.23 0.49");
+    EXPECT_FALSE(IsOn(kEdit)) << "no record came that could be edited";
+    m_program.Agent().SetFault(L"GetAutoPowerConsumptionData", {FaultKind::Status, {}});
+    const BoxScript boxes{{L"Power Consumption Settings", L"Unable to read"}};
+    Click(kAuto);
+    EXPECT_FALSE(IsOn(kEdit) || IsOn(kSave));
+    Click(kManual);
+    EXPECT_TRUE(IsOn(kCpuMax) && IsOn(kSave));
 }
 
 TEST_F(ProfileWindowTest, ChoicesOfMonitor)
@@ -94,6 +103,41 @@ TEST_F(ProfileWindowTest, ChoicesOfMonitor)
     }
     ClickRadio(kOthers);
     EXPECT_EQ(Watts(), L"141.00 3.50");
+}
+
+TEST_F(ProfileWindowTest, AnUntouchedRecordGoesBackAsItCame)
+{
+    const struct {
+        const wchar_t *type, *size, *on, *off, *watts, *wattsAsOther;
+    } kRows[] = {{L"inbuilt", L"15.60", L"5", L"x", L"0.00 0.00", L"21.23 0.49"},
+        {L"BRANDED", L"9", L"-", L"7.5", L"0.00 0.00", L"21.23 0.49"},
+        {L"lcd", L"17.30", L"5", L"0.400", L"5 0.400", L"8.40 0.73"}, // a size that no row has
+        {L"OLED", L"17.00", L"5.00", L"0.40", L"5.00 0.40", L"21.23 0.49"}};
+    m_program.Agent().SetFault(L"ApplyPowerConsumptionData", {FaultKind::Status, L"Success"});
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.type);
+        PowerConsumptionData record = RoundProfile();
+        record.monitorType = row.type;
+        record.monitorSize = row.size;
+        record.monitorOnPower = row.on;
+        record.monitorOffPower = row.off;
+        m_program.Agent().ScriptReply(L"GetCurrentPowerConsumptionData",
+            simulator::ReplyText({L"response", {}, {ElementOf(L"details", record)}}));
+        Open();
+        Click(kEdit);
+        EXPECT_EQ(Watts(), row.watts);
+        const BoxScript boxes{{L"Power Consumption Settings", {}}};
+        Click(kSave);
+        EXPECT_TRUE(Applied().starts_with(std::wstring(L"<details><ManualSetFlag/><MonitorType>") + row.type
+            + L"</MonitorType><MonitorSize>" + row.size + L"</MonitorSize><MonitorONPower>" + row.on
+            + L"</MonitorONPower><MonitorOFFPower>" + row.off + L"</MonitorOFFPower><CPUMaxPower>60.00<"))
+            << Applied();
+        Click(kEdit);
+        ClickRadio(kBranded);
+        ClickRadio(kOthers);
+        EXPECT_EQ(Watts(), row.wattsAsOther);
+        Click(IDCANCEL);
+    }
 }
 
 TEST_F(ProfileWindowTest, RefusedPowersAreToldAndEmptied)

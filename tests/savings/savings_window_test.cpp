@@ -83,6 +83,16 @@ protected:
         Pump();
         return m_program.TakeOperations();
     }
+    void ExpectDayAfterReopening(int monthAndDay)
+    {
+        m_program.Command(WindowId::Savings, IDCANCEL);
+        EXPECT_FALSE(IsWindowVisible(WindowOf(WindowId::Savings)));
+        SetDay(2024, 1, 1);
+        OpenSavingsWindow(nullptr);
+        SYSTEMTIME time{};
+        DateTime_GetSystemtime(Picker(), &time);
+        EXPECT_EQ(time.wMonth * 100 + time.wDay, monthAndDay);
+    }
     void ExpectLists(bool shown)
     {
         for (const auto& row : kLists) {
@@ -109,25 +119,23 @@ TEST_F(SavingsWindowTest, OpeningAsksNothingAndAChosenDayFillsThePages)
     ExpectLists(true);
 
     // Closed and opened again: the day and its report are there, and the agent is not asked.
-    m_program.Command(WindowId::Savings, IDCANCEL);
-    EXPECT_FALSE(IsWindowVisible(WindowOf(WindowId::Savings)));
-    SetDay(2024, 1, 1);
-    m_program.Command(WindowId::Main, kSavingsReport);
-    SYSTEMTIME time{};
-    DateTime_GetSystemtime(Picker(), &time);
-    EXPECT_EQ(time.wMonth * 100 + time.wDay, 229);
+    ExpectDayAfterReopening(229);
     EXPECT_TRUE(m_program.TakeOperations().empty());
     ExpectLists(true);
 }
 
 TEST_F(SavingsWindowTest, ADayCountsOnceItRestsAndNotFromTheFuture)
 {
-    constexpr unsigned kLongEnough = 650, kAtOnce = 100; // a day rests for 500 ms
+    constexpr unsigned kLongEnough = 650; // a day rests for 500 ms
     SetDay(2024, 2, 28);
     EXPECT_TRUE(AskedAfter(DTN_DATETIMECHANGE, 0).empty());
     SetDay(2024, 2, 29);
     EXPECT_EQ(AskedAfter(DTN_DATETIMECHANGE, kLongEnough), kOneDay);
-    EXPECT_TRUE(AskedAfter(DTN_CLOSEUP, kAtOnce).empty()) << "the same day again: nothing new";
+    EXPECT_TRUE(AskedAfter(DTN_CLOSEUP, kLongEnough).empty()) << "left without a choice";
+    NMSELCHANGE selected{};
+    selected.nmhdr.code = MCN_SELECT;
+    SendMessageW(Picker(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&selected));
+    EXPECT_EQ(AskedAfter(DTN_CLOSEUP, kLongEnough), kOneDay) << "the same day chosen again";
     SYSTEMTIME now;
     GetLocalTime(&now);
     SYSTEMTIME range[2]{};
@@ -163,8 +171,9 @@ TEST_F(SavingsWindowTest, FailuresAreToldAndEmptyThePages)
             Choose(2024, 3, 5);
         }
         EXPECT_EQ(m_program.LastRequest(L"GetVLTEvents").empty(), row.operation[3] == L'A') << "not activated";
-        ExpectLists(row.listsStay);
         EXPECT_TRUE(IsWindowEnabled(Picker()));
+        ExpectDayAfterReopening(305);
+        ExpectLists(row.listsStay);
         m_program.Agent().ClearFaults();
         m_program.Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);
     }

@@ -1,0 +1,174 @@
+#include "savings/profile_form.h"
+
+#include "savings/monitor_table.h"
+#include "savings/profile_record.h"
+#include "ui/boxes.h"
+#include "ui/controls.h"
+
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace voltaro {
+namespace {
+
+// In the order of kWattSlots; the first two are the monitor's.
+constexpr int kWattFields[] = {kMonitorOn, kMonitorOff, kCpuMax, kCpuIdle, kCpuStandby, kCpuOff};
+constexpr int kMonitorFields[] = {kType, kSize, kMonitorOn, kMonitorOff};
+constexpr int kOtherFields[] = {kInbuilt, kBranded, kOthers, kCpuMax, kCpuIdle, kCpuStandby, kCpuOff};
+static_assert(std::size(kWattFields) == std::size(kWattSlots));
+
+constexpr Box kRefusedWatts = {kWattRefusalCaption.data(), L""};
+
+ProfileEntry entry; // in the fields
+
+MonitorKind ChosenKind(HWND window)
+{
+    if (IsChecked(window, kInbuilt))
+        return MonitorKind::Inbuilt;
+    return IsChecked(window, kBranded) ? MonitorKind::Branded : MonitorKindOf(SelectedText(window, kType));
+}
+
+void EnableFields(HWND window)
+{
+    const MonitorKind kind = ChosenKind(window);
+    Enable(window, kOtherFields, entry.editable);
+    Enable(window, kMonitorFields, entry.editable && HasTypeAndSize(kind));
+    Enable(window, kEdit, entry.known && !entry.editable);
+    Enable(window, kSave, entry.unsaved);
+    Show(window, kNote, kind == MonitorKind::Inbuilt);
+}
+
+// The sizes of the chosen type.
+void FillSizes(HWND window)
+{
+    std::vector<std::wstring> sizes;
+    for (const MonitorRow& row : MonitorsOfType(SelectedText(window, kType)))
+        sizes.emplace_back(row.size);
+    FillCombo(window, kSize, sizes);
+}
+
+void ChooseMonitor(HWND window, std::wstring_view type, std::wstring_view size)
+{
+    SelectExact(window, kType, type);
+    FillSizes(window);
+    SelectExact(window, kSize, size);
+}
+
+void ShowMonitorWatts(HWND window, std::wstring_view on, std::wstring_view off)
+{
+    SetText(window, kMonitorOn, on);
+    SetText(window, kMonitorOff, off);
+}
+
+PowerConsumptionData FieldsShown(HWND window)
+{
+    PowerConsumptionData shown = entry.read;
+    const MonitorKind kind = ChosenKind(window);
+    if (!HasTypeAndSize(kind)) {
+        shown.monitorType = kind == MonitorKind::Inbuilt ? kInbuiltMonitor : kBrandedMonitor;
+        shown.monitorSize.Clear();
+    } else {
+        shown.monitorType = SelectedText(window, kType);
+        if (SelectedIndex(window, kSize) >= 0)
+            shown.monitorSize = SelectedText(window, kSize);
+    }
+    for (std::size_t i = 0; i < std::size(kWattFields); ++i)
+        shown.*kWattSlots[i] = TextOf(window, kWattFields[i]);
+    return shown;
+}
+
+// Tells of the first field that is no power, and empties it.
+bool AreWattsRefused(HWND window)
+{
+    for (const int id : kWattFields) {
+        const WattCheck check = CheckWatts(TextOf(window, id));
+        if (check == WattCheck::Accepted)
+            continue;
+        Tell(window, kRefusedWatts, std::wstring(WattRefusal(check)));
+        SetText(window, id, L"");
+        FocusOn(window, id);
+        return true;
+    }
+    return false;
+}
+
+} // namespace
+
+void PrepareProfileFields(HWND window)
+{
+    FillCombo(window, kType, std::vector<std::wstring>(std::begin(kMonitorTypes), std::end(kMonitorTypes)));
+    for (const int id : kWattFields)
+        SendMessageW(ControlOf(window, id), EM_SETLIMITTEXT, FieldText::kCapacity, 0);
+}
+
+void ShowEntry(HWND window, const ProfileEntry& shown)
+{
+    entry = shown;
+    entry.read = WithMonitor(entry.read);
+    const MonitorKind kind = MonitorKindOf(entry.read.monitorType);
+    SetChecked(window, kInbuilt, kind == MonitorKind::Inbuilt);
+    SetChecked(window, kBranded, kind == MonitorKind::Branded);
+    SetChecked(window, kOthers, HasTypeAndSize(kind));
+    const std::wstring_view type = kMonitorTypes[kind == MonitorKind::Crt ? 0 : kind == MonitorKind::Led ? 2 : 1];
+    ChooseMonitor(window, HasTypeAndSize(kind) ? type : L"", entry.read.monitorSize);
+    for (std::size_t i = 0; i < std::size(kWattFields); ++i)
+        SetText(window, kWattFields[i], entry.read.*kWattSlots[i]);
+    if (!HasTypeAndSize(kind)) // its fields are grey, so whatever the record holds must not be refused there
+        ShowMonitorWatts(window, kNoWatts, kNoWatts);
+    EnableFields(window);
+}
+
+void EditEntry(HWND window)
+{
+    entry.editable = true;
+    entry.unsaved = true;
+    EnableFields(window);
+}
+
+void FocusOnPowers(HWND window)
+{
+    FocusOn(window, HasTypeAndSize(ChosenKind(window)) ? kMonitorOn : kCpuMax);
+}
+
+std::optional<PowerConsumptionData> EnteredRecord(HWND window)
+{
+    if (!entry.unsaved || AreWattsRefused(window))
+        return std::nullopt;
+    return RecordToSend(entry.read, FieldsShown(window), entry.manual);
+}
+
+void OnKindWithoutSize(HWND window)
+{
+    ShowMonitorWatts(window, kNoWatts, kNoWatts);
+    EnableFields(window);
+}
+
+void OnKindWithSize(HWND window)
+{
+    if (IsWindowEnabled(ControlOf(window, kType)))
+        return; // chosen before: the user's own figures stay
+    if (SelectedIndex(window, kType) < 0)
+        ChooseMonitor(window, kDefaultMonitor.type, kDefaultMonitor.size);
+    OnMonitorType(window);
+    EnableFields(window);
+}
+
+void OnMonitorType(HWND window)
+{
+    const std::wstring size = SelectedText(window, kSize);
+    FillSizes(window);
+    if (SelectExact(window, kSize, size) < 0) // the size stays where the other type has it too
+        SelectIndex(window, kSize, 0);
+    OnMonitorSize(window);
+}
+
+void OnMonitorSize(HWND window)
+{
+    const MonitorRow* row = FindMonitor(SelectedText(window, kType), SelectedText(window, kSize));
+    if (row)
+        ShowMonitorWatts(window, row->onWatts, row->offWatts);
+}
+
+} // namespace voltaro
