@@ -31,6 +31,13 @@ struct KernelTraits {
 // An event or a thread.
 using UniqueHandle = Unique<KernelTraits>;
 
+struct FileTraits {
+    using Handle = HANDLE;
+    static Handle Invalid() { return INVALID_HANDLE_VALUE; }
+    static void Close(Handle handle) { CloseHandle(handle); }
+};
+using UniqueFile = Unique<FileTraits>;
+
 struct KeyTraits {
     using Handle = HKEY;
     static Handle Invalid() { return nullptr; }

@@ -1,6 +1,7 @@
 #include "link/host_config.h"
 
 #include "base/ansi.h"
+#include "base/handles.h"
 #include "base/installation.h"
 #include "base/windows_api.h"
 #include "link/document.h"
@@ -8,8 +9,6 @@
 #include "link/replies.h"
 #include "ui/boxes.h"
 
-#include <filesystem>
-#include <fstream>
 #include <vector>
 
 namespace voltaro {
@@ -28,10 +27,13 @@ constexpr std::size_t kMaxFileBytes = 1'000'000;
 // Whether the file is far larger than any host configuration, or declares a document type.
 bool IsRefused(const std::wstring& path)
 {
-    std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    const UniqueFile file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     std::string bytes(kMaxFileBytes, '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    DWORD count = 0;
+    if (!file || !ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr))
+        return false; // the load tells why
+    bytes.resize(count);
     return bytes.size() == kMaxFileBytes || DeclaresDocumentType(bytes);
 }
 
