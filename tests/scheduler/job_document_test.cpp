@@ -64,6 +64,11 @@ TEST(JobDocumentTest, SmallListsBothWays)
         {L"all", [](J& j) { j.powerOn = j.applyScheme = j.powerOff = true; j.tasks = {{L"a"}}; }, kDaily,
             L"PowerOn=Yes ApplyScheme= PowerOff_1[type= idlefor=0 AppSensor=No] "
             L"RunTask_1[APP_11[Path=a Parameters= RDelay= REndTime=]]"},
+        {L"wake", [](J& j) { j.powerOn = true; }, kDaily, L"PowerOn=Yes RunTask_1[]"},
+        {L"off", [](J& j) { j.powerOff = true; j.powerOffType = L"Shutdown"; j.idleMinutes = 30; }, kDaily,
+            L"PowerOff_1[type=Shutdown idlefor=30 AppSensor=No] RunTask_1[]"},
+        {L"no day of the week", [](J& j) { j.kind = K::Weekly; },
+            L"StartDate=NULL EndDate=NULL Frequency_1[JobStart=Weekly Sun=No Mon=No Tue=No Wed=No Thu=No Fri=No Sat=No"},
         {L"<a & \"b\">", [](J& j) { j.tasks = {{L"\x00E9\x4E2D.exe", L"<&>\"' \x20AC"}}; }, kDaily,
             L"RunTask_1[APP_11[Path=\x00E9\x4E2D.exe Parameters=<&>\"' \x20AC RDelay= REndTime=]]"},
     };
