@@ -64,7 +64,8 @@ void OnClose(HWND window)
     if (!IsWindowVisible(window))
         return;
     const HWND main = WindowOf(WindowId::Main);
-    EnableWindow(main, TRUE); // first, else another program's window would come to the front
+    // First, else another program's window would come to the front; not ready means that somebody else holds it.
+    EnableWindow(main, state.consoleReady);
     HideForm(window);
     SetForegroundWindow(main);
 }

@@ -11,7 +11,6 @@ namespace voltaro {
 namespace {
 
 std::vector<HWND> holders;
-bool disabledByUs = false;
 
 void DropHolder(HWND window)
 {
@@ -24,8 +23,6 @@ void HoldConsole(HWND window)
 {
     const HWND main = WindowOf(WindowId::Main);
     DropHolder(window);
-    if (holders.empty())
-        disabledByUs = IsWindowEnabled(main);
     holders.push_back(window);
     ShowWindow(window, SW_SHOW);
     SetForegroundWindow(window);
@@ -40,7 +37,8 @@ void ReleaseConsole(HWND window)
     const HWND main = WindowOf(WindowId::Main);
     DropHolder(window);
     state.consoleReady = holders.empty();
-    const bool frees = holders.empty() && disabledByUs;
+    // The system information disables the main window for itself.
+    const bool frees = holders.empty() && !IsWindowVisible(WindowOf(WindowId::SystemInfo));
     if (frees)
         EnableWindow(main, TRUE); // before the window goes, else another program's would come to the front
     ShowWindow(window, SW_HIDE);

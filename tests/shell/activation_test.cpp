@@ -138,6 +138,18 @@ TEST(AboutTest, OpensWithAndWithoutAnAgent)
     EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
     EXPECT_TRUE(state.consoleReady);
 
+    for (const bool systemInfoClosesFirst : {true, false}) {
+        program.Command(WindowId::Main, kSystemInfo);
+        program.Command(WindowId::Main, kTrayAbout);
+        EXPECT_FALSE(state.consoleReady);
+        const HWND first = systemInfoClosesFirst ? WindowOf(WindowId::SystemInfo) : AboutWindow();
+        const HWND second = systemInfoClosesFirst ? AboutWindow() : WindowOf(WindowId::SystemInfo);
+        SendMessageW(first, WM_CLOSE, 0, 0);
+        EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
+        SendMessageW(second, WM_CLOSE, 0, 0);
+        EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)) && state.consoleReady);
+    }
+
     program.Agent().Stop();
     BoxScript boxes{{L"Connection Issue", L"not responding"}};
     program.Command(WindowId::Main, kAbout);
