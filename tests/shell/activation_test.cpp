@@ -144,9 +144,9 @@ TEST(AboutTest, OpensWithAndWithoutAnAgent)
         EXPECT_FALSE(state.consoleReady);
         const HWND first = systemInfoClosesFirst ? WindowOf(WindowId::SystemInfo) : AboutWindow();
         const HWND second = systemInfoClosesFirst ? AboutWindow() : WindowOf(WindowId::SystemInfo);
-        SendMessageW(first, WM_CLOSE, 0, 0);
+        SendMessageW(first, WM_COMMAND, IDCANCEL, 0);
         EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
-        SendMessageW(second, WM_CLOSE, 0, 0);
+        SendMessageW(second, WM_COMMAND, IDCANCEL, 0);
         EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)) && state.consoleReady);
     }
 
