@@ -46,6 +46,11 @@ TEST(SettingsRulesTest, AProxyIsCheckedOnlyWhereItIsUsed)
         EXPECT_EQ(CheckProxySettings(edited), fault) << settings.port.c_str();
         EXPECT_TRUE(edited == settings);
     }
+    for (const wchar_t* save : {L"Yes", L"No"}) {
+        ProxySettings edited{L"Yes", L"proxy", L"8080", L"Yes", L"jan", L"secret", save};
+        EXPECT_EQ(CheckProxySettings(edited), kNoFault);
+        EXPECT_EQ(edited.password, IsYes(save) ? L"secret" : L"") << "not kept, not sent";
+    }
 }
 
 TEST(SettingsRulesTest, ASnoozeAlertThatIsOffHasFixedTimes)

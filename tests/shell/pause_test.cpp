@@ -1,4 +1,6 @@
 #include "base/text.h"
+#include "power/processor_strip.h"
+#include "shell/about.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/tray.h"
@@ -109,6 +111,19 @@ TEST_F(PauseTest, AsksForTheHoursChosen)
         EXPECT_TRUE(IsWindowEnabled(ControlOf(main, kChange)));
         EXPECT_FALSE(state.notPaused); // until the next status is read
     }
+}
+
+TEST_F(PauseTest, HidesWhatHasTheConsoleAndLeavesItUsable)
+{
+    const HWND scheme = WindowOf(WindowId::Scheme);
+    program.Command(WindowId::Main, kPowerScheme);
+    program.Command(WindowId::SchemeProcessor, kNewPolicy);
+    EXPECT_FALSE(IsWindowEnabled(scheme)); // by its policy window
+    program.Command(WindowId::Main, kTrayAbout);
+    program.Command(WindowId::Main, kPauseOneHour);
+    EXPECT_EQ(AboutWindow(), nullptr);
+    for (const HWND window : {main, scheme, WindowOf(WindowId::Policy)})
+        EXPECT_TRUE(IsWindowEnabled(window) && !IsWindowVisible(window));
 }
 
 TEST_F(PauseTest, AnAnswerThatIsNoSuccessChangesNothing)
