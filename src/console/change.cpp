@@ -8,15 +8,14 @@ std::optional<std::wstring> AnswerToChange(HWND owner, const wchar_t* caption, c
 {
     if (!OpenGate(owner, caption))
         return std::nullopt;
-    std::optional<std::wstring> status;
+    std::wstring status;
     {
         Reply reply = SendOrLose(request);
-        if (reply.Root() || !reply.Sent())
-            status = reply.Status();
+        if (reply.Sent() && !reply.Answered())
+            return std::nullopt;
+        status = reply.Status();
     }
-    if (status && IsLicenceRefusal(owner, caption, *status))
-        return std::nullopt;
-    return status;
+    return IsLicenceRefusal(owner, caption, status) ? std::nullopt : std::optional(status);
 }
 
 } // namespace voltaro

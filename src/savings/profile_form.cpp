@@ -100,7 +100,7 @@ void PrepareProfileFields(HWND window)
 {
     FillCombo(window, kType, std::vector<std::wstring>(std::begin(kMonitorTypes), std::end(kMonitorTypes)));
     for (const int id : kWattFields)
-        SendMessageW(ControlOf(window, id), EM_SETLIMITTEXT, FieldText::kCapacity, 0);
+        LimitText(window, id, FieldText::kCapacity);
 }
 
 void ShowEntry(HWND window, const ProfileEntry& shown)

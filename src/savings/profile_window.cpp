@@ -3,10 +3,10 @@
 #include "savings/profile_window.h"
 
 #include "base/text.h"
-#include "console/activation.h"
 #include "console/agent.h"
 #include "console/agent_lost.h"
 #include "console/agent_state.h"
+#include "console/change.h"
 #include "console/help.h"
 #include "console/state.h"
 #include "savings/page_looks.h"
@@ -122,18 +122,12 @@ void OnEdit(HWND window)
 void OnSave(HWND window)
 {
     const std::optional<PowerConsumptionData> record = EnteredRecord(window);
-    if (!record || !OpenGate(window, kRefusalCaption))
+    if (!record)
         return;
-    std::wstring status;
-    {
-        Reply reply = SendOrLose(WithRecord(Operation::ApplyConsumption, *record));
-        if (!reply.Answered())
-            return;
-        status = reply.Status();
-    }
-    if (IsLicenceRefusal(window, kRefusalCaption, status))
+    const auto status = AnswerToChange(window, kRefusalCaption, WithRecord(Operation::ApplyConsumption, *record));
+    if (!status)
         return;
-    if (!IsWord(status, kSuccess))
+    if (!IsWord(*status, kSuccess))
         return Tell(window, kFailed);
     Tell(window, kApplied);
     if (!ReadCurrentConsumption())

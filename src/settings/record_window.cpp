@@ -1,6 +1,6 @@
 #include "settings/record_window.h"
 
-#include "console/activation.h"
+#include "console/change.h"
 #include "settings/settings_rules.h"
 
 #include <vector>
@@ -68,23 +68,13 @@ void ShowMinutes(HWND window, int id, const FieldText& value)
     SelectIndex(window, id, 0);
 }
 
-// The agent's word for a change; nothing when it was not asked or did not answer.
-std::optional<std::wstring> WordFor(HWND window, const Request& request)
-{
-    const ControlsOff off(window);
-    if (!OpenGate(window, kRefusalCaption))
-        return std::nullopt;
-    Reply reply = SendOrLose(request);
-    return reply.Answered() || !reply.Sent() ? std::optional(reply.Status()) : std::nullopt;
-}
-
 } // namespace
 
 void ShowField(HWND window, int id, Form form, const FieldText& value)
 {
     switch (form) {
     case Form::Text:
-        SendMessageW(ControlOf(window, id), EM_SETLIMITTEXT, FieldText::kCapacity, 0);
+        LimitText(window, id, FieldText::kCapacity);
         SetText(window, id, value);
         break;
     case Form::YesNo: SetChecked(window, id, IsYes(value)); break;
@@ -118,8 +108,12 @@ void Refuse(HWND window, const RefusedField& refusal)
 
 bool SendChange(HWND window, const Request& request, const Box& applied, const Box& failed)
 {
-    const std::optional<std::wstring> word = WordFor(window, request);
-    if (!word || IsLicenceRefusal(window, kRefusalCaption, *word))
+    std::optional<std::wstring> word;
+    {
+        const ControlsOff off(window);
+        word = AnswerToChange(window, kRefusalCaption, request);
+    }
+    if (!word)
         return false;
     const bool success = IsWord(*word, kSuccess);
     Tell(window, success ? applied : failed);

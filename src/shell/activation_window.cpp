@@ -135,7 +135,7 @@ LRESULT OnCreate(HWND window)
 {
     CreateControls(window, kControls, WindowFont());
     SetColumns(ControlOf(window, kFields), kColumns);
-    SendDlgItemMessageW(window, kKey, EM_SETLIMITTEXT, kMaxKeyUnits, 0);
+    LimitText(window, kKey, kMaxKeyUnits);
     return 0;
 }
 

@@ -2,9 +2,9 @@
 #include "shell/main_window.h"
 
 #include "base/text.h"
-#include "console/activation.h"
 #include "console/agent_lost.h"
 #include "console/agent_state.h"
+#include "console/change.h"
 #include "console/help.h"
 #include "console/main_view.h"
 #include "console/ui_calls.h"
@@ -195,18 +195,10 @@ void OnChange(HWND window)
 
 void ApplyChosenScheme(HWND window, const std::wstring& scheme)
 {
-    if (!OpenGate(window, kSetRefused))
+    const auto status = AnswerToChange(window, kSetRefused, WithText(Operation::ApplyPowerScheme, L"scheme", scheme));
+    if (!status)
         return;
-    std::wstring status;
-    {
-        Reply reply = SendOrLose(WithText(Operation::ApplyPowerScheme, L"scheme", scheme));
-        if (!reply.Answered())
-            return;
-        status = reply.Status();
-    }
-    if (IsLicenceRefusal(window, kSetRefused, status))
-        return;
-    if (IsWord(status, kFailure))
+    if (IsWord(*status, kFailure))
         Tell(window, kSetFailed);
     else if (!ReadCurrentPowerSettings())
         OnAgentLost();

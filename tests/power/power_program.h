@@ -93,7 +93,7 @@ struct Change {
     const wchar_t* question; // asked first and answered with Yes; null for none
     ExpectedBox failed;
     Names readAfterSuccess;
-    Names readAfterOthers{}; // after an answer that says neither
+    Names readAfterOthers{}; // after an answer that says neither, or cannot be read
     ExpectedBox denied{};    // the box for "Permission denied", if any
 };
 
@@ -112,7 +112,7 @@ void ExpectAnswers(PowerProgram& program, const Change& change, Make make)
         {L"Success", {}, change.readAfterSuccess},
         {L"success", {}, change.readAfterSuccess},
         {L"Not Activated", {change.failed.caption, L"is not activated"}, {L"GetActivationstatus"}},
-        {kMalformed, {}, {}},
+        {kMalformed, {}, change.readAfterOthers},
         {kNoAnswer, {L"Connection Issue", L"is not responding"}, {}},
     };
     for (const auto& row : rows) {
