@@ -1,7 +1,5 @@
 #include "shell/main_menus.h"
 
-#include "console/activation.h"
-#include "console/state.h"
 #include "shell/main_commands.h"
 #include "shell/main_window.h"
 #include "ui/controls.h"
@@ -189,18 +187,6 @@ void ApplyOccasion(HWND window, Occasion occasion)
         EnableItem(menus.tray.Get(), static_cast<unsigned>(id), enabled);
     });
     ForOccasion(kMainControls, occasion, [&](int id, bool enabled) { Enable(window, id, enabled); });
-    ApplyLicence(window);
-    DrawMenuBar(window);
-}
-
-void ApplyLicence(HWND window)
-{
-    if (!state.connected || state.activationStatus.empty())
-        return;
-    const bool usable = LicenceOf(state.activationStatus) != Licence::Active;
-    if (IsItemEnabled(menus.bar, kActivate) == usable)
-        return;
-    EnableItem(menus.bar, kActivate, usable);
     DrawMenuBar(window);
 }
 

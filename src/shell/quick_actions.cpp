@@ -117,7 +117,7 @@ ActionResult ResultOf(Reply& reply)
 void AskToForce(HWND main, const QuickAction& action, const std::wstring& activities)
 {
     const bool go = Ask(main, action.force, kActivitiesHeading + activities + action.force.text);
-    if (!Send(Plain(go ? Operation::GoOnWithAction : Operation::DropAction)).Answered())
+    if (Send(Plain(go ? Operation::GoOnWithAction : Operation::DropAction)).Lost())
         Tell(main, kClosedConnection);
 }
 
@@ -144,7 +144,7 @@ void Run(HWND main, const QuickAction& action)
     ActionResult result;
     {
         Reply reply = Send(RequestOf(action));
-        if (!reply.Answered())
+        if (reply.Lost())
             return Tell(main, kClosedConnection);
         result = ResultOf(reply);
     }
