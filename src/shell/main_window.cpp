@@ -26,6 +26,7 @@
 #include "shell/closing.h"
 #include "shell/connection.h"
 #include "shell/main_commands.h"
+#include "shell/main_menu_items.h"
 #include "shell/main_menus.h"
 #include "shell/pause.h"
 #include "shell/quick_actions.h"
@@ -90,6 +91,7 @@ constexpr ActionFace kActionFaces[] = {
 // clang-format on
 
 static_assert(IdsAreUnique(kControls));
+static_assert(CoversQuickActions(kActionFaces, [](const ActionFace& face) { return face.button; }));
 static_assert(FitInside(kControls, 504, 516)); // of 510 x 565, less the frame, the caption and the menu bar
 
 constexpr Column kSavingsColumns[] = {{L"Estimated (Till date), Power Details", 210}, {L"Value", 120}};
@@ -99,8 +101,7 @@ constexpr Box kNoDirectory = {L"Error!", L"Could not read Environment variable '
 constexpr const wchar_t* kSetRefused = L"Unable to Set Scheme";
 constexpr const wchar_t* kHelpPage = L"Main Window.htm";
 
-constexpr int kBusyViewHides[]
-    = {kLockScreen, kLogOff, kStandby, kHibernate, kShutdown, kRestart, kActionsGroup, kInnerGroup, kSavingsList};
+constexpr int kBusyViewHides[] = {kActionsGroup, kInnerGroup, kSavingsList}; // and the quick actions
 
 HFONT MainFont()
 {
@@ -363,12 +364,15 @@ constexpr Command kCommands[] = {
     {IDCANCEL,          OnEscape},
 };
 // clang-format on
+static_assert(
+    HasCommands(kCommands, kPauseItems) && HasCommands(kCommands, kBarItems) && HasCommands(kCommands, kTrayItems));
 
 } // namespace
 
 void ShowBusyView(HWND window)
 {
     SetProgress(window, 0);
+    Show(window, kQuickActionButtons, false);
     Show(window, kBusyViewHides, false);
     Show(window, kProgressBar, true);
 }
@@ -377,6 +381,7 @@ void ShowIdleView(HWND window)
 {
     Show(window, kProgressBar, false);
     SetProgress(window, 0);
+    Show(window, kQuickActionButtons, true);
     Show(window, kBusyViewHides, true);
 }
 

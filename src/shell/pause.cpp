@@ -27,8 +27,7 @@ constexpr const wchar_t* kPauseRefused = L"Unable to pause";
 constexpr const wchar_t* kPausedTooltip = L"Voltaro Paused";
 
 // What the paused state needs of the main window when the agent, not the user, says that it is paused.
-constexpr int kNeededWhilePaused[]
-    = {kResumeButton, kSavingsList, kLockScreen, kLogOff, kStandby, kHibernate, kShutdown, kRestart};
+constexpr int kNeededWhilePaused[] = {kResumeButton, kSavingsList}; // and the quick actions
 
 void CheckHours(int hours)
 {
@@ -165,6 +164,7 @@ void ApplyPauseStatus(std::wstring_view status)
     ShowPausedState();
     TellHoursOnResumeButton(status[0] - L'0');
     Enable(WindowOf(WindowId::Main), kNeededWhilePaused, true);
+    Enable(WindowOf(WindowId::Main), kQuickActionButtons, true);
 }
 
 void PreparePauseStatus()

@@ -82,6 +82,8 @@ constexpr QuickAction kActions[] = {
         Outcome(L"LockScreen Failed", L"Could not Lock Screen")},
 };
 
+static_assert(CoversQuickActions(kActions, [](const QuickAction& action) { return action.command; }));
+
 void LockWithSystem()
 {
     const HMODULE user = GetModuleHandleW(L"user32.dll");
