@@ -1,36 +1,21 @@
 #include "base/text.h"
 
+#include "base/letter_case.h"
+
 #include <algorithm>
 #include <cstdarg>
 #include <cwchar>
-#include <cwctype>
 #include <limits>
 
 namespace voltaro {
-namespace {
-
-wchar_t Folded(wchar_t unit)
-{
-    if (unit < 0x80)
-        return unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit + (L'a' - L'A')) : unit;
-    return static_cast<wchar_t>(std::towlower(static_cast<wint_t>(unit)));
-}
-
-bool SameLetter(wchar_t a, wchar_t b)
-{
-    return Folded(a) == Folded(b);
-}
-
-} // namespace
-
 bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b)
 {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), &SameLetter);
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), &IsSameLetter);
 }
 
 bool ContainsIgnoreCase(std::wstring_view text, std::wstring_view part)
 {
-    return std::search(text.begin(), text.end(), part.begin(), part.end(), &SameLetter) != text.end() || part.empty();
+    return std::search(text.begin(), text.end(), part.begin(), part.end(), &IsSameLetter) != text.end() || part.empty();
 }
 
 std::wstring OneLine(std::wstring_view text)

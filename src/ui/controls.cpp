@@ -1,5 +1,6 @@
 #include "ui/controls.h"
 
+#include "base/text.h"
 #include "ui/list_view.h"
 #include "ui/window_class.h"
 
@@ -203,6 +204,20 @@ std::wstring EntryOf(HWND combo, int index)
     return text;
 }
 
+// Selects the first entry that `matches`; without one nothing is selected.
+template <class Matches>
+int SelectWhere(HWND window, int id, Matches matches)
+{
+    const HWND combo = ControlOf(window, id);
+    const int count = combo != nullptr ? static_cast<int>(SendMessageW(combo, CB_GETCOUNT, 0, 0)) : 0;
+    int index = 0;
+    while (index < count && !matches(EntryOf(combo, index)))
+        ++index;
+    const int found = index < count ? index : -1;
+    SelectIndex(window, id, found);
+    return found;
+}
+
 } // namespace
 
 void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
@@ -343,14 +358,7 @@ void SelectIndex(HWND window, int id, int index)
 
 int SelectExact(HWND window, int id, std::wstring_view text)
 {
-    const HWND combo = ControlOf(window, id);
-    const int count = combo != nullptr ? static_cast<int>(SendMessageW(combo, CB_GETCOUNT, 0, 0)) : 0;
-    int index = 0;
-    while (index < count && EntryOf(combo, index) != text)
-        ++index;
-    const int found = index < count ? index : -1;
-    SelectIndex(window, id, found);
-    return found;
+    return SelectWhere(window, id, [text](std::wstring_view entry) { return entry == text; });
 }
 
 int SelectName(HWND window, int id, std::wstring_view name)
@@ -358,11 +366,7 @@ int SelectName(HWND window, int id, std::wstring_view name)
     const int exact = SelectExact(window, id, name);
     if (exact >= 0 || name.empty())
         return exact;
-    const std::wstring text(name);
-    const auto found = static_cast<int>(SendMessageW(
-        ControlOf(window, id), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str())));
-    SelectIndex(window, id, found);
-    return found;
+    return SelectWhere(window, id, [name](std::wstring_view entry) { return EqualsIgnoreCase(entry, name); });
 }
 
 } // namespace voltaro

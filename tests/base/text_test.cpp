@@ -50,6 +50,8 @@ TEST(TextTest, ComparesWithoutCase)
     EXPECT_TRUE(EqualsIgnoreCase(L"Success", L"sUCCESS"));
     EXPECT_FALSE(EqualsIgnoreCase(L"Success", L"Success "));
     EXPECT_FALSE(EqualsIgnoreCase(L"[", L"{")); // 0x20 apart, yet no letters
+    EXPECT_TRUE(EqualsIgnoreCase(L"B\u00DCRO \u0416", L"b\u00FCro \u0436"));
+    EXPECT_FALSE(EqualsIgnoreCase(L"\u00DF", L"ss")); // letter by letter
 }
 
 TEST(TextTest, FormatsOfAnyLength)

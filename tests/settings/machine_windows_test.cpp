@@ -105,6 +105,7 @@ TEST(BatteryTest, ShowsChargeStatusAndRows)
     program.Agent().ScriptReply(L"GetBatteryInfo",
         L"<vltp version=\"1.0\"><response><S>On Battery</S><B>Discharging</B><C>9 %</C></response></vltp>");
     SendMessageW(WindowOf(WindowId::Main), WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    Pump();
     EXPECT_EQ(status(), L"Discharging");
     EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 9);
     program.Agent().ScriptReply(L"GetBatteryInfo", L"<vltp version=\"1.0\"><response>");
