@@ -23,6 +23,13 @@ enum SchemeWindowControl : int {
 
 inline constexpr const wchar_t* kSchemeHelpPage = L"advanced.htm"; // of the editor and what it opens
 
+// What would close or change a disabled window: WM_CLOSE and commands can be sent past the disabled state, and the
+// window open over it works on its data.
+[[nodiscard]] inline bool UnderOpenChild(HWND window, UINT message)
+{
+    return !IsWindowEnabled(window) && (message == WM_CLOSE || message == WM_COMMAND || message == WM_NOTIFY);
+}
+
 // The editor's messages.
 LRESULT CALLBACK SchemeWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
@@ -30,7 +37,7 @@ LRESULT CALLBACK SchemeWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 // only comes to the front. A lost agent opens nothing.
 void OpenSchemeWindow(HWND main);
 
-// Signalled when the editor was closed with "OK", until it is opened again. Borrowed.
+// Signalled when the editor was closed with "OK", until it is opened again. Stays owned by the editor.
 [[nodiscard]] HANDLE SchemeWindowClosed();
 
 // The ends of a background refresh that the editor asked for; for the refresh worker. The first shows what was read,
