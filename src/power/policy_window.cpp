@@ -252,14 +252,14 @@ void OpenPolicy(const std::wstring& name)
     }
     if (!policy)
         return Tell(WindowOf(WindowId::Scheme), kUnreadable, Format(kUnreadable.text, name.c_str()));
-    policy->name = name; // the name it is known by
+    policy->name = name; // as the list of policies spells it
     Open(PolicyMode::Existing, std::move(*policy));
 }
 
 LRESULT CALLBACK PolicyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     NavigateWith(window);
-    if (UnderOpenChild(window, message))
+    if (IsSentToDisabled(window, message))
         return 0;
     switch (message) {
     case WM_CREATE: return OnCreate(window);

@@ -109,7 +109,7 @@ void ShowPolicies(std::wstring_view selected)
     std::vector<std::wstring> entries = {kNoPolicy};
     entries.insert(entries.end(), state.policies.begin(), state.policies.end());
     FillCombo(strip, kPolicyList, entries);
-    // Nothing stays nothing: the scheme names a policy that the agent did not list.
+    // No selection stays so: the scheme names a policy that the agent did not list.
     if (SelectName(strip, kPolicyList, selected) < 0 && SelectName(strip, kPolicyList, former) < 0 && !former.empty())
         SelectIndex(strip, kPolicyList, 0);
     OnPolicy(strip);

@@ -109,7 +109,7 @@ LRESULT OnCreate(HWND window)
     return 0;
 }
 
-// "Clear" empties the fields; the name of a rule that is being modified is none.
+// "Clear" empties the fields; the name of a rule that is being modified is not one of them.
 void OnClear(HWND window)
 {
     ApplicationRule empty;
@@ -171,6 +171,8 @@ void OpenRuleWindow(std::span<const ApplicationRule> rules, std::optional<std::s
 LRESULT CALLBACK RuleWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     NavigateWith(window);
+    if (IsSentToDisabled(window, message))
+        return 0;
     switch (message) {
     case WM_CREATE: return OnCreate(window);
     case WM_COMMAND: Dispatch(kCommands, window, w); return 0;

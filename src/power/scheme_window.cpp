@@ -66,7 +66,7 @@ struct Editor {
 };
 Editor editor;
 
-// The one place that decides what can be seen and pressed.
+// What is visible and what is enabled in each mode; nothing else shows or greys these controls.
 void ShowMode(HWND window)
 {
     const bool ready = !editor.isBusy;
@@ -347,7 +347,7 @@ void OnPowerRefreshFailed()
 LRESULT CALLBACK SchemeWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     NavigateWith(window);
-    if (UnderOpenChild(window, message))
+    if (IsSentToDisabled(window, message))
         return 0;
     switch (message) {
     case WM_CREATE: return OnCreate(window);

@@ -74,18 +74,10 @@ TEST(PolicyTest, RuleNames)
     ExpectRefusals(kRows, check);
 }
 
-TEST(PolicyTest, FiftyRulesAreTheLimit)
+TEST(PolicyTest, TooManyRulesInANewPolicy)
 {
-    std::vector<ApplicationRule> rules(49);
-    EXPECT_EQ(CheckRoomForRule(rules), nullptr);
-    rules.resize(50);
-    EXPECT_NE(CheckRoomForRule(rules), nullptr);
-    EXPECT_EQ(CheckRules(rules, PolicyMode::Existing), nullptr);
-    rules.resize(51);
-    EXPECT_STREQ(CheckRules(rules, PolicyMode::Existing)->text,
-        L"Application's list cannot contain more than 50 application names.");
-    EXPECT_STREQ(
-        CheckRules(rules, PolicyMode::New)->text, L"Application's list cann't contain more than 50 application names.");
+    EXPECT_STREQ(CheckRules(std::vector<ApplicationRule>(51), PolicyMode::New)->text,
+        L"Application's list cann't contain more than 50 application names.");
 }
 
 TEST(CapabilitiesTest, ThereUnlessEveryFieldDenies)

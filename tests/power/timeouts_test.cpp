@@ -93,39 +93,14 @@ TEST(SchemeFormTest, WhatIsStoredForWhatIsShown)
     }
 }
 
-TEST(LevelsTest, StepsAndLoads)
+TEST(LevelsTest, BrightnessSteps)
 {
     constexpr int kSteps[] = {0, 15, 30, 45, 60, 75, 90, 105, 128};
     for (std::size_t i = 0; i < std::size(kSteps); ++i)
         EXPECT_EQ(ShownChoice(kBrightnessSteps, kSteps[i]), i);
-    ASSERT_EQ(kCpuLoads.size(), 100u);
-    for (std::size_t i = 0; i < 100; ++i)
-        EXPECT_EQ(ShownText(kCpuLoads, std::to_wstring(i)), std::to_wstring(i));
 }
 
-// For every entry of the first combo: the second starts at the same place of its own list, and keeps "After 15 Mins"
-// while it has it. `kept`: its place in the whole list.
-template <class ListFor>
-void ExpectFollowing(const List& first, const List& second, std::size_t kept, ListFor listFor)
-{
-    for (std::size_t k = 0; k <= first.minutes.size(); ++k) {
-        const bool never = k == first.minutes.size();
-        const std::size_t place = never ? 0 : k;
-        const ComboList list = listFor(never ? L"Never" : TextFor(first.minutes[k]));
-        EXPECT_EQ(list.choices.size(), second.choices.size() - place);
-        EXPECT_EQ(list.choices[0].text, TextFor(second.minutes[place]));
-        EXPECT_EQ(list.selected, place <= kept ? kept - place : 0);
-    }
-}
-
-TEST(LinkedListsTest, EveryEntry)
-{
-    constexpr const wchar_t* kShown = L"After 15 Mins";
-    ExpectFollowing(kLists[0], kLists[1], 3, [&](const auto& dim) { return MonitorOffList(dim, kShown); });
-    ExpectFollowing(kLists[5], kLists[6], 1, [&](const auto& standby) { return HibernateList(true, standby, kShown); });
-}
-
-TEST(LinkedListsTest, NeverAndMissingCapabilities)
+TEST(LinkedListsTest, WhatTheSecondListHoldsAndSelects)
 {
     const struct {
         ComboList list;
@@ -133,6 +108,10 @@ TEST(LinkedListsTest, NeverAndMissingCapabilities)
         const wchar_t* first;
         std::size_t selected;
     } kRows[] = {
+        {MonitorOffList(L"After 45 Mins", L"After 3 Mins"), 8, L"After 1 Hr", 0},
+        {MonitorOffList(L"After 10 Mins", L"After 45 Mins"), 13, L"After 15 Mins", 4},
+        {MonitorOffList(L"Never", L"After 10 Mins"), 16, L"After 3 Mins", 2},
+        {HibernateList(true, L"After 10 Mins", L"After 20 Mins"), 21, L"After 15 Mins", 1},
         {LockList(L"Never", L"After 5 Mins"), 1, L"Never", 0},
         {LockList(L"After 7 Hrs", L"After 5 Mins"), 10, L"After 1 Min", 3},
         {StandbyList(true, L"After 10 Mins"), 22, L"After 5 Mins", 1},
