@@ -241,11 +241,13 @@ TEST(SchemeWindow, AMachineThatCannotSleepShowsDisabled)
 TEST(SchemeWindow, WhatTheUserDidNotChangeGoesBackAsRead)
 {
     PowerProgram program;
-    auto& fields = program.Machine().schemes[1].children;
+    std::vector<Element> fields = program.Machine().schemes[1].children;
     for (std::size_t i = 1; i < fields.size(); ++i)
-        fields[i].text = L"07 " + std::wstring(100 + i, L'x'); // no control can show it
+        fields[i].text = L"07 " + std::to_wstring(i); // no control can show it
+    fields[1].text.assign(300, L'x');
     fields[6].text = L"60"; // the list that follows the dim time does not hold 10 minutes
     fields[7].text = L"10";
+    program.Machine().schemes[1].children = fields;
     program.Agent().ScriptReply(L"ApplyPowerSettings", L"<vltp><response><status>Success</status></response></vltp>");
     program.Choose(kEditor, kEditorScheme, L"MaxPowerSaver");
     EXPECT_EQ(ShownIn(kPowerOffPage, kHardDisk), L"After 10 Mins");
