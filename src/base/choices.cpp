@@ -33,14 +33,10 @@ const wchar_t* ShownText(Choices choices, std::wstring_view stored)
     return choices[ShownChoice(choices, LeadingNumber(stored))].text;
 }
 
-std::wstring ChosenText(Choices choices, std::wstring_view shown, std::wstring_view stored)
+std::wstring ChosenText(Choices choices, std::wstring_view shown)
 {
     const std::size_t selected = ChoiceIndex(choices, shown);
-    if (selected == choices.size())
-        return L"0";
-    const std::int32_t chosen = ChosenNumber(choices, selected, LeadingNumber(stored));
-    // A number outside the list goes back as the very text that came.
-    return chosen == choices[selected].number ? NumberText(chosen) : std::wstring(stored);
+    return NumberText(selected < choices.size() ? choices[selected].number : 0);
 }
 
 } // namespace voltaro

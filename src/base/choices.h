@@ -28,10 +28,10 @@ using Choices = std::span<const Choice>;
 // shows it stays selected; so it does when nothing is selected (an index outside the list).
 [[nodiscard]] std::int32_t ChosenNumber(Choices choices, std::size_t selected, std::int32_t stored);
 
-// The same two for records that keep the number as decimal text. `shown` is the text selected on screen, looked up in
-// `choices`, the whole list of the control even where the control holds a part of it; a text outside the list
-// ("Disabled") is stored as "0".
+// For records that keep the number as decimal text: the entry that shows it, and the number of the entry that the user
+// chose. `choices` is the whole list of the control even where the control holds a part of it; a text outside the list
+// ("Disabled") stands for "0".
 [[nodiscard]] const wchar_t* ShownText(Choices choices, std::wstring_view stored);
-[[nodiscard]] std::wstring ChosenText(Choices choices, std::wstring_view shown, std::wstring_view stored);
+[[nodiscard]] std::wstring ChosenText(Choices choices, std::wstring_view shown);
 
 } // namespace voltaro

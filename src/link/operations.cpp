@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t kPlainUnits = 1'000;    // an operation with at most one field, every character escaped
 constexpr std::size_t kRecordUnits = 12'000;  // one record of a page of fields, every text escaped
-constexpr std::size_t kPolicyUnits = 150'000; // 50 rules with long descriptions
+constexpr std::size_t kPolicyUnits = 400'000; // the rules of the longest answer, reserved characters written out
 constexpr std::size_t kJobsUnits = 44'992;    // 90,000 bytes with the frame's digits: the answer that brings the jobs
                                               // back holds no more, and a longer list would be lost
 

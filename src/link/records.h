@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <iterator>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace voltaro {
@@ -18,15 +19,17 @@ struct Field {
 };
 
 // The settings of one power scheme; every value a text. Times are whole minutes, "0" for never; flags "Yes" or "No".
+// The texts are kept at any length: what the user does not change goes back to the agent as it was read.
 struct PowerSchemeSettings {
-    FieldText powerScheme, cpuSpeed, screensaver, lockScreenTime, workingBrightness, idleBrightness, dimTime,
-        monitorTime, standbyTime, hibernateTime, hardDiskTime, logOffTime, shutdownTime, shutdownFlag, downloadsFlag,
+    using Slot = std::wstring;
+    Slot powerScheme, cpuSpeed, screensaver, lockScreenTime, workingBrightness, idleBrightness, dimTime, monitorTime,
+        standbyTime, hibernateTime, hardDiskTime, logOffTime, shutdownTime, shutdownFlag, downloadsFlag,
         passwordOnResume, sensorPolicy, scriptBeforePowerOff, idleCpuLoad, idleCpuLoadFlag, printerFlag;
 
     friend bool operator==(const PowerSchemeSettings&, const PowerSchemeSettings&) = default;
 };
 
-inline constexpr Field<PowerSchemeSettings> kPowerSchemeFields[] = {
+inline constexpr Field<PowerSchemeSettings, PowerSchemeSettings::Slot> kPowerSchemeFields[] = {
     {L"PowerScheme", &PowerSchemeSettings::powerScheme},
     {L"CPUSpeed", &PowerSchemeSettings::cpuSpeed},
     {L"Screensaver", &PowerSchemeSettings::screensaver},
@@ -51,9 +54,9 @@ inline constexpr Field<PowerSchemeSettings> kPowerSchemeFields[] = {
 };
 
 // One application that suppresses idle actions while it runs. The status is "Enabled" or "Disabled", each flag "Yes" or
-// "No": the texts that the policy list shows.
+// "No": the texts that the policy list shows. They too are kept at any length.
 struct ApplicationRule {
-    using Slot = FixedText<256>;
+    using Slot = std::wstring;
     Slot applicationName, ruleStatus, dimMonitor, monitorOff, lockScreen, hardDisk, logOff, standby, hibernate,
         shutdown, description;
 
@@ -74,11 +77,11 @@ inline constexpr Field<ApplicationRule, ApplicationRule::Slot> kApplicationRuleF
     {L"Description", &ApplicationRule::description},
 };
 
-inline constexpr std::size_t kMaxRules = 50;
+inline constexpr std::size_t kMaxRules = 50; // that a policy may be stored with; the agent may hold more
 
 struct ApplicationSensorPolicy {
-    FieldText name;
-    std::vector<ApplicationRule> rules; // 1 to kMaxRules when stored
+    std::wstring name;
+    std::vector<ApplicationRule> rules;
 
     friend bool operator==(const ApplicationSensorPolicy&, const ApplicationSensorPolicy&) = default;
 };

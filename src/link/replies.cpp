@@ -2,6 +2,8 @@
 
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace voltaro {
 
 const Element* FirstElement(const Element& root, std::wstring_view name)
@@ -24,6 +26,13 @@ void AddChildrenOfEvery(const Element& root, std::wstring_view name, std::vector
             found.push_back(&child);
         AddChildrenOfEvery(child, name, found);
     }
+}
+
+constexpr std::wstring_view kRulePrefix = L"AppNo_";
+
+std::int32_t RuleNumber(const Element* rule)
+{
+    return LeadingNumber(std::wstring_view(rule->name).substr(kRulePrefix.size()));
 }
 
 std::span<const Element> FieldsOfFirst(const Element& root, std::wstring_view name)
@@ -76,10 +85,7 @@ bool IsWord(std::wstring_view status, std::wstring_view word)
 
 std::vector<std::wstring> ReadNames(const Element& root)
 {
-    std::vector<std::wstring> names = TextsOf(DetailsFields(root), kMaxNames);
-    for (std::wstring& name : names)
-        name = FieldText(name).view();
-    return names;
+    return TextsOf(DetailsFields(root), kMaxNames);
 }
 
 std::optional<ApplicationSensorPolicy> ReadPolicy(const Element& root)
@@ -89,11 +95,14 @@ std::optional<ApplicationSensorPolicy> ReadPolicy(const Element& root)
         return std::nullopt;
     ApplicationSensorPolicy policy;
     policy.name = ChildText(*details, 0);
-    const std::size_t count = std::min(details->children.size() - 1, kMaxRules);
-    for (std::size_t i = 1; i <= count; ++i) {
-        if (const Element* rule = FindChild(*details, Format(L"AppNo_%d", static_cast<int>(i))))
-            policy.rules.push_back(RecordOf<ApplicationRule>(rule->children));
+    std::vector<const Element*> rules;
+    for (const Element& child : details->children) {
+        if (child.name.starts_with(kRulePrefix))
+            rules.push_back(&child);
     }
+    std::ranges::stable_sort(rules, {}, RuleNumber);
+    for (const Element* rule : rules)
+        policy.rules.push_back(RecordOf<ApplicationRule>(rule->children));
     return policy;
 }
 

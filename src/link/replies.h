@@ -47,11 +47,12 @@ template <class Record>
     return RecordOf<Record>(fields);
 }
 
-// The names that "GetPowerSchemes" and "GetPolicies" give, in the order received; each cut to 99 units.
+// The names that "GetPowerSchemes" and "GetPolicies" give, in the order received.
 inline constexpr std::size_t kMaxNames = 200;
 [[nodiscard]] std::vector<std::wstring> ReadNames(const Element& root);
 
-// A policy with at most kMaxRules rules.
+// A policy with all its rules, the elements "AppNo_1", "AppNo_2", ... in the order of their numbers. Nothing when the
+// answer has no `details` or an empty one.
 [[nodiscard]] std::optional<ApplicationSensorPolicy> ReadPolicy(const Element& root);
 
 // A name and a value as the agent sends them.

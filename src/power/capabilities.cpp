@@ -12,15 +12,6 @@ using Field = std::pair<std::wstring_view, std::wstring_view>;
 
 constexpr const wchar_t* kDenials[] = {L"No", L"False", L"Not Supported"};
 
-bool ContainsIgnoreCase(std::wstring_view text, std::wstring_view what)
-{
-    for (std::size_t at = 0; at + what.size() <= text.size(); ++at) {
-        if (EqualsIgnoreCase(text.substr(at, what.size()), what))
-            return true;
-    }
-    return false;
-}
-
 bool Supports(std::span<const Field> fields, std::wstring_view capability)
 {
     bool named = false;

@@ -8,7 +8,7 @@
 
 namespace voltaro {
 
-// The brightness sliders' positions 0 to 8; the top step is 128 and not 120, and that is meant.
+// The brightness sliders' positions 0 to 8. The agent's top step is 128, not 120.
 inline constexpr Choice kBrightnessSteps[] = {{L"0", 0}, {L"15", 15}, {L"30", 30}, {L"45", 45}, {L"60", 60},
     {L"75", 75}, {L"90", 90}, {L"105", 105}, {L"128", 128}};
 

@@ -13,7 +13,7 @@ constexpr const wchar_t* kOwnExecutables[]
     = {L"VoltaroAgentSe.exe", L"VoltaroAgentWe.exe", L"VoltaroDiagnostic.exe", L"VoltaroServiceSe.exe",
         L"VoltaroServiceWe.exe", L"VoltaroUserInteract.exe", L"VoltaroConsoleSE.exe", L"VoltaroConsoleWE.exe"};
 
-// A blank within a pasted name passes, and that is meant.
+// A blank inside passes: users paste such names. Typed, it is refused while it is the last character.
 bool BreaksTypingRule(std::wstring_view name)
 {
     return name.find_first_of(kForbiddenCharacters) != name.npos || EndsWithBlank(name);
@@ -34,7 +34,7 @@ bool IsOwnProcess(std::wstring_view name)
     return EqualsIgnoreCase(name, L"Voltaro");
 }
 
-// Only these two spellings: "x.Exe" is refused, and that is meant.
+// Only these two spellings: users know that a new rule "x.Exe" is refused.
 bool LacksExecutableExtension(std::wstring_view name)
 {
     return !name.ends_with(L".exe") && !name.ends_with(L".EXE");

@@ -1,7 +1,9 @@
 #include "power/policy.h"
 
-#include "base/text.h"
+#include "base/text_rules.h"
 #include "power/names.h"
+
+#include <algorithm>
 
 namespace voltaro {
 namespace {
@@ -52,16 +54,11 @@ const Refusal* CheckRoomForRule(std::span<const ApplicationRule> rules)
     return rules.size() < kMaxRules ? nullptr : &kNoRoom;
 }
 
-const Refusal* CheckRuleName(
-    std::wstring_view name, std::span<const ApplicationRule> rules, std::optional<std::size_t> self)
+const Refusal* CheckRuleName(std::wstring_view name, std::span<const ApplicationRule> rules)
 {
     if (const Refusal* refusal = CheckExecutableName(name))
         return refusal;
-    for (std::size_t i = 0; i < rules.size(); ++i) {
-        if (i != self && EqualsIgnoreCase(rules[i].applicationName, name))
-            return &kRuleTaken;
-    }
-    return nullptr;
+    return std::ranges::any_of(rules, SameNameAs(name), &ApplicationRule::applicationName) ? &kRuleTaken : nullptr;
 }
 
 const Refusal* CheckRules(std::span<const ApplicationRule> rules, PolicyMode mode)

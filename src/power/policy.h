@@ -4,7 +4,6 @@
 #include "link/records.h"
 
 #include <cstddef>
-#include <optional>
 #include <span>
 #include <string_view>
 
@@ -42,12 +41,10 @@ void SetRuleChecked(ApplicationRule& rule, std::size_t check, bool checked);
 // "Add Rule..": whether there is room for one more.
 [[nodiscard]] const Refusal* CheckRoomForRule(std::span<const ApplicationRule> rules);
 
-// "Save" of the rule dialog. `self` is the place of the rule that is being modified, which may keep its name.
-[[nodiscard]] const Refusal* CheckRuleName(
-    std::wstring_view name, std::span<const ApplicationRule> rules, std::optional<std::size_t> self);
+// "Save" of the rule dialog for a new rule. The name of a stored rule cannot be edited, so it is not checked.
+[[nodiscard]] const Refusal* CheckRuleName(std::wstring_view name, std::span<const ApplicationRule> rules);
 
-// "Save" of the policy window: one to kMaxRules rules. A new policy's texts are spelt in their own way, and that is
-// meant.
+// "Save" of the policy window: one to kMaxRules rules. The texts for a new policy spell "cann't"; users know them so.
 enum class PolicyMode { New, Existing };
 [[nodiscard]] const Refusal* CheckRules(std::span<const ApplicationRule> rules, PolicyMode mode);
 

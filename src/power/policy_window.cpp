@@ -56,6 +56,7 @@ constexpr int kExistingRow[] = {kPolicyLabel, kPolicyName};
 constexpr int kRuleButtons[] = {kModifyRule, kDeleteRule};
 
 constexpr Box kSaveFailed = {L"Failed to save", L"Unable to save application sensor policy settings"};
+constexpr Box kUnreadable = {L"Application Sensor Policy", L"Could not read the settings of the policy '%ls'."};
 constexpr Box kCreateFailed = {L"Failed to save ", L"Unable to save new policy settings"};
 
 struct Edited {
@@ -190,13 +191,11 @@ void OnSave(HWND window)
     const auto status = AnswerToChange(window, failed.caption, WithPolicy(operation, edited.policy));
     if (!status)
         return;
-    if (IsWord(*status, kFailure))
-        return Tell(window, failed);
     if (!IsWord(*status, kSuccess))
-        return;
+        return Tell(window, failed);
     Close(window);
     if (ReadPolicies())
-        ShowPolicies(isNew ? edited.policy.name.view() : std::wstring_view());
+        ShowPolicies(isNew ? std::wstring_view(edited.policy.name) : std::wstring_view());
     else
         OnAgentLost();
 }
@@ -246,18 +245,22 @@ void OpenPolicy(const std::wstring& name)
     std::optional<ApplicationSensorPolicy> policy;
     {
         Reply reply = SendOrLose(WithText(Operation::QueryPolicy, L"PolicyName", name));
+        if (reply.Sent() && !reply.Answered())
+            return;
         if (const Element* root = reply.Root())
             policy = ReadPolicy(*root);
     }
     if (!policy)
-        return;
-    policy->name = name; // the name it is known by
+        return Tell(WindowOf(WindowId::Scheme), kUnreadable, Format(kUnreadable.text, name.c_str()));
+    policy->name = name; // as the list of policies spells it
     Open(PolicyMode::Existing, std::move(*policy));
 }
 
 LRESULT CALLBACK PolicyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     NavigateWith(window);
+    if (IsSentToDisabled(window, message))
+        return 0;
     switch (message) {
     case WM_CREATE: return OnCreate(window);
     case WM_COMMAND: Dispatch(kCommands, window, w); return 0;

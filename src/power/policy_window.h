@@ -20,8 +20,8 @@ enum PolicyWindowControl : int {
 // The window's messages.
 LRESULT CALLBACK PolicyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
-// Opens the window over the scheme editor: for a new policy, or for one that is read from the agent first. A policy
-// that cannot be read opens nothing.
+// Opens the window over the scheme editor: for a new policy, or for one that is read from the agent first. For a policy
+// that cannot be read a box says so instead.
 void OpenNewPolicy();
 void OpenPolicy(const std::wstring& name);
 

@@ -31,7 +31,7 @@ constexpr Control kControls[] = {
 // clang-format on
 
 static_assert(IdsAreUnique(kControls));
-static_assert(FitInside(kControls, kSchemePageWidth, kStripFoot));
+static_assert(FitInside(kControls, kSchemePageWidth, kStripBottom));
 
 constexpr Box kPolicyInUse
     = {L"Policy In Use.", L"'%ls' Policy cannot be deleted.\nIt is associated with the active power scheme."};
@@ -76,10 +76,8 @@ void OnDeletePolicy(HWND strip)
         = AnswerToChange(editor, kDeleteFailed.caption, WithText(Operation::DeletePolicy, L"policy", policy));
     if (!status)
         return;
-    if (IsWord(*status, kFailure))
-        return Tell(editor, kDeleteFailed);
     if (!IsWord(*status, kSuccess))
-        return;
+        return Tell(editor, kDeleteFailed);
     if (ReadPolicies())
         ShowPolicies();
     else
@@ -98,7 +96,7 @@ LRESULT OnCreate(HWND strip)
     CreateControls(strip, kControls, WindowFont());
     FillCombo(
         strip, kProcessorSpeed, std::vector<std::wstring>(std::begin(kProcessorSpeeds), std::end(kProcessorSpeeds)));
-    KeepTo(strip, kStripTop, kStripFoot);
+    ClipToRows(strip, kStripTop, kStripBottom);
     return 0;
 }
 
@@ -111,7 +109,7 @@ void ShowPolicies(std::wstring_view selected)
     std::vector<std::wstring> entries = {kNoPolicy};
     entries.insert(entries.end(), state.policies.begin(), state.policies.end());
     FillCombo(strip, kPolicyList, entries);
-    // Nothing stays nothing: the scheme names a policy that the agent did not list.
+    // No selection stays so: the scheme names a policy that the agent did not list.
     if (SelectName(strip, kPolicyList, selected) < 0 && SelectName(strip, kPolicyList, former) < 0 && !former.empty())
         SelectIndex(strip, kPolicyList, 0);
     OnPolicy(strip);
@@ -129,7 +127,10 @@ LRESULT CALLBACK SchemeProcessorProc(HWND window, UINT message, WPARAM w, LPARAM
 {
     switch (message) {
     case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
+    case WM_COMMAND:
+        if (IsWindowEnabled(GetParent(window))) // not while the policy window is open over the editor
+            Dispatch(kCommands, window, w);
+        return 0;
     default: return DefaultAnswer(window, message, w, l);
     }
 }

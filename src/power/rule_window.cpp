@@ -56,11 +56,14 @@ constexpr int kModifiedRow[] = {kModifiedLabel, kModifiedName};
 
 constexpr FileDialog kChooseExecutable = {L"Execute Files (*.exe)\0*.exe\0", L"Select an exe file"};
 
+using RuleText = FixedText<256>; // what a user may enter
+
 struct Edited {
     std::span<const ApplicationRule> rules;
     std::optional<std::size_t> place;
     AcceptedRule accepted = nullptr;
-    ApplicationRule rule; // as it was shown
+    ApplicationRule rule;         // as it was opened
+    std::wstring openDescription; // as the edit shows it, which may not show every text
 };
 Edited edited;
 
@@ -71,7 +74,6 @@ int CheckOf(std::size_t check)
 
 void ShowRule(HWND window, const ApplicationRule& rule)
 {
-    edited.rule = rule;
     SetText(window, kRuleName, rule.applicationName);
     SetText(window, kModifiedName, rule.applicationName);
     SetText(window, kRuleDescription, rule.description);
@@ -79,13 +81,14 @@ void ShowRule(HWND window, const ApplicationRule& rule)
         SetChecked(window, CheckOf(i), IsRuleChecked(rule, i));
 }
 
-// A text that the dialog could not show stays until the user changes its check box.
+// What the user did not change stays as it was read, be it a text that the dialog cannot show.
 ApplicationRule RuleOnScreen(HWND window)
 {
     ApplicationRule rule = edited.rule;
     if (!edited.place)
-        rule.applicationName = TextOf(window, kRuleName);
-    rule.description = TextOf(window, kRuleDescription);
+        rule.applicationName = RuleText(TextOf(window, kRuleName)).view();
+    if (const std::wstring description = TextOf(window, kRuleDescription); description != edited.openDescription)
+        rule.description = RuleText(description).view();
     for (std::size_t i = 0; i < kRuleChecks.size(); ++i) {
         const bool checked = IsChecked(window, CheckOf(i));
         if (!edited.place || checked != IsRuleChecked(rule, i))
@@ -101,25 +104,23 @@ LRESULT OnCreate(HWND window)
     edited = Edited();
     CreateControls(window, kControls, WindowFont());
     for (const int edit : {kRuleName, kRuleDescription})
-        LimitText(window, edit, ApplicationRule::Slot::kCapacity);
+        LimitText(window, edit, RuleText::kCapacity);
     SetTooltip(ControlOf(window, kRuleFile), kChooseExecutable.title);
     return 0;
 }
 
-// "Clear" empties the fields; the name of a rule that is being modified is none.
+// "Clear" empties the fields; the name of a rule that is being modified is not one of them.
 void OnClear(HWND window)
 {
     ApplicationRule empty;
     if (edited.place)
         empty.applicationName = edited.rule.applicationName;
-    const ApplicationRule shown = edited.rule;
     ShowRule(window, empty);
-    edited.rule = shown;
 }
 
 void OnChooseFile(HWND window)
 {
-    const auto path = chooseFile(window, kChooseExecutable);
+    const auto path = ChooseFile(window, kChooseExecutable);
     if (!path)
         return;
     SetText(window, kRuleName, std::wstring_view(*path).substr(path->find_last_of(L"\\/") + 1));
@@ -134,11 +135,8 @@ void Close(HWND window)
 void OnSave(HWND window)
 {
     const ApplicationRule rule = RuleOnScreen(window);
-    const std::wstring name(rule.applicationName);
-    const Refusal* refusal = CheckRuleName(name, edited.rules, edited.place);
-    if (refusal != nullptr && edited.place) // its name cannot be changed here, only looked at
-        return Tell(window, {refusal->title, refusal->text}, RefusalText(*refusal, name));
-    if (Refuse(window, kRuleName, refusal, name))
+    const std::wstring& name = rule.applicationName;
+    if (!edited.place && Refuse(window, kRuleName, CheckRuleName(name, edited.rules), name))
         return;
     Close(window);
     edited.accepted(rule, edited.place);
@@ -157,10 +155,13 @@ constexpr Command kCommands[] = {
 void OpenRuleWindow(std::span<const ApplicationRule> rules, std::optional<std::size_t> place, AcceptedRule accepted)
 {
     const HWND window = WindowOf(WindowId::Rule);
-    edited = {rules, place, accepted, {}};
-    ApplicationRule fresh;
-    SetRuleChecked(fresh, 0, true); // a new rule is enabled
-    ShowRule(window, place ? rules[*place] : fresh);
+    edited = {rules, place, accepted, {}, {}};
+    if (place)
+        edited.rule = rules[*place];
+    else
+        SetRuleChecked(edited.rule, 0, true); // a new rule is enabled
+    ShowRule(window, edited.rule);
+    edited.openDescription = TextOf(window, kRuleDescription);
     Show(window, kNewRow, !place);
     Show(window, kModifiedRow, place.has_value());
     ShowOverOwner(window);
@@ -170,6 +171,8 @@ void OpenRuleWindow(std::span<const ApplicationRule> rules, std::optional<std::s
 LRESULT CALLBACK RuleWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     NavigateWith(window);
+    if (IsSentToDisabled(window, message))
+        return 0;
     switch (message) {
     case WM_CREATE: return OnCreate(window);
     case WM_COMMAND: Dispatch(kCommands, window, w); return 0;

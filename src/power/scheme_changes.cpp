@@ -26,11 +26,11 @@ bool SendSettings(HWND editor, Operation operation, const PowerSchemeSettings& s
     const auto status = AnswerToChange(editor, kSaveFailed.caption, WithRecord(operation, settings));
     if (!status)
         return false;
-    if (IsWord(*status, kFailure))
-        Tell(editor, kSaveFailed);
-    else if (operation == Operation::ApplyPowerSettings && IsWord(*status, kPermissionDenied))
-        Tell(editor, kDenied);
-    return IsWord(*status, kSuccess);
+    if (IsWord(*status, kSuccess))
+        return true;
+    const bool denied = operation == Operation::ApplyPowerSettings && IsWord(*status, kPermissionDenied);
+    Tell(editor, denied ? kDenied : kSaveFailed);
+    return false;
 }
 
 } // namespace
@@ -41,9 +41,10 @@ bool ApplyScheme(HWND editor, const std::wstring& scheme)
         = AnswerToChange(editor, kSetFailed.caption, WithText(Operation::ApplyPowerScheme, L"scheme", scheme));
     if (!status)
         return false;
-    if (IsWord(*status, kFailure))
+    if (!IsWord(*status, kSuccess))
         Tell(editor, kSetFailed);
-    return !IsWord(*status, kFailure); // whatever else it says, the scheme may be active now
+    // After any other word the scheme may be active; an answer without a word changes nothing on screen.
+    return !status->empty() && !IsWord(*status, kFailure);
 }
 
 bool SaveScheme(HWND editor, const PowerSchemeSettings& settings)
@@ -68,9 +69,10 @@ bool DeleteScheme(HWND editor, const std::wstring& scheme)
         = AnswerToChange(editor, kDeleteFailed.caption, WithText(Operation::DeleteScheme, L"scheme", scheme));
     if (!status)
         return false;
-    if (IsWord(*status, kFailure))
-        Tell(editor, kDeleteFailed);
-    return IsWord(*status, kSuccess);
+    if (IsWord(*status, kSuccess))
+        return true;
+    Tell(editor, kDeleteFailed);
+    return false;
 }
 
 } // namespace voltaro

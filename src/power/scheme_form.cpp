@@ -33,15 +33,14 @@ std::wstring ShownSetting(const SchemeField& field, std::wstring_view stored)
     return EqualsIgnoreCase(stored, kYes) ? kYes : kNo;
 }
 
-std::wstring StoredSetting(const SchemeField& field, std::wstring_view shown, std::wstring_view stored)
+std::wstring StoredSetting(const SchemeField& field, std::wstring_view shown, const LoadedSetting& loaded)
 {
+    if (shown == loaded.shown && !loaded.stored.empty() && shown != kUnsupported.text)
+        return loaded.stored;
     switch (field.shown) {
     case Shown::Step:
-    case Shown::Choice: return ChosenText(field.choices, shown, stored);
-    case Shown::Name:
-        if (shown.empty())
-            return std::wstring(stored);
-        return std::wstring(shown == kNoPolicy ? std::wstring_view() : shown);
+    case Shown::Choice: return ChosenText(field.choices, shown);
+    case Shown::Name: return std::wstring(shown == kNoPolicy ? std::wstring_view() : shown);
     case Shown::Check: break;
     }
     return std::wstring(shown);

@@ -51,7 +51,7 @@ struct SchemeField {
     SchemePage page;
     int control;
     Shown shown;
-    FieldText PowerSchemeSettings::*slot;
+    PowerSchemeSettings::Slot PowerSchemeSettings::*slot;
     Choices choices{}; // the whole list, also where the control holds a part of it
 };
 
@@ -87,9 +87,16 @@ static_assert(std::size(kSchemeForm) + 1 == std::size(kPowerSchemeFields));
 // What the control shows for a stored text: a choice's text, a name, "Yes" or "No".
 [[nodiscard]] std::wstring ShownSetting(const SchemeField& field, std::wstring_view stored);
 
-// What is stored for what the control shows; `stored` is the text it was shown for. A text that the control could not
-// show stays as it was until the user changes that control.
-[[nodiscard]] std::wstring StoredSetting(const SchemeField& field, std::wstring_view shown, std::wstring_view stored);
+// What a control showed for a stored text, once the linked lists were filled.
+struct LoadedSetting {
+    std::wstring shown;
+    std::wstring stored;
+};
+
+// What is stored for what the control shows now. As long as it shows what it was loaded with, the stored text stays as
+// it is, be it one that no control can show; only an empty one, and what a control shows as "Disabled", is replaced.
+[[nodiscard]] std::wstring StoredSetting(
+    const SchemeField& field, std::wstring_view shown, const LoadedSetting& loaded);
 
 // What the controls show before a scheme was read.
 [[nodiscard]] PowerSchemeSettings InitialSettings();

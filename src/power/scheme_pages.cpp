@@ -1,4 +1,4 @@
-// The pages "Display Control" and "Poweroff Options" of the scheme editor, and the form that binds them and the
+// The pages "Display Control" and "Poweroff Options" of the scheme editor, and what binds them and the
 // processor strip to a scheme's settings.
 #include "power/scheme_pages.h"
 
@@ -10,6 +10,8 @@
 #include "ui/tooltip.h"
 #include "ui/window_class.h"
 
+#include <algorithm>
+#include <array>
 #include <vector>
 
 namespace voltaro {
@@ -67,13 +69,14 @@ constexpr Control kPowerOffControls[] = {
 // clang-format on
 
 static_assert(IdsAreUnique(kDisplayControls) && IdsAreUnique(kPowerOffControls));
-static_assert(FitInside(kDisplayControls, kSchemePageWidth, kSchemePageFoot));
-static_assert(FitInside(kPowerOffControls, kSchemePageWidth, kSchemePageFoot));
+static_assert(FitInside(kDisplayControls, kSchemePageWidth, kSchemePageBottom));
+static_assert(FitInside(kPowerOffControls, kSchemePageWidth, kSchemePageBottom));
 
 constexpr int kSleepControls[] = {kStandbyLabel, kStandbyTime, kHibernateLabel, kHibernateTime};
 
 struct FormState {
-    PowerSchemeSettings settings; // as shown last, before the user changed anything
+    PowerSchemeSettings settings;                             // as shown last, before the user changed anything
+    std::array<std::wstring, std::size(kSchemeForm)> shown{}; // what the controls showed for them
     PowerCapabilities capabilities;
 };
 FormState form;
@@ -177,7 +180,7 @@ LRESULT MakePage(HWND page, std::span<const Control> rows)
 {
     CreateControls(page, rows, WindowFont());
     SetFont(page, kHeading, FontOf(15, 600));
-    KeepTo(page, 0, kSchemePageFoot);
+    ClipToRows(page, 0, kSchemePageBottom);
     return 0;
 }
 
@@ -224,14 +227,14 @@ constexpr Command kPowerOffCommands[] = {
 
 } // namespace
 
-void KeepTo(HWND page, int top, int foot)
+void ClipToRows(HWND page, int top, int bottom)
 {
-    SetWindowRgn(page, CreateRectRgn(0, top, kSchemePageWidth, foot), FALSE); // the window owns it from now on
+    SetWindowRgn(page, CreateRectRgn(0, top, kSchemePageWidth, bottom), FALSE); // the window owns the region
 }
 
 void ShowSettings(const PowerSchemeSettings& settings)
 {
-    form = {settings, Capabilities()};
+    form = {settings, {}, Capabilities()};
     for (const SchemeField& field : kSchemeForm)
         ShowField(field, ShownSetting(field, settings.*field.slot));
     const HWND display = PageOf(SchemePage::Display);
@@ -242,13 +245,16 @@ void ShowSettings(const PowerSchemeSettings& settings)
     SetChecked(powerOff, kSleepChoice, !IsChecked(powerOff, kShutdownChoice));
     OnPowerOffChoice(powerOff);
     OnCpuLoadCheck(powerOff);
+    std::ranges::transform(kSchemeForm, form.shown.begin(), FieldShown);
 }
 
 PowerSchemeSettings EditedSettings()
 {
     PowerSchemeSettings settings = form.settings;
-    for (const SchemeField& field : kSchemeForm)
-        settings.*field.slot = StoredSetting(field, FieldShown(field), settings.*field.slot);
+    for (std::size_t i = 0; i < std::size(kSchemeForm); ++i) {
+        const SchemeField& field = kSchemeForm[i];
+        settings.*field.slot = StoredSetting(field, FieldShown(field), {form.shown[i], form.settings.*field.slot});
+    }
     return settings;
 }
 

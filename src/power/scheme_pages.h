@@ -9,14 +9,14 @@ namespace voltaro {
 LRESULT CALLBACK SchemeDisplayProc(HWND window, UINT message, WPARAM w, LPARAM l);
 LRESULT CALLBACK SchemePowerOffProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
-// The editor's three child windows lie one upon the other. The two pages keep to the upper part, the processor strip to
-// the lower one, so that none paints over another.
+// The editor's three child windows have one rectangle. The two pages are clipped to its upper part, the processor strip
+// to the lower one, so that none paints over another.
 inline constexpr int kSchemePageWidth = 532;
-inline constexpr int kSchemePageFoot = 312;
+inline constexpr int kSchemePageBottom = 312;
 inline constexpr int kStripTop = 317;
-inline constexpr int kStripFoot = 365;
-// Cuts a child window to the rows from `top` to `foot`, pixels of its client area.
-void KeepTo(HWND page, int top, int foot);
+inline constexpr int kStripBottom = 365;
+// Clips a child window to the rows from `top` to `bottom`, pixels of its client area.
+void ClipToRows(HWND page, int top, int bottom);
 
 // Shows a scheme's settings in the controls of the pages and the strip.
 void ShowSettings(const PowerSchemeSettings& settings);

@@ -55,18 +55,18 @@ static_assert(IdsAreUnique(kControls));
 static_assert(FitInside(kControls, 559, 541)); // of 565 x 590, less the frame, the caption and the menu bar
 
 constexpr int kNewSchemeRow[] = {kNewSchemeLabel, kNewSchemeName, kSaveNewScheme};
-constexpr int kSchemeButtons[] = {kSaveAndApply, kDeleteScheme};
 
 struct Editor {
     bool isNew = false;       // a new scheme's name is being entered
     bool isPicked = false;    // the user picked the scheme on screen
     bool isBusy = false;      // a background refresh runs
+    bool isStale = false;     // the current settings could not be read again: what is on screen is not sent
     std::wstring shownScheme; // whose settings are on screen
     UniqueHandle closed;
 };
 Editor editor;
 
-// The one place that decides what can be seen and pressed.
+// What is visible and what is enabled in each mode; nothing else shows or greys these controls.
 void ShowMode(HWND window)
 {
     const bool ready = !editor.isBusy;
@@ -76,9 +76,11 @@ void ShowMode(HWND window)
     Show(window, kEditorBusy, editor.isBusy);
     SendMessageW(ControlOf(window, kEditorBusy), PBM_SETMARQUEE, editor.isBusy, 0);
     Enable(window, kEditorScheme, ready);
-    Enable(window, kApplyScheme, ready && known);
+    Enable(window, kApplyScheme, ready && known && !editor.isStale);
+    Enable(window, kSaveNewScheme, !editor.isStale);
     Enable(window, kEditSettings, ready);
-    Enable(window, kSchemeButtons, ready && known && !editor.isNew);
+    Enable(window, kSaveAndApply, ready && known && !editor.isNew && !editor.isStale);
+    Enable(window, kDeleteScheme, ready && known && !editor.isNew);
     EnableSettings(ready);
     EnablePolicyButtons(ready);
     SendMessageW(ControlOf(window, kSaveNewScheme), BM_SETSTYLE, editor.isNew ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
@@ -104,14 +106,15 @@ void ShowCurrentScheme(HWND window)
     ShowScheme(window, std::wstring(state.currentScheme.powerScheme), read ? state.currentScheme : InitialSettings());
 }
 
-// Shows the lists, and the current settings or what was on screen.
-void ShowAll(HWND window, bool current)
+// Shows the lists, and the current settings or, if they could not be read, what was on screen.
+void ShowAll(HWND window, bool keep)
 {
     editor.isNew = false;
     editor.isBusy = false;
+    editor.isStale = !CurrentWasRead();
     FillCombo(window, kEditorScheme, state.schemes);
     ShowPolicies();
-    if (current)
+    if (!keep || !editor.isStale)
         ShowCurrentScheme(window);
     else
         SelectName(window, kEditorScheme, editor.shownScheme);
@@ -121,7 +124,9 @@ void ShowAll(HWND window, bool current)
 void ReadAndShow(HWND window, std::span<const Reader> readers)
 {
     if (ReadInOrder(readers))
-        ShowAll(window, CurrentWasRead());
+        return ShowAll(window, true);
+    editor.isStale = true;
+    ShowMode(window);
 }
 
 void Close(HWND window)
@@ -157,6 +162,7 @@ void OnPickScheme(HWND window)
     }
     editor.isNew = false;
     editor.isPicked = true;
+    editor.isStale = false;
     ShowScheme(window, scheme, *settings);
     ShowMode(window);
 }
@@ -246,10 +252,10 @@ void OnOk(HWND window)
 
 void OnEnter(HWND window)
 {
-    if (editor.isNew)
-        OnSaveNewScheme(window);
-    else
+    if (!editor.isNew)
         OnOk(window);
+    else if (!editor.isStale) // else its button is grey
+        OnSaveNewScheme(window);
 }
 
 void OnCancel(HWND window)
@@ -305,7 +311,7 @@ void OpenSchemeWindow(HWND)
         BindPages(window);
         if (!ReadInOrder(kReload))
             return;
-        ShowAll(window, true); // nothing is left of the last opening, even if no answer could be read
+        ShowAll(window, false); // nothing is left of the last opening, even if no answer could be read
         ResetEvent(editor.closed.Get());
         ShowWindow(window, SW_SHOWNORMAL);
         SetFocus(ControlOf(window, kEditorScheme));
@@ -323,15 +329,17 @@ void OnPowerRefreshed()
 {
     OnUi([] {
         if (editor.isBusy)
-            ShowAll(WindowOf(WindowId::Scheme), CurrentWasRead());
+            ShowAll(WindowOf(WindowId::Scheme), true);
     });
 }
 
 void OnPowerRefreshFailed()
 {
     OnUi([] {
-        if (std::exchange(editor.isBusy, false))
-            ShowMode(WindowOf(WindowId::Scheme));
+        if (!std::exchange(editor.isBusy, false))
+            return;
+        editor.isStale = true;
+        ShowMode(WindowOf(WindowId::Scheme));
     });
     OnAgentLost();
 }
@@ -339,6 +347,8 @@ void OnPowerRefreshFailed()
 LRESULT CALLBACK SchemeWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     NavigateWith(window);
+    if (IsSentToDisabled(window, message))
+        return 0;
     switch (message) {
     case WM_CREATE: return OnCreate(window);
     case WM_COMMAND: Dispatch(kCommands, window, w); return 0;

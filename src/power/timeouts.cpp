@@ -3,7 +3,7 @@
 namespace voltaro {
 namespace {
 
-constexpr Choice kDisabledChoices[] = {{L"Disabled", 0}};
+constexpr Choice kDisabledChoices[] = {kUnsupported};
 
 ComboList Selecting(Choices choices, std::wstring_view text)
 {

@@ -23,6 +23,7 @@ inline constexpr Choice kTimeouts[] = {
 };
 // clang-format on
 inline constexpr Choice kNever = {L"Never", 0};
+inline constexpr Choice kUnsupported = {L"Disabled", 0}; // the only entry where the machine lacks the capability
 
 // The rows from one number of minutes to another, and "Never".
 template <std::int32_t FirstMinutes, std::int32_t LastMinutes>

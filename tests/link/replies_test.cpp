@@ -46,14 +46,17 @@ TEST(RepliesTest, RecordsTakeWhatIsThere)
     EXPECT_EQ(longer->snoozeMinutes, L"5");
 }
 
-TEST(RepliesTest, PoliciesHoldAtMostFiftyRules)
+TEST(RepliesTest, PoliciesKeepEveryRuleAndItsTextsByNumber)
 {
     Element details = Texts(L"details", {L"Meetings"});
-    for (int i = 1; i <= 60; ++i)
-        details.children.push_back(Holding(Format(L"AppNo_%d", i), {TextElement(L"Application_Name", L"a.exe")}));
+    for (int i = 60; i > 0; --i)
+        details.children.push_back(Holding(Format(L"AppNo_%d", i),
+            {TextElement(L"Application_Name", std::wstring(static_cast<std::size_t>(i * 9), L'a'))}));
     const auto policy = ReadPolicy(details);
     EXPECT_EQ(policy->name, L"Meetings");
-    EXPECT_EQ(policy->rules.size(), 50U);
+    ASSERT_EQ(policy->rules.size(), 60U);
+    EXPECT_EQ(policy->rules[0].applicationName.size(), 9U);
+    EXPECT_EQ(policy->rules[59].applicationName.size(), 540U);
     EXPECT_FALSE(ReadPolicy(Texts(L"details", {})));
 }
 

@@ -15,6 +15,11 @@ HWND List()
     return ControlOf(WindowOf(kPolicy), kRuleList);
 }
 
+void Click(WindowId window, int id)
+{
+    SendMessageW(ControlOf(WindowOf(window), id), BM_CLICK, 0, 0);
+}
+
 void AddRule(PowerProgram& program, std::wstring_view name, std::wstring_view description = {})
 {
     program.Command(kPolicy, kAddRule);
@@ -143,34 +148,69 @@ TEST(PolicyWindow, AnswersDecideWhatIsShownAndReadAgain)
         AddRule(program, L"Chess.exe");
     });
     EXPECT_EQ(SelectedText(WindowOf(kStrip), kPolicyList), L"Presentations"); // the agent does not list the new one
-    program.AnswerWith(L"QueryPolicy", kMalformed);
-    OpenPresentations(program);
-    EXPECT_FALSE(program.IsOpen(kPolicy));
+    for (const wchar_t* answer : {kMalformed, L"Failure"}) {
+        program.AnswerWith(L"QueryPolicy", answer);
+        program.boxes.Expect({{L"Application Sensor Policy", L"Could not read the settings of the policy 'Pres"}});
+        OpenPresentations(program);
+        EXPECT_FALSE(program.IsOpen(kPolicy));
+    }
 }
 
-TEST(PolicyWindow, FiftyRulesRoundTripAndNoMoreFit)
+TEST(PolicyWindow, MoreRulesAndLongerTextsThanAllowedAreShownAndKept)
 {
     PowerProgram program;
     Element& policy = program.Machine().policies[0];
-    for (int i = 4; i < 50; ++i) {
+    for (int i = 4; i <= 51; ++i) {
         Element rule = policy.children[1];
         rule.name = L"AppNo_" + std::to_wstring(i);
-        rule.children[0].text = L"Tool" + std::to_wstring(i) + L".exe";
-        rule.children[10].text.assign(255, L'<'); // long on the wire
+        rule.children[0].text = L"Tool" + std::to_wstring(i) + L".Exe"; // could not be entered
+        rule.children[10].text.assign(500, L'<');                       // long on the wire
         policy.children.push_back(rule);
     }
     OpenPresentations(program);
-    AddRule(program, L"Last.exe", std::wstring(1000, L'd'));
-    program.boxes.Expect(
-        {{L"Applications list max limit reached ", L"Applications limit per policy name is 50 applications ."}});
+    ASSERT_EQ(RowCount(List()), 51);
+    EXPECT_EQ(RowOf(50)[0], L"Tool51.Exe");
+    program.boxes.Expect({{L"Applications List Exceeded Limitation", L"Application's list cannot contain more than 50"},
+        {L"Applications list max limit reached ", L"Applications limit per policy name is 50 applications ."}});
+    program.Command(kPolicy, kSavePolicy);
+    SelectRow(List(), 0);
+    program.Command(kPolicy, kDeleteRule);
     program.Command(kPolicy, kAddRule);
     EXPECT_FALSE(program.IsOpen(kRule));
+    SelectRow(List(), 0);
+    program.Command(kPolicy, kDeleteRule);
+    AddRule(program, L"Last.exe", std::wstring(1000, L'd'));
+    SelectRow(List(), 1);
+    program.Command(kPolicy, kModifyRule);
+    Click(kRule, kFirstRuleCheck);
+    program.Command(kRule, kSaveRule);
     program.Command(kPolicy, kSavePolicy);
+    const std::vector<Element> saved = program.Machine().policies[0].children;
+    ASSERT_EQ(saved.size(), 51U);
+    EXPECT_EQ(saved[2].children[1].text, L"Disabled");
+    EXPECT_EQ(saved[2].children[10].text, std::wstring(500, L'<'));
+    EXPECT_EQ(saved[50].children[10].text, std::wstring(255, L'd')); // as long as one may be entered
+}
+
+TEST(PolicyWindow, NothingReachesAWindowUnderAnotherOne)
+{
+    PowerProgram program;
     OpenPresentations(program);
-    ASSERT_EQ(RowCount(List()), 50);
-    EXPECT_EQ(RowOf(3)[0], L"Tool4.exe");
-    EXPECT_EQ(RowOf(48)[1], std::wstring(255, L'<'));
-    EXPECT_EQ(RowOf(49)[1], std::wstring(255, L'd')); // cut to the slot
+    const auto isOpen = [&](WindowId window) { return program.IsOpen(window) && !IsWindowEnabled(WindowOf(window)); };
+    SelectRow(List(), 1);
+    program.Command(kPolicy, kModifyRule);
+    program.Agent().ClearRequests();
+    SendPastDisabled(kPolicy, {IDCANCEL, kDeleteRule, kSavePolicy});
+    NMLVKEYDOWN key{{List(), kRuleList, static_cast<UINT>(LVN_KEYDOWN)}, VK_DELETE, 0};
+    SendMessageW(WindowOf(kPolicy), WM_NOTIFY, kRuleList, reinterpret_cast<LPARAM>(&key));
+    SendPastDisabled(WindowId::Scheme, {IDCANCEL, kEditorOk, kEditorRefresh});
+    program.Command(kStrip, kNewPolicy);
+    program.Command(kStrip, kEditPolicy);
+    EXPECT_TRUE(isOpen(kPolicy) && isOpen(WindowId::Scheme));
+    EXPECT_EQ(program.TakeOperations(), Names{});
+    program.Command(kRule, kSaveRule);
+    EXPECT_EQ(RowCount(List()), 3);
+    EXPECT_EQ(TextOf(WindowOf(kPolicy), kPolicyName), L"Presentations");
 }
 
 TEST(PolicyWindow, NamesAndListsAreChecked)
@@ -195,13 +235,19 @@ TEST(PolicyWindow, NamesAndListsAreChecked)
     ExpectRefused(program, kRule, kRuleName, kSaveRule, {},
         {{L"", L"No Application name "},
             {L"a Tool.exe", L"Application name already in the list ", L"Application ' a Tool.exe ' already exists"}});
+    static std::wstring chosen;
     const FileChooser chooser = std::exchange(chooseFile, [](HWND, const FileDialog& dialog) {
         EXPECT_STREQ(dialog.title, L"Select an exe file");
-        return std::optional<std::wstring>(L"C:\\Program Files\\Draw\\Draw.exe");
+        return std::optional(chosen);
     });
+    chosen = L"C:\\" + std::wstring(251, L'd') + L"\\D.exe"; // 260 units
+    program.boxes.Expect({{L"Path too long", L"is longer than 259 characters"}});
+    program.Command(kRule, kRuleFile);
+    EXPECT_EQ(TextOf(WindowOf(kRule), kRuleName), L"");
+    chosen.erase(3, 1);
     program.Command(kRule, kRuleFile);
     chooseFile = chooser;
-    EXPECT_EQ(TextOf(WindowOf(kRule), kRuleName), L"Draw.exe");
+    EXPECT_EQ(TextOf(WindowOf(kRule), kRuleName), L"D.exe");
     program.Command(kRule, ID_RULE_CLEAR);
     EXPECT_EQ(TextOf(WindowOf(kRule), kRuleName), L"");
     program.Command(kRule, IDCANCEL);

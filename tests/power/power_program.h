@@ -93,9 +93,17 @@ struct Change {
     const wchar_t* question; // asked first and answered with Yes; null for none
     ExpectedBox failed;
     Names readAfterSuccess;
-    Names readAfterOthers{}; // after an answer that says neither, or cannot be read
-    ExpectedBox denied{};    // the box for "Permission denied", if any
+    Names readAfterOthers{}; // after an answer that says neither
+    ExpectedBox denied{};    // the box for "Permission denied", if it has one of its own
 };
+
+// Sends what would close or change a window to one that another window lies over; nothing may come of it.
+inline void SendPastDisabled(WindowId window, std::initializer_list<int> commands)
+{
+    SendMessageW(WindowOf(window), WM_CLOSE, 0, 0);
+    for (const int command : commands)
+        SendMessageW(WindowOf(window), WM_COMMAND, static_cast<WPARAM>(command), 0);
+}
 
 // Makes the change once for each answer: expects its box, and what is read again.
 template <class Make>
@@ -107,12 +115,12 @@ void ExpectAnswers(PowerProgram& program, const Change& change, Make make)
         Names readAgain;
     } rows[] = {
         {L"Failure", change.failed, {}},
-        {L"Permission denied", change.denied, change.readAfterOthers},
-        {kNoStatus, {}, change.readAfterOthers},
+        {L"Permission denied", change.denied.caption.empty() ? change.failed : change.denied, change.readAfterOthers},
+        {kNoStatus, change.failed, {}},
         {L"Success", {}, change.readAfterSuccess},
         {L"success", {}, change.readAfterSuccess},
         {L"Not Activated", {change.failed.caption, L"is not activated"}, {L"GetActivationstatus"}},
-        {kMalformed, {}, change.readAfterOthers},
+        {kMalformed, change.failed, {}},
         {kNoAnswer, {L"Connection Issue", L"is not responding"}, {}},
     };
     for (const auto& row : rows) {

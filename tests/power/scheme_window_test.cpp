@@ -152,7 +152,7 @@ TEST(SchemeWindow, AnswersDecideWhatIsShownAndReadAgain)
         {L"ApplyPowerSettings", nullptr, notSaved, kAfterSaving, {}, {L"Permission denied", L"Access denied."}},
         [&] { program.Command(kEditor, kSaveAndApply); });
     ExpectAnswers(program,
-        {L"ApplyPowerScheme", nullptr, {L"Set scheme failed ", L"Unable to Set."}, kCurrent, kCurrent},
+        {L"ApplyPowerScheme", nullptr, {L"Set scheme failed ", L"Unable to Set."}, kCurrent, kCurrent}, // may be active
         [&] { program.Command(kEditor, kApplyScheme); });
     ExpectAnswers(program, {L"CreateScheme", nullptr, notSaved, kReload}, [&] {
         program.Command(kEditor, kNewScheme);
@@ -238,23 +238,27 @@ TEST(SchemeWindow, AMachineThatCannotSleepShowsDisabled)
     EXPECT_EQ(Held(program, L"Balanced", L"StandBytime") + Held(program, L"Balanced", L"Hibernatetime"), L"00");
 }
 
-TEST(SchemeWindow, WhatNoChoiceHasStaysUntilTheUserChangesIt)
+TEST(SchemeWindow, WhatTheUserDidNotChangeGoesBackAsRead)
 {
     PowerProgram program;
-    for (Element& field : program.Machine().schemes[1].children) {
-        if (field.name == L"Dimtime" || field.name == L"HardDiskTimeOut")
-            field.text = L"7";
-        if (field.name == L"Shutdowntime")
-            field.text = L"5000";
-    }
+    std::vector<Element> fields = program.Machine().schemes[1].children;
+    for (std::size_t i = 1; i < fields.size(); ++i)
+        fields[i].text = L"07 " + std::to_wstring(i); // no control can show it
+    fields[1].text.assign(300, L'x');
+    fields[6].text = L"60"; // the list that follows the dim time does not hold 10 minutes
+    fields[7].text = L"10";
+    program.Machine().schemes[1].children = fields;
+    program.Agent().ScriptReply(L"ApplyPowerSettings", L"<vltp><response><status>Success</status></response></vltp>");
     program.Choose(kEditor, kEditorScheme, L"MaxPowerSaver");
-    EXPECT_EQ(ShownIn(kDisplayPage, kDim), L"After 10 Mins");
-    EXPECT_EQ(ShownIn(kPowerOffPage, kShutdownTime), L"Never");
+    EXPECT_EQ(ShownIn(kPowerOffPage, kHardDisk), L"After 10 Mins");
+    EXPECT_EQ(ShownIn(kDisplayPage, kMonitorOff), L"After 2 Hrs");
     program.Choose(kPowerOffPage, kHardDisk, L"After 5 Mins");
     program.Command(kEditor, kSaveAndApply);
-    EXPECT_EQ(Held(program, L"MaxPowerSaver", L"Dimtime"), L"7");
-    EXPECT_EQ(Held(program, L"MaxPowerSaver", L"HardDiskTimeOut"), L"5");
-    EXPECT_EQ(Held(program, L"MaxPowerSaver", L"Shutdowntime"), L"5000");
+    fields[10].text = L"5";
+    std::wstring expected;
+    for (const Element& field : fields)
+        expected += L"|<" + field.name + L">" + field.text + L"</" + field.name + L">";
+    program.ExpectSent(L"ApplyPowerSettings", L"<details>" + expected + L"</details>");
 }
 
 TEST(SchemeWindow, NamesAreCheckedTypedAndPasted)
@@ -284,10 +288,20 @@ TEST(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
         EXPECT_EQ(ShownIn(kDisplayPage, kDim), L"After 5 Mins");
         EXPECT_FALSE(IsShown(kApplyScheme));
     }
-    program.AnswerWith(L"GetCurrentpowersettings", kMalformed);
-    program.Choose(kDisplayPage, kDim, L"After 20 Mins");
-    program.Command(kEditor, kSaveAndApply);
-    EXPECT_EQ(ShownIn(kDisplayPage, kDim), L"After 20 Mins");
+    // Current settings that cannot be read leave what is on screen, which is not sent again before a readable answer.
+    for (const wchar_t* answer : {kMalformed, L"Failure"}) {
+        program.AnswerWith(L"GetCurrentpowersettings", answer);
+        program.Choose(kDisplayPage, kDim, L"After 20 Mins");
+        program.Command(kEditor, kSaveAndApply);
+        EXPECT_EQ(ShownIn(kDisplayPage, kDim), L"After 20 Mins");
+        EXPECT_FALSE(IsWindowEnabled(In(kEditor, kSaveAndApply)) || IsWindowEnabled(In(kEditor, kApplyScheme))
+            || IsWindowEnabled(In(kEditor, kSaveNewScheme)));
+        program.AnswerWith(L"GetPolicies", kNoStatus); // readable, without a name
+        state.connected = false;
+        program.Command(kEditor, kEditorRefresh);
+        EXPECT_TRUE(IsWindowEnabled(In(kEditor, kSaveAndApply)) && IsWindowEnabled(In(kEditor, kSaveNewScheme)));
+        EXPECT_EQ(EntriesOf(kStrip, kPolicyList), Names{L"(None)"});
+    }
 }
 
 TEST(SchemeWindow, ModesAndTheWaysOut)
@@ -358,6 +372,7 @@ TEST(SchemeWindow, RefreshesInTheBackground)
     program.Choose(kDisplayPage, kDim, L"After 20 Mins");
     refresh();
     EXPECT_EQ(ShownIn(kDisplayPage, kDim), L"After 20 Mins");
+    EXPECT_FALSE(IsWindowEnabled(In(kEditor, kSaveAndApply)));
     StopWorkers(StopOrder::MainWindowDestroyed);
 }
 

@@ -1,8 +1,10 @@
 #include "power/levels.h"
+#include "power/scheme_form.h"
 #include "power/timeouts.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -39,11 +41,10 @@ TEST(TimeoutsTest, EveryChoiceOfEveryListBothWays)
             const std::wstring minutes = std::to_wstring(list.minutes[i]);
             EXPECT_EQ(list.choices[i].text, TextFor(list.minutes[i]));
             EXPECT_EQ(ShownText(list.choices, minutes), TextFor(list.minutes[i]));
-            EXPECT_EQ(ChosenText(list.choices, TextFor(list.minutes[i]), L"0"), minutes);
+            EXPECT_EQ(ChosenText(list.choices, TextFor(list.minutes[i])), minutes);
         }
         EXPECT_STREQ(ShownText(list.choices, L"0"), L"Never");
-        EXPECT_EQ(ChosenText(list.choices, L"Never", L"10"), L"0");
-        EXPECT_EQ(ChosenText(list.choices, L"Disabled", L"45"), L"0");
+        EXPECT_EQ(ChosenText(list.choices, L"Never"), L"0");
     }
 }
 
@@ -64,49 +65,42 @@ TEST(TimeoutsTest, NumbersThatNoChoiceHas)
         {kBrightnessSteps, L"255", L"128"},
         {kCpuLoads, L"150", L"99"},
     };
-    for (const auto& row : kRows) {
+    for (const auto& row : kRows)
         EXPECT_STREQ(ShownText(row.choices, row.stored), row.shown);
-        EXPECT_EQ(ChosenText(row.choices, row.shown, row.stored), row.stored); // untouched
-        EXPECT_EQ(ChosenText(row.choices, row.choices[1].text, row.stored), std::to_wstring(row.choices[1].number));
-    }
-    EXPECT_EQ(ChosenText(kDimChoices, L"Never", L""), L"0"); // an answer without the field
-    // A link that moved the second combo is stored as shown, whatever the agent had stored.
-    EXPECT_EQ(ChosenText(kMonitorOffChoices, L"After 1 Hr", L"7"), L"60");
 }
 
-TEST(LevelsTest, StepsAndLoads)
+TEST(SchemeFormTest, WhatIsStoredForWhatIsShown)
+{
+    const struct {
+        int control;
+        const wchar_t *shown, *loaded, *stored, *result;
+    } kRows[] = {
+        {kDim, L"After 5 Mins", L"After 5 Mins", L"05", L"05"},       // untouched, however it is spelt
+        {kMonitorOff, L"After 2 Hrs", L"After 2 Hrs", L"10", L"10"},  // the linked list does not hold it
+        {kMonitorOff, L"After 10 Mins", L"After 2 Hrs", L"7", L"10"}, // chosen, or moved by the link
+        {kScript, L"No", L"No", L"maybe", L"maybe"},
+        {kScript, L"Yes", L"No", L"maybe", L"Yes"},
+        {kProcessorSpeed, L"", L"", L"Turbo", L"Turbo"},
+        {kPolicyList, L"Talks", L"Talks", L"talks", L"talks"},
+        {kPolicyList, L"(None)", L"Talks", L"talks", L""},
+        {kStandbyTime, L"Disabled", L"Disabled", L"30", L"0"},
+        {kLock, L"Never", L"Never", L"", L"0"}, // the answer had no such field
+        {kPolicyList, L"(None)", L"(None)", L"", L""},
+    };
+    for (const auto& row : kRows) {
+        const SchemeField& field = *std::ranges::find(kSchemeForm, row.control, &SchemeField::control);
+        EXPECT_EQ(StoredSetting(field, row.shown, {row.loaded, row.stored}), row.result) << row.control << row.stored;
+    }
+}
+
+TEST(LevelsTest, BrightnessSteps)
 {
     constexpr int kSteps[] = {0, 15, 30, 45, 60, 75, 90, 105, 128};
     for (std::size_t i = 0; i < std::size(kSteps); ++i)
         EXPECT_EQ(ShownChoice(kBrightnessSteps, kSteps[i]), i);
-    ASSERT_EQ(kCpuLoads.size(), 100u);
-    for (std::size_t i = 0; i < 100; ++i)
-        EXPECT_EQ(ShownText(kCpuLoads, std::to_wstring(i)), std::to_wstring(i));
 }
 
-// For every entry of the first combo: the second starts at the same place of its own list, and keeps "After 15 Mins"
-// while it has it. `kept`: its place in the whole list.
-template <class ListFor>
-void ExpectFollowing(const List& first, const List& second, std::size_t kept, ListFor listFor)
-{
-    for (std::size_t k = 0; k <= first.minutes.size(); ++k) {
-        const bool never = k == first.minutes.size();
-        const std::size_t place = never ? 0 : k;
-        const ComboList list = listFor(never ? L"Never" : TextFor(first.minutes[k]));
-        EXPECT_EQ(list.choices.size(), second.choices.size() - place);
-        EXPECT_EQ(list.choices[0].text, TextFor(second.minutes[place]));
-        EXPECT_EQ(list.selected, place <= kept ? kept - place : 0);
-    }
-}
-
-TEST(LinkedListsTest, EveryEntry)
-{
-    constexpr const wchar_t* kShown = L"After 15 Mins";
-    ExpectFollowing(kLists[0], kLists[1], 3, [&](const auto& dim) { return MonitorOffList(dim, kShown); });
-    ExpectFollowing(kLists[5], kLists[6], 1, [&](const auto& standby) { return HibernateList(true, standby, kShown); });
-}
-
-TEST(LinkedListsTest, NeverAndMissingCapabilities)
+TEST(LinkedListsTest, WhatTheSecondListHoldsAndSelects)
 {
     const struct {
         ComboList list;
@@ -114,6 +108,10 @@ TEST(LinkedListsTest, NeverAndMissingCapabilities)
         const wchar_t* first;
         std::size_t selected;
     } kRows[] = {
+        {MonitorOffList(L"After 45 Mins", L"After 3 Mins"), 8, L"After 1 Hr", 0},
+        {MonitorOffList(L"After 10 Mins", L"After 45 Mins"), 13, L"After 15 Mins", 4},
+        {MonitorOffList(L"Never", L"After 10 Mins"), 16, L"After 3 Mins", 2},
+        {HibernateList(true, L"After 10 Mins", L"After 20 Mins"), 21, L"After 15 Mins", 1},
         {LockList(L"Never", L"After 5 Mins"), 1, L"Never", 0},
         {LockList(L"After 7 Hrs", L"After 5 Mins"), 10, L"After 1 Min", 3},
         {StandbyList(true, L"After 10 Mins"), 22, L"After 5 Mins", 1},
