@@ -2,6 +2,7 @@
 
 #include "base/ansi.h"
 #include "base/handles.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <array>
@@ -53,7 +54,7 @@ bool FromKey(const UniqueKey& key, InstallDirectory& directory)
     }
     if (value[0] == L'\0')
         return false;
-    Store(directory, Narrowed(std::wstring_view(value.data()).substr(0, kValueBytes / sizeof(wchar_t))), kValueLimit);
+    Store(directory, Narrowed(Truncated(value.data(), kValueBytes / sizeof(wchar_t))), kValueLimit);
     return true;
 }
 
