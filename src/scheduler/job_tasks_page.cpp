@@ -173,7 +173,7 @@ void OnEdit(HWND page)
 
 void OnBrowse(HWND page)
 {
-    if (const auto path = chooseFile(GetParent(page), kProgramDialog)) {
+    if (const auto path = ChooseFile(GetParent(page), kProgramDialog)) {
         SetText(page, kPath, *path);
         FocusOn(page, kPath);
     }

@@ -1,9 +1,15 @@
 #include "ui/file_dialog.h"
 
+#include "ui/boxes.h"
+
 #include <vector>
 
 namespace voltaro {
 namespace {
+
+constexpr std::size_t kMaxPath = MAX_PATH - 1; // without the NUL
+constexpr Box kPathTooLong = {L"Path too long",
+    L"The path of the selected file is longer than 259 characters.\nPlease select a file with a shorter path."};
 
 std::optional<std::wstring> ChooseExistingFile(HWND owner, const FileDialog& dialog)
 {
@@ -25,5 +31,15 @@ std::optional<std::wstring> ChooseExistingFile(HWND owner, const FileDialog& dia
 } // namespace
 
 FileChooser chooseFile = &ChooseExistingFile;
+
+std::optional<std::wstring> ChooseFile(HWND owner, const FileDialog& dialog)
+{
+    auto path = chooseFile(owner, dialog);
+    if (path && path->size() > kMaxPath) {
+        Tell(GetAncestor(owner, GA_ROOT), kPathTooLong);
+        return std::nullopt;
+    }
+    return path;
+}
 
 } // namespace voltaro

@@ -14,7 +14,11 @@ struct FileDialog {
     const wchar_t* title;
 };
 
-// Lets the user choose an existing file; the full path, or nothing when it was cancelled. Replaceable for tests.
+// Lets the user choose an existing file; the full path, or nothing when it was cancelled. A path that the agent cannot
+// use, longer than 259 units, is refused with a message box.
+[[nodiscard]] std::optional<std::wstring> ChooseFile(HWND owner, const FileDialog& dialog);
+
+// The platform's dialog behind ChooseFile. Replaceable for tests.
 using FileChooser = std::optional<std::wstring> (*)(HWND owner, const FileDialog& dialog);
 extern FileChooser chooseFile;
 
