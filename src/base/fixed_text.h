@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -24,9 +25,11 @@ public:
 
     constexpr FixedText& operator=(std::wstring_view text)
     {
-        text = Truncated(text, kCapacity);
+        const std::size_t length = std::min(text.size(), kCapacity);
         for (std::size_t i = 0; i < N; ++i)
-            m_units[i] = i < text.size() ? text[i] : L'\0';
+            m_units[i] = i < length ? text[i] : L'\0';
+        if (text.size() > kCapacity && IsHighSurrogate(m_units[kCapacity - 1]))
+            m_units[kCapacity - 1] = L'\0';
         return *this;
     }
 
