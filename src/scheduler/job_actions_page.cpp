@@ -59,7 +59,8 @@ void ShowActions(const ScheduledJob& job)
     const HWND page = Page();
     SetChecked(page, kWakeUp, job.powerOn);
     SetChecked(page, kApplyScheme, job.applyScheme);
-    ShowAmong(page, kScheme, state.schemes, job.applyScheme ? job.schemeName : state.currentScheme.powerScheme);
+    ShowAmong(page, kScheme, state.schemes,
+        job.applyScheme ? std::wstring_view(job.schemeName) : state.currentScheme.powerScheme.view());
     SetChecked(page, kPowerOff, job.powerOff);
     const std::vector<std::wstring> types(std::begin(kPowerOffTypes), std::end(kPowerOffTypes));
     ShowAmong(page, kPowerOffType, types, job.powerOffType);

@@ -16,7 +16,7 @@ enum class EditMode { Add, Update };
 // "Save" (Add) and "Update" of the job editor. `jobs` is the list as it stands.
 [[nodiscard]] const Refusal* CheckJobName(std::wstring_view name, const ScheduledJobs& jobs, EditMode mode);
 
-// A weekly job needs a day, a monthly one a month.
+// A weekly job needs a day, a monthly one a month and days in their order.
 [[nodiscard]] const Refusal* CheckSchedule(const ScheduledJob& job);
 
 // "Add Task" (Add) and "Update Task". `job` holds the tasks as they stand.

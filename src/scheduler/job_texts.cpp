@@ -44,22 +44,27 @@ bool RunsOn(const ScheduledJob& job, chrono::sys_days days)
     const CalendarDate date = DateOf(days);
     switch (job.kind) {
     case ScheduleKind::Daily: return true;
-    case ScheduleKind::OnDate: return ParseDate(job.date) == date;
+    case ScheduleKind::OnDate: return ParseDate(job.startDate) == date;
     case ScheduleKind::Weekly: return job.weekDays[WeekDay(days)];
     case ScheduleKind::Monthly:
-        return job.months[static_cast<std::size_t>(date.month - 1)] && date.day >= LeadingNumber(job.monthStartDay)
-            && date.day <= LeadingNumber(job.monthEndDay);
+        return job.months[static_cast<std::size_t>(date.month - 1)] && date.day >= LeadingNumber(job.startDate)
+            && date.day <= LeadingNumber(job.endDate);
     }
     return false;
 }
 
 } // namespace
 
+bool AreDaysReversed(const ScheduledJob& job)
+{
+    return job.kind == ScheduleKind::Monthly && LeadingNumber(job.startDate) > LeadingNumber(job.endDate);
+}
+
 std::wstring ScheduleText(const ScheduledJob& job)
 {
     switch (job.kind) {
     case ScheduleKind::Daily: break;
-    case ScheduleKind::OnDate: return Format(L"On Date(%10ls)", job.date.c_str());
+    case ScheduleKind::OnDate: return Format(L"On Date(%10ls)", job.startDate.c_str());
     case ScheduleKind::Weekly: return L"Weekly";
     case ScheduleKind::Monthly: return L"Monthly";
     }
@@ -69,14 +74,14 @@ std::wstring ScheduleText(const ScheduledJob& job)
 std::array<std::wstring, 7> JobRow(const ScheduledJob& job)
 {
     const std::size_t idleness = ShownChoice(kIdlenessChoices, job.idleMinutes);
-    return {std::wstring(job.name), std::wstring(job.description), std::wstring(job.startTime), ScheduleText(job),
-        NumberText(static_cast<std::int64_t>(job.tasks.size())), job.powerOff ? job.powerOffType.c_str() : L"",
+    return {job.name, job.description, job.startTime, ScheduleText(job),
+        NumberText(static_cast<std::int64_t>(job.tasks.size())), job.powerOff ? job.powerOffType : L"",
         job.powerOff ? kIdlenessChoices[idleness].text : L""};
 }
 
 std::array<std::wstring, 3> TaskRow(const ScheduledTask& task)
 {
-    return {std::wstring(task.path), std::wstring(task.endTime),
+    return {task.path, task.endTime,
         task.delayEnabled ? kRepeatChoices[ShownChoice(kRepeatChoices, task.delayMinutes)].text : L""};
 }
 
@@ -85,10 +90,8 @@ std::wstring NextRunText(const ScheduledJob& job, CalendarDate today, TimeOfDay 
     if (!job.enabled)
         return L"This job is not enabled and does not run.";
     const auto start = ParseTime(job.startTime);
-    const auto date = job.kind == ScheduleKind::OnDate ? ParseDate(job.date) : today;
-    const bool reversed = job.kind == ScheduleKind::Monthly // whether the agent runs such a job is its own affair
-        && LeadingNumber(job.monthStartDay) > LeadingNumber(job.monthEndDay);
-    if (!start || !date || reversed)
+    const auto date = job.kind == ScheduleKind::OnDate ? ParseDate(job.startDate) : today;
+    if (!start || !date || AreDaysReversed(job)) // whether the agent runs a job with reversed days is not known
         return L"The next run is not known.";
     const chrono::sys_days todayDays = Days(today);
     // A date may lie farther ahead than any other schedule reaches: the search starts there.

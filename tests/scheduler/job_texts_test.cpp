@@ -65,10 +65,10 @@ TEST(JobTextsTest, NextRuns)
         job.enabled = true;
         job.kind = row.kind;
         job.startTime = row.startTime;
-        job.date = row.date;
+        job.startDate = row.date;
         if (row.kind == K::Monthly) {
-            job.monthStartDay = std::wstring_view(row.date).substr(0, 2);
-            job.monthEndDay = std::wstring_view(row.date).substr(3);
+            job.startDate = std::wstring_view(row.date).substr(0, 2);
+            job.endDate = std::wstring_view(row.date).substr(3);
         }
         for (const std::size_t i : row.chosen)
             (row.kind == K::Weekly ? job.weekDays[i] : job.months[i]) = true;
