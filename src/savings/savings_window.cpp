@@ -5,6 +5,8 @@
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/agent.h"
+#include "console/agent_lost.h"
+#include "console/agent_state.h"
 #include "console/help.h"
 #include "console/state.h"
 #include "savings/graph_view.h"
@@ -114,11 +116,20 @@ void TellOfDay(HWND window, const Box& box, const LocalTime& day)
     Tell(window, box, Format(box.text, PickerDate(day).c_str()));
 }
 
+// The profile is read with all else when the console connects; where that failed it is tried again for each day.
+bool EnsureProfile()
+{
+    if (state.consumption != PowerConsumptionData{} || ReadCurrentConsumption())
+        return true;
+    OnAgentLost();
+    return false;
+}
+
 // Asks the agent about the day. Nothing when the product is not active or the agent is lost; both are told.
 std::optional<DayAnswer> AskForDay(HWND window, const LocalTime& day, DayReport& report)
 {
     const PickerOff off(window);
-    if (!OpenGate(window, kRefusalCaption))
+    if (!OpenGate(window, kRefusalCaption) || !EnsureProfile())
         return std::nullopt;
     std::optional<DayAnswer> answer;
     std::wstring status;
@@ -296,6 +307,10 @@ LRESULT CALLBACK SavingsWindowProc(HWND window, UINT message, WPARAM w, LPARAM l
             return 0;
         break;
     case WM_NOTIFY: return OnNotify(window, *reinterpret_cast<const NMHDR*>(l));
+    case WM_ACTIVATE:
+        if (LOWORD(w) != WA_INACTIVE)
+            RenewRange(window); // a window left open over midnight
+        break;
     case WM_TIMER: OnTimer(window); return 0;
     case WM_CLOSE: OnCancel(window); return 0;
     case WM_HELP: OnHelp(window); return TRUE;

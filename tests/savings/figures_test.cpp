@@ -53,6 +53,8 @@ TEST(ReportTest, Texts)
 {
     EXPECT_EQ(HoursMinutesText(-7200) + L", " + HoursMinutesText(119), L"0 Hrs : 0 Mins, 0 Hrs : 1 Min");
     EXPECT_EQ(HoursMinutesText(86399), L"23 Hrs : 59 Mins");
+    const PowerProfile thirtyWatts = ReadProfile({L"Inbuilt", L"", L"", L"30", L"30", L"", L""});
+    EXPECT_EQ(EnergyText(IdleEnergy(660, thirtyWatts)), L"0.006 kWh"); // 0.0055: divided by 3600 first it prints 0.005
     EXPECT_EQ(EnergyText(-0.0004), L"0.000 kWh");
     EXPECT_EQ(EnergyText(-0.0006), L"-0.001 kWh");
     EXPECT_EQ(PercentageText(-0.0), L"0.000 %");
@@ -89,6 +91,7 @@ TEST(ProfileRecordTest, TypedPowersGetTwoDecimals)
         EXPECT_EQ(sent.monitorOnPower.view(), expected);
         EXPECT_EQ(sent.manualSetFlag == L"Yes", std::wstring_view(asRead) != typed);
     }
+    EXPECT_EQ(RecordToSend({}, WithMonitor({}), false), PowerConsumptionData{}) << "the default monitor is not stored";
     EXPECT_TRUE(RecordToSend({}, {}, true).manualSetFlag == L"Yes") << "an entry is manual even unchanged";
     EXPECT_EQ(ProfileOf({}).monitorOn, 21.23F) << "the default monitor";
 }
