@@ -127,7 +127,7 @@ void Check(const Element& details)
         Require(!job.name.empty() && job.tasks.size() <= kMaxTasks);
         for (const ScheduledTask& task : job.tasks)
             Require(!task.path.empty() && !TaskRow(task)[0].empty());
-        Require(!JobRow(job)[3].empty() && !NextRunText(job, {2024, 2, 28}, {12, 0, 0}).empty());
+        Require(!JobRow(job)[3].empty() && !NextRunText(job, {2024, 2, 28, 12}).empty());
     }
     // What was read is stored and read again as it is.
     const ReadJobs again = ReadJobList(BuildJobList(read.jobs));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "savings/calendar.h"
+#include "base/calendar.h"
 #include "savings/event_lines.h"
 
 #include <array>

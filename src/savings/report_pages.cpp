@@ -3,6 +3,7 @@
 #include "savings/report_pages.h"
 
 #include "console/state.h"
+#include "savings/day_texts.h"
 #include "savings/page_looks.h"
 #include "savings/report.h"
 #include "savings/shown_day.h"

@@ -2,6 +2,7 @@
 // main menu.
 #include "savings/savings_window.h"
 
+#include "base/local_clock.h"
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/agent.h"
@@ -9,6 +10,7 @@
 #include "console/agent_state.h"
 #include "console/help.h"
 #include "console/state.h"
+#include "savings/day_texts.h"
 #include "savings/graph_view.h"
 #include "savings/profile_window.h"
 #include "savings/report_pages.h"
@@ -52,28 +54,6 @@ constexpr UINT_PTR kChosenTimer = 1;
 constexpr UINT kRestMs = 500;
 
 bool dayWaits = false; // the timer runs
-
-LocalTime LocalTimeOf(const SYSTEMTIME& t)
-{
-    return {t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond};
-}
-
-LocalTime Now()
-{
-    SYSTEMTIME now;
-    GetLocalTime(&now);
-    return LocalTimeOf(now);
-}
-
-// Midnight of the day as the platform tells it.
-SYSTEMTIME SystemTimeOf(const LocalTime& day)
-{
-    SYSTEMTIME time{};
-    time.wYear = static_cast<WORD>(day.year);
-    time.wMonth = static_cast<WORD>(day.month);
-    time.wDay = static_cast<WORD>(day.day);
-    return time;
-}
 
 LocalTime PickedDay(HWND window)
 {
@@ -137,7 +117,7 @@ std::optional<DayAnswer> AskForDay(HWND window, const LocalTime& day, DayReport&
         Reply reply = SendOrLose(WithText(Operation::GetEvents, L"fordate", RequestDate(day)));
         if (!reply.Answered())
             return std::nullopt;
-        answer = ReadDayAnswer(reply.Root(), reply.Text(), Now(), report);
+        answer = ReadDayAnswer(reply.Root(), reply.Text(), LocalNow(), report);
         status = reply.Status();
     }
     return IsLicenceRefusal(window, kRefusalCaption, status) ? std::nullopt : answer;
@@ -153,7 +133,7 @@ void OnShowPickedDay(HWND window)
 {
     StopWaiting(window);
     const LocalTime day = PickedDay(window);
-    if (!IsWindowEnabled(ControlOf(window, kPicker)) || SecondsOf(day) > SecondsOf(Now()))
+    if (!IsWindowEnabled(ControlOf(window, kPicker)) || SecondsOf(day) > SecondsOf(LocalNow()))
         return;
     chosenDay = day;
     DayReport report;
@@ -261,7 +241,7 @@ void BindPages(HWND window)
 void RenewRange(HWND window)
 {
     SYSTEMTIME range[2]{};
-    range[1] = SystemTimeOf(Now());
+    range[1] = SystemTimeOf(LocalNow());
     range[1].wHour = 23;
     range[1].wMinute = 59;
     range[1].wSecond = 59;
@@ -282,7 +262,7 @@ void OpenSavingsWindow(HWND)
     BindPages(window);
     RenewRange(window);
     if (!IsWindowVisible(window)) {
-        PickDay(window, chosenDay.value_or(Now()));
+        PickDay(window, chosenDay.value_or(LocalNow()));
         RecomputeSavings();
         FocusOn(window, kPicker);
     }

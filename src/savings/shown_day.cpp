@@ -1,6 +1,7 @@
 #include "savings/shown_day.h"
 
 #include "link/replies.h"
+#include "savings/day_texts.h"
 #include "savings/profile_record.h"
 
 namespace voltaro {

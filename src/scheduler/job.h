@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -114,28 +115,11 @@ inline constexpr Choice kRepeatChoices[] = {
 };
 // clang-format on
 
-// A time as the day's clock shows it.
-struct TimeOfDay {
-    int hour;
-    int minute;
-    int second;
-
-    friend bool operator==(const TimeOfDay&, const TimeOfDay&) = default;
-};
-
-// A day of the calendar.
-struct CalendarDate {
-    int year;
-    int month; // from 1
-    int day;   // from 1
-
-    friend bool operator==(const CalendarDate&, const CalendarDate&) = default;
-};
-
-// The texts of a record ("08:05:00", "2024-05-01") and back; nothing for a text that is no such time or date.
-[[nodiscard]] std::wstring TimeText(TimeOfDay time);
-[[nodiscard]] std::optional<TimeOfDay> ParseTime(std::wstring_view text);
-[[nodiscard]] std::wstring DateText(CalendarDate date);
-[[nodiscard]] std::optional<CalendarDate> ParseDate(std::wstring_view text);
+// The texts of a record ("08:05:00", "2024-05-01") and back, a time as the seconds since midnight; nothing for a text
+// that is no such time or date.
+[[nodiscard]] std::wstring TimeText(std::chrono::seconds time);
+[[nodiscard]] std::optional<std::chrono::seconds> ParseTime(std::wstring_view text);
+[[nodiscard]] std::wstring DateText(std::chrono::year_month_day date);
+[[nodiscard]] std::optional<std::chrono::year_month_day> ParseDate(std::wstring_view text);
 
 } // namespace voltaro

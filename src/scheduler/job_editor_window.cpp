@@ -2,6 +2,7 @@
 // writes; it sends nothing itself.
 #include "scheduler/job_editor_window.h"
 
+#include "base/local_clock.h"
 #include "base/text.h"
 #include "console/help.h"
 #include "console/state.h"
@@ -230,9 +231,8 @@ ScheduledJob CollectJob(HWND window)
 ScheduledJob NewJob()
 {
     ScheduledJob job;
-    TimeOfDay now = TimeNow();
-    now.second = 0;
-    job.startTime = TimeText(now);
+    const LocalTime now = LocalNow();
+    job.startTime = TimeText(std::chrono::hours(now.hour) + std::chrono::minutes(now.minute));
     return job;
 }
 

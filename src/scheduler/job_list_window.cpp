@@ -3,6 +3,7 @@
 #include "scheduler/job_list_window.h"
 
 #include "base/computer_name.h"
+#include "base/local_clock.h"
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/agent.h"
@@ -133,7 +134,7 @@ std::wstring TipOf(int row)
 {
     if (static_cast<std::size_t>(row) >= session.jobs.size())
         return {};
-    return NextRunText(session.jobs[static_cast<std::size_t>(row)], Today(), TimeNow());
+    return NextRunText(session.jobs[static_cast<std::size_t>(row)], LocalNow());
 }
 
 // --- the agent ---

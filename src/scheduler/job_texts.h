@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/calendar.h"
 #include "scheduler/job.h"
 
 #include <array>
@@ -22,6 +23,6 @@ namespace voltaro {
 
 // When the job runs next after the given local time, in words, for a tooltip: "Next run: tomorrow at 08:00:00". A
 // monthly job runs on each day from its first to its last day in each chosen month.
-[[nodiscard]] std::wstring NextRunText(const ScheduledJob& job, CalendarDate today, TimeOfDay now);
+[[nodiscard]] std::wstring NextRunText(const ScheduledJob& job, const LocalTime& now);
 
 } // namespace voltaro

@@ -1,3 +1,4 @@
+#include "savings/day_texts.h"
 #include "savings/decimal.h"
 #include "savings/profile_record.h"
 #include "savings/report.h"
