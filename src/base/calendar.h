@@ -6,7 +6,7 @@
 namespace voltaro {
 
 // A local date and time of day, as the agent stamps its events and as the local clock tells it. Any numbers may stand
-// in a stamp that came from outside. Where only a day is meant, the time of day is not looked at.
+// in a stamp that came from outside. Where a function takes a day, it ignores the time of day.
 struct LocalTime {
     int year = 0;
     int month = 0;

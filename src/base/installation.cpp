@@ -34,7 +34,7 @@ bool FromEnvironment(InstallDirectory& directory)
     return !value.empty();
 }
 
-// All rights are asked for: a user without write rights takes the way without the key (meant).
+// All rights are asked for: for a user without write rights the key does not exist, and the environment comes first.
 UniqueKey OpenKey(HKEY hive, const wchar_t* path)
 {
     UniqueKey key;

@@ -4,8 +4,8 @@
 
 #include "console/state.h"
 #include "savings/day_texts.h"
-#include "savings/page_looks.h"
 #include "savings/report.h"
+#include "savings/report_style.h"
 #include "savings/shown_day.h"
 #include "ui/canvas.h"
 #include "ui/controls.h"
@@ -135,7 +135,7 @@ LRESULT AnswerPage(const ReportPage& page, HWND window, UINT message, WPARAM w, 
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: DrawPage(Canvas(window).Dc(), page); return 0;
     case WM_PRINTCLIENT:
-        static_cast<void>(DefaultAnswer(window, message, w, l)); // the face colour
+        static_cast<void>(DefaultAnswer(window, message, w, l)); // fills the background
         DrawPage(reinterpret_cast<HDC>(w), page);
         return 0;
     default: return DefaultAnswer(window, message, w, l);

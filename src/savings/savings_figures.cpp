@@ -74,8 +74,8 @@ double Drawn(const SavedSeconds& s, const Watts& w)
         + KilowattHours(s.poweredDown * (w.monitorOff + w.off));
 }
 
-// What they would have drawn as plain idle time, in watt seconds. The agent's own reports use 0.97 in the dim term for
-// every kind of monitor.
+// What they would have drawn as plain idle time, in watt seconds. The dim term takes 0.97 for every kind of monitor:
+// reports stay comparable with earlier ones.
 double WouldHaveDrawn(const SavedSeconds& s, const Watts& w)
 {
     return (s.timedStandby + s.poweredDown + s.monitorOff) * (w.idle + w.monitor) + s.dim * (w.idle + 0.97 * w.monitor);

@@ -155,7 +155,7 @@ bool IsCalendarOpen(HWND window)
     return calendar && IsWindowVisible(calendar);
 }
 
-// Not from the picker's own message: a box in the midst of it would confuse the picker.
+// Not while the picker handles its own message: a message box opened there would leave its calendar open.
 void ShowPickedDaySoon(HWND window, UINT milliseconds)
 {
     dayWaits = true;
@@ -164,12 +164,12 @@ void ShowPickedDaySoon(HWND window, UINT milliseconds)
 
 // The picker reports no change when its calendar is closed by a click on the day that it shows already; nor does its
 // closing tell whether a day was chosen or it was left by Esc. The calendar's own notification to the picker does.
-LRESULT CALLBACK PickerHabits(HWND picker, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+LRESULT CALLBACK PickerSubclassProc(HWND picker, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
 {
     if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->code == MCN_SELECT)
         ShowPickedDaySoon(GetParent(picker), kRestMs);
     else if (message == WM_NCDESTROY)
-        RemoveWindowSubclass(picker, &PickerHabits, id);
+        RemoveWindowSubclass(picker, &PickerSubclassProc, id);
     return DefSubclassProc(picker, message, w, l);
 }
 
@@ -206,7 +206,7 @@ LRESULT OnCreate(HWND window)
 {
     CreateControls(window, kControls, WindowFont());
     DateTime_SetFormat(ControlOf(window, kPicker), L"d'/'MM'/'yyyy");
-    SetWindowSubclass(ControlOf(window, kPicker), &PickerHabits, 0, 0);
+    SetWindowSubclass(ControlOf(window, kPicker), &PickerSubclassProc, 0, 0);
     StopWaiting(window);
     chosenDay.reset();
     shownDay.reset();

@@ -6,7 +6,7 @@
 namespace voltaro {
 namespace {
 
-// Three runs of digits, parted by the separator.
+// Three groups of digits with the separator between them.
 std::optional<std::array<int, 3>> ThreeNumbers(std::wstring_view text, wchar_t separator)
 {
     std::array<int, 3> numbers{};

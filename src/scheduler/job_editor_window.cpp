@@ -50,7 +50,7 @@ enum Id : int {
     kDecember = 222,
 };
 
-// The four faces of the schedule share one place; the chosen kind shows its own.
+// The controls of the four kinds of schedule share one place; those of the chosen kind are visible.
 // clang-format off
 constexpr Control kControls[] = {
     // kind             id              text                      x    y    w    h
@@ -101,24 +101,24 @@ constexpr Control kControls[] = {
 // clang-format on
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, 744, 556));
 
-constexpr int kOnDateFace[] = {kDateLabel, kDate};
-constexpr int kWeeklyFace[] = {kSunday, kSunday + 1, kSunday + 2, kSunday + 3, kSunday + 4, kSunday + 5, kSaturday};
-constexpr int kMonthlyFace[]
+constexpr int kOnDateControls[] = {kDateLabel, kDate};
+constexpr int kWeeklyControls[] = {kSunday, kSunday + 1, kSunday + 2, kSunday + 3, kSunday + 4, kSunday + 5, kSaturday};
+constexpr int kMonthlyControls[]
     = {kJanuary, kJanuary + 1, kJanuary + 2, kJanuary + 3, kJanuary + 4, kJanuary + 5, kJanuary + 6, kJanuary + 7,
         kJanuary + 8, kJanuary + 9, kJanuary + 10, kDecember, kStartDayLabel, kStartDay, kEndDayLabel, kEndDay};
-constexpr int kDailyFace[] = {kDailyText};
+constexpr int kDailyControls[] = {kDailyText};
 
-// A kind of schedule, its radio (daily has none) and the controls of its face.
-struct Face {
+// A kind of schedule, its radio (daily has none) and the controls that belong to it.
+struct KindControls {
     ScheduleKind kind;
     int radio;
     std::span<const int> controls;
 };
-constexpr Face kFaces[] = {
-    {ScheduleKind::Daily, kNoId, kDailyFace},
-    {ScheduleKind::OnDate, kOnDate, kOnDateFace},
-    {ScheduleKind::Weekly, kWeekly, kWeeklyFace},
-    {ScheduleKind::Monthly, kMonthly, kMonthlyFace},
+constexpr KindControls kKindControls[] = {
+    {ScheduleKind::Daily, kNoId, kDailyControls},
+    {ScheduleKind::OnDate, kOnDate, kOnDateControls},
+    {ScheduleKind::Weekly, kWeekly, kWeeklyControls},
+    {ScheduleKind::Monthly, kMonthly, kMonthlyControls},
 };
 
 constexpr int kTasksTab = 1;
@@ -132,7 +132,7 @@ constexpr Box kTaskUnsaved = {L"Entered Exe details are not saved", L"Are you su
 
 // One opening of the editor.
 struct Editing {
-    ScheduledJobs* jobs = nullptr; // borrowed from the job list window
+    ScheduledJobs* jobs = nullptr; // owned by the job list window
     std::size_t position = 0;
     void (*stored)(std::size_t position) = nullptr;
     ScheduleKind kind = ScheduleKind::Daily; // as chosen; the radios alone do not tell a second click from a first
@@ -148,13 +148,13 @@ Editing editing;
 void ShowKind(HWND window, ScheduleKind kind)
 {
     editing.kind = kind;
-    for (const Face& face : kFaces) {
-        if (face.radio != kNoId) {
-            SetChecked(window, face.radio, face.kind == kind);
+    for (const KindControls& row : kKindControls) {
+        if (row.radio != kNoId) {
+            SetChecked(window, row.radio, row.kind == kind);
             // Windows would choose a radio that only gets the focus; arrow keys may take this back, so said each time.
-            SendMessageW(ControlOf(window, face.radio), BM_SETDONTCLICK, TRUE, 0);
+            SendMessageW(ControlOf(window, row.radio), BM_SETDONTCLICK, TRUE, 0);
         }
-        Show(window, face.controls, face.kind == kind);
+        Show(window, row.controls, row.kind == kind);
     }
 }
 
@@ -170,7 +170,7 @@ void CollectFlags(HWND window, int first, std::span<StoredFlag> flags)
         flags[i] = IsChecked(window, first + static_cast<int>(i));
 }
 
-// What belongs to the kinds that the job does not have starts afresh: today, no day, the whole month.
+// What belongs to the kinds that the job does not have starts with defaults: today, no day, the whole month.
 void ShowSchedule(HWND window, const ScheduledJob& job)
 {
     std::vector<std::wstring> days;

@@ -21,7 +21,7 @@ bool HoldsForeignPathCharacter(std::wstring_view path)
     return path.find_first_not_of(kPathCharacters) != path.npos;
 }
 
-// Only these four spellings: "x.Exe" is refused, and that is meant.
+// Only these four spellings: users know that "x.Exe" is refused.
 bool LacksProgramExtension(std::wstring_view path)
 {
     return !path.ends_with(L".exe") && !path.ends_with(L".EXE") && !path.ends_with(L".bat") && !path.ends_with(L".BAT");

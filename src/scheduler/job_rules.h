@@ -7,8 +7,8 @@
 
 namespace voltaro {
 
-// Whether an editor adds a record or changes one that is in the list. Only an added one is compared with the others:
-// a changed record keeps its name, and may take another's; that is meant.
+// Whether an editor adds a record or changes one that is in the list. Only an added one is compared with the others: a
+// changed record must not be refused for its own name.
 enum class EditMode { Add, Update };
 
 // Each check returns the refusal of the first rule that fails, or null. Show it with RefusalText(*refusal, name).
