@@ -39,8 +39,8 @@ std::vector<EventLine> LinesOf(const std::uint8_t* data, std::size_t size)
 void CheckDay(const DayReport& day)
 {
     const DayDurations& d = day.durations;
-    Require(d.poweredOn + d.offInAll >= 0 && d.poweredOn + d.offInAll <= kDaySeconds);
-    Require(d.poweredOn == d.idle + d.active && d.offInAll == d.hibernate + d.off && d.active == d.activeAgain);
+    Require(d.poweredOn + d.offTotal >= 0 && d.poweredOn + d.offTotal <= kDaySeconds);
+    Require(d.poweredOn == d.idle + d.active && d.offTotal == d.hibernate + d.off && d.active == d.activeAgain);
     Require(d.idle == d.idleWithoutSavings + d.standby + d.monitorOff + d.dim);
     for (const std::int64_t part : {d.idleWithoutSavings, d.dim, d.monitorOff, d.hibernateUponIdle, d.shutdown})
         Require(part >= 0);

@@ -74,10 +74,10 @@ ScheduledJobs WholeJobs()
         job.powerOn = job.applyScheme = job.powerOff = true;
         job.schemeName = L"scheme";
         job.powerOffType = L"Standby";
-        job.tasks = {{L"a.exe", L"-x", true, 60, L"17:00:00"}, {L"b.bat", L"", false, 0, L""}};
+        job.tasks = {{L"a.exe", L"-x", true, {L"60"}, L"17:00:00"}, {L"b.bat"}};
     }
     jobs[0].kind = ScheduleKind::OnDate;
-    jobs[0].date = L"2031-12-24";
+    jobs[0].startDate = jobs[0].endDate = L"2031-12-24";
     jobs[1].kind = ScheduleKind::Weekly;
     jobs[2].kind = ScheduleKind::Monthly;
     return jobs;
@@ -122,12 +122,12 @@ void Check(const Element& details)
         const Element* source = nullptr;
         do
             source = FindChild(details, L"Job_" + NumberText(static_cast<std::int64_t>(++number)));
-        while (number < kMaxJobs && (source == nullptr || decltype(job.name)(ChildText(*source, 0)).empty()));
-        Require(source != nullptr && job.name == decltype(job.name)(ChildText(*source, 0)));
+        while (number < kMaxJobs && (source == nullptr || ChildText(*source, 0).empty()));
+        Require(source != nullptr && job.name == ChildText(*source, 0));
         Require(!job.name.empty() && job.tasks.size() <= kMaxTasks);
         for (const ScheduledTask& task : job.tasks)
             Require(!task.path.empty() && !TaskRow(task)[0].empty());
-        Require(!JobRow(job)[3].empty() && !NextRunText(job, {2024, 2, 28}, {12, 0, 0}).empty());
+        Require(!JobRow(job)[3].empty() && !NextRunText(job, {2024, 2, 28, 12}).empty());
     }
     // What was read is stored and read again as it is.
     const ReadJobs again = ReadJobList(BuildJobList(read.jobs));

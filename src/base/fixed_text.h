@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/text.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -26,7 +28,7 @@ public:
         const std::size_t length = std::min(text.size(), kCapacity);
         for (std::size_t i = 0; i < N; ++i)
             m_units[i] = i < length ? text[i] : L'\0';
-        if (text.size() > kCapacity && IsFirstOfPair(m_units[kCapacity - 1]))
+        if (text.size() > kCapacity && IsHighSurrogate(m_units[kCapacity - 1]))
             m_units[kCapacity - 1] = L'\0';
         return *this;
     }
@@ -49,8 +51,6 @@ public:
     friend constexpr bool operator==(const FixedText& a, const wchar_t* b) { return a.view() == b; }
 
 private:
-    static constexpr bool IsFirstOfPair(wchar_t unit) { return (unit & 0xFC00) == 0xD800; }
-
     std::array<wchar_t, N> m_units{};
 };
 

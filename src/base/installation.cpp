@@ -2,6 +2,7 @@
 
 #include "base/ansi.h"
 #include "base/handles.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <array>
@@ -33,7 +34,7 @@ bool FromEnvironment(InstallDirectory& directory)
     return !value.empty();
 }
 
-// All rights are asked for: a user without write rights takes the way without the key (meant).
+// All rights are asked for: for a user without write rights the key does not exist, and the environment comes first.
 UniqueKey OpenKey(HKEY hive, const wchar_t* path)
 {
     UniqueKey key;
@@ -53,7 +54,7 @@ bool FromKey(const UniqueKey& key, InstallDirectory& directory)
     }
     if (value[0] == L'\0')
         return false;
-    Store(directory, Narrowed(std::wstring_view(value.data()).substr(0, kValueBytes / sizeof(wchar_t))), kValueLimit);
+    Store(directory, Narrowed(Truncated(value.data(), kValueBytes / sizeof(wchar_t))), kValueLimit);
     return true;
 }
 

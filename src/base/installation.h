@@ -9,7 +9,8 @@ namespace voltaro {
 using InstallDirectory = std::array<char, 512>;
 
 // Finds the installation directory. The machine-wide registry key wins over the environment variable where it exists,
-// and the environment over the default user's key where it does not (meant). False when nothing is found.
+// and the environment over the default user's key where it does not: installations
+// rely on this order. False when nothing is found.
 [[nodiscard]] bool ReadInstallPath(InstallDirectory& directory);
 
 } // namespace voltaro

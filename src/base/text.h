@@ -1,15 +1,35 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace voltaro {
 
+// The halves of a surrogate pair, in which UTF-16 stores a character beyond 16 bits.
+[[nodiscard]] constexpr bool IsHighSurrogate(wchar_t unit)
+{
+    return (unit & 0xFC00) == 0xD800;
+}
+[[nodiscard]] constexpr bool IsLowSurrogate(wchar_t unit)
+{
+    return (unit & 0xFC00) == 0xDC00;
+}
+
 // Compares without regard to letter case. Used for status words, names and executables.
 [[nodiscard]] bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b);
 
 [[nodiscard]] bool ContainsIgnoreCase(std::wstring_view text, std::wstring_view part);
+
+// The first units of a text, at most `limit`: one less where the cut would split a surrogate pair.
+[[nodiscard]] constexpr std::wstring_view Truncated(std::wstring_view text, std::size_t limit)
+{
+    if (text.size() <= limit)
+        return text;
+    const bool splitsPair = limit > 0 && IsHighSurrogate(text[limit - 1]) && IsLowSurrogate(text[limit]);
+    return text.substr(0, splitsPair ? limit - 1 : limit);
+}
 
 // The text as one cell of one line: tabs and line ends become blanks.
 [[nodiscard]] std::wstring OneLine(std::wstring_view text);

@@ -34,7 +34,7 @@ std::wstring UnitsOf(std::span<const std::byte> bytes)
 std::vector<std::byte> EncodeFrame(std::wstring_view text, std::size_t limitBytes)
 {
     const std::size_t limitUnits = (std::max(limitBytes, kFrameOverheadBytes) - kFrameOverheadBytes) / kBytesPerUnit;
-    text = text.substr(0, limitUnits);
+    text = Truncated(text, limitUnits);
     const std::size_t length = text.size() * kBytesPerUnit + kFrameOverheadBytes;
     std::vector<std::byte> frame;
     frame.reserve(2 * length); // so that a sender can add to it without leaving a copy behind

@@ -245,7 +245,7 @@ void OpenPolicy(const std::wstring& name)
     std::optional<ApplicationSensorPolicy> policy;
     {
         Reply reply = SendOrLose(WithText(Operation::QueryPolicy, L"PolicyName", name));
-        if (reply.Sent() && !reply.Answered())
+        if (reply.Lost())
             return;
         if (const Element* root = reply.Root())
             policy = ReadPolicy(*root);

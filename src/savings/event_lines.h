@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/calendar.h"
 #include "base/fixed_text.h"
 #include "link/element.h"
-#include "savings/calendar.h"
 
 #include <cstdint>
 #include <string_view>

@@ -37,7 +37,7 @@ constexpr StateRow kStates[] = {
     {EventCode::StandbyStart,         EventCode::StandbyEnd,         &D::standby,    nullptr,               true},
     {EventCode::HibernateStart,       EventCode::HibernateEnd,       &D::hibernate,  &D::hibernateUponIdle, true},
     {EventCode::SecondHibernateStart, EventCode::SecondHibernateEnd, &D::hibernate,  nullptr,               true},
-    // A power-off within an idle period is meant to stay in the period's remainder too.
+    // A power-off within an idle period stays in the period's remainder too: reports stay comparable with earlier ones.
     {EventCode::PowerOffStart,        EventCode::PowerOffEnd,        &D::off,        nullptr,               false},
     {EventCode::PowerOffStart,        EventCode::PowerOffAgentEnd,   &D::off,        nullptr,               false},
     {EventCode::ShutdownStart,        EventCode::ShutdownEnd,        &D::off,        &D::shutdown,          true},
@@ -83,7 +83,7 @@ public:
         CreditFirstEvent();
         for (std::size_t i = 0; i < m_events.size();)
             i = Step(i);
-        // One second more than is credited, as meant: a past day ends with its last second, which belongs to the
+        // One second more than is credited: a past day ends with its last second, which belongs to the
         // period. Today's open period is counted alike, though it ends now.
         if (m_idleOpen)
             CloseIdle(ClosingTime(m_idleStart), 1);
@@ -216,7 +216,7 @@ private:
         d.active = length - d.idleWithoutSavings - d.standby - d.hibernate - d.monitorOff - d.dim - d.off;
         d.activeAgain = d.active;
         d.idle = d.idleWithoutSavings + d.standby + d.monitorOff + d.dim;
-        d.offInAll = d.hibernate + d.off;
+        d.offTotal = d.hibernate + d.off;
         d.poweredOn = d.idle + d.active;
     }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "savings/calendar.h"
+#include "base/calendar.h"
 #include "savings/event_lines.h"
 
 #include <array>
@@ -13,7 +13,7 @@ namespace voltaro {
 // make `active`, and with it `poweredOn`, negative.
 struct DayDurations {
     std::int64_t poweredOn = 0; // idle + active
-    std::int64_t offInAll = 0;  // hibernate + off
+    std::int64_t offTotal = 0;  // hibernate + off
     std::int64_t active = 0;
     std::int64_t idle = 0; // idle without savings + dim + monitor off + standby
     std::int64_t idleWithoutSavings = 0;

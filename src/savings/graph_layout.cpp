@@ -42,7 +42,7 @@ constexpr Column kColumns[] = {
     {254, 294, L"OFF / ON",      252, 210, 254, GraphPen::Solid,   false, 535},
 };
 
-// Bottom up. The two blanks after OFF are meant.
+// Bottom up. The two blanks after OFF are known to users.
 constexpr State kStates[] = {
     {0, L"IDLE",                       Rgb(0, 96, 0),     [](const D& d) { return d.idle; }},
     {0, L"ACTIVE",                     Rgb(0, 42, 138),   [](const D& d) { return d.active; }},
@@ -54,7 +54,7 @@ constexpr State kStates[] = {
     {1, L"HIBERNATE (Upon IDLE)",      Rgb(255, 128, 0),  [](const D& d) { return d.hibernateUponIdle; }},
     {1, L"SHUTDOWN (Upon IDLE)",       Rgb(255, 0, 0),    [](const D& d) { return d.shutdown; }},
     {2, L"ON",                         Rgb(128, 128, 0),  [](const D& d) { return d.poweredOn; }},
-    {2, L"OFF  (Done by Voltaro)",     Rgb(128, 0, 0),    [](const D& d) { return d.offInAll; }},
+    {2, L"OFF  (Done by Voltaro)",     Rgb(128, 0, 0),    [](const D& d) { return d.offTotal; }},
 };
 // clang-format on
 
@@ -154,7 +154,7 @@ void AddLegend(GraphLayout& layout)
 GraphLayout LayOutGraph(const DayDurations& durations, std::wstring_view date)
 {
     GraphLayout layout;
-    layout.daySeconds = durations.poweredOn + durations.offInAll;
+    layout.daySeconds = durations.poweredOn + durations.offTotal;
     AddGrid(layout);
     AddAxes(layout);
     AddTitles(layout, date);

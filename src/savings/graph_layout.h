@@ -19,7 +19,7 @@ using GraphColour = std::uint32_t; // 0x00BBGGRR
 inline constexpr int kGraphBottom = 480;
 inline constexpr int kSecondsPerPixel = 180;
 
-// A size and weight of the product's face.
+// A size and weight of the product's font.
 struct GraphFont {
     int height = 0; // pixels
     int weight = 0;

@@ -3,7 +3,7 @@
 #include "savings/graph_view.h"
 
 #include "console/state.h"
-#include "savings/page_looks.h"
+#include "savings/report_style.h"
 #include "savings/shown_day.h"
 #include "ui/canvas.h"
 #include "ui/clipboard.h"
@@ -47,7 +47,7 @@ bool copyNoteShown = false;
 // The page as it was painted last. A repaint is one copy of it, however much there is to draw.
 struct PagePicture {
     UniqueBitmap bitmap;
-    COLORREF face = 0; // the user may change the system's colours
+    COLORREF background = 0; // the user may change the system's colours
 };
 PagePicture picture;
 
@@ -113,11 +113,11 @@ void DrawPage(HDC dc)
 
 HBITMAP CurrentPicture()
 {
-    const COLORREF face = GetSysColor(COLOR_3DFACE);
-    if (!picture.bitmap || picture.face != face)
+    const COLORREF background = GetSysColor(COLOR_3DFACE);
+    if (!picture.bitmap || picture.background != background)
         picture = {RenderBitmap(
                        kPageWidth, kPageHeight, [](HDC dc, void*) { DrawPage(dc); }, nullptr),
-            face};
+            background};
     return picture.bitmap.Get();
 }
 
@@ -182,7 +182,7 @@ LRESULT OnCreate(HWND window)
 
 LRESULT OnPrint(HWND window, WPARAM w, LPARAM l)
 {
-    static_cast<void>(DefaultAnswer(window, WM_PRINTCLIENT, w, l)); // the face colour
+    static_cast<void>(DefaultAnswer(window, WM_PRINTCLIENT, w, l)); // fills the background
     DrawPage(reinterpret_cast<HDC>(w));
     return 0;
 }

@@ -6,7 +6,7 @@
 
 namespace voltaro {
 
-// How a monitor's consumption is reckoned: within the machine's, not at all, or by its type.
+// How a monitor's consumption is counted: as part of the machine's, not at all, or by its type.
 enum class MonitorKind : std::uint8_t { Inbuilt, Branded, Crt, Lcd, Led };
 
 // The kind of a record's monitor type, without regard to letter case; the default type for any other text.

@@ -64,7 +64,7 @@ void ShowMonitorWatts(HWND window, std::wstring_view on, std::wstring_view off)
 
 PowerConsumptionData FieldsShown(HWND window)
 {
-    PowerConsumptionData shown = entry.read;
+    PowerConsumptionData shown = WithMonitor(entry.read);
     const MonitorKind kind = ChosenKind(window);
     if (!HasTypeAndSize(kind)) {
         shown.monitorType = kind == MonitorKind::Inbuilt ? kInbuiltMonitor : kBrandedMonitor;
@@ -79,12 +79,14 @@ PowerConsumptionData FieldsShown(HWND window)
     return shown;
 }
 
-// Tells of the first field that is no power, and empties it.
+// Tells of the first field that is no power, and empties it. What was read and not touched goes back as it is.
 bool AreWattsRefused(HWND window)
 {
-    for (const int id : kWattFields) {
-        const WattCheck check = CheckWatts(TextOf(window, id));
-        if (check == WattCheck::Accepted)
+    for (std::size_t i = 0; i < std::size(kWattFields); ++i) {
+        const int id = kWattFields[i];
+        const std::wstring text = TextOf(window, id);
+        const WattCheck check = CheckWatts(text);
+        if (check == WattCheck::Accepted || (!entry.manual && entry.read.*kWattSlots[i] == text))
             continue;
         Tell(window, kRefusedWatts, std::wstring(WattRefusal(check)));
         SetText(window, id, L"");
@@ -106,15 +108,15 @@ void PrepareProfileFields(HWND window)
 void ShowEntry(HWND window, const ProfileEntry& shown)
 {
     entry = shown;
-    entry.read = WithMonitor(entry.read);
-    const MonitorKind kind = MonitorKindOf(entry.read.monitorType);
+    const PowerConsumptionData record = WithMonitor(entry.read);
+    const MonitorKind kind = MonitorKindOf(record.monitorType);
     SetChecked(window, kInbuilt, kind == MonitorKind::Inbuilt);
     SetChecked(window, kBranded, kind == MonitorKind::Branded);
     SetChecked(window, kOthers, HasTypeAndSize(kind));
     const std::wstring_view type = kMonitorTypes[kind == MonitorKind::Crt ? 0 : kind == MonitorKind::Led ? 2 : 1];
-    ChooseMonitor(window, HasTypeAndSize(kind) ? type : L"", entry.read.monitorSize);
+    ChooseMonitor(window, HasTypeAndSize(kind) ? type : L"", record.monitorSize);
     for (std::size_t i = 0; i < std::size(kWattFields); ++i)
-        SetText(window, kWattFields[i], entry.read.*kWattSlots[i]);
+        SetText(window, kWattFields[i], record.*kWattSlots[i]);
     if (!HasTypeAndSize(kind)) // its fields are grey, so whatever the record holds must not be refused there
         ShowMonitorWatts(window, kNoWatts, kNoWatts);
     EnableFields(window);

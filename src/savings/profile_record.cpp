@@ -3,10 +3,15 @@
 #include "savings/decimal.h"
 #include "savings/monitor_table.h"
 
+#include <algorithm>
+
 namespace voltaro {
 namespace {
 
 constexpr int kWattDecimals = 2;
+
+constexpr FieldText PowerConsumptionData::*kMonitorSlots[] = {&PowerConsumptionData::monitorType,
+    &PowerConsumptionData::monitorSize, &PowerConsumptionData::monitorOnPower, &PowerConsumptionData::monitorOffPower};
 
 struct ProfileRow {
     const wchar_t* label;
@@ -69,8 +74,9 @@ ReportRows ProfileRows(const PowerConsumptionData& record)
     return rows;
 }
 
-PowerConsumptionData RecordToSend(const PowerConsumptionData& read, PowerConsumptionData entered, bool manualEntry)
+PowerConsumptionData RecordToSend(const PowerConsumptionData& record, PowerConsumptionData entered, bool manualEntry)
 {
+    const PowerConsumptionData read = WithMonitor(record);
     const MonitorKind kind = MonitorKindOf(entered.monitorType);
     if (kind == MonitorKindOf(read.monitorType)) {
         entered.monitorType = read.monitorType; // perhaps in a spelling of the agent's own
@@ -88,6 +94,13 @@ PowerConsumptionData RecordToSend(const PowerConsumptionData& read, PowerConsump
     }
     if (manualEntry || changed)
         entered.manualSetFlag = L"Yes";
+    constexpr auto kSameMonitor = [](const PowerConsumptionData& a, const PowerConsumptionData& b) {
+        return std::ranges::all_of(kMonitorSlots, [&](auto slot) { return a.*slot == b.*slot; });
+    };
+    if (kSameMonitor(entered, read)) { // perhaps the default of a record that names none
+        for (const auto slot : kMonitorSlots)
+            entered.*slot = record.*slot;
+    }
     return entered;
 }
 

@@ -4,14 +4,12 @@
 
 #include "base/text.h"
 #include "console/agent.h"
-#include "console/agent_lost.h"
-#include "console/agent_state.h"
 #include "console/change.h"
 #include "console/help.h"
 #include "console/state.h"
-#include "savings/page_looks.h"
 #include "savings/profile_form.h"
 #include "savings/profile_record.h"
+#include "savings/report_style.h"
 #include "savings/savings_window.h"
 #include "ui/boxes.h"
 #include "ui/commands.h"
@@ -78,23 +76,39 @@ constexpr Box kApplied
 constexpr Box kFailed = {L"Error", L"Unable to Set"};
 constexpr Box kReadFailed = {L"Power Consumption Settings", L"Unable to read the power consumption settings."};
 
-void ShowSaved(HWND window)
+struct ProfileAnswer {
+    bool answered; // else the agent is lost, which the user has been told
+    std::optional<PowerConsumptionData> record;
+};
+
+ProfileAnswer AskForProfile(Operation operation)
 {
+    Reply reply = SendOrLose(Plain(operation));
+    if (!reply.Answered())
+        return {false, std::nullopt};
+    return {true, reply.Read<PowerConsumptionData>()};
+}
+
+// Reads the saved profile and shows it. An answer without a record leaves the last one on the screen, which cannot be
+// edited then: it may not be the agent's any more. False when the agent is lost.
+bool ShowSaved(HWND window)
+{
+    const ProfileAnswer answer = AskForProfile(Operation::GetCurrentConsumption);
+    if (!answer.answered)
+        return false;
+    state.consumption = answer.record.value_or(state.consumption);
     FillList(ControlOf(window, kSaved), ProfileRows(state.consumption));
-    // Without a record of the agent's there are only blanks to save over it.
-    ShowEntry(window, {.read = state.consumption, .known = state.consumption != PowerConsumptionData{}});
+    ShowEntry(window, {.read = state.consumption, .known = answer.record.has_value()});
+    RecomputeSavings();
+    return true;
 }
 
 // What the agent keeps under another operation. False when it has nothing or is lost; either is told.
 bool FetchEntry(HWND window, Operation operation, bool manual)
 {
-    std::optional<PowerConsumptionData> record;
-    {
-        Reply reply = SendOrLose(Plain(operation));
-        if (!reply.Answered())
-            return false;
-        record = reply.Read<PowerConsumptionData>();
-    }
+    const auto [answered, record] = AskForProfile(operation);
+    if (!answered)
+        return false;
     if (record)
         ShowEntry(window, {.read = *record, .manual = manual, .editable = manual, .unsaved = true});
     else
@@ -130,10 +144,7 @@ void OnSave(HWND window)
     if (!IsWord(*status, kSuccess))
         return Tell(window, kFailed);
     Tell(window, kApplied);
-    if (!ReadCurrentConsumption())
-        return OnAgentLost();
-    ShowSaved(window);
-    RecomputeSavings();
+    static_cast<void>(ShowSaved(window));
 }
 
 void OnCancel(HWND window)
@@ -170,9 +181,8 @@ void OpenProfileWindow(HWND)
 {
     const HWND window = WindowOf(WindowId::Profile);
     if (!IsWindowVisible(window)) { // else it keeps what the user typed
-        if (!ReadCurrentConsumption())
-            return OnAgentLost();
-        ShowSaved(window);
+        if (!ShowSaved(window))
+            return;
         FocusOn(window, IsWindowEnabled(ControlOf(window, kEdit)) ? kEdit : kManual);
     }
     ShowWindow(window, SW_SHOWNORMAL);

@@ -23,7 +23,7 @@ std::wstring HoursMinutesText(std::int64_t seconds)
     seconds = std::max<std::int64_t>(seconds, 0);
     const long long hours = seconds / 3600;
     const long long minutes = seconds / 60 % 60;
-    // The singular hour keeps the width of the plural, as meant.
+    // The singular hour has two blanks before the colon: users know the report in this form.
     return Format(
         L"%lld %ls : %lld %ls", hours, hours == 1 ? L"Hr " : L"Hrs", minutes, minutes == 1 ? L"Min" : L"Mins");
 }
@@ -50,7 +50,7 @@ ReportRows TotalRows(const DayDurations& durations, const SavingsFigures& figure
         {L"System's Total Power consumption", used},
         {L"System was IDLE for :", HoursMinutesText(durations.idle)},
         {L"System (without Voltaro) would have been powered ON for :", HoursMinutesText(figures.wouldHaveBeenOn)},
-        {L"System was powered OFF by Voltaro for :", HoursMinutesText(durations.offInAll)},
+        {L"System was powered OFF by Voltaro for :", HoursMinutesText(durations.offTotal)},
         {L"System was powered ON for :", HoursMinutesText(durations.poweredOn)},
         {L"Voltaro saved power consumption for :", HoursMinutesText(figures.savedFor)},
         {L"System's (with Voltaro) actual power consumption is :", used},

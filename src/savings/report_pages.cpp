@@ -3,8 +3,9 @@
 #include "savings/report_pages.h"
 
 #include "console/state.h"
-#include "savings/page_looks.h"
+#include "savings/day_texts.h"
 #include "savings/report.h"
+#include "savings/report_style.h"
 #include "savings/shown_day.h"
 #include "ui/canvas.h"
 #include "ui/controls.h"
@@ -42,6 +43,8 @@ struct ReportPage {
 // clang-format off
 constexpr Heading kTitle = {20, 15, L"Power Calculations for VLT Events of Date:"};
 constexpr int kDateX = 300;
+constexpr Heading kNoProfile = {20, 38,
+    L"The power consumption profile could not be read. Energy and CO2 figures are not correct."};
 
 constexpr Heading kTotalHeadings[] = {
     {20,  62, L"System's Total Power Consumption Details:"},
@@ -87,6 +90,7 @@ constexpr ReportPage kEstimatesPage
 
 constexpr COLORREF kHeadingColour = RGB(83, 83, 83);
 constexpr COLORREF kDateColour = RGB(10, 10, 10);
+constexpr COLORREF kWarningColour = RGB(192, 0, 0);
 
 HFONT HeadingFont()
 {
@@ -99,6 +103,8 @@ void DrawPage(HDC dc, const ReportPage& page)
         return DrawNoDay(dc);
     DrawTextAt(dc, kTitle.x, kTitle.y, kTitle.text, HeadingFont(), kHeadingColour);
     DrawTextAt(dc, kDateX, kTitle.y, HeadingDate(shownDay->day), HeadingFont(), kDateColour);
+    if (!shownDay->profileKnown)
+        DrawTextAt(dc, kNoProfile.x, kNoProfile.y, kNoProfile.text, HeadingFont(), kWarningColour);
     for (const Heading& heading : page.headings)
         DrawTextAt(dc, heading.x, heading.y, heading.text, HeadingFont(), kProductGreen);
 }
@@ -129,7 +135,7 @@ LRESULT AnswerPage(const ReportPage& page, HWND window, UINT message, WPARAM w, 
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: DrawPage(Canvas(window).Dc(), page); return 0;
     case WM_PRINTCLIENT:
-        static_cast<void>(DefaultAnswer(window, message, w, l)); // the face colour
+        static_cast<void>(DefaultAnswer(window, message, w, l)); // fills the background
         DrawPage(reinterpret_cast<HDC>(w), page);
         return 0;
     default: return DefaultAnswer(window, message, w, l);

@@ -9,9 +9,10 @@ namespace {
 // dark. In the order of MonitorKind; a Branded monitor has no power to take a part of.
 constexpr double kDimmedPart[] = {0.97, 0.97, 0.95, 0.97, 0.98};
 
+// In this order, term by term: the other order rounds the last printed digit of some days differently.
 double KilowattHours(double wattSeconds)
 {
-    return wattSeconds / 3600.0 / 1000.0;
+    return wattSeconds / 1000.0 / 3600.0;
 }
 
 // The profile in 64-bit floats, so that no sum is rounded to the width of the record's values.
@@ -61,16 +62,20 @@ struct SavedSeconds {
     }
 };
 
-// What the saving states drew, in watt seconds.
+// What the saving states drew, in kWh.
 double Drawn(const SavedSeconds& s, const Watts& w)
 {
     if (w.inbuilt)
-        return (s.dim + s.monitorOff) * w.dimmedPart * w.idle + s.timedStandby * w.standby + s.poweredDown * w.off;
-    return s.dim * (w.idle + w.dimmedPart * w.monitor) + s.monitorOff * (w.idle + w.monitorOff)
-        + s.timedStandby * (w.monitorOff + w.standby) + s.poweredDown * (w.monitorOff + w.off);
+        return KilowattHours((s.dim + s.monitorOff) * w.dimmedPart * w.idle) + KilowattHours(s.timedStandby * w.standby)
+            + KilowattHours(s.poweredDown * w.off);
+    return KilowattHours(s.dim * (w.idle + w.dimmedPart * w.monitor))
+        + KilowattHours(s.monitorOff * (w.idle + w.monitorOff))
+        + KilowattHours(s.timedStandby * (w.monitorOff + w.standby))
+        + KilowattHours(s.poweredDown * (w.monitorOff + w.off));
 }
 
-// What they would have drawn as plain idle time. The dim term's 0.97 is meant for every kind of monitor.
+// What they would have drawn as plain idle time, in watt seconds. The dim term takes 0.97 for every kind of monitor:
+// reports stay comparable with earlier ones.
 double WouldHaveDrawn(const SavedSeconds& s, const Watts& w)
 {
     return (s.timedStandby + s.poweredDown + s.monitorOff) * (w.idle + w.monitor) + s.dim * (w.idle + 0.97 * w.monitor);
@@ -105,7 +110,7 @@ SavingsFigures ComputeSavings(const DayReport& day, const PowerProfile& profile)
     f.savedFor = d.dim + d.monitorOff + d.shutdown + d.hibernateUponIdle + d.timedStandby;
 
     f.wouldHaveBeen = KilowattHours(static_cast<double>(f.wouldHaveBeenOn) * watts.FullOn());
-    f.saved = KilowattHours(WouldHaveDrawn(seconds, watts)) - KilowattHours(Drawn(seconds, watts));
+    f.saved = KilowattHours(WouldHaveDrawn(seconds, watts)) - Drawn(seconds, watts);
     f.nowIs = f.wouldHaveBeen - f.saved;
     if (day.powerConsumed != 0 || day.powerSaved != 0) {
         f.nowIs = day.powerConsumed != 0 ? day.powerConsumed : f.nowIs;

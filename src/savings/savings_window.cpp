@@ -2,11 +2,15 @@
 // main menu.
 #include "savings/savings_window.h"
 
+#include "base/local_clock.h"
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/agent.h"
+#include "console/agent_lost.h"
+#include "console/agent_state.h"
 #include "console/help.h"
 #include "console/state.h"
+#include "savings/day_texts.h"
 #include "savings/graph_view.h"
 #include "savings/profile_window.h"
 #include "savings/report_pages.h"
@@ -51,28 +55,6 @@ constexpr UINT kRestMs = 500;
 
 bool dayWaits = false; // the timer runs
 
-LocalTime LocalTimeOf(const SYSTEMTIME& t)
-{
-    return {t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond};
-}
-
-LocalTime Now()
-{
-    SYSTEMTIME now;
-    GetLocalTime(&now);
-    return LocalTimeOf(now);
-}
-
-// Midnight of the day as the platform tells it.
-SYSTEMTIME SystemTimeOf(const LocalTime& day)
-{
-    SYSTEMTIME time{};
-    time.wYear = static_cast<WORD>(day.year);
-    time.wMonth = static_cast<WORD>(day.month);
-    time.wDay = static_cast<WORD>(day.day);
-    return time;
-}
-
 LocalTime PickedDay(HWND window)
 {
     SYSTEMTIME time{};
@@ -114,11 +96,20 @@ void TellOfDay(HWND window, const Box& box, const LocalTime& day)
     Tell(window, box, Format(box.text, PickerDate(day).c_str()));
 }
 
+// The profile is read with all else when the console connects; where that failed it is tried again for each day.
+bool EnsureProfile()
+{
+    if (state.consumption != PowerConsumptionData{} || ReadCurrentConsumption())
+        return true;
+    OnAgentLost();
+    return false;
+}
+
 // Asks the agent about the day. Nothing when the product is not active or the agent is lost; both are told.
 std::optional<DayAnswer> AskForDay(HWND window, const LocalTime& day, DayReport& report)
 {
     const PickerOff off(window);
-    if (!OpenGate(window, kRefusalCaption))
+    if (!OpenGate(window, kRefusalCaption) || !EnsureProfile())
         return std::nullopt;
     std::optional<DayAnswer> answer;
     std::wstring status;
@@ -126,7 +117,7 @@ std::optional<DayAnswer> AskForDay(HWND window, const LocalTime& day, DayReport&
         Reply reply = SendOrLose(WithText(Operation::GetEvents, L"fordate", RequestDate(day)));
         if (!reply.Answered())
             return std::nullopt;
-        answer = ReadDayAnswer(reply.Root(), reply.Text(), Now(), report);
+        answer = ReadDayAnswer(reply.Root(), reply.Text(), LocalNow(), report);
         status = reply.Status();
     }
     return IsLicenceRefusal(window, kRefusalCaption, status) ? std::nullopt : answer;
@@ -142,7 +133,7 @@ void OnShowPickedDay(HWND window)
 {
     StopWaiting(window);
     const LocalTime day = PickedDay(window);
-    if (!IsWindowEnabled(ControlOf(window, kPicker)) || SecondsOf(day) > SecondsOf(Now()))
+    if (!IsWindowEnabled(ControlOf(window, kPicker)) || SecondsOf(day) > SecondsOf(LocalNow()))
         return;
     chosenDay = day;
     DayReport report;
@@ -164,7 +155,7 @@ bool IsCalendarOpen(HWND window)
     return calendar && IsWindowVisible(calendar);
 }
 
-// Not from the picker's own message: a box in the midst of it would confuse the picker.
+// Not while the picker handles its own message: a message box opened there would leave its calendar open.
 void ShowPickedDaySoon(HWND window, UINT milliseconds)
 {
     dayWaits = true;
@@ -173,12 +164,12 @@ void ShowPickedDaySoon(HWND window, UINT milliseconds)
 
 // The picker reports no change when its calendar is closed by a click on the day that it shows already; nor does its
 // closing tell whether a day was chosen or it was left by Esc. The calendar's own notification to the picker does.
-LRESULT CALLBACK PickerHabits(HWND picker, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+LRESULT CALLBACK PickerSubclassProc(HWND picker, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
 {
     if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->code == MCN_SELECT)
         ShowPickedDaySoon(GetParent(picker), kRestMs);
     else if (message == WM_NCDESTROY)
-        RemoveWindowSubclass(picker, &PickerHabits, id);
+        RemoveWindowSubclass(picker, &PickerSubclassProc, id);
     return DefSubclassProc(picker, message, w, l);
 }
 
@@ -215,7 +206,7 @@ LRESULT OnCreate(HWND window)
 {
     CreateControls(window, kControls, WindowFont());
     DateTime_SetFormat(ControlOf(window, kPicker), L"d'/'MM'/'yyyy");
-    SetWindowSubclass(ControlOf(window, kPicker), &PickerHabits, 0, 0);
+    SetWindowSubclass(ControlOf(window, kPicker), &PickerSubclassProc, 0, 0);
     StopWaiting(window);
     chosenDay.reset();
     shownDay.reset();
@@ -250,7 +241,7 @@ void BindPages(HWND window)
 void RenewRange(HWND window)
 {
     SYSTEMTIME range[2]{};
-    range[1] = SystemTimeOf(Now());
+    range[1] = SystemTimeOf(LocalNow());
     range[1].wHour = 23;
     range[1].wMinute = 59;
     range[1].wSecond = 59;
@@ -271,7 +262,7 @@ void OpenSavingsWindow(HWND)
     BindPages(window);
     RenewRange(window);
     if (!IsWindowVisible(window)) {
-        PickDay(window, chosenDay.value_or(Now()));
+        PickDay(window, chosenDay.value_or(LocalNow()));
         RecomputeSavings();
         FocusOn(window, kPicker);
     }
@@ -296,6 +287,10 @@ LRESULT CALLBACK SavingsWindowProc(HWND window, UINT message, WPARAM w, LPARAM l
             return 0;
         break;
     case WM_NOTIFY: return OnNotify(window, *reinterpret_cast<const NMHDR*>(l));
+    case WM_ACTIVATE:
+        if (LOWORD(w) != WA_INACTIVE)
+            RenewRange(window); // a window left open over midnight
+        break;
     case WM_TIMER: OnTimer(window); return 0;
     case WM_CLOSE: OnCancel(window); return 0;
     case WM_HELP: OnHelp(window); return TRUE;

@@ -1,6 +1,7 @@
 #include "savings/shown_day.h"
 
 #include "link/replies.h"
+#include "savings/day_texts.h"
 #include "savings/profile_record.h"
 
 namespace voltaro {
@@ -14,7 +15,8 @@ DayAnswer ReadDayAnswer(const Element* root, std::wstring_view text, const Local
 
 ShownDay MakeShownDay(const LocalTime& day, const DayReport& report, const PowerConsumptionData& consumption)
 {
-    ShownDay shown{day, report, ProfileOf(consumption), {}, LayOutGraph(report.durations, HeadingDate(day))};
+    ShownDay shown{day, report, ProfileOf(consumption), {}, LayOutGraph(report.durations, HeadingDate(day)),
+        consumption != PowerConsumptionData{}};
     shown.figures = ComputeSavings(report, shown.profile);
     return shown;
 }

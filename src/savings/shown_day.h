@@ -30,6 +30,7 @@ struct ShownDay {
     PowerProfile profile;
     SavingsFigures figures;
     GraphLayout graph;
+    bool profileKnown = false; // else the agent's profile could not be read, and what needs powers is wrong
 };
 [[nodiscard]] ShownDay MakeShownDay(
     const LocalTime& day, const DayReport& report, const PowerConsumptionData& consumption);

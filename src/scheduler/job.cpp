@@ -1,13 +1,12 @@
 #include "scheduler/job.h"
 
+#include "base/calendar.h"
 #include "base/text.h"
-
-#include <chrono>
 
 namespace voltaro {
 namespace {
 
-// Three runs of digits, parted by the separator.
+// Three groups of digits with the separator between them.
 std::optional<std::array<int, 3>> ThreeNumbers(std::wstring_view text, wchar_t separator)
 {
     std::array<int, 3> numbers{};
@@ -25,33 +24,35 @@ std::optional<std::array<int, 3>> ThreeNumbers(std::wstring_view text, wchar_t s
 
 } // namespace
 
-std::wstring TimeText(TimeOfDay time)
+std::wstring TimeText(std::chrono::seconds time)
 {
-    return Format(L"%02d:%02d:%02d", time.hour, time.minute, time.second);
+    const std::chrono::hh_mm_ss parts(time);
+    return Format(L"%02d:%02d:%02d", static_cast<int>(parts.hours().count()), static_cast<int>(parts.minutes().count()),
+        static_cast<int>(parts.seconds().count()));
 }
 
-std::optional<TimeOfDay> ParseTime(std::wstring_view text)
+std::optional<std::chrono::seconds> ParseTime(std::wstring_view text)
 {
     const auto numbers = ThreeNumbers(text, L':');
     if (!numbers || (*numbers)[0] > 23 || (*numbers)[1] > 59 || (*numbers)[2] > 59)
         return std::nullopt;
-    return TimeOfDay{(*numbers)[0], (*numbers)[1], (*numbers)[2]};
+    return std::chrono::hours((*numbers)[0]) + std::chrono::minutes((*numbers)[1])
+        + std::chrono::seconds((*numbers)[2]);
 }
 
-std::wstring DateText(CalendarDate date)
+std::wstring DateText(std::chrono::year_month_day date)
 {
-    return Format(L"%04d-%02d-%02d", date.year, date.month, date.day);
+    return Format(L"%04d-%02d-%02d", static_cast<int>(date.year()),
+        static_cast<int>(static_cast<unsigned>(date.month())), static_cast<int>(static_cast<unsigned>(date.day())));
 }
 
-std::optional<CalendarDate> ParseDate(std::wstring_view text)
+std::optional<std::chrono::year_month_day> ParseDate(std::wstring_view text)
 {
     const auto numbers = ThreeNumbers(text, L'-');
-    if (!numbers || (*numbers)[0] > 9999 || (*numbers)[1] > 12 || (*numbers)[2] > 31)
+    if (!numbers || (*numbers)[0] > 9999)
         return std::nullopt;
-    const CalendarDate date{(*numbers)[0], (*numbers)[1], (*numbers)[2]};
-    const std::chrono::year_month_day day{std::chrono::year(date.year),
-        std::chrono::month(static_cast<unsigned>(date.month)), std::chrono::day(static_cast<unsigned>(date.day))};
-    return day.ok() ? std::optional(date) : std::nullopt;
+    const std::chrono::year_month_day date = DateOf({(*numbers)[0], (*numbers)[1], (*numbers)[2]});
+    return date.ok() ? std::optional(date) : std::nullopt;
 }
 
 } // namespace voltaro

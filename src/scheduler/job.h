@@ -1,9 +1,10 @@
 #pragma once
 
 #include "base/choices.h"
-#include "base/fixed_text.h"
+#include "base/text.h"
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -19,37 +20,75 @@ inline constexpr std::size_t kMaxTasks = 7; // of one job
 // When a job runs: every day at its start time, once on a date, on chosen week days, or in chosen months.
 enum class ScheduleKind { Daily, OnDate, Weekly, Monthly };
 
+// The longest texts that the user may type, in UTF-16 units. What the agent has sent may be longer.
+inline constexpr std::size_t kMaxJobName = 99;
+inline constexpr std::size_t kMaxDescription = 255;
+inline constexpr std::size_t kMaxTaskText = 259; // path and parameters
+
+// A flag or a number as the text that the agent keeps. The text stays as it was read until another value is assigned:
+// jobs that nobody changed go back exactly as they came.
+class StoredFlag {
+public:
+    std::wstring text = L"No"; // "Yes" sets the flag, any other text does not
+
+    operator bool() const { return text == L"Yes"; }
+    StoredFlag& operator=(bool set)
+    {
+        if (set != bool(*this))
+            text = set ? L"Yes" : L"No";
+        return *this;
+    }
+    friend bool operator==(const StoredFlag&, const StoredFlag&) = default;
+};
+
+class StoredNumber {
+public:
+    std::wstring text = L"0";
+
+    operator std::int32_t() const { return LeadingNumber(text); }
+    StoredNumber& operator=(std::int32_t number)
+    {
+        if (number != std::int32_t(*this))
+            text = NumberText(number);
+        return *this;
+    }
+    friend bool operator==(const StoredNumber&, const StoredNumber&) = default;
+};
+
 // A program or batch file that a job starts.
 struct ScheduledTask {
-    FixedText<260> path{}; // unique within the job, without regard to case
-    FixedText<260> parameters{};
-    bool delayEnabled = false;     // a repeat interval is set
-    std::int32_t delayMinutes = 0; // the repeat interval
-    FixedText<16> endTime{};       // hours:minutes:seconds; after it the task is no longer repeated
+    std::wstring path{}; // unique within the job, without regard to case
+    std::wstring parameters{};
+    bool delayEnabled = false;   // a repeat interval is set
+    StoredNumber delayMinutes{}; // the repeat interval
+    std::wstring endTime{};      // hours:minutes:seconds; after it the task is no longer repeated
 
     friend bool operator==(const ScheduledTask&, const ScheduledTask&) = default;
 };
 
+// The dates of a schedule that has none: every day, or chosen week days.
+inline constexpr const wchar_t* kNoDate = L"NULL";
+
 // One scheduled job. What belongs to another kind of schedule, to an unset scheme or power-off, is neither sent nor
 // read back.
 struct ScheduledJob {
-    FixedText<100> name{}; // unique in the list, without regard to case
-    FixedText<256> description{};
-    bool enabled = false;
-    FixedText<16> startTime{}; // hours:minutes:seconds
+    std::wstring name; // unique in the list, without regard to case
+    std::wstring description;
+    StoredFlag enabled;
+    std::wstring startTime; // hours:minutes:seconds
     ScheduleKind kind = ScheduleKind::Daily;
-    FixedText<16> date{};           // OnDate: year-month-day
-    std::array<bool, 7> weekDays{}; // Weekly: Sunday first
-    std::array<bool, 12> months{};  // Monthly: January first
-    FixedText<16> monthStartDay{};  // Monthly: "01" to "31", first and
-    FixedText<16> monthEndDay{};    // last day of the month on which the job runs
+    std::optional<std::wstring> otherKind; // Daily: the word for a kind that this program does not know
+    std::wstring startDate = kNoDate;      // OnDate: year-month-day, both; Monthly: "01" to "31", the first and
+    std::wstring endDate = kNoDate;        // the last day of the month on which the job runs
+    std::array<StoredFlag, 7> weekDays{};  // Weekly: Sunday first
+    std::array<StoredFlag, 12> months{};   // Monthly: January first
     bool powerOn = false;
     bool applyScheme = false;
-    FixedText<100> schemeName{};
+    std::wstring schemeName;
     bool powerOff = false;
-    FixedText<20> powerOffType{}; // one of kPowerOffTypes
-    std::int32_t idleMinutes = 0; // idleness after which the power-off is tried
-    bool useAppSensor = false;
+    std::wstring powerOffType; // one of kPowerOffTypes
+    StoredNumber idleMinutes;  // idleness after which the power-off is tried
+    StoredFlag useAppSensor;
     std::vector<ScheduledTask> tasks; // at most kMaxTasks
 
     friend bool operator==(const ScheduledJob&, const ScheduledJob&) = default;
@@ -76,28 +115,11 @@ inline constexpr Choice kRepeatChoices[] = {
 };
 // clang-format on
 
-// A time as the day's clock shows it.
-struct TimeOfDay {
-    int hour;
-    int minute;
-    int second;
-
-    friend bool operator==(const TimeOfDay&, const TimeOfDay&) = default;
-};
-
-// A day of the calendar.
-struct CalendarDate {
-    int year;
-    int month; // from 1
-    int day;   // from 1
-
-    friend bool operator==(const CalendarDate&, const CalendarDate&) = default;
-};
-
-// The texts of a record ("08:05:00", "2024-05-01") and back; nothing for a text that is no such time or date.
-[[nodiscard]] std::wstring TimeText(TimeOfDay time);
-[[nodiscard]] std::optional<TimeOfDay> ParseTime(std::wstring_view text);
-[[nodiscard]] std::wstring DateText(CalendarDate date);
-[[nodiscard]] std::optional<CalendarDate> ParseDate(std::wstring_view text);
+// The texts of a record ("08:05:00", "2024-05-01") and back, a time as the seconds since midnight; nothing for a text
+// that is no such time or date.
+[[nodiscard]] std::wstring TimeText(std::chrono::seconds time);
+[[nodiscard]] std::optional<std::chrono::seconds> ParseTime(std::wstring_view text);
+[[nodiscard]] std::wstring DateText(std::chrono::year_month_day date);
+[[nodiscard]] std::optional<std::chrono::year_month_day> ParseDate(std::wstring_view text);
 
 } // namespace voltaro

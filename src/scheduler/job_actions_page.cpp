@@ -60,7 +60,7 @@ void ShowActions(const ScheduledJob& job)
     SetChecked(page, kWakeUp, job.powerOn);
     SetChecked(page, kApplyScheme, job.applyScheme);
     const std::wstring_view current = state.currentScheme.powerScheme;
-    ShowAmong(page, kScheme, state.schemes, job.applyScheme ? job.schemeName.view() : current);
+    ShowAmong(page, kScheme, state.schemes, job.applyScheme ? std::wstring_view(job.schemeName) : current);
     SetChecked(page, kPowerOff, job.powerOff);
     const std::vector<std::wstring> types(std::begin(kPowerOffTypes), std::end(kPowerOffTypes));
     ShowAmong(page, kPowerOffType, types, job.powerOffType);

@@ -1,76 +1,55 @@
 #include "scheduler/job_controls.h"
 
+#include "base/local_clock.h"
+
 #include <algorithm>
 #include <vector>
 
 namespace voltaro {
 namespace {
 
-SYSTEMTIME Now()
-{
-    SYSTEMTIME now;
-    GetLocalTime(&now);
-    return now;
-}
-
-SYSTEMTIME Picked(HWND window, int id)
+LocalTime Picked(HWND window, int id)
 {
     SYSTEMTIME picked{};
     DateTime_GetSystemtime(ControlOf(window, id), &picked);
-    return picked;
+    return LocalTimeOf(picked);
 }
 
-bool Pick(HWND window, int id, SYSTEMTIME time)
+bool Pick(HWND window, int id, const LocalTime& time)
 {
-    return DateTime_SetSystemtime(ControlOf(window, id), GDT_VALID, &time) != FALSE;
-}
-
-CalendarDate DateOf(const SYSTEMTIME& time)
-{
-    return {time.wYear, time.wMonth, time.wDay};
-}
-
-TimeOfDay TimeOf(const SYSTEMTIME& time)
-{
-    return {time.wHour, time.wMinute, time.wSecond};
+    const SYSTEMTIME shown = SystemTimeOf(time);
+    return DateTime_SetSystemtime(ControlOf(window, id), GDT_VALID, &shown) != FALSE;
 }
 
 } // namespace
 
-CalendarDate Today()
-{
-    return DateOf(Now());
-}
-
-TimeOfDay TimeNow()
-{
-    return TimeOf(Now());
-}
-
 void ShowTime(HWND window, int id, std::wstring_view text)
 {
-    const TimeOfDay time = ParseTime(text).value_or(TimeOfDay{});
-    SYSTEMTIME shown = Now(); // a picker of times wants a date too
-    shown.wHour = static_cast<WORD>(time.hour);
-    shown.wMinute = static_cast<WORD>(time.minute);
-    shown.wSecond = static_cast<WORD>(time.second);
+    const std::chrono::hh_mm_ss time(ParseTime(text).value_or(std::chrono::seconds(0)));
+    LocalTime shown = LocalNow(); // a picker of times wants a date too
+    shown.hour = static_cast<int>(time.hours().count());
+    shown.minute = static_cast<int>(time.minutes().count());
+    shown.second = static_cast<int>(time.seconds().count());
     Pick(window, id, shown);
 }
 
 std::wstring TimeShown(HWND window, int id)
 {
-    return TimeText(TimeOf(Picked(window, id)));
+    const LocalTime time = Picked(window, id);
+    return TimeText(
+        std::chrono::hours(time.hour) + std::chrono::minutes(time.minute) + std::chrono::seconds(time.second));
 }
 
 void ShowDate(HWND window, int id, std::wstring_view text)
 {
-    const CalendarDate date = ParseDate(text).value_or(Today());
-    SYSTEMTIME shown = Now();
-    shown.wYear = static_cast<WORD>(date.year);
-    shown.wMonth = static_cast<WORD>(date.month);
-    shown.wDay = static_cast<WORD>(date.day);
+    LocalTime shown = LocalNow();
+    if (const auto date = ParseDate(text)) {
+        shown.year = static_cast<int>(date->year());
+        shown.month = static_cast<int>(static_cast<unsigned>(date->month()));
+        shown.day = static_cast<int>(static_cast<unsigned>(date->day()));
+    }
     if (!Pick(window, id, shown))
-        Pick(window, id, Now()); // a date before the calendar that pickers know
+        Pick(window, id, LocalNow()); // a date before the calendar that pickers know
 }
 
 std::wstring DateShown(HWND window, int id)

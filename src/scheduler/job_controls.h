@@ -13,10 +13,6 @@ namespace voltaro {
 
 // How the values of a job stand in the controls of its windows.
 
-// The local time.
-[[nodiscard]] CalendarDate Today();
-[[nodiscard]] TimeOfDay TimeNow();
-
 // Time and date pickers. A text that is no time shows as midnight, one that is no date as today.
 void ShowTime(HWND window, int id, std::wstring_view text);
 [[nodiscard]] std::wstring TimeShown(HWND window, int id);

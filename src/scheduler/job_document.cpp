@@ -8,7 +8,6 @@
 namespace voltaro {
 namespace {
 
-constexpr wchar_t kNoDate[] = L"NULL";
 constexpr wchar_t kOnceOrDaily[] = L"AST"; // told apart by the start date
 constexpr wchar_t kWeekly[] = L"Weekly";
 constexpr wchar_t kMonthly[] = L"Monthly";
@@ -28,16 +27,6 @@ std::wstring TaskName(std::size_t job, std::size_t task)
     return Numbered(Numbered(L"APP_", job), task);
 }
 
-const wchar_t* YesNo(bool flag)
-{
-    return flag ? L"Yes" : L"No";
-}
-
-bool IsYes(std::wstring_view text)
-{
-    return text == L"Yes";
-}
-
 // --- building ---
 
 Element Parent(std::wstring name)
@@ -50,10 +39,10 @@ void Add(Element& parent, std::wstring_view name, std::wstring_view text)
     parent.children.push_back(TextElement(name, text));
 }
 
-void AddFlags(Element& parent, std::span<const wchar_t* const> names, std::span<const bool> flags)
+void AddFlags(Element& parent, std::span<const wchar_t* const> names, std::span<const StoredFlag> flags)
 {
     for (std::size_t i = 0; i < names.size(); ++i)
-        Add(parent, names[i], YesNo(flags[i]));
+        Add(parent, names[i], flags[i].text);
 }
 
 Element BuildFrequency(const ScheduledJob& job, std::size_t number)
@@ -61,6 +50,8 @@ Element BuildFrequency(const ScheduledJob& job, std::size_t number)
     Element frequency = Parent(Numbered(L"Frequency_", number));
     switch (job.kind) {
     case ScheduleKind::Daily:
+        Add(frequency, L"JobStart", job.otherKind ? std::wstring_view(*job.otherKind) : kOnceOrDaily);
+        break;
     case ScheduleKind::OnDate: Add(frequency, L"JobStart", kOnceOrDaily); break;
     case ScheduleKind::Weekly:
         Add(frequency, L"JobStart", kWeekly);
@@ -76,13 +67,10 @@ Element BuildFrequency(const ScheduledJob& job, std::size_t number)
 
 Element BuildSchedule(const ScheduledJob& job, std::size_t number)
 {
-    const bool once = job.kind == ScheduleKind::OnDate;
-    const bool monthly = job.kind == ScheduleKind::Monthly;
     Element schedule = Parent(Numbered(L"Schedule_", number));
     Add(schedule, L"StartTime", job.startTime);
-    // A once job starts and ends on its date.
-    Add(schedule, L"StartDate", once ? job.date.view() : monthly ? job.monthStartDay.view() : kNoDate);
-    Add(schedule, L"EndDate", once ? job.date.view() : monthly ? job.monthEndDay.view() : kNoDate);
+    Add(schedule, L"StartDate", job.startDate);
+    Add(schedule, L"EndDate", job.endDate);
     schedule.children.push_back(BuildFrequency(job, number));
     return schedule;
 }
@@ -92,7 +80,7 @@ Element BuildTask(const ScheduledTask& task, std::wstring name)
     Element element = Parent(std::move(name));
     Add(element, L"Path", task.path);
     Add(element, L"Parameters", task.parameters);
-    Add(element, L"RDelay", task.delayEnabled ? NumberText(task.delayMinutes) : std::wstring());
+    Add(element, L"RDelay", task.delayEnabled ? std::wstring_view(task.delayMinutes.text) : std::wstring_view());
     Add(element, L"REndTime", task.endTime);
     return element;
 }
@@ -107,8 +95,8 @@ Element BuildAction(const ScheduledJob& job, std::size_t number)
     if (job.powerOff) {
         Element powerOff = Parent(Numbered(L"PowerOff_", number));
         Add(powerOff, L"type", job.powerOffType);
-        Add(powerOff, L"idlefor", NumberText(job.idleMinutes));
-        Add(powerOff, L"AppSensor", YesNo(job.useAppSensor));
+        Add(powerOff, L"idlefor", job.idleMinutes.text);
+        Add(powerOff, L"AppSensor", job.useAppSensor.text);
         action.children.push_back(std::move(powerOff));
     }
     Element tasks = Parent(Numbered(L"RunTask_", number));
@@ -123,7 +111,7 @@ Element BuildJob(const ScheduledJob& job, std::size_t number)
     Element element = Parent(Numbered(L"Job_", number));
     Add(element, L"Name", job.name);
     Add(element, L"Description", job.description);
-    Add(element, L"EnabledFlag", YesNo(job.enabled));
+    Add(element, L"EnabledFlag", job.enabled.text);
     element.children.push_back(BuildSchedule(job, number));
     element.children.push_back(BuildAction(job, number));
     return element;
@@ -131,11 +119,18 @@ Element BuildJob(const ScheduledJob& job, std::size_t number)
 
 // --- reading: sections by name inside their parent, values by position ---
 
+// A child that is missing leaves the text as it is.
+void ReadText(const Element& parent, std::size_t position, std::wstring& text)
+{
+    if (position < parent.children.size())
+        text = parent.children[position].text;
+}
+
 // The flags follow the kind's word.
-void ReadFlags(const Element& frequency, std::span<bool> flags)
+void ReadFlags(const Element& frequency, std::span<StoredFlag> flags)
 {
     for (std::size_t i = 0; i < flags.size(); ++i)
-        flags[i] = IsYes(ChildText(frequency, i + 1));
+        ReadText(frequency, i + 1, flags[i].text);
 }
 
 void ReadFrequency(const Element& frequency, ScheduledJob& job)
@@ -148,26 +143,21 @@ void ReadFrequency(const Element& frequency, ScheduledJob& job)
         job.kind = ScheduleKind::Monthly;
         ReadFlags(frequency, job.months);
     } else if (word == kOnceOrDaily) {
-        job.kind = ScheduleKind::OnDate;
+        job.kind = job.startDate == kNoDate ? ScheduleKind::Daily : ScheduleKind::OnDate;
+    } else {
+        job.otherKind.emplace(word); // shown as daily
     }
-    // Any other word leaves a daily job.
 }
 
 void ReadSchedule(const Element& schedule, std::size_t number, ScheduledJob& job)
 {
-    job.startTime = ChildText(schedule, 0);
+    ReadText(schedule, 0, job.startTime);
+    ReadText(schedule, 1, job.startDate);
+    ReadText(schedule, 2, job.endDate);
     if (const Element* frequency = FindChild(schedule, Numbered(L"Frequency_", number)))
         ReadFrequency(*frequency, job);
-    if (job.kind == ScheduleKind::OnDate) {
-        job.date = ChildText(schedule, 1);
-        if (job.date == kNoDate) {
-            job.kind = ScheduleKind::Daily;
-            job.date.Clear();
-        }
-    } else if (job.kind == ScheduleKind::Monthly) {
-        job.monthStartDay = ChildText(schedule, 1);
-        job.monthEndDay = ChildText(schedule, 2);
-    }
+    else
+        job.otherKind.emplace();
 }
 
 ScheduledTask ReadTask(const Element& element)
@@ -177,7 +167,8 @@ ScheduledTask ReadTask(const Element& element)
     task.parameters = ChildText(element, 1);
     const std::wstring_view delay = ChildText(element, 2);
     task.delayEnabled = !delay.empty();
-    task.delayMinutes = LeadingNumber(delay);
+    if (task.delayEnabled)
+        task.delayMinutes.text = delay;
     task.endTime = ChildText(element, 3);
     return task;
 }
@@ -212,8 +203,8 @@ std::size_t ReadAction(const Element& action, std::size_t number, ScheduledJob& 
     const Element* powerOff = FindChild(action, Numbered(L"PowerOff_", number));
     if (powerOff != nullptr) {
         job.powerOffType = ChildText(*powerOff, 0);
-        job.idleMinutes = LeadingNumber(ChildText(*powerOff, 1));
-        job.useAppSensor = IsYes(ChildText(*powerOff, 2));
+        ReadText(*powerOff, 1, job.idleMinutes.text);
+        ReadText(*powerOff, 2, job.useAppSensor.text);
     }
     const Element* runTask = FindChild(action, Numbered(L"RunTask_", number));
     return runTask != nullptr ? ReadTasks(*runTask, number, job) : 0;
@@ -240,7 +231,7 @@ ReadJobs ReadJobList(const Element& details)
         if (job.name.empty())
             continue;
         job.description = ChildText(*element, 1);
-        job.enabled = IsYes(ChildText(*element, 2));
+        ReadText(*element, 2, job.enabled.text);
         if (const Element* schedule = FindChild(*element, Numbered(L"Schedule_", n)))
             ReadSchedule(*schedule, n, job);
         if (const Element* action = FindChild(*element, Numbered(L"Action_", n)))

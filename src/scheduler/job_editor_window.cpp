@@ -2,6 +2,7 @@
 // writes; it sends nothing itself.
 #include "scheduler/job_editor_window.h"
 
+#include "base/local_clock.h"
 #include "base/text.h"
 #include "console/help.h"
 #include "console/state.h"
@@ -9,6 +10,7 @@
 #include "scheduler/job_controls.h"
 #include "scheduler/job_rules.h"
 #include "scheduler/job_tasks_page.h"
+#include "scheduler/job_texts.h"
 #include "ui/boxes.h"
 #include "ui/commands.h"
 #include "ui/navigation.h"
@@ -48,7 +50,7 @@ enum Id : int {
     kDecember = 222,
 };
 
-// The four faces of the schedule share one place; the chosen kind shows its own.
+// The controls of the four kinds of schedule share one place; those of the chosen kind are visible.
 // clang-format off
 constexpr Control kControls[] = {
     // kind             id              text                      x    y    w    h
@@ -99,24 +101,24 @@ constexpr Control kControls[] = {
 // clang-format on
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, 744, 556));
 
-constexpr int kOnDateFace[] = {kDateLabel, kDate};
-constexpr int kWeeklyFace[] = {kSunday, kSunday + 1, kSunday + 2, kSunday + 3, kSunday + 4, kSunday + 5, kSaturday};
-constexpr int kMonthlyFace[]
+constexpr int kOnDateControls[] = {kDateLabel, kDate};
+constexpr int kWeeklyControls[] = {kSunday, kSunday + 1, kSunday + 2, kSunday + 3, kSunday + 4, kSunday + 5, kSaturday};
+constexpr int kMonthlyControls[]
     = {kJanuary, kJanuary + 1, kJanuary + 2, kJanuary + 3, kJanuary + 4, kJanuary + 5, kJanuary + 6, kJanuary + 7,
         kJanuary + 8, kJanuary + 9, kJanuary + 10, kDecember, kStartDayLabel, kStartDay, kEndDayLabel, kEndDay};
-constexpr int kDailyFace[] = {kDailyText};
+constexpr int kDailyControls[] = {kDailyText};
 
-// A kind of schedule, its radio (daily has none) and the controls of its face.
-struct Face {
+// A kind of schedule, its radio (daily has none) and the controls that belong to it.
+struct KindControls {
     ScheduleKind kind;
     int radio;
     std::span<const int> controls;
 };
-constexpr Face kFaces[] = {
-    {ScheduleKind::Daily, kNoId, kDailyFace},
-    {ScheduleKind::OnDate, kOnDate, kOnDateFace},
-    {ScheduleKind::Weekly, kWeekly, kWeeklyFace},
-    {ScheduleKind::Monthly, kMonthly, kMonthlyFace},
+constexpr KindControls kKindControls[] = {
+    {ScheduleKind::Daily, kNoId, kDailyControls},
+    {ScheduleKind::OnDate, kOnDate, kOnDateControls},
+    {ScheduleKind::Weekly, kWeekly, kWeeklyControls},
+    {ScheduleKind::Monthly, kMonthly, kMonthlyControls},
 };
 
 constexpr int kTasksTab = 1;
@@ -130,10 +132,11 @@ constexpr Box kTaskUnsaved = {L"Entered Exe details are not saved", L"Are you su
 
 // One opening of the editor.
 struct Editing {
-    ScheduledJobs* jobs = nullptr; // borrowed from the job list window
+    ScheduledJobs* jobs = nullptr; // owned by the job list window
     std::size_t position = 0;
     void (*stored)(std::size_t position) = nullptr;
     ScheduleKind kind = ScheduleKind::Daily; // as chosen; the radios alone do not tell a second click from a first
+    ScheduledJob opened;                     // as it was stored, or a new one
     ScheduledJob shown;                      // what the controls said before the user touched them
 
     [[nodiscard]] EditMode Mode() const { return position < jobs->size() ? EditMode::Update : EditMode::Add; }
@@ -145,29 +148,29 @@ Editing editing;
 void ShowKind(HWND window, ScheduleKind kind)
 {
     editing.kind = kind;
-    for (const Face& face : kFaces) {
-        if (face.radio != kNoId) {
-            SetChecked(window, face.radio, face.kind == kind);
+    for (const KindControls& row : kKindControls) {
+        if (row.radio != kNoId) {
+            SetChecked(window, row.radio, row.kind == kind);
             // Windows would choose a radio that only gets the focus; arrow keys may take this back, so said each time.
-            SendMessageW(ControlOf(window, face.radio), BM_SETDONTCLICK, TRUE, 0);
+            SendMessageW(ControlOf(window, row.radio), BM_SETDONTCLICK, TRUE, 0);
         }
-        Show(window, face.controls, face.kind == kind);
+        Show(window, row.controls, row.kind == kind);
     }
 }
 
-void ShowFlags(HWND window, int first, std::span<const bool> flags)
+void ShowFlags(HWND window, int first, std::span<const StoredFlag> flags)
 {
     for (std::size_t i = 0; i < flags.size(); ++i)
         SetChecked(window, first + static_cast<int>(i), flags[i]);
 }
 
-void CollectFlags(HWND window, int first, std::span<bool> flags)
+void CollectFlags(HWND window, int first, std::span<StoredFlag> flags)
 {
     for (std::size_t i = 0; i < flags.size(); ++i)
         flags[i] = IsChecked(window, first + static_cast<int>(i));
 }
 
-// What belongs to the kinds that the job does not have starts afresh: today, no day, the whole month.
+// What belongs to the kinds that the job does not have starts with defaults: today, no day, the whole month.
 void ShowSchedule(HWND window, const ScheduledJob& job)
 {
     std::vector<std::wstring> days;
@@ -175,26 +178,30 @@ void ShowSchedule(HWND window, const ScheduledJob& job)
         days.push_back(Format(L"%02d", day));
     const bool monthly = job.kind == ScheduleKind::Monthly;
     ShowTime(window, kStartTime, job.startTime);
-    ShowDate(window, kDate, job.date);
+    ShowDate(window, kDate, job.startDate);
     ShowFlags(window, kSunday, job.weekDays);
     ShowFlags(window, kJanuary, job.months);
-    ShowAmong(window, kStartDay, days, monthly ? job.monthStartDay.view() : days.front());
-    ShowAmong(window, kEndDay, days, monthly ? job.monthEndDay.view() : days.back());
+    ShowAmong(window, kStartDay, days, monthly ? job.startDate : days.front());
+    ShowAmong(window, kEndDay, days, monthly ? job.endDate : days.back());
     ShowKind(window, job.kind);
 }
 
 void CollectSchedule(HWND window, ScheduledJob& job)
 {
     job.startTime = TimeShown(window, kStartTime);
-    job.kind = editing.kind;
+    if (job.kind != editing.kind) {
+        job.kind = editing.kind;
+        job.otherKind.reset();
+        job.startDate = job.endDate = kNoDate;
+    }
     if (job.kind == ScheduleKind::OnDate)
-        job.date = DateShown(window, kDate);
+        job.startDate = job.endDate = DateShown(window, kDate); // a once job starts and ends on its date
     if (job.kind == ScheduleKind::Weekly)
         CollectFlags(window, kSunday, job.weekDays);
     if (job.kind == ScheduleKind::Monthly) {
         CollectFlags(window, kJanuary, job.months);
-        job.monthStartDay = SelectedText(window, kStartDay);
-        job.monthEndDay = SelectedText(window, kEndDay);
+        job.startDate = SelectedText(window, kStartDay);
+        job.endDate = SelectedText(window, kEndDay);
     }
 }
 
@@ -210,7 +217,7 @@ void ShowJob(HWND window, const ScheduledJob& job)
 
 ScheduledJob CollectJob(HWND window)
 {
-    ScheduledJob job;
+    ScheduledJob job = editing.opened;
     job.name = TextOf(window, kName);
     job.description = TextOf(window, kDescription);
     job.enabled = IsChecked(window, kEnabled);
@@ -224,9 +231,8 @@ ScheduledJob CollectJob(HWND window)
 ScheduledJob NewJob()
 {
     ScheduledJob job;
-    TimeOfDay now = TimeNow();
-    now.second = 0;
-    job.startTime = TimeText(now);
+    const LocalTime now = LocalNow();
+    job.startTime = TimeText(std::chrono::hours(now.hour) + std::chrono::minutes(now.minute));
     return job;
 }
 
@@ -247,7 +253,7 @@ bool IsRefused(HWND window, const ScheduledJob& job)
     if (refusal == nullptr)
         return false;
     Tell(window, {refusal->title, refusal->text});
-    FocusOn(window, job.kind == ScheduleKind::Weekly ? kSunday : kJanuary);
+    FocusOn(window, AreDaysReversed(job) ? kStartDay : job.kind == ScheduleKind::Weekly ? kSunday : kJanuary);
     return true;
 }
 
@@ -255,7 +261,8 @@ bool IsRefused(HWND window, const ScheduledJob& job)
 void Update(ScheduledJob& stored, ScheduledJob job)
 {
     for (const auto slot :
-        {&ScheduledJob::startTime, &ScheduledJob::date, &ScheduledJob::monthStartDay, &ScheduledJob::monthEndDay}) {
+        {&ScheduledJob::name, &ScheduledJob::description, &ScheduledJob::startTime, &ScheduledJob::startDate,
+            &ScheduledJob::endDate, &ScheduledJob::schemeName, &ScheduledJob::powerOffType}) {
         if (job.*slot == editing.shown.*slot)
             job.*slot = stored.*slot;
     }
@@ -273,12 +280,18 @@ void Store(const ScheduledJob& job)
     editing.stored(editing.position);
 }
 
+// Whether a task that was typed and not added keeps the editor open.
+bool IsTaskKept(HWND window)
+{
+    return AreTaskFieldsFilled() && !Ask(window, kTaskUnsaved);
+}
+
 void OnSave(HWND window)
 {
     const ScheduledJob job = CollectJob(window);
     if (IsRefused(window, job))
         return;
-    if (job.tasks.empty() && Ask(window, kNoTask)) {
+    if (IsTaskKept(window) || (job.tasks.empty() && Ask(window, kNoTask))) {
         TurnTo(ControlOf(window, kTabs), kTasksTab);
         FocusOnTaskPath();
         return;
@@ -297,9 +310,8 @@ void OnCancel(HWND window)
 {
     if (CollectJob(window) != editing.shown && !Ask(window, kJobsUnsaved))
         return;
-    if (AreTaskFieldsFilled() && !Ask(window, kTaskUnsaved))
-        return;
-    Close(window);
+    if (!IsTaskKept(window))
+        Close(window);
 }
 
 // A click on the chosen radio clears it again. A radio that only got the focus may tell of a click too, unchecked.
@@ -324,8 +336,8 @@ constexpr Command kCommands[] = {
 void OnCreate(HWND window)
 {
     CreateControls(window, kControls, WindowFont());
-    LimitText(window, kName, decltype(ScheduledJob::name)::kCapacity);
-    LimitText(window, kDescription, decltype(ScheduledJob::description)::kCapacity);
+    LimitText(window, kName, kMaxJobName);
+    LimitText(window, kDescription, kMaxDescription);
 }
 
 void OnNotify(const NMHDR& notice)
@@ -339,11 +351,12 @@ void OnNotify(const NMHDR& notice)
 void OpenJobEditor(ScheduledJobs& jobs, std::size_t position, void (*stored)(std::size_t position))
 {
     const HWND window = WindowOf(WindowId::JobEditor);
-    editing = {&jobs, position, stored, ScheduleKind::Daily, {}};
+    editing = {&jobs, position, stored, ScheduleKind::Daily, {}, {}};
     const bool added = editing.Mode() == EditMode::Add;
     const TabPage pages[] = {{L"Actions", WindowOf(WindowId::JobActions)}, {L"Tasks", WindowOf(WindowId::JobTasks)}};
     SetTabs(ControlOf(window, kTabs), pages);
-    ShowJob(window, added ? NewJob() : jobs[position]);
+    editing.opened = added ? NewJob() : jobs[position];
+    ShowJob(window, editing.opened);
     Show(window, kSave, added);
     Show(window, kUpdate, !added);
     editing.shown = CollectJob(window);

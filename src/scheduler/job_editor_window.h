@@ -18,7 +18,7 @@ inline constexpr Box kJobsUnsaved
 LRESULT CALLBACK JobEditorWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // Opens the editor on the job at `position` of the list, or on a new one where position is jobs.size(). The job list
-// window is disabled while it is open. "Save" and "Update" write the record into `jobs`, which is borrowed until then,
+// window is disabled while it is open. "Save" and "Update" write the record into `jobs`, which must live until then,
 // and call `stored` with its position; an update that changes nothing does not.
 void OpenJobEditor(ScheduledJobs& jobs, std::size_t position, void (*stored)(std::size_t position));
 

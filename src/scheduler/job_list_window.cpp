@@ -3,6 +3,7 @@
 #include "scheduler/job_list_window.h"
 
 #include "base/computer_name.h"
+#include "base/local_clock.h"
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/agent.h"
@@ -22,6 +23,7 @@
 #include "ui/theme.h"
 #include "ui/window_class.h"
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -132,23 +134,24 @@ std::wstring TipOf(int row)
 {
     if (static_cast<std::size_t>(row) >= session.jobs.size())
         return {};
-    return NextRunText(session.jobs[static_cast<std::size_t>(row)], Today(), TimeNow());
+    return NextRunText(session.jobs[static_cast<std::size_t>(row)], LocalNow());
 }
 
 // --- the agent ---
 
-// An answer that holds no list never becomes an empty one: the next "Save" would delete the agent's jobs.
+// An answer without details is an empty list. One that cannot be read or tells a failure is none: the next "Save" would
+// delete the agent's jobs.
 bool LoadJobs(HWND window, HWND boxOwner)
 {
     Reply reply = SendOrLose(Plain(Operation::GetSchedulerSettings));
     if (!reply.Answered())
         return false;
-    const Element* details = reply.Root() ? FirstElement(*reply.Root(), L"details") : nullptr;
-    if (details == nullptr) {
+    if (reply.Root() == nullptr || IsWord(reply.Status(), kFailure)) {
         Tell(boxOwner, kReadFailed);
         return false;
     }
-    ReadJobs read = ReadJobList(*details);
+    const Element* details = FirstElement(*reply.Root(), L"details");
+    ReadJobs read = details != nullptr ? ReadJobList(*details) : ReadJobs{};
     if (read.droppedJobs > 0)
         LogFault("job list", "jobs beyond the tenth, or not readable, are dropped");
     if (read.droppedTasks > 0)
@@ -221,6 +224,7 @@ void OnDelete(HWND window)
     session.jobs.erase(session.jobs.begin() + static_cast<std::ptrdiff_t>(*job));
     session.deleted = true;
     FillJobs(window);
+    SelectRow(ListOf(window), std::min(static_cast<int>(*job), RowCount(ListOf(window)) - 1));
 }
 
 void OnRemoveAll(HWND window)
@@ -324,12 +328,16 @@ LRESULT CALLBACK JobListWindowProc(HWND window, UINT message, WPARAM w, LPARAM l
     switch (message) {
     case WM_CREATE: OnCreate(window); return 0;
     case WM_COMMAND:
-        if (Dispatch(kCommands, window, w))
+        // The editor writes into the list: messages that other programs send meanwhile must not change or close it.
+        if (!IsWindowEnabled(window) || Dispatch(kCommands, window, w))
             return 0;
         break;
     case WM_NOTIFY: OnNotify(window, *reinterpret_cast<const NMHDR*>(l)); return 0;
     case WM_HELP: OpenHelp(window, kJobHelpPage); return TRUE;
-    case WM_CLOSE: OnCancel(window); return 0;
+    case WM_CLOSE:
+        if (IsWindowEnabled(window))
+            OnCancel(window);
+        return 0;
     default: break;
     }
     return DefaultAnswer(window, message, w, l);

@@ -1,5 +1,7 @@
 #include "scheduler/job_rules.h"
 
+#include "scheduler/job_texts.h"
+
 #include <algorithm>
 
 namespace voltaro {
@@ -19,7 +21,7 @@ bool HoldsForeignPathCharacter(std::wstring_view path)
     return path.find_first_not_of(kPathCharacters) != path.npos;
 }
 
-// Only these four spellings: "x.Exe" is refused, and that is meant.
+// Only these four spellings: users know that "x.Exe" is refused.
 bool LacksProgramExtension(std::wstring_view path)
 {
     return !path.ends_with(L".exe") && !path.ends_with(L".EXE") && !path.ends_with(L".bat") && !path.ends_with(L".BAT");
@@ -55,6 +57,8 @@ constexpr Refusal kTaskPathTaken = {L"Application exe already in the list ",
 
 constexpr Refusal kNoWeekDay = {L"Invalid Schedule", L"Please select at least one day of the week."};
 constexpr Refusal kNoMonth = {L"Invalid Schedule", L"Please select at least one month."};
+constexpr Refusal kDaysReversed
+    = {L"Invalid Schedule", L"The day of 'Job Start On' cannot come after the day of 'Job End On'."};
 // clang-format on
 
 } // namespace
@@ -69,10 +73,12 @@ const Refusal* CheckJobName(std::wstring_view name, const ScheduledJobs& jobs, E
 
 const Refusal* CheckSchedule(const ScheduledJob& job)
 {
-    constexpr auto kNoneSet = [](const auto& flags) { return std::ranges::find(flags, true) == flags.end(); };
+    constexpr auto kNoneSet = [](const auto& flags) { return std::ranges::none_of(flags, &StoredFlag::operator bool); };
     if (job.kind == ScheduleKind::Weekly && kNoneSet(job.weekDays))
         return &kNoWeekDay;
-    return job.kind == ScheduleKind::Monthly && kNoneSet(job.months) ? &kNoMonth : nullptr;
+    if (job.kind == ScheduleKind::Monthly && kNoneSet(job.months))
+        return &kNoMonth;
+    return AreDaysReversed(job) ? &kDaysReversed : nullptr;
 }
 
 const Refusal* CheckTaskPath(std::wstring_view path, const ScheduledJob& job, EditMode mode)

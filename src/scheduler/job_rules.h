@@ -7,8 +7,8 @@
 
 namespace voltaro {
 
-// Whether an editor adds a record or changes one that is in the list. Only an added one is compared with the others:
-// a changed record keeps its name, and may take another's; that is meant.
+// Whether an editor adds a record or changes one that is in the list. Only an added one is compared with the others: a
+// changed record must not be refused for its own name.
 enum class EditMode { Add, Update };
 
 // Each check returns the refusal of the first rule that fails, or null. Show it with RefusalText(*refusal, name).
@@ -16,7 +16,7 @@ enum class EditMode { Add, Update };
 // "Save" (Add) and "Update" of the job editor. `jobs` is the list as it stands.
 [[nodiscard]] const Refusal* CheckJobName(std::wstring_view name, const ScheduledJobs& jobs, EditMode mode);
 
-// A weekly job needs a day, a monthly one a month.
+// A weekly job needs a day, a monthly one a month and days in their order.
 [[nodiscard]] const Refusal* CheckSchedule(const ScheduledJob& job);
 
 // "Add Task" (Add) and "Update Task". `job` holds the tasks as they stand.

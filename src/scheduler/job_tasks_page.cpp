@@ -14,7 +14,9 @@
 #include "ui/tooltip.h"
 #include "ui/window_class.h"
 
+#include <algorithm>
 #include <string>
+#include <utility>
 
 namespace voltaro {
 namespace {
@@ -81,12 +83,13 @@ void EnableFields(HWND page)
 
 ScheduledTask CollectTask(HWND page)
 {
-    ScheduledTask task;
+    ScheduledTask task = loaded != kNone ? edited.tasks[static_cast<std::size_t>(loaded)] : ScheduledTask();
     task.path = TextOf(page, kPath);
     task.parameters = TextOf(page, kParameters);
     task.delayEnabled = IsChecked(page, kRepeat);
     const auto selected = static_cast<std::size_t>(SelectedIndex(page, kInterval));
-    task.delayMinutes = task.delayEnabled ? ChosenNumber(kRepeatChoices, selected, storedInterval) : 0;
+    if (task.delayEnabled)
+        task.delayMinutes = ChosenNumber(kRepeatChoices, selected, storedInterval);
     task.endTime = TimeShown(page, kEndTime);
     return task;
 }
@@ -141,9 +144,11 @@ void OnUpdate(HWND page)
         return;
     ScheduledTask& stored = edited.tasks[static_cast<std::size_t>(loaded)];
     ScheduledTask task = CollectTask(page);
-    if (task.endTime == filled.endTime)
-        task.endTime = stored.endTime; // a text that is no time shows as one
-    stored = task;
+    for (const auto slot : {&ScheduledTask::path, &ScheduledTask::parameters, &ScheduledTask::endTime}) {
+        if (task.*slot == filled.*slot)
+            task.*slot = stored.*slot; // perhaps a text that the field cannot show, such as an end time that is none
+    }
+    stored = std::move(task);
     FillTasks(page);
     Load(page, kNone);
     FocusOn(page, kPath);
@@ -160,6 +165,7 @@ void OnDelete(HWND page)
     else if (loaded > row)
         --loaded;
     FillTasks(page);
+    SelectRow(ListOf(page), std::min(row, RowCount(ListOf(page)) - 1));
 }
 
 void OnEdit(HWND page)
@@ -192,8 +198,8 @@ void OnCreate(HWND page)
     CreateControls(page, kControls, WindowFont());
     SetColumns(ListOf(page), kColumns);
     SetTooltip(ControlOf(page, kBrowse), L"Choose a file");
-    LimitText(page, kPath, decltype(ScheduledTask::path)::kCapacity);
-    LimitText(page, kParameters, decltype(ScheduledTask::parameters)::kCapacity);
+    LimitText(page, kPath, kMaxTaskText);
+    LimitText(page, kParameters, kMaxTaskText);
 }
 
 void OnNotify(HWND page, const NMHDR& notice)

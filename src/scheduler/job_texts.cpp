@@ -16,24 +16,6 @@ constexpr const wchar_t* kWeekDayNames[]
 // A job for the 29th of February may have to wait from 2096 to 2104.
 constexpr int kSearchedDays = 8 * 366;
 
-chrono::sys_days Days(CalendarDate date)
-{
-    return chrono::year_month_day(chrono::year(date.year), chrono::month(static_cast<unsigned>(date.month)),
-        chrono::day(static_cast<unsigned>(date.day)));
-}
-
-CalendarDate DateOf(chrono::sys_days days)
-{
-    const chrono::year_month_day day(days);
-    return {static_cast<int>(day.year()), static_cast<int>(static_cast<unsigned>(day.month())),
-        static_cast<int>(static_cast<unsigned>(day.day()))};
-}
-
-int Seconds(TimeOfDay time)
-{
-    return (time.hour * 60 + time.minute) * 60 + time.second;
-}
-
 unsigned WeekDay(chrono::sys_days days)
 {
     return chrono::weekday(days).c_encoding();
@@ -41,25 +23,31 @@ unsigned WeekDay(chrono::sys_days days)
 
 bool RunsOn(const ScheduledJob& job, chrono::sys_days days)
 {
-    const CalendarDate date = DateOf(days);
+    const chrono::year_month_day date(days);
+    const auto day = static_cast<int>(static_cast<unsigned>(date.day()));
     switch (job.kind) {
     case ScheduleKind::Daily: return true;
-    case ScheduleKind::OnDate: return ParseDate(job.date) == date;
+    case ScheduleKind::OnDate: return ParseDate(job.startDate) == date;
     case ScheduleKind::Weekly: return job.weekDays[WeekDay(days)];
     case ScheduleKind::Monthly:
-        return job.months[static_cast<std::size_t>(date.month - 1)] && date.day >= LeadingNumber(job.monthStartDay)
-            && date.day <= LeadingNumber(job.monthEndDay);
+        return job.months[static_cast<unsigned>(date.month()) - 1] && day >= LeadingNumber(job.startDate)
+            && day <= LeadingNumber(job.endDate);
     }
     return false;
 }
 
 } // namespace
 
+bool AreDaysReversed(const ScheduledJob& job)
+{
+    return job.kind == ScheduleKind::Monthly && LeadingNumber(job.startDate) > LeadingNumber(job.endDate);
+}
+
 std::wstring ScheduleText(const ScheduledJob& job)
 {
     switch (job.kind) {
     case ScheduleKind::Daily: break;
-    case ScheduleKind::OnDate: return Format(L"On Date(%10ls)", job.date.c_str());
+    case ScheduleKind::OnDate: return Format(L"On Date(%10ls)", job.startDate.c_str());
     case ScheduleKind::Weekly: return L"Weekly";
     case ScheduleKind::Monthly: return L"Monthly";
     }
@@ -69,37 +57,35 @@ std::wstring ScheduleText(const ScheduledJob& job)
 std::array<std::wstring, 7> JobRow(const ScheduledJob& job)
 {
     const std::size_t idleness = ShownChoice(kIdlenessChoices, job.idleMinutes);
-    return {std::wstring(job.name), std::wstring(job.description), std::wstring(job.startTime), ScheduleText(job),
-        NumberText(static_cast<std::int64_t>(job.tasks.size())), job.powerOff ? job.powerOffType.c_str() : L"",
+    return {job.name, job.description, job.startTime, ScheduleText(job),
+        NumberText(static_cast<std::int64_t>(job.tasks.size())), job.powerOff ? job.powerOffType : L"",
         job.powerOff ? kIdlenessChoices[idleness].text : L""};
 }
 
 std::array<std::wstring, 3> TaskRow(const ScheduledTask& task)
 {
-    return {std::wstring(task.path), std::wstring(task.endTime),
+    return {task.path, task.endTime,
         task.delayEnabled ? kRepeatChoices[ShownChoice(kRepeatChoices, task.delayMinutes)].text : L""};
 }
 
-std::wstring NextRunText(const ScheduledJob& job, CalendarDate today, TimeOfDay now)
+std::wstring NextRunText(const ScheduledJob& job, const LocalTime& now)
 {
     if (!job.enabled)
         return L"This job is not enabled and does not run.";
     const auto start = ParseTime(job.startTime);
-    const auto date = job.kind == ScheduleKind::OnDate ? ParseDate(job.date) : today;
-    const bool reversed = job.kind == ScheduleKind::Monthly // whether the agent runs such a job is its own affair
-        && LeadingNumber(job.monthStartDay) > LeadingNumber(job.monthEndDay);
-    if (!start || !date || reversed)
+    const auto date = job.kind == ScheduleKind::OnDate ? ParseDate(job.startDate) : DateOf(now);
+    if (!start || !date || AreDaysReversed(job)) // whether the agent runs a job with reversed days is not known
         return L"The next run is not known.";
-    const chrono::sys_days todayDays = Days(today);
+    const chrono::sys_days today = DateOf(now);
+    const bool over = *start <= chrono::hours(now.hour) + chrono::minutes(now.minute) + chrono::seconds(now.second);
     // A date may lie farther ahead than any other schedule reaches: the search starts there.
-    const chrono::sys_days first
-        = std::max(todayDays + chrono::days(Seconds(*start) > Seconds(now) ? 0 : 1), Days(*date));
+    const chrono::sys_days first = std::max(today + chrono::days(over ? 1 : 0), chrono::sys_days(*date));
     for (int i = 0; i < kSearchedDays; ++i) {
         const chrono::sys_days day = first + chrono::days(i);
         if (!RunsOn(job, day))
             continue;
-        const auto ahead = (day - todayDays).count();
-        std::wstring when = kWeekDayNames[WeekDay(day)] + (L", " + DateText(DateOf(day)));
+        const auto ahead = (day - today).count();
+        std::wstring when = kWeekDayNames[WeekDay(day)] + (L", " + DateText(day));
         if (ahead <= 1)
             when = ahead == 0 ? L"today" : L"tomorrow";
         return L"Next run: " + when + L" at " + TimeText(*start);

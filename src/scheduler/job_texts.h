@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/calendar.h"
 #include "scheduler/job.h"
 
 #include <array>
@@ -17,8 +18,11 @@ namespace voltaro {
 // The "Scheduled Type" cell: "On Date(2024-05-01)", "Weekly", "Monthly", or "*******" for every day.
 [[nodiscard]] std::wstring ScheduleText(const ScheduledJob& job);
 
+// Whether a monthly job's first day comes after its last one.
+[[nodiscard]] bool AreDaysReversed(const ScheduledJob& job);
+
 // When the job runs next after the given local time, in words, for a tooltip: "Next run: tomorrow at 08:00:00". A
 // monthly job runs on each day from its first to its last day in each chosen month.
-[[nodiscard]] std::wstring NextRunText(const ScheduledJob& job, CalendarDate today, TimeOfDay now);
+[[nodiscard]] std::wstring NextRunText(const ScheduledJob& job, const LocalTime& now);
 
 } // namespace voltaro

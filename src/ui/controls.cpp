@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "ui/list_view.h"
+#include "ui/whole_pairs.h"
 #include "ui/window_class.h"
 
 #include <uxtheme.h>
@@ -301,6 +302,7 @@ void Show(HWND window, std::span<const int> ids, bool visible)
 void LimitText(HWND window, int id, std::size_t units)
 {
     SendMessageW(ControlOf(window, id), EM_SETLIMITTEXT, units, 0);
+    KeepPairsWhole(ControlOf(window, id));
 }
 
 void SetBarColour(HWND window, int id, COLORREF colour)

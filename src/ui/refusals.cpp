@@ -20,7 +20,7 @@ void CheckTyping(HWND window, int edit, std::size_t limit, TypingCheck check)
 {
     const std::wstring text = TextOf(window, edit);
     if (text.size() > limit)
-        SetText(window, edit, std::wstring_view(text).substr(0, limit)); // comes here again
+        SetText(window, edit, Truncated(text, limit)); // comes here again
     else
         Refuse(window, edit, check(text), text);
 }

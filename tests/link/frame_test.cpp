@@ -35,6 +35,8 @@ TEST(FrameTest, EncodesLengthTextAndNul)
     EXPECT_EQ(EncodeFrame(std::wstring(100, L'x'), 1024), Frame(L"00000218", std::wstring(100, L'x')));
     EXPECT_EQ(EncodeFrame(L"\x20AC", 1024), Frame(L"00000020", L"\x20AC"));
     EXPECT_EQ(EncodeFrame(std::wstring(600, L'x'), 1024), Frame(L"00001024", std::wstring(503, L'x')));
+    const wchar_t pair[] = {0xD83D, 0xDE00, L'\0'};
+    EXPECT_EQ(EncodeFrame(std::wstring(502, L'x') + pair, 1024), Frame(L"00001022", std::wstring(502, L'x')));
 }
 
 TEST(FrameTest, JoinsPiecesOfAnySize)

@@ -190,9 +190,9 @@ TEST(EventWalkTest, WhatHoldsForEveryDay)
         DayReport report;
         ASSERT_TRUE(WalkDay(lines, now, report));
         const auto& [d, h, consumed, saved] = report;
-        ASSERT_EQ(d.poweredOn + d.offInAll, isToday ? now.hour * 3600 + 1815 : 86400);
+        ASSERT_EQ(d.poweredOn + d.offTotal, isToday ? now.hour * 3600 + 1815 : 86400);
         ASSERT_EQ(d.poweredOn, d.active + d.idleWithoutSavings + d.standby + d.monitorOff + d.dim);
-        ASSERT_TRUE(d.active == d.activeAgain && d.offInAll == d.hibernate + d.off);
+        ASSERT_TRUE(d.active == d.activeAgain && d.offTotal == d.hibernate + d.off);
         for (const auto& [part, whole] : {std::pair(d.timedStandby, d.standby), {d.hibernateUponIdle, d.hibernate},
                  {d.shutdown, d.off}, {0, d.dim}, {0, d.monitorOff}, {0, d.idleWithoutSavings}})
             ASSERT_TRUE(part >= 0 && part <= whole);

@@ -1,3 +1,4 @@
+#include "savings/day_texts.h"
 #include "savings/decimal.h"
 #include "savings/profile_record.h"
 #include "savings/report.h"
@@ -9,7 +10,7 @@ namespace {
 
 // Powered on 8 h, of it dim 30 min, monitor off 90 min, timed standby 45 min; shutdown 1 h, hibernate upon idle 2 h.
 // clang-format off
-constexpr DayDurations kDay = {.poweredOn = 28800, .offInAll = 10800, .idle = 12600, .dim = 1800, .monitorOff = 5400,
+constexpr DayDurations kDay = {.poweredOn = 28800, .offTotal = 10800, .idle = 12600, .dim = 1800, .monitorOff = 5400,
     .shutdown = 3600, .hibernateUponIdle = 7200, .timedStandby = 2700};
 // clang-format on
 
@@ -18,7 +19,7 @@ constexpr DayDurations kDay = {.poweredOn = 28800, .offInAll = 10800, .idle = 12
 // = 2331298.8; drawn 1800 x (45 + 0.95 x 67.8) + 5400 x 48.8 + 2700 x 7 + 10800 x 4.9 = 532278; 1799020.8 / 3.6e6
 // = 0.499728 kWh saved of 39600 x 118.425 / 3.6e6 = 1.302675. The others alike; Inbuilt drew 7200 x 0.97 x 45
 // + 2700 x 3.2 + 10800 x 1.1 = 334800, Branded 7200 x 45 + 8640 + 11880 = 344520, of 20700 x 45 = 931500. What the
-// agent tells takes the place of what is reckoned.
+// agent tells replaces what is computed.
 TEST(SavingsFiguresTest, EachMonitorKindAndTheAgentsFigures)
 {
     const struct {
@@ -53,6 +54,8 @@ TEST(ReportTest, Texts)
 {
     EXPECT_EQ(HoursMinutesText(-7200) + L", " + HoursMinutesText(119), L"0 Hrs : 0 Mins, 0 Hrs : 1 Min");
     EXPECT_EQ(HoursMinutesText(86399), L"23 Hrs : 59 Mins");
+    const PowerProfile thirtyWatts = ReadProfile({L"Inbuilt", L"", L"", L"30", L"30", L"", L""});
+    EXPECT_EQ(EnergyText(IdleEnergy(660, thirtyWatts)), L"0.006 kWh"); // 0.0055: divided by 3600 first it prints 0.005
     EXPECT_EQ(EnergyText(-0.0004), L"0.000 kWh");
     EXPECT_EQ(EnergyText(-0.0006), L"-0.001 kWh");
     EXPECT_EQ(PercentageText(-0.0), L"0.000 %");
@@ -89,6 +92,7 @@ TEST(ProfileRecordTest, TypedPowersGetTwoDecimals)
         EXPECT_EQ(sent.monitorOnPower.view(), expected);
         EXPECT_EQ(sent.manualSetFlag == L"Yes", std::wstring_view(asRead) != typed);
     }
+    EXPECT_EQ(RecordToSend({}, WithMonitor({}), false), PowerConsumptionData{}) << "the default monitor is not stored";
     EXPECT_TRUE(RecordToSend({}, {}, true).manualSetFlag == L"Yes") << "an entry is manual even unchanged";
     EXPECT_EQ(ProfileOf({}).monitorOn, 21.23F) << "the default monitor";
 }

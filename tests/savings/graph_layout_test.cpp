@@ -9,7 +9,7 @@ namespace {
 
 // 16 h on: idle 6 h (without savings 1 h, dim 2 h, timed standby 1 h, standby by hand 2 h), active 10 h; off 8 h.
 // clang-format off
-constexpr DayDurations kDay = {.poweredOn = 57600, .offInAll = 28800, .active = 36000, .idle = 21600,
+constexpr DayDurations kDay = {.poweredOn = 57600, .offTotal = 28800, .active = 36000, .idle = 21600,
     .idleWithoutSavings = 3600, .dim = 7200, .standby = 10800, .hibernate = 28800, .shutdown = 179,
     .hibernateUponIdle = 3600, .timedStandby = 3600};
 // clang-format on

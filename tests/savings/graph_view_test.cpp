@@ -17,7 +17,7 @@ constexpr int kWidth = 670, kHeight = 497;
 
 // clang-format off
 // The durations of the scripted day.
-constexpr DayDurations kDay = {.poweredOn = 50400, .offInAll = 36000, .active = 43200, .idle = 7200,
+constexpr DayDurations kDay = {.poweredOn = 50400, .offTotal = 36000, .active = 43200, .idle = 7200,
     .idleWithoutSavings = 1800, .dim = 1800, .monitorOff = 3600, .off = 36000, .shutdown = 7200};
 // clang-format on
 

@@ -67,6 +67,12 @@ TEST_F(ProfileWindowTest, OpensWithTheSavedProfileOrTheDefaultMonitorToLookAt)
     EXPECT_FALSE(IsWindowVisible(m_window));
     EXPECT_TRUE(m_program.TakeOperations().empty());
 
+    m_program.Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::NotWellFormed, {}});
+    Open();
+    EXPECT_EQ(Text(kCpuMax), L"62.40");
+    EXPECT_FALSE(IsOn(kEdit)) << "the record may be out of date";
+    Click(IDCANCEL);
+
     state.consumption = {};
     m_program.Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::Status, {}});
     Open();
@@ -121,6 +127,7 @@ TEST_F(ProfileWindowTest, AnUntouchedRecordGoesBackAsItCame)
         record.monitorSize = row.size;
         record.monitorOnPower = row.on;
         record.monitorOffPower = row.off;
+        record.cpuIdlePower = L"thirty"; // what was not touched is not checked
         m_program.Agent().ScriptReply(L"GetCurrentPowerConsumptionData",
             simulator::ReplyText({L"response", {}, {ElementOf(L"details", record)}}));
         Open();
@@ -130,7 +137,8 @@ TEST_F(ProfileWindowTest, AnUntouchedRecordGoesBackAsItCame)
         Click(kSave);
         EXPECT_TRUE(Applied().starts_with(std::wstring(L"<details><ManualSetFlag/><MonitorType>") + row.type
             + L"</MonitorType><MonitorSize>" + row.size + L"</MonitorSize><MonitorONPower>" + row.on
-            + L"</MonitorONPower><MonitorOFFPower>" + row.off + L"</MonitorOFFPower><CPUMaxPower>60.00<"))
+            + L"</MonitorONPower><MonitorOFFPower>" + row.off
+            + L"</MonitorOFFPower><CPUMaxPower>60.00</CPUMaxPower><CPUIdlePower>thirty<"))
             << Applied();
         Click(kEdit);
         ClickRadio(kBranded);

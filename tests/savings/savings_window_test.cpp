@@ -1,6 +1,7 @@
 #include "savings/savings_window.h"
 
 #include "savings/scripted_day.h"
+#include "savings/shown_day.h"
 #include "shell/main_commands.h"
 #include "support/box_script.h"
 #include "support/labelled.h"
@@ -141,8 +142,28 @@ TEST_F(SavingsWindowTest, ADayCountsOnceItRestsAndNotFromTheFuture)
     SYSTEMTIME range[2]{};
     EXPECT_EQ(DateTime_GetRange(Picker(), range), static_cast<DWORD>(GDTR_MAX));
     EXPECT_EQ(range[1].wDay, now.wDay);
+    range[1].wYear = 2020; // as the window was opened long ago
+    DateTime_SetRange(Picker(), GDTR_MAX, range);
+    SendMessageW(WindowOf(WindowId::Savings), WM_ACTIVATE, WA_CLICKACTIVE, 0);
+    DateTime_GetRange(Picker(), range);
+    EXPECT_EQ(range[1].wYear, now.wYear);
     Choose(static_cast<WORD>(now.wYear + 1), 1, 1);
     EXPECT_EQ(m_program.LastRequest(L"GetVLTEvents").find(L"0101"), std::wstring::npos) << "no day in the future";
+}
+
+TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
+{
+    const Operations kBoth = {L"GetActivationstatus", L"GetCurrentPowerConsumptionData", L"GetVLTEvents"};
+    for (const bool readable : {false, true}) {
+        state.consumption = {};
+        if (!readable)
+            m_program.Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::NotWellFormed, {}});
+        Choose(2024, 2, 29);
+        EXPECT_EQ(m_program.TakeOperations(), kBoth);
+        EXPECT_EQ(shownDay->profileKnown, readable);
+        EXPECT_EQ(shownDay->profile.cpuMax > 0, readable);
+        m_program.Agent().ClearFaults();
+    }
 }
 
 TEST_F(SavingsWindowTest, FailuresAreToldAndEmptyThePages)

@@ -47,28 +47,28 @@ TEST(JobDocumentTest, SmallListsBothWays)
         const wchar_t* action = kBare;
     } kRows[] = {
         {L"a b", [](J&) {}},
-        {L"once", [](J& j) { j.kind = K::OnDate; j.date = L"2031-12-24"; },
+        {L"once", [](J& j) { j.kind = K::OnDate; j.startDate = j.endDate = L"2031-12-24"; },
             L"StartDate=2031-12-24 EndDate=2031-12-24 Frequency_1[JobStart=AST"},
         {L"week", [](J& j) { j.kind = K::Weekly; j.weekDays[0] = j.weekDays[6] = true; },
             L"StartDate=NULL EndDate=NULL Frequency_1[JobStart=Weekly Sun=Yes Mon=No Tue=No Wed=No Thu=No Fri=No "
             L"Sat=Yes"},
-        {L"month", [](J& j) { j.kind = K::Monthly; j.months[0] = true; j.monthStartDay = L"1"; j.monthEndDay = L"31"; },
+        {L"month", [](J& j) { j.kind = K::Monthly; j.months[0] = true; j.startDate = L"1"; j.endDate = L"31"; },
             L"StartDate=1 EndDate=31 Frequency_1[JobStart=Monthly Jan=Yes Feb=No Mar=No Apr=No May=No Jun=No Jul=No "
             L"Aug=No Sep=No Oct=No Nov=No Dec=No"},
         {L"x", [](J& j) { j.applyScheme = true; j.schemeName = L"N_1"; }, kDaily, L"ApplyScheme=N_1 RunTask_1[]"},
-        {L"seven minutes are no choice, and stay", [](J& j) { j.powerOff = j.useAppSensor = true; j.idleMinutes = 7; },
-            kDaily, L"PowerOff_1[type= idlefor=7 AppSensor=Yes] RunTask_1[]"},
-        {L"t", [](J& j) { j.tasks = {{L"a.exe", L"-x", true, 60, L"17:00:00"}, {L"b.exe", L"", true, 100}, {L"c"}}; },
+        {L"t", [](J& j) { j.tasks = {{L"a.exe", L"-x", true, {L"60"}, L"17:00:00"}, {L"b.exe", L"", true, {L"100"}}, {L"c"}}; },
             kDaily, L"RunTask_1[APP_11[Path=a.exe Parameters=-x RDelay=60 REndTime=17:00:00] "
             L"APP_12[Path=b.exe Parameters= RDelay=100 REndTime=] APP_13[Path=c Parameters= RDelay= REndTime=]]"},
         {L"all", [](J& j) { j.powerOn = j.applyScheme = j.powerOff = true; j.tasks = {{L"a"}}; }, kDaily,
             L"PowerOn=Yes ApplyScheme= PowerOff_1[type= idlefor=0 AppSensor=No] "
             L"RunTask_1[APP_11[Path=a Parameters= RDelay= REndTime=]]"},
         {L"wake", [](J& j) { j.powerOn = true; }, kDaily, L"PowerOn=Yes RunTask_1[]"},
-        {L"off", [](J& j) { j.powerOff = true; j.powerOffType = L"Shutdown"; j.idleMinutes = 30; }, kDaily,
-            L"PowerOff_1[type=Shutdown idlefor=30 AppSensor=No] RunTask_1[]"},
-        {L"no day of the week", [](J& j) { j.kind = K::Weekly; },
-            L"StartDate=NULL EndDate=NULL Frequency_1[JobStart=Weekly Sun=No Mon=No Tue=No Wed=No Thu=No Fri=No Sat=No"},
+        {L"off", [](J& j) { j.powerOff = j.useAppSensor = true; j.powerOffType = L"Shutdown"; j.idleMinutes = 30; },
+            kDaily, L"PowerOff_1[type=Shutdown idlefor=30 AppSensor=Yes] RunTask_1[]"},
+        {L"odd texts stay", [](J& j) { j.otherKind = L"Hourly"; j.startDate = L"5"; j.endDate = L""; j.powerOff = true;
+            j.idleMinutes.text = L"05"; j.useAppSensor.text = L"1"; j.tasks = {{L"a", L"", true, {L"soon"}}}; },
+            L"StartDate=5 EndDate= Frequency_1[JobStart=Hourly", L"PowerOff_1[type= idlefor=05 AppSensor=1] "
+            L"RunTask_1[APP_11[Path=a Parameters= RDelay=soon REndTime=]]"},
         {L"<a & \"b\">", [](J& j) { j.tasks = {{L"\x00E9\x4E2D.exe", L"<&>\"' \x20AC"}}; }, kDaily,
             L"RunTask_1[APP_11[Path=\x00E9\x4E2D.exe Parameters=<&>\"' \x20AC RDelay= REndTime=]]"},
     };
@@ -94,7 +94,7 @@ TEST(JobDocumentTest, TenJobsOfSevenTasksAndNoMore)
     for (int n = 1; n <= 10; ++n) {
         jobs.push_back(Job(std::to_wstring(n)));
         for (int k = 1; k <= 7; ++k)
-            jobs.back().tasks.push_back({std::wstring_view(Format(L"%d-%d", n, k))});
+            jobs.back().tasks.push_back({Format(L"%d-%d", n, k)});
     }
     Element details = BuildJobList(jobs);
     EXPECT_TRUE(ReadJobList(details).jobs == jobs);

@@ -30,9 +30,11 @@ TEST(JobEditorWindowTest, RefusesWhatIsWrong)
     program.AddTask(L"C:\\a.exe");
     expectRefused({kTasks, L".exe/.bat File Path :", L"C:\\A.EXE"}, L"Add Task",
         {L"Application exe already in the list ", L"Application ' C:\\A.EXE ' already exists"});
-    program.boxes.Expect({{L"Invalid Schedule", L"day"}, {L"Invalid Schedule", L"month"}});
+    program.boxes.Expect(
+        {{L"Invalid Schedule", L"day"}, {L"Invalid Schedule", L"month"}, {L"Invalid Schedule", L"cannot come after"}});
     program.Do({{kEditor, L"Job Name :", L"two words"}, {kEditor, L"Weekly"}, {kEditor, L"Save"}, {kEditor, L"Monthly"},
-        {kEditor, L"Save"}, {kEditor, L"June"}, {kEditor, L"Save"}});
+        {kEditor, L"Save"}, {kEditor, L"June"}, {kEditor, L"Job Start On :", L"20"}, {kEditor, L"Job End On :", L"19"},
+        {kEditor, L"Save"}, {kEditor, L"Job End On :", L"20"}, {kEditor, L"Save"}});
     EXPECT_EQ(program.Column(program.Jobs(), 0), L"Morning wake up,Nightly backup,Quarter closing,two words");
 }
 
@@ -75,7 +77,11 @@ TEST(JobEditorWindowTest, TasksUpToSeven)
     EXPECT_EQ(RowCount(program.Tasks()), 7);
     program.Do({{kTasks, L".exe/.bat File Path :", L"9.exe"}});
     SetFocus(Labelled(WindowOf(kTasks), L".exe/.bat File Path :"));
+    program.boxes.Expect({{L"Entered Exe details are not saved", {}, Answer::No},
+        {L"Entered Exe details are not saved", L"Are you sure you want to cancel the changes?", Answer::Yes}});
     Press(VK_RETURN); // no room: the default button
+    EXPECT_TRUE(program.IsOpen(kEditor));
+    program.Do({{kEditor, L"Update"}});
     EXPECT_FALSE(program.IsOpen(kEditor));
     program.Edit(1);
     SelectRow(program.Tasks(), 0);
@@ -126,15 +132,22 @@ TEST(JobEditorWindowTest, KeepsWhatNoChoiceHas)
 {
     SchedulerProgram program;
     program.Do({{kList, L"Cancel"}});
+    const std::wstring longText(300, L'x');
     program.Agent().ScriptReply(L"GetCurrentSchedulerSettings",
-        L"<vltp><response><details><Job_1><Name>Odd</Name><Description/><EnabledFlag>Yes</EnabledFlag><Schedule_1>"
-        L"<StartTime>1:02:3</StartTime><StartDate>5</StartDate><EndDate>31</EndDate><Frequency_1><JobStart>Monthly"
-        L"</JobStart><Jan>Yes</Jan></Frequency_1></Schedule_1><Action_1><ApplyScheme>Gone</ApplyScheme><PowerOff_1>"
-        L"<type>Restart</type><idlefor>7</idlefor><AppSensor>Yes</AppSensor></PowerOff_1><RunTask_1><APP_11><Path>a.exe"
-        L"</Path><Parameters/><RDelay>45</RDelay><REndTime>late</REndTime></APP_11></RunTask_1></Action_1></Job_1>"
-        L"</details></response></vltp>");
+        L"<vltp><response><details><Job_1><Name>Odd</Name><Description>" + longText
+            + L"</Description><EnabledFlag>on</EnabledFlag><Schedule_1>"
+              L"<StartTime>1:02:3</StartTime><StartDate>5</StartDate><EndDate>31</"
+              L"EndDate><Frequency_1><JobStart>Monthly"
+              L"</JobStart><Jan>Yes</Jan></Frequency_1></Schedule_1><Action_1><ApplyScheme>Gone</"
+              L"ApplyScheme><PowerOff_1>"
+              L"<type>Restart</type><idlefor>07</idlefor><AppSensor>Yes</AppSensor></"
+              L"PowerOff_1><RunTask_1><APP_11><Path>"
+            + longText
+            + L".exe</Path><Parameters/><RDelay>045</RDelay><REndTime>late</REndTime></APP_11></RunTask_1></Action_1></"
+              L"Job_1>"
+              L"</details></response></vltp>");
     program.Open();
-    EXPECT_EQ(program.Row(program.Jobs(), 0), L"Odd\t\t1:02:3\tMonthly\t1\tRestart\t10 Mins");
+    EXPECT_EQ(program.Row(program.Jobs(), 0), L"Odd\t" + longText + L"\t1:02:3\tMonthly\t1\tRestart\t10 Mins");
     program.Edit(0);
     EXPECT_EQ(program.Text(kActions, L"Power scheme"), L"Gone");
     EXPECT_EQ(program.Text(kEditor, L"Job Start On :"), L"5");
@@ -145,10 +158,12 @@ TEST(JobEditorWindowTest, KeepsWhatNoChoiceHas)
     program.Edit(0);
     program.DoubleClick(program.Tasks(), 0);
     program.Do({{kTasks, L"Command Line Parameters :", L"-x"}, {kTasks, L"Update Task"},
-        {kEditor, L"Job Description :", L"x"}, {kEditor, L"Update"}, {kList, L"Save"}});
+        {kActions, L"Wake Up from Standby"}, {kEditor, L"Update"}, {kList, L"Save"}});
     const std::wstring request = program.LastRequest(L"ApplySchedulerSettings");
-    for (const wchar_t* part : {L"<StartTime>1:02:3<", L"<Parameters>-x<", L"<REndTime>late<", L"<StartDate>5<",
-             L"<ApplyScheme>Gone<", L"<type>Restart<", L"<idlefor>7<", L"<AppSensor>Yes<", L"<RDelay>45<"})
+    const std::wstring kept[] = {L"<Description>" + longText + L"<", L"<Path>" + longText + L".exe<",
+        L"<StartTime>1:02:3<", L"<Parameters>-x<", L"<REndTime>late<", L"<StartDate>5<", L"<ApplyScheme>Gone<",
+        L"<type>Restart<", L"<idlefor>07<", L"<AppSensor>Yes<", L"<RDelay>045<", L"<EnabledFlag>on<", L"<PowerOn>Yes<"};
+    for (const std::wstring& part : kept)
         EXPECT_NE(request.find(part), std::wstring::npos) << part;
 }
 
@@ -169,7 +184,7 @@ TEST(JobEditorWindowTest, Keyboard)
     SelectRow(program.Tasks(), 2);
     Press(VK_DELETE);
     EXPECT_EQ(RowCount(program.Tasks()), 2);
-    SelectRow(program.Tasks(), 1);
+    EXPECT_EQ(SelectedRow(program.Tasks()), 1) << "the last one was deleted";
     Press(VK_RETURN); // on a task: loads it
     EXPECT_EQ(program.Text(kTasks, L".exe/.bat File Path :"), L"C:\\Tools\\cleanup.bat");
     SetFocus(Labelled(WindowOf(kEditor), L"Job Description :"));

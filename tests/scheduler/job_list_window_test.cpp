@@ -137,9 +137,14 @@ TEST(JobListWindowTest, OddAnswers)
         EXPECT_EQ(program.IsOpen(kList), box == nullptr) << static_cast<int>(kind);
     }
     program.Agent().ClearFaults();
-    program.Agent().ScriptReply(L"GetCurrentSchedulerSettings", L"<vltp><response><details/></response></vltp>");
-    program.Open();
-    EXPECT_EQ(RowCount(program.Jobs()), 0);
+    for (const wchar_t* answer : {L"<details/>", L"<status>Success</status>", L""}) {
+        program.Agent().ScriptReply(
+            L"GetCurrentSchedulerSettings", std::wstring(L"<vltp><response>") + answer + L"</response></vltp>");
+        program.Open();
+        EXPECT_TRUE(program.IsOpen(kList)) << answer;
+        EXPECT_EQ(RowCount(program.Jobs()), 0);
+        program.Do({{kList, L"Cancel"}});
+    }
 
     std::wstring jobs; // each character of the parameters takes five in a request: too long to be read back
     for (std::wstring n = L"1"; n != L"8"; ++n[0]) {
@@ -149,7 +154,6 @@ TEST(JobListWindowTest, OddAnswers)
                 + L"]]></Parameters></APP_" + n + k + L">";
         jobs += L"</RunTask_" + n + L"></Action_" + n + L"></Job_" + n + L">";
     }
-    program.Do({{kList, L"Cancel"}});
     program.Agent().ScriptReply(
         L"GetCurrentSchedulerSettings", L"<vltp><response><details>" + jobs + L"</details></response></vltp>");
     program.Open();
@@ -174,6 +178,7 @@ TEST(JobListWindowTest, TenJobsAreTheLimit)
     expectFull(true);
     program.Do({{kList, L"Delete Job"}});
     expectFull(false);
+    EXPECT_EQ(SelectedRow(program.Jobs()), 8);
     program.Add(L"Tenth");
     program.Do({{kEditor, L"Save"}});
     expectFull(true);
@@ -189,6 +194,9 @@ TEST(JobListWindowTest, KeyboardMouseAndClosing)
     Press(VK_RETURN);
     EXPECT_EQ(program.Text(kEditor, L"Job Name :"), L"Morning wake up");
     EXPECT_FALSE(IsWindowEnabled(WindowOf(kList)));
+    SendMessageW(WindowOf(kList), WM_CLOSE, 0, 0);
+    program.Command(kList, IDCANCEL);
+    EXPECT_TRUE(program.IsOpen(kList));
     Press(VK_ESCAPE);
     EXPECT_TRUE(IsWindowEnabled(WindowOf(kList)) && !program.IsOpen(kEditor));
     EXPECT_EQ(GetFocus(), program.Jobs());

@@ -24,14 +24,15 @@ TEST(JobChoicesTest, EveryChoiceBothWays)
 
 TEST(JobTextsTest, TimesAndDates)
 {
-    EXPECT_EQ(TimeText({8, 5, 0}) + L" " + DateText({2024, 2, 29}), L"08:05:00 2024-02-29");
-    EXPECT_EQ(ParseTime(L"08:05:09"), (TimeOfDay{8, 5, 9}));
-    EXPECT_EQ(ParseDate(L"2024-02-29"), (CalendarDate{2024, 2, 29}));
+    EXPECT_EQ(TimeText(std::chrono::hours(8) + std::chrono::minutes(5)) + L" " + DateText(DateOf({2024, 2, 29})),
+        L"08:05:00 2024-02-29");
+    EXPECT_TRUE(ParseTime(L"08:05:09") == std::chrono::seconds(8 * 3600 + 5 * 60 + 9));
+    EXPECT_TRUE(ParseDate(L"2024-02-29") == DateOf({2024, 2, 29}));
     for (const wchar_t* text :
         {L"", L"08:05", L"24:00:00", L"08:60:00", L"08:05:60", L"08:05:00:00", L"-1:05:00", L"::", L"99999999999:0:0"})
-        EXPECT_EQ(ParseTime(text), std::nullopt) << text;
+        EXPECT_FALSE(ParseTime(text)) << text;
     for (const wchar_t* text : {L"NULL", L"2023-02-29", L"2024-13-01", L"2024-00-10", L"2024-04-31", L"2024-04-0"})
-        EXPECT_EQ(ParseDate(text), std::nullopt) << text;
+        EXPECT_FALSE(ParseDate(text)) << text;
 }
 
 // Asked on Wednesday the 28th of February 2024 at noon.
@@ -65,17 +66,17 @@ TEST(JobTextsTest, NextRuns)
         job.enabled = true;
         job.kind = row.kind;
         job.startTime = row.startTime;
-        job.date = row.date;
+        job.startDate = row.date;
         if (row.kind == K::Monthly) {
-            job.monthStartDay = std::wstring_view(row.date).substr(0, 2);
-            job.monthEndDay = std::wstring_view(row.date).substr(3);
+            job.startDate = std::wstring_view(row.date).substr(0, 2);
+            job.endDate = std::wstring_view(row.date).substr(3);
         }
         for (const std::size_t i : row.chosen)
             (row.kind == K::Weekly ? job.weekDays[i] : job.months[i]) = true;
         const std::wstring text = row.text[0] == L'*' ? L"Next run: " + std::wstring(row.text + 1) : row.text;
-        EXPECT_EQ(NextRunText(job, {2024, 2, 28}, {12, 0, 0}), text) << row.date;
+        EXPECT_EQ(NextRunText(job, {2024, 2, 28, 12}), text) << row.date;
         job.enabled = false;
-        EXPECT_EQ(NextRunText(job, {2024, 2, 28}, {12, 0, 0}), L"This job is not enabled and does not run.");
+        EXPECT_EQ(NextRunText(job, {2024, 2, 28, 12}), L"This job is not enabled and does not run.");
     }
 }
 

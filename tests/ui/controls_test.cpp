@@ -74,6 +74,26 @@ TEST_F(Controls, TabKeyStopsWhereAUserExpects)
     }
 }
 
+TEST_F(Controls, ALimitedEditKeepsNoHalfOfAPair)
+{
+    const struct {
+        std::wstring_view before, added, after;
+    } kRows[] = {
+        {L"a", L"\xD83D\xDE00", L"a\xD83D\xDE00"}, {L"ab", L"\xD83D\xDE00", L"ab"}, {L"abc", L"\xD83D\xDE00", L"abc"}};
+    LimitText(m_all.Get(), 104, 3);
+    for (const auto& row : kRows) {
+        SetText(m_all.Get(), 104, row.before);
+        SendMessageW(Of(104), EM_SETSEL, row.before.size(), static_cast<LPARAM>(row.before.size()));
+        SendMessageW(Of(104), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(row.added.data()));
+        EXPECT_EQ(TextOf(m_all.Get(), 104), row.after) << "pasted";
+        SetText(m_all.Get(), 104, row.before);
+        SendMessageW(Of(104), EM_SETSEL, row.before.size(), static_cast<LPARAM>(row.before.size()));
+        for (const wchar_t unit : row.added)
+            SendMessageW(Of(104), WM_CHAR, unit, 0);
+        EXPECT_EQ(TextOf(m_all.Get(), 104), row.after) << "typed";
+    }
+}
+
 TEST_F(Controls, FocusLeavesAControlThatIsDisabledOrHidden)
 {
     SetForegroundWindow(m_all.Get());

@@ -1,4 +1,4 @@
-#include "savings/calendar.h"
+#include "savings/day_texts.h"
 
 #include "base/text.h"
 
@@ -6,11 +6,6 @@
 
 namespace voltaro {
 namespace {
-
-static_assert(SecondsOf({1601, 1, 1}) == 0);
-static_assert(SecondsOf({1970, 1, 1}) == 11'644'473'600);
-static_assert(SecondsOf({2000, 3, 1}) - SecondsOf({2000, 2, 28}) == 2 * kDaySeconds);
-static_assert(SecondsOf({1900, 2, 29}) == kNoTime);
 
 constexpr const wchar_t* kMonths[] = {L"January", L"February", L"March", L"April", L"May", L"June", L"July", L"August",
     L"September", L"October", L"November", L"December"};

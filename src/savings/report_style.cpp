@@ -1,4 +1,4 @@
-#include "savings/page_looks.h"
+#include "savings/report_style.h"
 
 #include "savings/shown_day.h"
 #include "ui/canvas.h"
