@@ -11,6 +11,8 @@
 namespace voltaro::simulator {
 namespace {
 
+constexpr std::size_t kCrowdedLines = 2'400; // of a day's events, as many as fit the answer
+
 struct Pair {
     const wchar_t *name, *text;
 };
@@ -99,9 +101,10 @@ Element ReportEvents(const Call& call)
     const std::vector<std::wstring> lines = EventsOf(*day, call.now);
     if (lines.empty())
         throw Refusal{L"That day has not come yet."};
+    const std::size_t count = call.state.scenario.content == Content::Crowded ? kCrowdedLines : lines.size();
     Element details{L"details", {}, {}};
-    for (const std::wstring& line : lines)
-        details.children.push_back(TextElement(L"Event", line));
+    for (std::size_t i = 0; i < count; ++i)
+        details.children.push_back(TextElement(L"Event", lines[i % lines.size()]));
     return ResponseWith(std::move(details));
 }
 

@@ -53,11 +53,11 @@ std::wstring UsageText()
     std::wstring text = L"AgentSimulator [--port N] [--log FILE] [--fault OPERATION=KIND[:ARGUMENT]]... "
                         L"[--scenario NAME]\n\nScenarios:\n";
     for (const Scenario& scenario : Scenarios())
-        text += Format(L"  %-14ls %ls\n", scenario.name, scenario.what);
-    text += L"\nFault kinds (operation \"*\" is every operation):\n ";
-    for (const wchar_t* name : FaultNames())
-        text += std::wstring(L" ") + name;
-    return text + L"\n";
+        text += Format(L"  %-16ls %ls\n", scenario.name, scenario.what);
+    text += L"\nFault kinds; OPERATION * is every operation:\n";
+    for (const FaultInfo& fault : FaultInfos())
+        text += Format(L"  %-16ls %ls\n", fault.name, fault.what);
+    return text;
 }
 
 } // namespace voltaro::simulator

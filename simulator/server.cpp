@@ -347,7 +347,7 @@ void AgentServer::Log(std::wstring_view operation, std::wstring_view what, const
     line += L": ";
     line += what;
     if (fault.kind != FaultKind::None)
-        line += Format(L" [fault %ls]", FaultNames()[static_cast<std::size_t>(fault.kind)]);
+        line += Format(L" [fault %ls]", FaultInfos()[static_cast<std::size_t>(fault.kind)].name);
     m_log(line);
 }
 
