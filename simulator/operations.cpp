@@ -52,17 +52,18 @@ Element ReportRunning(const Call&)
 
 Element ReportBattery(const Call& call)
 {
-    return call.state.battery;
+    return call.state.live != nullptr ? call.state.live->battery() : call.state.battery;
 }
 
 Element ReportDetails(const Call& call)
 {
     if (!call.Field().empty() && call.Field() != L"Refresh")
         throw Refusal{L"type must be Refresh."};
-    return ResponseWith(SystemDetails(call.state.scenario));
+    const LiveMachine* live = call.state.live;
+    return ResponseWith(live != nullptr ? live->details() : SystemDetails(call.state.scenario));
 }
 
-Element ReportAgent(const Call&)
+Element ReportAgent(const Call& call)
 {
     static constexpr Pair kAgent[] = {
         {L"Version", L"1.06.006.000"},
@@ -70,7 +71,10 @@ Element ReportAgent(const Call&)
         {L"HostName", L"FIELDBOOK-07"},
         {L"ServiceState", L"Running"},
     };
-    return ResponseWith(Texts(L"details", kAgent));
+    Element details = Texts(L"details", kAgent);
+    if (call.state.live != nullptr)
+        details.children[2].text = call.state.live->hostName();
+    return ResponseWith(std::move(details));
 }
 
 Element ReportPatch(const Call&)

@@ -18,6 +18,7 @@ constexpr Scenario kScenarios[] = {
     {L"large",        L"system details of about 280 kB",                   true,  true,  false, Content::Large,   0,  3, Licence::Activated,    Updates::Latest},
     {L"crowded",      L"more of everything than there may be",             true,  true,  false, Content::Crowded, 0, 12, Licence::Activated,    Updates::Latest},
     {L"odd",          L"names in every script, unknown words, gaps",       true,  true,  false, Content::Odd,     0,  3, Licence::Activated,    Updates::Latest},
+    {L"this-machine", L"the real battery, processor, memory, system, disks and adapters of this computer; schemes, jobs and savings are simulated", true, true, false, Content::ThisMachine, 0, 3, Licence::Activated, Updates::Latest},
     {L"limited",      L"no standby, no hibernate, no device control",      false, false, false, Content::Usual,   0,  3, Licence::Activated,    Updates::Latest},
     {L"busy",         L"power actions are refused while programs run",     true,  true,  true,  Content::Usual,   0,  3, Licence::Activated,    Updates::Latest},
     {L"updates",      L"an update check finds new updates",                true,  true,  false, Content::Usual,   0,  3, Licence::Activated,    Updates::Downloaded},

@@ -10,9 +10,10 @@ enum class Updates { Latest, Downloaded, Offline, Failed };
 // What the machine's records and lists hold.
 enum class Content {
     Usual,
-    Large,   // system details of about 280 kB, as many rows as the tables hold
-    Crowded, // more of everything than there may be, in answers that just fit
-    Odd,     // names in every script, words that nobody knows, texts too long, elements and sections missing
+    Large,       // system details of about 280 kB, as many rows as the tables hold
+    Crowded,     // more of everything than there may be, in answers that just fit
+    ThisMachine, // the battery, the system details and the host name of the computer that the agent runs on
+    Odd,         // names in every script, words that nobody knows, texts too long, elements and sections missing
 };
 
 // What kind of machine is simulated. Everything else about it is the same in every scenario.

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "simulator/frame.h"
 #include "simulator/operations.h"
+#include "simulator/this_machine.h"
 
 #include <algorithm>
 
@@ -64,6 +65,8 @@ AgentServer::AgentServer(const Scenario& scenario, LogSink log)
     , m_log(std::move(log))
 {
     WSADATA data{};
+    if (scenario.content == Content::ThisMachine)
+        m_machine.State().live = &ThisMachine();
     m_winsock = WSAStartup(MAKEWORD(2, 2), &data) == 0;
 }
 

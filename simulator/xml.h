@@ -21,7 +21,7 @@ struct XmlDocument {
 // references, recurses without a limit, and lets unknown entities, control characters and a second root pass.
 [[nodiscard]] XmlDocument ParseXml(std::wstring_view text);
 
-// The text with &, < and > written as entities, and without what no document may hold.
+// The text with &, <, > and CR written as references, and without what no document may hold.
 [[nodiscard]] std::wstring EscapedText(std::wstring_view text);
 
 // The reply document around a `response`, on one line.
