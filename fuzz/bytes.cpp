@@ -51,33 +51,29 @@ std::wstring Bytes::Value(std::span<const wchar_t* const> words)
     return choice < 192 ? text : text + text + text + text;
 }
 
-// Only children of the element reached are added or erased, so the way back stays good.
 void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
 {
     const auto anyName = [&] {
         const std::wstring stem = names[bytes.Next() % names.size()];
         return stem.ends_with(L'_') ? stem + NumberText(bytes.Next()) : stem;
     };
-    std::vector<Element*> way = {&tree};
     while (!bytes.AtEnd()) {
-        Element& here = *way.back();
-        const std::size_t step = bytes.Next() % 8;
-        const std::size_t count = here.children.size();
-        const std::size_t child = count > 0 ? bytes.Next() % count : 0;
-        if (step == 0 && way.size() > 1)
-            way.pop_back();
-        else if (step <= 2 && count > 0)
-            way.push_back(&here.children[child]);
-        else if (step == 3 && count > 0)
-            here.children.erase(here.children.begin() + static_cast<std::ptrdiff_t>(child));
-        else if (step == 4 && count > 0)
-            here.children.push_back(Element(here.children[child]));
-        else if (step == 5)
-            here.name = anyName();
-        else if (step == 6)
-            here.text = bytes.Value();
+        Element* here = &tree;
+        for (std::size_t depth = bytes.Next() % 6; depth > 0 && !here->children.empty(); --depth)
+            here = &here->children[bytes.Next() % here->children.size()];
+        const std::size_t step = bytes.Next() % 5;
+        std::vector<Element>& children = here->children;
+        const std::size_t child = children.empty() ? 0 : bytes.Next() % children.size();
+        if (step == 0)
+            here->name = anyName();
+        else if (step == 1)
+            here->text = bytes.Value();
+        else if (step == 2 || children.empty())
+            children.push_back(TextElement(anyName(), bytes.Value()));
+        else if (step == 3)
+            children.erase(children.begin() + static_cast<std::ptrdiff_t>(child));
         else
-            here.children.push_back(TextElement(anyName(), bytes.Value()));
+            children.push_back(Element(children[child]));
     }
 }
 
