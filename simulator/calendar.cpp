@@ -3,7 +3,6 @@
 #include "base/text.h"
 
 #include <algorithm>
-#include <chrono>
 #include <ctime>
 
 namespace voltaro::simulator {
@@ -30,14 +29,14 @@ DateTime LocalClock()
         parts.tm_hour * 3600 + parts.tm_min * 60 + std::min(parts.tm_sec, 59)};
 }
 
-std::int64_t DayNumber(const DateTime& date)
+std::chrono::sys_days DayOf(const DateTime& date)
 {
-    return std::chrono::sys_days(AsChrono(date)).time_since_epoch().count();
+    return AsChrono(date);
 }
 
 std::int64_t SecondNumber(const DateTime& time)
 {
-    return DayNumber(time) * 86400 + time.second;
+    return (std::chrono::sys_seconds(DayOf(time)) + std::chrono::seconds(time.second)).time_since_epoch().count();
 }
 
 std::optional<DateTime> ParseMonthDayYear(std::wstring_view text)

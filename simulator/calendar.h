@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -17,8 +18,8 @@ using Clock = std::function<DateTime()>;
 // The computer's own clock, local time.
 [[nodiscard]] DateTime LocalClock();
 
-// Days since 1970-01-01; negative before.
-[[nodiscard]] std::int64_t DayNumber(const DateTime& date);
+// The day, without the time on it.
+[[nodiscard]] std::chrono::sys_days DayOf(const DateTime& date);
 // Seconds since 1970-01-01 00:00 of the same clock.
 [[nodiscard]] std::int64_t SecondNumber(const DateTime& time);
 // "MMDDYYYY" as a date; nothing unless it is eight digits that name a day.

@@ -51,29 +51,35 @@ std::uint64_t Mixed(std::uint64_t value)
     return value ^ (value >> 31);
 }
 
-const Night& NightAfter(std::int64_t day)
+// A number that seems random, always the same for the same day.
+std::uint64_t SeedOf(std::chrono::sys_days day)
 {
-    return kNights[Mixed(static_cast<std::uint64_t>(day)) % std::size(kNights)];
+    return Mixed(static_cast<std::uint64_t>(day.time_since_epoch().count()));
+}
+
+const Night& NightAfter(std::chrono::sys_days day)
+{
+    return kNights[SeedOf(day) % std::size(kNights)];
 }
 
 class Day {
 public:
     explicit Day(const DateTime& date)
         : m_date(date)
-        , m_seed(Mixed(static_cast<std::uint64_t>(DayNumber(date))))
-        , m_weekday(static_cast<int>(((DayNumber(date) + 4) % 7 + 7) % 7))
+        , m_seed(SeedOf(DayOf(date)))
     {
     }
 
     std::vector<std::wstring> Lines(int until)
     {
-        const bool weekend = m_weekday == 0 || m_weekday == 6;
+        const std::chrono::weekday weekday(DayOf(m_date));
+        const bool weekend = weekday == std::chrono::Saturday || weekday == std::chrono::Sunday;
         const int lunch = Between(12 * kHour, 13 * kHour);
         const int meeting = Between(0, 2) == 0 ? Between(14 * kHour, 15 * kHour) : 24 * kHour;
         const int evening = weekend ? Between(14 * kHour, 16 * kHour) : Between(17 * kHour, 19 * kHour);
         m_now = weekend ? Between(9 * kHour, 11 * kHour) : Between(7 * kHour + 30 * kMinute, 9 * kHour);
         m_until = until;
-        Stamp(NightAfter(DayNumber(m_date) - 1).morning);
+        Stamp(NightAfter(DayOf(m_date) - std::chrono::days(1)).morning);
         bool eaten = weekend;
         bool met = weekend;
         while (m_now < evening && m_lines.size() < kMostLines) {
@@ -89,7 +95,7 @@ public:
             }
         }
         Pass(Between(5 * kMinute, 20 * kMinute), kWattsOn);
-        Stamp(NightAfter(DayNumber(m_date)).evening);
+        Stamp(NightAfter(DayOf(m_date)).evening);
         Pass(24 * kHour - m_now, kWattsOff);
         AddPowerLines();
         return std::move(m_lines);
@@ -168,7 +174,6 @@ private:
 
     DateTime m_date;
     std::uint64_t m_seed;
-    int m_weekday;                              // Sunday is 0
     int m_now = 0, m_until = 0;                 // seconds of the day
     std::int64_t m_consumed = 0, m_without = 0; // watt seconds
     std::vector<std::wstring> m_lines;
@@ -178,10 +183,9 @@ private:
 
 std::vector<std::wstring> EventsOf(const DateTime& date, const DateTime& now)
 {
-    const std::int64_t daysAgo = DayNumber(now) - DayNumber(date);
-    if (daysAgo < 0)
+    if (DayOf(date) > DayOf(now))
         return {};
-    return Day(date).Lines(daysAgo == 0 ? now.second : 24 * kHour);
+    return Day(date).Lines(DayOf(date) == DayOf(now) ? now.second : 24 * kHour);
 }
 
 } // namespace voltaro::simulator

@@ -9,25 +9,29 @@
 
 namespace voltaro::simulator {
 
-// Ways in which the agent misbehaves. What the argument means, and its default, stands beside each.
+// Ways in which the agent misbehaves; FaultInfos tells what each does.
 enum class FaultKind {
     None,
-    Refuse,        // for "*": nobody listens; for one operation: the connection is reset once the request is read
-    CloseAtOnce,   // the connection is closed without an answer
-    CloseMidFrame, // closed after part of the frame; argument: bytes sent, by default half of them
-    Silent,        // the connection stays open and nothing comes
-    Late,          // nothing for a while, then the whole answer; argument: milliseconds, 2000
-    Slow,          // eight pieces; argument: milliseconds between them, 200
-    ByteByByte,    // one byte at a time; argument: milliseconds between them, 0
-    WrongLength,   // the length lies; argument: bytes added to the true one, 64; negative for too short
-    HugeLength,    // the length is 99999999
-    NoNul,         // the closing NUL is missing, and the length counts without it
-    Garbage,       // well framed units that are no document; argument: how many, 100
-    NotWellFormed, // the document breaks off before its last tags
-    LongTexts,     // every text grows; argument: its units, 20000
-    ManyElements,  // every list of elements grows by copies of its last one; argument: how many in all, 600
-    Doctype,       // the document declares entities that unfold into each other, and uses one
-    Status,        // the answer is this status instead; argument: the word, "Failure"
+    Refuse,
+    CloseAtOnce,
+    CloseMidFrame,
+    Silent,
+    Late,
+    Slow,
+    ByteByByte,
+    WrongLength,
+    HugeLength,
+    NoNul,
+    Garbage,
+    NotWellFormed,
+    LongTexts,
+    ManyElements,
+    Doctype,
+    Fill,
+    FewElements,
+    UnknownWords,
+    ForeignTexts,
+    Status,
 };
 
 struct Fault {
@@ -37,8 +41,12 @@ struct Fault {
 
 // "slow:50" as a fault; nothing for an unknown kind.
 [[nodiscard]] std::optional<Fault> ParseFault(std::wstring_view text);
-// The names that ParseFault knows, in the order of FaultKind.
-[[nodiscard]] std::span<const wchar_t* const> FaultNames();
+// A kind's name, as ParseFault knows it, and what it does, the meaning of its argument and the default included.
+struct FaultInfo {
+    const wchar_t *name, *what;
+};
+// In the order of FaultKind.
+[[nodiscard]] std::span<const FaultInfo> FaultInfos();
 
 // How the bytes of an answer leave.
 enum class Ending {

@@ -211,13 +211,15 @@ void RequireAction(const Element& action, int number)
 Element InitialJobs(int count)
 {
     Element details{L"details", {}, {}};
-    for (int number = 1; number <= std::min(count, static_cast<int>(std::size(kJobs))); ++number) {
-        const Job& job = kJobs[number - 1];
+    for (int number = 1; number <= count; ++number) {
+        const int row = (number - 1) % static_cast<int>(std::size(kJobs));
+        const Job& job = kJobs[row];
+        const std::wstring name = row + 1 == number ? job.name : job.name + NumberText(number);
         Element schedule{Numbered(L"Schedule_", number), {},
             {TextElement(L"StartTime", job.startTime), TextElement(L"StartDate", job.startDate),
                 TextElement(L"EndDate", job.endDate), FrequencyElement(job, number)}};
         details.children.push_back({Numbered(L"Job_", number), {},
-            {TextElement(L"Name", job.name), TextElement(L"Description", job.description),
+            {TextElement(L"Name", name), TextElement(L"Description", job.description),
                 TextElement(L"EnabledFlag", job.enabled), std::move(schedule), ActionElement(job, number)}});
     }
     return details;

@@ -7,7 +7,7 @@ namespace voltaro::simulator {
 inline constexpr std::size_t kMostJobs = 10;
 inline constexpr std::size_t kMostTasks = 7;
 
-// `details` with the first so many (at most ten) of the simulated machine's jobs.
+// `details` with the first so many of the simulated machine's jobs; from the eleventh on they repeat under new names.
 [[nodiscard]] Element InitialJobs(int count);
 
 // Throws a Refusal unless `details` hold a job list in the form in which it is sent and read back: `Job_1`... with

@@ -4,6 +4,7 @@
 #include "simulator/jobs.h"
 #include "simulator/operations.h"
 #include "simulator/records.h"
+#include "simulator/uncommon.h"
 #include "simulator/xml.h"
 
 namespace voltaro::simulator {
@@ -85,6 +86,10 @@ Machine::Machine(const Scenario& scenario, Clock clock)
 {
     for (std::size_t scheme = 0; scheme < kInitialSchemes; ++scheme)
         m_state.schemes.push_back(MakeRecord(kSchemeRecord, scheme));
+    if (scenario.content == Content::Crowded)
+        Crowd(m_state);
+    if (scenario.content == Content::Odd)
+        MakeOdd(m_state);
     m_state.activeScheme = ChildText(m_state.schemes[kInitialActiveScheme], 0);
     if (scenario.pausedHours > 0)
         m_state.pausedUntil = SecondNumber(m_clock()) + scenario.pausedHours * 3600;

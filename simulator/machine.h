@@ -12,6 +12,13 @@
 
 namespace voltaro::simulator {
 
+// A real machine in place of the simulated one, for what can be asked without changing it.
+struct LiveMachine {
+    Element (*battery)(); // the whole `response`
+    Element (*details)(); // as SystemDetails gives them
+    std::wstring (*hostName)();
+};
+
 // The state of the simulated machine. Records are kept as the `details` element that carries them, so what was set is
 // read back as it came.
 struct MachineState {
@@ -26,6 +33,7 @@ struct MachineState {
     Element consumption, manualConsumption, autoConsumption; // the one in force and the two to choose from
     Element jobs;
     Element battery;                     // the whole `response`
+    const LiveMachine* live = nullptr;   // answers in place of the simulated battery, details and host name
     std::wstring pendingAction{};        // the power action that waits for "success" or "failure"
     std::vector<std::wstring> actions{}; // power actions carried out, in order
 };

@@ -2,72 +2,21 @@
 
 #include "base/ansi.h"
 #include "base/text.h"
-#include "simulator/operations.h"
+#include "simulator/options.h"
 #include "simulator/server.h"
 
 #include <cstdio>
-#include <cwchar>
 
 namespace voltaro::simulator {
 namespace {
 
-constexpr int kDefaultPort = 4916;
 constexpr int kCannotListen = 1;
 constexpr int kBadUsage = 2;
-
-struct FaultOption {
-    std::wstring operation;
-    Fault fault;
-};
-struct Options {
-    int port = kDefaultPort;
-    std::wstring log;
-    std::vector<FaultOption> faults;
-    const Scenario* scenario = &DefaultScenario();
-};
 
 void Say(std::FILE* to, const std::wstring& text)
 {
     std::fputs(Narrowed(text).c_str(), to);
     std::fflush(to);
-}
-
-int Usage()
-{
-    std::wstring text = L"AgentSimulator [--port N] [--log FILE] [--fault OPERATION=KIND[:ARGUMENT]]... "
-                        L"[--scenario NAME]\n\nScenarios:\n";
-    for (const Scenario& scenario : Scenarios())
-        text += Format(L"  %-14ls %ls\n", scenario.name, scenario.what);
-    text += L"\nFault kinds (operation \"*\" is every operation):\n ";
-    for (const wchar_t* name : FaultNames())
-        text += std::wstring(L" ") + name;
-    Say(stderr, text + L"\n");
-    return kBadUsage;
-}
-
-bool ParseOption(Options& options, std::wstring_view name, std::wstring_view value)
-{
-    if (name == L"--port") {
-        options.port = LeadingNumber(value);
-        return options.port > 0 && options.port < 65536 && NumberText(options.port) == value;
-    }
-    if (name == L"--log") {
-        options.log = value;
-        return !value.empty();
-    }
-    if (name == L"--scenario") {
-        options.scenario = FindScenario(value);
-        return options.scenario != nullptr;
-    }
-    const std::size_t equals = value.find(L'=');
-    if (name != L"--fault" || equals == std::wstring_view::npos)
-        return false;
-    const std::wstring_view operation = value.substr(0, equals);
-    const std::optional<Fault> fault = ParseFault(value.substr(equals + 1));
-    if (!fault || FindOperation(operation) == nullptr)
-        return false;
-    options.faults.push_back({std::wstring(operation), *fault});
-    return true;
 }
 
 struct FileTraits {
@@ -76,7 +25,7 @@ struct FileTraits {
     static void Close(Handle file) { std::fclose(file); }
 };
 
-HANDLE endEvent = nullptr; // lent to the console handler, which runs on a thread of its own
+HANDLE endEvent = nullptr; // for the console handler, which runs on a thread of its own
 
 BOOL WINAPI OnConsoleControl(DWORD)
 {
@@ -100,7 +49,7 @@ int Run(const Options& options)
         std::fprintf(log.Get(), "%s\r\n", Narrowed(line).c_str());
         std::fflush(log.Get());
     });
-    for (const FaultOption& option : options.faults)
+    for (const Options::OperationFault& option : options.faults)
         server.SetFault(option.operation, option.fault);
     const UniqueHandle ended(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     endEvent = ended.Get();
@@ -122,10 +71,10 @@ int Run(const Options& options)
 int wmain(int count, wchar_t** arguments)
 {
     using namespace voltaro::simulator;
-    Options options;
-    for (int i = 1; i < count; i += 2) {
-        if (i + 1 == count || !ParseOption(options, arguments[i], arguments[i + 1]))
-            return Usage();
-    }
-    return Run(options);
+    const std::optional<Options> options
+        = ParseOptions(std::span<const wchar_t* const>(arguments, static_cast<std::size_t>(count)).subspan(1));
+    if (options)
+        return Run(*options);
+    Say(stderr, UsageText());
+    return kBadUsage;
 }

@@ -11,6 +11,8 @@
 namespace voltaro::simulator {
 namespace {
 
+constexpr std::size_t kCrowdedLines = 2'400; // of a day's events, as many as fit the answer
+
 struct Pair {
     const wchar_t *name, *text;
 };
@@ -50,17 +52,18 @@ Element ReportRunning(const Call&)
 
 Element ReportBattery(const Call& call)
 {
-    return call.state.battery;
+    return call.state.live != nullptr ? call.state.live->battery() : call.state.battery;
 }
 
 Element ReportDetails(const Call& call)
 {
     if (!call.Field().empty() && call.Field() != L"Refresh")
         throw Refusal{L"type must be Refresh."};
-    return ResponseWith(SystemDetails(call.state.scenario));
+    const LiveMachine* live = call.state.live;
+    return ResponseWith(live != nullptr ? live->details() : SystemDetails(call.state.scenario));
 }
 
-Element ReportAgent(const Call&)
+Element ReportAgent(const Call& call)
 {
     static constexpr Pair kAgent[] = {
         {L"Version", L"1.06.006.000"},
@@ -68,7 +71,10 @@ Element ReportAgent(const Call&)
         {L"HostName", L"FIELDBOOK-07"},
         {L"ServiceState", L"Running"},
     };
-    return ResponseWith(Texts(L"details", kAgent));
+    Element details = Texts(L"details", kAgent);
+    if (call.state.live != nullptr)
+        details.children[2].text = call.state.live->hostName();
+    return ResponseWith(std::move(details));
 }
 
 Element ReportPatch(const Call&)
@@ -99,9 +105,10 @@ Element ReportEvents(const Call& call)
     const std::vector<std::wstring> lines = EventsOf(*day, call.now);
     if (lines.empty())
         throw Refusal{L"That day has not come yet."};
+    const std::size_t count = call.state.scenario.content == Content::Crowded ? kCrowdedLines : lines.size();
     Element details{L"details", {}, {}};
-    for (const std::wstring& line : lines)
-        details.children.push_back(TextElement(L"Event", line));
+    for (std::size_t i = 0; i < count; ++i)
+        details.children.push_back(TextElement(L"Event", lines[i % lines.size()]));
     return ResponseWith(std::move(details));
 }
 

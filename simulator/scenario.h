@@ -7,17 +7,25 @@ namespace voltaro::simulator {
 
 enum class Licence { Activated, NotActivated, Expired };
 enum class Updates { Latest, Downloaded, Offline, Failed };
+// What the machine's records and lists hold.
+enum class Content {
+    Usual,
+    Large,       // system details of about 280 kB, as many rows as the tables hold
+    Crowded,     // more of everything than there may be, in answers that just fit
+    ThisMachine, // the battery, the system details and the host name of the computer that the agent runs on
+    Odd,         // names in every script, words that nobody knows, texts too long, elements and sections missing
+};
 
 // What kind of machine is simulated. Everything else about it is the same in every scenario.
 struct Scenario {
     const wchar_t* name;
     const wchar_t* what; // one line for the usage text
     bool battery;
-    bool sleeps;       // standby and hibernate are supported
-    bool busy;         // power actions are refused with a list of running activities
-    bool largeDetails; // system details of about 280 kB, as many rows as the tables hold
-    int pausedHours;   // 0: not paused
-    int jobs;          // scheduled jobs, 0 to 10
+    bool sleeps; // standby and hibernate are supported
+    bool busy;   // power actions are refused with a list of running activities
+    Content content;
+    int pausedHours; // 0: not paused
+    int jobs;        // scheduled jobs
     Licence licence;
     Updates updates;
 };

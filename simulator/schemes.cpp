@@ -29,8 +29,11 @@ Entries::iterator Known(Entries& entries, std::wstring_view name, const wchar_t*
     return entry;
 }
 
+// The console reads names by position, so a list too long for its buffer may save on the elements' names.
 Element ListNames(const Entries& entries, const wchar_t* elementName)
 {
+    if (entries.size() > kMostNames)
+        elementName = L"n";
     Element details{L"details", {}, {}};
     for (const Element& entry : entries)
         details.children.push_back(TextElement(elementName, ChildText(entry, 0)));

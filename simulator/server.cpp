@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "simulator/frame.h"
 #include "simulator/operations.h"
+#include "simulator/this_machine.h"
 
 #include <algorithm>
 
@@ -64,6 +65,8 @@ AgentServer::AgentServer(const Scenario& scenario, LogSink log)
     , m_log(std::move(log))
 {
     WSADATA data{};
+    if (scenario.content == Content::ThisMachine)
+        m_machine.State().live = &ThisMachine();
     m_winsock = WSAStartup(MAKEWORD(2, 2), &data) == 0;
 }
 
@@ -347,7 +350,7 @@ void AgentServer::Log(std::wstring_view operation, std::wstring_view what, const
     line += L": ";
     line += what;
     if (fault.kind != FaultKind::None)
-        line += Format(L" [fault %ls]", FaultNames()[static_cast<std::size_t>(fault.kind)]);
+        line += Format(L" [fault %ls]", FaultInfos()[static_cast<std::size_t>(fault.kind)].name);
     m_log(line);
 }
 

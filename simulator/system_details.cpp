@@ -105,15 +105,18 @@ constexpr GroupDetail kLogicalDisks[] = {
 struct Section {
     const wchar_t *name, *group;
     std::span<const GroupDetail> fields;
-    int groups, largeGroups; // nine fields and a separator a group fill the large tables
+    // Nine fields and a separator a large group fill the console's tables, whose rows the usual groups of a crowded
+    // machine exceed.
+    int groups, largeGroups, crowdedGroups;
 };
 constexpr Section kSections[] = {
-    {L"NetworkInfo",      L"Adapter",      kAdapters,      2, 10},
-    {L"PhysicalDiskInfo", L"PhysicalDisk", kPhysicalDisks, 2, 10},
-    {L"LogicalDiskInfo",  L"LogicalDisk",  kLogicalDisks,  3, 50},
+    {L"NetworkInfo",      L"Adapter",      kAdapters,      2, 10, 12},
+    {L"PhysicalDiskInfo", L"PhysicalDisk", kPhysicalDisks, 2, 10, 15},
+    {L"LogicalDiskInfo",  L"LogicalDisk",  kLogicalDisks,  3, 50, 65},
 };
 // clang-format on
 constexpr int kLargeFields = 9;
+constexpr std::size_t kCrowdedFields = 25; // of the sections without groups
 
 Element Flat(const wchar_t* name, std::span<const Detail> details)
 {
@@ -142,8 +145,19 @@ Element Group(const Section& section, int group)
 {
     Element element{section.group, {}, {}};
     for (const GroupDetail& field : section.fields)
-        element.children.push_back(TextElement(field.name, field.values[group]));
+        element.children.push_back(TextElement(field.name, field.values[group % section.groups]));
     return element;
+}
+
+Element Grouped(const Section& row, Content content)
+{
+    Element section{row.name, {}, {}};
+    const int groups = content == Content::Large ? row.largeGroups
+        : content == Content::Crowded            ? row.crowdedGroups
+                                                 : row.groups;
+    for (int group = 0; group < groups; ++group)
+        section.children.push_back(content == Content::Large ? LargeGroup(row, group) : Group(row, group));
+    return section;
 }
 
 } // namespace
@@ -155,11 +169,15 @@ Element SystemDetails(const Scenario& scenario)
     details.children.push_back(Flat(L"OSInfo", kSystem));
     details.children.push_back(
         Flat(L"PowerCapabilities", scenario.sleeps ? std::span(kPower) : std::span<const Detail>(kPowerLimited)));
-    for (const Section& row : kSections) {
-        Element& section = details.children.emplace_back(Element{row.name, {}, {}});
-        for (int group = 0; group < (scenario.largeDetails ? row.largeGroups : row.groups); ++group)
-            section.children.push_back(scenario.largeDetails ? LargeGroup(row, group) : Group(row, group));
+    for (Element& section : details.children) {
+        for (std::size_t i = 0; scenario.content == Content::Crowded && section.children.size() < kCrowdedFields; ++i)
+            section.children.push_back(Element(section.children[i]));
     }
+    for (const Section& row : kSections)
+        details.children.push_back(Grouped(row, scenario.content));
+    if (scenario.content == Content::Odd)
+        details.children.erase(
+            details.children.begin() + 3, details.children.begin() + 5); // only the logical disks stay
     return details;
 }
 

@@ -261,6 +261,7 @@ std::wstring EscapedText(std::wstring_view text)
         case L'&': escaped += L"&amp;"; break;
         case L'<': escaped += L"&lt;"; break;
         case L'>': escaped += L"&gt;"; break;
+        case L'\r': escaped += L"&#13;"; break; // a reader would make a line feed of it
         default: escaped += text.substr(at, units);
         }
         at += std::max<std::size_t>(units, 1);

@@ -16,10 +16,12 @@ struct XmlDocument {
     std::wstring error; // why the text is not such a document, with the unit where it stopped; empty when it is
 };
 
-// Reads strictly: no document type, no comments, no CDATA, at most 16 levels.
+// Reads strictly: no document type, no comments, no CDATA, at most 16 levels. No library serves: the header-only
+// RapidXML classifies 16-bit units by their low byte (a text with U+013C is refused), makes UTF-8 of numeric
+// references, recurses without a limit, and lets unknown entities, control characters and a second root pass.
 [[nodiscard]] XmlDocument ParseXml(std::wstring_view text);
 
-// The text with &, < and > written as entities, and without what no document may hold.
+// The text with &, <, > and CR written as references, and without what no document may hold.
 [[nodiscard]] std::wstring EscapedText(std::wstring_view text);
 
 // The reply document around a `response`, on one line.

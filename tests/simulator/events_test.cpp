@@ -73,7 +73,7 @@ TEST(AgentEventsTest, ReadsDays)
 {
     const std::optional<DateTime> leapDay = ParseMonthDayYear(L"02292024");
     ASSERT_TRUE(leapDay);
-    EXPECT_EQ(DayNumber(*leapDay), 19782);
+    EXPECT_EQ(DayOf(*leapDay).time_since_epoch().count(), 19782);
     for (const wchar_t* wrong : {L"02292025", L"13012025", L"00012025", L"1012025", L"010120255", L"0101202x", L""})
         EXPECT_FALSE(ParseMonthDayYear(wrong)) << wrong;
 }

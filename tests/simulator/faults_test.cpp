@@ -81,6 +81,11 @@ TEST(AgentFaultTest, ChangesTheDocument)
     has(L"many-elements:4", L"<a>1</a><b>2</b><b>2</b><b>2</b></details><details><a>1</a><b>2</b></details>");
     has(L"doctype", L"<?xml version=\"1.0\"?><!DOCTYPE vltp [<!ENTITY e0 ");
     has(L"doctype", L"]><vltp version=\"1.0\"><response><details><a>1&e5;</a>");
+    has(L"few-elements", L"<details><a>1</a></details>");
+    has(L"unknown-words", L"<a>Perhaps</a><b>Perhaps</b>");
+    has(L"foreign-texts", L"<b>2 \x00DF\x03A9\x0416\x05D0\x4E3C\xD83D\xDD0B</b>");
+    has(L"fill:228", L"<b>2x</b>");
+    EXPECT_EQ(Faulted(L"fill").bytes.size(), 700u);
     const std::wstring script = L"any & thing";
     EXPECT_EQ(TextOf(Faulted(L"none", &script)), script);
     EXPECT_EQ(TextOf(Faulted(L"long-texts", &script)), script); // a script has no elements to grow

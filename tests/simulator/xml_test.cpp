@@ -56,8 +56,8 @@ TEST(AgentXmlTest, RefusesWhatNoRequestNeeds)
 
 TEST(AgentXmlTest, WritesWhatADocumentMayHold)
 {
-    const wchar_t text[] = {L'<', L'&', L'>', 0x01, L'\t', 0xD83D, 0xDE00, 0xD83D, L'x', 0xFFFF, 0xE9, 0};
-    EXPECT_EQ(EscapedText(text), L"&lt;&amp;&gt;\t\xD83D\xDE00x\xE9");
+    const wchar_t text[] = {L'<', L'&', L'>', 0x01, L'\t', L'\r', 0xD83D, 0xDE00, 0xD83D, L'x', 0xFFFF, 0xE9, 0};
+    EXPECT_EQ(EscapedText(text), L"&lt;&amp;&gt;\t&#13;\xD83D\xDE00x\xE9");
     const Element response{L"response", {}, {TextElement(L"status", L"a & b"), {L"details", {}, {}}}};
     EXPECT_EQ(ReplyText(response),
         L"<?xml version=\"1.0\"?><vltp version=\"1.0\"><response><status>a &amp; b</status><details></details>"

@@ -1,0 +1,77 @@
+#include "fuzz/targets.h"
+#include "power/capabilities.h"
+#include "power/names.h"
+#include "power/policy.h"
+#include "power/scheme_form.h"
+#include "scheduler/job_rules.h"
+#include "settings/settings_rules.h"
+
+namespace voltaro::fuzz {
+namespace {
+
+template <class Record>
+Record AnyRecord(Bytes& bytes)
+{
+    Record record;
+    for (const auto& field : FieldsOf<Record>::kTable)
+        record.*field.slot = bytes.Value();
+    return record;
+}
+
+// A check changes nothing in what it has completed once.
+template <class Record>
+void CheckTwice(Record record, std::size_t (*check)(Record&))
+{
+    if (check(record) != kNoFault)
+        return;
+    const Record complete = record;
+    Require(check(record) == kNoFault && record == complete);
+}
+
+} // namespace
+
+// The names of schemes, policies, rules, jobs and tasks: what is refused is refused in words that can be shown.
+void RunNames(Bytes& bytes)
+{
+    const std::wstring name = bytes.Text(), other = bytes.Text();
+    const std::wstring others[] = {other, L"Balanced"};
+    ApplicationRule rule;
+    rule.applicationName = other;
+    ScheduledJobs jobs(1);
+    jobs[0].name = other;
+    jobs[0].tasks.emplace_back().path = other;
+    for (const Refusal* refusal :
+        {CheckTypedSchemeName(name), CheckTypedPolicyName(name), CheckNewSchemeName(name, others),
+            CheckNewPolicyName(name, others), CheckRuleName(name, {&rule, 1}),
+            CheckJobName(name, jobs, EditMode::Add), CheckTaskPath(name, jobs[0], EditMode::Add)})
+        Require(refusal == nullptr || !RefusalText(*refusal, name).empty());
+    if (CheckNewSchemeName(name, others) == nullptr)
+        Require(!name.empty() && !EqualsIgnoreCase(name, other) && CheckNewSchemeName(name, {}) == nullptr);
+    Require(ContainsIgnoreCase(name + other, name) && OneLine(name).size() == name.size());
+    const std::pair<std::wstring_view, std::wstring_view> fields[] = {{name, other}, {L"StandbySupported", name}};
+    (void)ReadPowerCapabilities(fields);
+}
+
+// The settings' checks and the texts that stand for stored values.
+void RunSettings(Bytes& bytes)
+{
+    CheckTwice(AnyRecord<HostSettings>(bytes), CheckHostSettings);
+    CheckTwice(AnyRecord<ProxySettings>(bytes), CheckProxySettings);
+    CheckTwice(AnyRecord<SnoozeSettings>(bytes), CompleteSnoozeSettings);
+    const auto address = static_cast<std::uint32_t>(bytes.Number());
+    Require(AddressOf(DottedAddress(address)) == address);
+    const std::wstring stored = bytes.Value(), shown = bytes.Value();
+    if (const auto dotted = AddressOf(stored))
+        Require(AddressOf(DottedAddress(*dotted)) == dotted);
+    for (const SchemeField& field : kSchemeForm) {
+        // What the user did not touch means the same as before.
+        const std::wstring loaded = ShownSetting(field, stored);
+        if (!field.choices.empty() && !stored.empty() && loaded != L"Disabled")
+            Require(StoredSetting(field, loaded, {loaded, stored}) == stored);
+        (void)StoredSetting(field, shown, {loaded, stored});
+    }
+    (void)HibernateList(bytes.Next() % 2 == 0, stored, shown);
+    (void)MonitorOffList(stored, shown);
+}
+
+} // namespace voltaro::fuzz

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "link/element.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <iterator>
+#include <span>
+#include <string>
+
+// What the fuzzer and the replay of its corpus run: functions that read hostile bytes and end the program when a
+// property does not hold.
+namespace voltaro::fuzz {
+
+inline void Require(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+// The input, read from the front; zeros after its last byte.
+class Bytes {
+public:
+    explicit Bytes(std::span<const std::uint8_t> data)
+        : m_data(data)
+    {
+    }
+    [[nodiscard]] bool AtEnd() const { return m_data.empty(); }
+    std::uint8_t Next();
+    std::int32_t Number();
+    // A text of at most so many units, closed by a byte of 0xFF: Latin-1, and some units of every other sort.
+    std::wstring Text(std::size_t most = 400);
+    // A text as a record may hold: a known word, one of the given words, or any.
+    std::wstring Value(std::span<const wchar_t* const> words = {});
+
+private:
+    std::span<const std::uint8_t> m_data;
+};
+
+// Changes a tree as the bytes say; new elements get one of the names.
+void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names);
+
+struct Target {
+    const char* name; // also that of its folder below corpus/
+    void (*run)(Bytes& bytes);
+};
+
+void RunFrame(Bytes& bytes);
+void RunReplies(Bytes& bytes);
+void RunDocument(Bytes& bytes);
+void RunEvents(Bytes& bytes);
+void RunGraph(Bytes& bytes);
+void RunProfile(Bytes& bytes);
+void RunJobs(Bytes& bytes);
+void RunNames(Bytes& bytes);
+void RunSettings(Bytes& bytes);
+
+// clang-format off
+inline constexpr Target kTargets[] = {
+    {"frame", RunFrame}, {"replies", RunReplies}, {"document", RunDocument}, {"events", RunEvents},
+    {"graph", RunGraph}, {"profile", RunProfile}, {"jobs", RunJobs}, {"names", RunNames}, {"settings", RunSettings},
+};
+// clang-format on
+
+} // namespace voltaro::fuzz
