@@ -59,7 +59,7 @@ void BareExchange(const std::vector<std::byte>& frame, int port)
     WSACleanup();
 }
 
-std::vector<std::byte> FrameOf(const Request& request)
+WipedBytes FrameOf(const Request& request)
 {
     return EncodeFrame(*SerialiseRequest(RequestElement(request, NewMessageId())), 100'000);
 }
@@ -87,7 +87,7 @@ void MeasureSystemDetails()
         return;
     servicePort = agent.Port();
     Reply reply = Exchange(Plain(Operation::GetSystemDetails));
-    const std::wstring& text = reply.Text();
+    const FieldText& text = reply.Text();
     SystemDetails details;
     const auto medians = Medians({[&] {
                                       const std::optional<Element> root = ParseAnswer(text.c_str());
@@ -95,7 +95,7 @@ void MeasureSystemDetails()
                                   },
                                      [&] { LoadBare(text); }, [&] { ReadBare(text, L"//*[not(*)]"); }},
         40);
-    std::printf("system details: %zu bytes, %zu rows in the longest section\n", text.size() * 2,
+    std::printf("system details: %zu bytes, %zu rows in the longest section\n", text.view().size() * 2,
         details.RowCount(DetailSection::LogicalDisks));
     PrintRatio("reading the system details / loading the document", medians[0], medians[1], 1.3);
     std::printf("the document's own calls for the texts alone: %.3f ms\n", medians[2]);

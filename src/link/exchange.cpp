@@ -8,6 +8,7 @@
 #include "ui/liveness.h"
 #include "ui/ui_thread.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <utility>
@@ -18,8 +19,8 @@ namespace {
 // What an operation owns. The request buffer has a fixed size, made at the first use.
 struct OperationBuffers {
     std::atomic<DWORD> holder{0}; // thread id, 0 for none
-    std::vector<wchar_t> request;
-    std::wstring response;
+    WipedUnits request;
+    FieldText response;
 };
 
 std::array<OperationBuffers, static_cast<std::size_t>(Operation::Count)> buffers;
@@ -53,19 +54,18 @@ bool Hold(Operation operation)
 bool Build(const Request& request)
 {
     const OperationRow& row = RowOf(request.operation);
-    std::optional<std::wstring> text = SerialiseRequest(RequestElement(request, NewMessageId()));
+    const std::optional<FieldText> text = SerialiseRequest(RequestElement(request, NewMessageId()));
     if (!text)
         return false;
-    const bool fits = text->size() < row.requestUnits;
+    const std::wstring_view units = *text;
+    const bool fits = units.size() < row.requestUnits;
     if (fits) {
-        std::vector<wchar_t>& buffer = BuffersOf(request.operation).request;
+        WipedUnits& buffer = BuffersOf(request.operation).request;
         buffer.assign(row.requestUnits, L'\0');
-        std::copy(text->begin(), text->end(), buffer.begin());
+        std::ranges::copy(units, buffer.begin());
     } else {
         LogFault("request", "a request is longer than its operation's buffer");
     }
-    if (row.secret)
-        SecureZeroMemory(text->data(), text->size() * sizeof(wchar_t));
     return fits;
 }
 
@@ -94,20 +94,22 @@ Reply::~Reply()
 
 void Reply::LetGo()
 {
-    if (std::exchange(m_held, false))
-        BuffersOf(m_operation).holder = 0;
+    if (!std::exchange(m_held, false))
+        return;
+    BuffersOf(m_operation).response.Clear();
+    BuffersOf(m_operation).holder = 0;
 }
 
 void Reply::Send()
 {
     OperationBuffers& own = BuffersOf(m_operation);
     const OperationRow& row = RowOf(m_operation);
-    own.response.clear();
+    own.response.Clear();
     const wchar_t* request = own.request.empty() ? L"" : own.request.data();
     m_sent = true;
     m_answered = ServiceRequest(row.member, request, own.response, agentAddress.host, servicePort);
     if (row.secret && !own.request.empty())
-        SecureZeroMemory(own.request.data(), own.request.size() * sizeof(wchar_t));
+        WipeMemory(own.request.data(), own.request.size() * sizeof(wchar_t));
 }
 
 const Element* Reply::Root()
@@ -123,7 +125,7 @@ std::wstring Reply::Status()
     return fields.empty() ? std::wstring() : WholeText(fields[0]);
 }
 
-const std::wstring& Reply::Text() const
+const FieldText& Reply::Text() const
 {
     return BuffersOf(m_operation).response;
 }

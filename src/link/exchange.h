@@ -41,7 +41,7 @@ public:
     // Lets the operation go before the reply's own end; Text() is no more to be asked for.
     void LetGo();
     // The answer's own text.
-    [[nodiscard]] const std::wstring& Text() const;
+    [[nodiscard]] const FieldText& Text() const;
 
 private:
     friend Reply Exchange(const Request& request);

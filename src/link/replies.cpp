@@ -65,7 +65,7 @@ std::vector<std::wstring> TextsOf(std::span<const Element> fields, std::size_t l
 {
     std::vector<std::wstring> texts;
     for (const Element& field : fields.first(std::min(limit, fields.size())))
-        texts.push_back(field.text);
+        texts.emplace_back(field.text);
     return texts;
 }
 
@@ -76,10 +76,7 @@ bool IsWord(std::wstring_view status, std::wstring_view word)
 
 std::vector<std::wstring> ReadNames(const Element& root)
 {
-    std::vector<std::wstring> names = TextsOf(DetailsFields(root), kMaxNames);
-    for (std::wstring& name : names)
-        name = FieldText(name).view();
-    return names;
+    return TextsOf(DetailsFields(root), kMaxNames);
 }
 
 std::optional<ApplicationSensorPolicy> ReadPolicy(const Element& root)

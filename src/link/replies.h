@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/fixed_text.h"
 #include "link/records.h"
 
 #include <array>
@@ -47,7 +48,7 @@ template <class Record>
     return RecordOf<Record>(fields);
 }
 
-// The names that "GetPowerSchemes" and "GetPolicies" give, in the order received; each cut to 99 units.
+// The names that "GetPowerSchemes" and "GetPolicies" give, in the order received.
 inline constexpr std::size_t kMaxNames = 200;
 [[nodiscard]] std::vector<std::wstring> ReadNames(const Element& root);
 

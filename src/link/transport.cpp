@@ -141,25 +141,23 @@ public:
     bool Send(const wchar_t* request)
     {
         const bool fixed = m_member.send == SendKind::Fixed;
-        std::vector<std::byte> frame = EncodeFrame(request, fixed ? kFixedSendBytes : kHeapSendBytes);
+        WipedBytes frame = EncodeFrame(request, fixed ? kFixedSendBytes : kHeapSendBytes);
         const std::size_t remaining = frame.size();
         // The whole frame fits into the socket's own buffer, so that an agent that does not read holds up nothing.
         SetNumber(SO_SNDBUF, static_cast<DWORD>(remaining));
         SetNumber(SO_SNDTIMEO, m_timeoutMs);
         // After a partial send the position advances by twice the count (meant), so zeros stand beyond the frame.
         frame.resize(2 * remaining);
-        const bool sent = SendAll(frame.data(), remaining);
-        SecureZeroMemory(frame.data(), frame.size()); // it may have carried a password
-        return sent;
+        return SendAll(frame.data(), remaining);
     }
 
-    bool Receive(std::wstring& response)
+    bool Receive(FieldText& response)
     {
         // Only the first data has a time limit; later pieces may take as long as they like (meant).
         if (Wait(m_socket, WaitFor::Data, m_timeoutMs) != Ready::Yes)
             return false;
         FrameAssembler assembler(m_member.capacity);
-        std::vector<std::byte> piece(m_member.capacity);
+        WipedBytes piece(m_member.capacity);
         for (bool first = true;;) {
             const int count
                 = recv(m_socket, reinterpret_cast<char*>(piece.data()), static_cast<int>(assembler.Wanted()), 0);
@@ -225,7 +223,7 @@ private:
     SOCKET m_socket = INVALID_SOCKET;
 };
 
-bool RunExchange(ExchangeSteps& steps, const wchar_t* request, std::wstring& response)
+bool RunExchange(ExchangeSteps& steps, const wchar_t* request, FieldText& response)
 {
     if (!steps.StartLibrary())
         return false;
@@ -238,7 +236,7 @@ bool RunExchange(ExchangeSteps& steps, const wchar_t* request, std::wstring& res
 
 } // namespace
 
-bool ServiceRequest(Member member, const wchar_t* request, std::wstring& response, const char* host, int port)
+bool ServiceRequest(Member member, const wchar_t* request, FieldText& response, const char* host, int port)
 {
     const MemberRow& row = RowOf(member);
     ExchangeSteps steps(row, host, port);

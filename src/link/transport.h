@@ -1,8 +1,7 @@
 #pragma once
 
+#include "base/field_text.h"
 #include "link/members.h"
-
-#include <string>
 
 namespace voltaro {
 
@@ -12,6 +11,6 @@ namespace voltaro {
 // sent messages are served meanwhile. `host` is an 8-bit dotted address. True when a whole answer was received into
 // `response`.
 [[nodiscard]] bool ServiceRequest(
-    Member member, const wchar_t* request, std::wstring& response, const char* host, int port);
+    Member member, const wchar_t* request, FieldText& response, const char* host, int port);
 
 } // namespace voltaro

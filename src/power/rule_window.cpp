@@ -101,7 +101,7 @@ LRESULT OnCreate(HWND window)
     edited = Edited();
     CreateControls(window, kControls, WindowFont());
     for (const int edit : {kRuleName, kRuleDescription})
-        LimitText(window, edit, ApplicationRule::Slot::kCapacity);
+        LimitText(window, edit, ApplicationRule::kEditLimit);
     SetTooltip(ControlOf(window, kRuleFile), kChooseExecutable.title);
     return 0;
 }

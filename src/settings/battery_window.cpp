@@ -34,7 +34,7 @@ HWND Window()
 
 void OnRefresh(HWND)
 {
-    if (!ReadBatteryInfoInWindow())
+    if (!ReadBatteryInfo())
         OnAgentLost();
     RefreshBatteryWindow();
 }

@@ -70,7 +70,7 @@ TEST(AgentMachineTest, AnswersWhatItIsAsked)
     constexpr wchar_t kDone[] = L"1 Success", kNothing[] = L"2 Failure .. No power action is waiting.";
     // clang-format off
     const struct { const wchar_t *operation, *summary, *field = nullptr, *text = L""; } kCases[] = {
-        {L"GetSystemstatus", L"2 Success .. Running"}, {L"GetBatteryInfo", L"7 On AC .. Li-ion"},
+        {L"GetSystemstatus", L"2 Success .. Running"}, {L"GetBatteryInfo", L"9 On AC .. 214 of 1000 full cycles"},
         {L"GetVoltaroInfo", L"d4 1.06.006.000 .. Running"}, {L"GetPatchDetails", L"d3 1.06.006.000 .. Installed"},
         {L"GetVoltaroSavingsTillDate", L"d5 2026-11-21 .. 246.999 kWh"}, {L"GetActivationstatus", L"1 Activated"},
         {L"CheckForUpdates", L"2 Failure .. You are already using the latest version of Voltaro."},
@@ -189,7 +189,7 @@ TEST(AgentMachineTest, SchemesAndPoliciesComeAndGo)
         EXPECT_EQ(StatusOf(Ask(machine, operation, body)), passes ? L"Success" : L"Failure") << operation << body;
     EXPECT_EQ(Summary(Ask(machine, L"GetPowerSchemes")), L"d5 Balanced .. Night");
     EXPECT_EQ(Summary(Ask(machine, L"GetPolicies")), L"d2 Nightly_Backup .. Talks");
-    scheme.children[16].text.clear(); // its policy is gone
+    scheme.children[16].text.Clear(); // its policy is gone
     EXPECT_EQ(DetailsOf(Ask(machine, L"QueryPowerScheme", L"<scheme>Night</scheme>")), scheme);
     EXPECT_EQ(ChildText(DetailsOf(Ask(machine, L"GetCurrentpowersettings")), 0), L"Baseline");
 }
@@ -231,16 +231,18 @@ TEST(AgentMachineTest, PausesAndActsAndActivates)
 // The console's buffers are fixed.
 TEST(AgentMachineTest, AnswersFitTheirReaders)
 {
-    std::size_t largest = 0;
+    std::size_t largest = 0, battery = 0;
     for (const Scenario& scenario : Scenarios()) {
         Machine machine(scenario);
         const auto bytes = [&](const wchar_t* of) { return FrameOf(ReplyText(Ask(machine, of).response)).size(); };
-        for (const wchar_t* operation : {L"GetBatteryInfo", L"GetPatchDetails", L"CheckForUpdates"})
+        for (const wchar_t* operation : {L"GetPatchDetails", L"CheckForUpdates"})
             EXPECT_LE(bytes(operation), 700u) << operation << scenario.name;
+        battery = std::max(battery, bytes(L"GetBatteryInfo"));
         EXPECT_LE(bytes(L"GetCurrentSchedulerSettings"), 90'000u) << scenario.name;
         largest = std::max(largest, bytes(L"GetSystemDetails"));
     }
     EXPECT_TRUE(largest >= 275'000 && largest <= 284'000) << largest;
+    EXPECT_TRUE(battery > 700 && battery <= 3'000) << battery; // no window may read it through a smaller member
 }
 
 } // namespace
