@@ -297,7 +297,7 @@ private:
 Document LoadAnswer(std::wstring_view text)
 {
     if (DeclaresDocumentType(text)) {
-        LogFault("loadXML", "an answer with a document type is refused");
+        LogFailure(kMainModule, __LINE__, "loadXML", E_FAIL, "an answer with a document type is refused");
         return nullptr;
     }
     Document document = DomCreate();

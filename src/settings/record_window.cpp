@@ -3,8 +3,8 @@
 #include "base/text.h"
 #include "console/change.h"
 #include "settings/settings_rules.h"
+#include "ui/secret_text.h"
 
-#include <utility>
 #include <vector>
 
 namespace voltaro {
@@ -62,14 +62,6 @@ void ShowAddress(HWND control, const FieldText& value)
     SendMessageW(control, address ? IPM_SETADDRESS : IPM_CLEARADDRESS, 0, address.value_or(0));
 }
 
-// Without a string in between, of which a copy would stay: the field may be a password.
-FieldText TextOfEdit(HWND edit)
-{
-    WipedUnits units(static_cast<std::size_t>(GetWindowTextLengthW(edit)) + 1);
-    units.resize(static_cast<std::size_t>(GetWindowTextW(edit, units.data(), static_cast<int>(units.size()))));
-    return FieldText(std::move(units));
-}
-
 } // namespace
 
 void ShowField(HWND window, int id, Form form, Choices choices, const FieldText& value)
@@ -77,7 +69,7 @@ void ShowField(HWND window, int id, Form form, Choices choices, const FieldText&
     switch (form) {
     case Form::Text:
         LimitText(window, id, FieldText::kEditLimit); // of what is typed; a longer text is shown whole
-        SetWindowTextW(ControlOf(window, id), value.c_str());
+        SetText(window, id, value);
         break;
     case Form::YesNo: SetChecked(window, id, IsYes(value)); break;
     case Form::Address: ShowAddress(ControlOf(window, id), value); break;
@@ -93,7 +85,7 @@ std::optional<FieldText> EnteredText(HWND window, int id, Form form, Choices cho
 {
     const HWND control = ControlOf(window, id);
     switch (form) {
-    case Form::Text: return TextOfEdit(control);
+    case Form::Text: return SecretTextOf(control);
     case Form::YesNo: return YesNo(IsChecked(window, id));
     case Form::Address: return EnteredAddress(control);
     case Form::List: return NumberText(choices[static_cast<std::size_t>(SelectedIndex(window, id))].number);

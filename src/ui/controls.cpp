@@ -1,6 +1,7 @@
 #include "ui/controls.h"
 
 #include "ui/list_view.h"
+#include "ui/secret_text.h"
 #include "ui/window_class.h"
 
 #include <uxtheme.h>
@@ -235,8 +236,9 @@ std::wstring TextOf(HWND window, int id)
 
 void SetText(HWND window, int id, std::wstring_view text)
 {
-    if (TextOf(window, id) != text) // an unchanged text does not flicker
-        SetWindowTextW(ControlOf(window, id), std::wstring(text).c_str());
+    const HWND control = ControlOf(window, id);
+    if (SecretTextOf(control) != text) // an unchanged text does not flicker
+        SetWindowTextW(control, FieldText(text).c_str());
 }
 
 bool IsChecked(HWND window, int id)

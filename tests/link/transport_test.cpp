@@ -26,7 +26,7 @@ constexpr const wchar_t* kOperation = L"GetSystemstatus";
 
 std::wstring StatusRequest()
 {
-    return *SerialiseRequest(RequestElement(Plain(Operation::GetSystemStatus), NewMessageId()));
+    return std::wstring(*SerialiseRequest(RequestElement(Plain(Operation::GetSystemStatus), NewMessageId())));
 }
 
 // What a kind of fault makes of an exchange.
@@ -71,13 +71,13 @@ TEST(TransportTest, EveryMemberAgainstEveryFault)
             if (member.differences & kClosedBox && row.closedBeforeTheEnd)
                 boxes.Expect({{L"Connection Closed !", L"Connection Closed : Please check"}});
             agent.SetFault(kOperation, row.fault);
-            std::wstring response;
+            FieldText response;
             const ULONGLONG start = GetTickCount64();
             const bool done = ServiceRequest(member.member, request.c_str(), response, "127.0.0.1", agent.Port());
             EXPECT_EQ(done, row.succeeds && member.capacity >= row.capacity)
                 << static_cast<int>(member.member) << " fault " << static_cast<int>(row.fault.kind);
             EXPECT_LT(GetTickCount64() - start, 400U + static_cast<unsigned>(member.seconds) * 10U);
-            EXPECT_LE(response.size(), member.capacity / 2);
+            EXPECT_LE(response.view().size(), member.capacity / 2);
         }
     }
     timing = Timing();
@@ -92,11 +92,11 @@ TEST(TransportTest, AnswersAboveTheCapacityFail)
         const std::size_t fits = (member.capacity - kFrameOverheadBytes) / kBytesPerUnit;
         for (const std::size_t units : {fits, fits + 1}) {
             agent.ScriptReply(kOperation, std::wstring(units, L'x'));
-            std::wstring response;
+            FieldText response;
             EXPECT_EQ(ServiceRequest(member.member, StatusRequest().c_str(), response, "127.0.0.1", agent.Port()),
                 units == fits)
                 << static_cast<int>(member.member);
-            EXPECT_EQ(response.size(), units == fits ? fits : 0U);
+            EXPECT_EQ(response.view().size(), units == fits ? fits : 0U);
         }
     }
 }
@@ -110,7 +110,7 @@ TEST(TransportTest, NobodyListens)
         BoxScript boxes{};
         if (member.differences & kConnectBox)
             boxes.Expect({{L"Connection Closed !", L"Please check if Voltaro Service is started ?"}});
-        std::wstring response;
+        FieldText response;
         EXPECT_FALSE(ServiceRequest(member.member, L"", response, "127.0.0.1", agent.Port()));
     }
 }
@@ -119,7 +119,7 @@ TEST(TransportTest, TheFrameOnTheWire)
 {
     AgentServer agent;
     ASSERT_TRUE(agent.Start());
-    std::wstring response;
+    FieldText response;
     const std::wstring request = StatusRequest();
     EXPECT_TRUE(ServiceRequest(Member::StatusCheck, request.c_str(), response, "127.0.0.1", agent.Port()));
     const auto received = agent.Requests();
@@ -146,7 +146,7 @@ TEST(TransportTest, KeepsHandles)
     ASSERT_TRUE(agent.Start());
     const std::wstring request = StatusRequest();
     const auto handlesAfter = [&](int exchanges, bool expected) {
-        std::wstring response;
+        FieldText response;
         for (int i = 0; i < exchanges; ++i)
             EXPECT_EQ(
                 ServiceRequest(Member::StatusCheck, request.c_str(), response, "127.0.0.1", agent.Port()), expected);
@@ -181,7 +181,7 @@ TEST(TransportTest, WindowsStayAliveWhileARequestHangs)
                 answered += SendMessageTimeoutW(window.Get(), WM_NULL, 0, 0, SMTO_NORMAL, 50, &result) != 0 ? 1 : 0;
             }
         });
-        std::wstring response;
+        FieldText response;
         EXPECT_TRUE(ServiceRequest(Member::StatusCheck, StatusRequest().c_str(), response, "127.0.0.1", agent.Port()));
         done = true;
         prober.join();

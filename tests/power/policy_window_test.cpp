@@ -156,7 +156,7 @@ TEST(PolicyWindow, FiftyRulesRoundTripAndNoMoreFit)
         Element rule = policy.children[1];
         rule.name = L"AppNo_" + std::to_wstring(i);
         rule.children[0].text = L"Tool" + std::to_wstring(i) + L".exe";
-        rule.children[10].text.assign(255, L'<'); // long on the wire
+        rule.children[10].text = std::wstring(255, L'<'); // long on the wire
         policy.children.push_back(rule);
     }
     OpenPresentations(program);

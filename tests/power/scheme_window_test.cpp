@@ -67,7 +67,7 @@ std::wstring Held(PowerProgram& program, const wchar_t* scheme, const wchar_t* e
 {
     for (const Element& details : program.Machine().schemes) {
         if (ChildText(details, 0) == scheme)
-            return FindChild(details, element)->text;
+            return std::wstring(FindChild(details, element)->text);
     }
     return L"no such scheme";
 }
