@@ -32,7 +32,7 @@ using namespace voltaro::bench;
 constexpr const wchar_t* kSkeletonReady = L"VoltaroBenchSkeletonReady";
 
 // The same bytes over a connection of their own, with nothing around them.
-void BareExchange(const std::vector<std::byte>& frame, int port)
+void BareExchange(std::span<const std::byte> frame, int port)
 {
     WSADATA data{};
     WSAStartup(MAKEWORD(2, 2), &data);
@@ -59,7 +59,7 @@ void BareExchange(const std::vector<std::byte>& frame, int port)
     WSACleanup();
 }
 
-std::vector<std::byte> FrameOf(const Request& request)
+WipedBytes FrameOf(const Request& request)
 {
     return EncodeFrame(*SerialiseRequest(RequestElement(request, NewMessageId())), 100'000);
 }
@@ -67,7 +67,7 @@ std::vector<std::byte> FrameOf(const Request& request)
 double MeasureRequest(simulator::AgentServer& agent)
 {
     const Request request = Plain(Operation::GetCurrentPowerSettings);
-    const std::vector<std::byte> frame = FrameOf(request);
+    const WipedBytes frame = FrameOf(request);
     const auto medians = Medians({[&] {
                                       Reply reply = Exchange(request);
                                       const auto settings = reply.Read<PowerSchemeSettings>();
@@ -87,15 +87,15 @@ void MeasureSystemDetails()
         return;
     servicePort = agent.Port();
     Reply reply = Exchange(Plain(Operation::GetSystemDetails));
-    const std::wstring& text = reply.Text();
+    const FieldText& text = reply.Text();
     SystemDetails details;
     const auto medians = Medians({[&] {
                                       const std::optional<Element> root = ParseAnswer(text.c_str());
                                       details.Read(root ? &*root : nullptr);
                                   },
-                                     [&] { LoadBare(text); }, [&] { ReadBare(text, L"//*[not(*)]"); }},
+                                     [&] { LoadBare(text.c_str()); }, [&] { ReadBare(text.c_str(), L"//*[not(*)]"); }},
         40);
-    std::printf("system details: %zu bytes, %zu rows in the longest section\n", text.size() * 2,
+    std::printf("system details: %zu bytes, %zu rows in the longest section\n", text.view().size() * 2,
         details.RowCount(DetailSection::LogicalDisks));
     PrintRatio("reading the system details / loading the document", medians[0], medians[1], 1.3);
     std::printf("the document's own calls for the texts alone: %.3f ms\n", medians[2]);

@@ -4,7 +4,7 @@
 #include "link/members.h"
 #include "link/requests.h"
 #include "link/system_details.h"
-#include "settings/machine_facts.h"
+#include "settings/machine_texts.h"
 #include "simulator/frame.h"
 #include "simulator/machine.h"
 #include "simulator/operations.h"
@@ -63,7 +63,7 @@ void RunFrame(Bytes& bytes)
 {
     const std::size_t capacity = kMembers[bytes.Next() % std::size(kMembers)].capacity;
     const std::wstring text = bytes.Text().substr(0, (capacity - kFrameOverheadBytes) / kBytesPerUnit);
-    const std::vector<std::byte> frame = EncodeFrame(text, capacity);
+    const WipedBytes frame = EncodeFrame(text, capacity);
     FrameAssembler good(capacity);
     Require(TakeAll(good, frame, capacity, bytes) == State::Complete);
     Require(good.Text() == text.substr(0, text.find(L'\0')));
@@ -75,7 +75,7 @@ void RunFrame(Bytes& bytes)
     const std::string hostile = simulator::BytesOf(units + bytes.Text());
     FrameAssembler assembler(capacity);
     if (TakeAll(assembler, std::as_bytes(std::span(hostile)), capacity, bytes) == State::Complete)
-        Require(assembler.Text().size() * kBytesPerUnit <= hostile.size());
+        Require(assembler.Text().view().size() * kBytesPerUnit <= hostile.size());
 }
 
 // Damaged answers of the simulated agent, read by every reader.

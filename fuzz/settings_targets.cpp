@@ -20,12 +20,12 @@ Record AnyRecord(Bytes& bytes)
 
 // A check changes nothing in what it has completed once.
 template <class Record>
-void CheckTwice(Record record, std::size_t (*check)(Record&))
+void CheckTwice(Record record, std::size_t (*check)(Record&, const Record&))
 {
-    if (check(record) != kNoFault)
+    if (check(record, Record()) != kNoFault)
         return;
     const Record complete = record;
-    Require(check(record) == kNoFault && record == complete);
+    Require(check(record, complete) == kNoFault && record == complete);
 }
 
 } // namespace
@@ -40,10 +40,9 @@ void RunNames(Bytes& bytes)
     ScheduledJobs jobs(1);
     jobs[0].name = other;
     jobs[0].tasks.emplace_back().path = other;
-    for (const Refusal* refusal :
-        {CheckTypedSchemeName(name), CheckTypedPolicyName(name), CheckNewSchemeName(name, others),
-            CheckNewPolicyName(name, others), CheckRuleName(name, {&rule, 1}),
-            CheckJobName(name, jobs, EditMode::Add), CheckTaskPath(name, jobs[0], EditMode::Add)})
+    for (const Refusal* refusal : {CheckTypedSchemeName(name), CheckTypedPolicyName(name),
+             CheckNewSchemeName(name, others), CheckNewPolicyName(name, others), CheckRuleName(name, {&rule, 1}),
+             CheckJobName(name, jobs, EditMode::Add), CheckTaskPath(name, jobs[0], EditMode::Add)})
         Require(refusal == nullptr || !RefusalText(*refusal, name).empty());
     if (CheckNewSchemeName(name, others) == nullptr)
         Require(!name.empty() && !EqualsIgnoreCase(name, other) && CheckNewSchemeName(name, {}) == nullptr);

@@ -14,7 +14,7 @@ namespace {
 void LengthenTexts(Element& element, std::size_t units)
 {
     if (element.children.empty())
-        element.text.resize(units, L'x');
+        element.text = std::wstring(element.text).append(units, L'x').substr(0, units);
     for (Element& child : element.children)
         LengthenTexts(child, units);
 }

@@ -176,7 +176,7 @@ void RequireSchedule(const Element& schedule, int number)
     const Element& frequency = RequireElement(schedule, std::size(kScheduleRecord), Numbered(L"Frequency_", number));
     RequireCount(schedule, 4, 4);
     RequireFields(frequency, kJobStart);
-    const std::wstring& kind = frequency.children[0].text;
+    const std::wstring_view kind = frequency.children[0].text;
     if (kind != L"AST" && kind != L"Weekly" && kind != L"Monthly")
         throw Refusal{L"JobStart must be AST, Weekly or Monthly."};
     const std::span<const wchar_t* const> names = FlagNames(kind);

@@ -206,7 +206,7 @@ void RequireCount(const Element& parent, std::size_t least, std::size_t most)
     if (count < least || count > most)
         throw Refusal{Format(L"%ls has %d elements, expected were %d to %d.", parent.name.c_str(),
             static_cast<int>(count), static_cast<int>(least), static_cast<int>(most))};
-    if (count == 0 && parent.text.find_first_not_of(L" \t\n") != std::wstring::npos)
+    if (count == 0 && parent.text.view().find_first_not_of(L" \t\n") != std::wstring::npos)
         throw Refusal{Format(L"%ls must not hold text.", parent.name.c_str())};
 }
 

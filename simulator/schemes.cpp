@@ -153,7 +153,7 @@ Element DeletePolicy(const Call& call)
     }
     for (Element& scheme : call.state.schemes) {
         if (EqualsIgnoreCase(ChildText(scheme, kAppSensorName), call.Field()))
-            scheme.children[kAppSensorName].text.clear();
+            scheme.children[kAppSensorName].text.Clear();
     }
     call.state.policies.erase(policy);
     return StatusResponse(L"Success");

@@ -139,8 +139,9 @@ private:
 
     bool Content(Element& element, int depth)
     {
+        std::wstring text;
         for (;;) {
-            if (!TextUntil(L'<', element.text))
+            if (!TextUntil(L'<', text))
                 return false;
             if (Take(L"</"))
                 break;
@@ -154,10 +155,9 @@ private:
         if (name != element.name || !Take(L">"))
             return Wrong(L"the end tag does not match");
         if (element.children.empty())
-            return true;
-        if (!std::all_of(element.text.begin(), element.text.end(), IsBlank))
+            element.text = text;
+        else if (!std::all_of(text.begin(), text.end(), IsBlank))
             return Wrong(L"there is text beside elements");
-        element.text.clear();
         return true;
     }
 

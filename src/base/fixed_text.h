@@ -54,7 +54,4 @@ private:
     std::array<wchar_t, N> m_units{};
 };
 
-// The usual slot of a record: 100 units.
-using FieldText = FixedText<100>;
-
 } // namespace voltaro

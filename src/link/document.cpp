@@ -21,7 +21,7 @@ constexpr IID kIidXmlDomDocument = {0x2933BF81, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x0
 using Document = ComPtr<IXMLDOMDocument>;
 using Node = ComPtr<IXMLDOMNode>;
 
-// An owned platform string.
+// An owned BSTR.
 class Bstr {
 public:
     Bstr() = default;
@@ -29,15 +29,19 @@ public:
         : m_text(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())))
     {
     }
-    ~Bstr() { SysFreeString(m_text); }
-    // Overwrites the text: it may have carried a password.
-    void Wipe() { SecureZeroMemory(m_text, SysStringByteLen(m_text)); }
+    // Takes the string of a VARIANT that holds one.
+    explicit Bstr(VARIANT* variant)
+        : m_text(std::exchange(variant->bstrVal, nullptr))
+    {
+        variant->vt = VT_EMPTY;
+    }
+    ~Bstr() { Free(); }
     Bstr(const Bstr&) = delete;
     Bstr& operator=(const Bstr&) = delete;
     [[nodiscard]] BSTR Get() const { return m_text; }
     [[nodiscard]] BSTR* Put()
     {
-        SysFreeString(std::exchange(m_text, nullptr));
+        Free();
         return &m_text;
     }
     [[nodiscard]] std::wstring_view View() const
@@ -46,11 +50,18 @@ public:
     }
 
 private:
+    // Wiped, since the platform keeps freed strings for reuse.
+    void Free()
+    {
+        WipeMemory(m_text, SysStringByteLen(m_text));
+        SysFreeString(std::exchange(m_text, nullptr));
+    }
+
     BSTR m_text = nullptr;
 };
 
-// A VARIANT that borrows a string.
-VARIANT Borrowed(const Bstr& text)
+// A VARIANT over a string that it does not own.
+VARIANT VariantOf(const Bstr& text)
 {
     VARIANT variant{};
     variant.vt = VT_BSTR;
@@ -58,48 +69,71 @@ VARIANT Borrowed(const Bstr& text)
     return variant;
 }
 
+// The log names the console's main source module for every call on a document but those on the host configuration.
+constexpr const char* kMainModule = "src/shell/main.cpp";
+
+// The check for a COM call: true when it succeeded, else a log line in the name of `module`.
+bool Done(HRESULT result, const char* label, const char* call, const char* module = kMainModule,
+    unsigned line = __builtin_LINE())
+{
+    if (FAILED(result))
+        LogFailure(module, line, label, result, call);
+    return SUCCEEDED(result);
+}
+
 constexpr const char* kCreateCall = "CoCreateInstance(__uuidof(DOMDocument30), NULL, CLSCTX_INPROC_SERVER, "
                                     "__uuidof(IXMLDOMDocument), (void**)&pxmldoc)";
 constexpr const char* kCreateForFileCall = "CoCreateInstance(__uuidof(DOMDocument30),NULL,CLSCTX_INPROC_SERVER, "
                                            "__uuidof(IXMLDOMDocument),(void**)&pXMLDom)";
 
-Document DomCreate(const char* call = kCreateCall, CodePlace where = CodePlace::Here())
+Document DomCreate(const char* call = kCreateCall, const char* module = kMainModule)
 {
     Document document;
-    const bool made = Succeeded(CoCreateInstance(kClsidDomDocument30, nullptr, CLSCTX_INPROC_SERVER, kIidXmlDomDocument,
-                                    reinterpret_cast<void**>(document.GetAddressOf())),
-                          "Create a new DOMDocument", call, where)
-        && Succeeded(document->put_async(VARIANT_FALSE), "should never fail", "pxmldoc->put_async(VARIANT_FALSE)")
-        && Succeeded(document->put_validateOnParse(VARIANT_FALSE), "should never fail",
-            "pxmldoc->put_validateOnParse(VARIANT_FALSE)")
-        && Succeeded(document->put_resolveExternals(VARIANT_FALSE), "should never fail",
-            "pxmldoc->put_resolveExternals(VARIANT_FALSE)");
+    const bool made = Done(CoCreateInstance(kClsidDomDocument30, nullptr, CLSCTX_INPROC_SERVER, kIidXmlDomDocument,
+                               reinterpret_cast<void**>(document.GetAddressOf())),
+                          "Create a new DOMDocument", call, module)
+        && Done(document->put_async(VARIANT_FALSE), "should never fail", "pxmldoc->put_async(VARIANT_FALSE)", module)
+        && Done(document->put_validateOnParse(VARIANT_FALSE), "should never fail",
+            "pxmldoc->put_validateOnParse(VARIANT_FALSE)", module)
+        && Done(document->put_resolveExternals(VARIANT_FALSE), "should never fail",
+            "pxmldoc->put_resolveExternals(VARIANT_FALSE)", module);
     return made ? document : Document();
 }
 
-void ReportParseError(IXMLDOMDocument* document, const char* message, CodePlace where = CodePlace::Here())
+// What the log calls the two steps of reading a parse error.
+struct ParseErrorCalls {
+    const char *errorLabel, *error, *reasonLabel, *reason;
+};
+constexpr ParseErrorCalls kAfterLoad = {"", "pXMLDom->get_parseError(&pXMLErr)", "", "pXMLErr->get_reason(&bstr)"};
+constexpr ParseErrorCalls kAfterSelect = {"dom->get_parseError:", "pDom->get_parseError(&pXMLErr)",
+    "parseError->get_reason:", "pXMLErr->get_reason(&bstrReason)"};
+
+// Logs the document's parse error and its reason with the message.
+void ReportParseError(IXMLDOMDocument* document, const char* message, const ParseErrorCalls& calls, const char* module)
 {
     ComPtr<IXMLDOMParseError> error;
     Bstr reason;
-    if (!Succeeded(document->get_parseError(&error), "", "pXMLDom->get_parseError(&pXMLErr)")
-        || !Succeeded(error->get_reason(reason.Put()), "", "pXMLErr->get_reason(&bstr)"))
+    long code = S_OK;
+    if (!Done(document->get_parseError(&error), calls.errorLabel, calls.error, module)
+        || !Done(error->get_reason(reason.Put()), calls.reasonLabel, calls.reason, module))
         return;
-    std::string text(message);
+    static_cast<void>(error->get_errorCode(&code));
+    std::string text;
     for (const wchar_t unit : reason.View())
         text += unit < 0x80 ? static_cast<char>(unit) : '?';
-    LogFault("parse error", text.c_str(), where);
+    LogFailure(module, __LINE__, message, code, text.c_str());
 }
 
 bool AppendChild(IXMLDOMNode* parent, IXMLDOMNode* child, const char* call = "pParent->appendChild(pChild, &pNode)")
 {
     Node appended;
-    return Succeeded(parent->appendChild(child, &appended), "", call);
+    return Done(parent->appendChild(child, &appended), "", call);
 }
 
 void AddWhiteSpaceToNode(IXMLDOMDocument* document, const std::wstring& text, IXMLDOMNode* node)
 {
     ComPtr<IXMLDOMText> space;
-    if (Succeeded(document->createTextNode(Bstr(text).Get(), &space), "", "pDom->createTextNode(bstrWs,&pws)"))
+    if (Done(document->createTextNode(Bstr(text).Get(), &space), "", "pDom->createTextNode(bstrWs,&pws)"))
         AppendChild(node, space.Get(), "pNode->appendChild(pws,&pBuf)");
 }
 
@@ -112,13 +146,13 @@ constexpr AddCalls kAddField = {"pXMLDom->createElement(node,&pe)", "pe->put_tex
 constexpr AddCalls kAddNestedField = {"pXMLDom->createElement(subnode,&peSub)", "peSub->put_text(subnodevalue)"};
 
 // Appends an element with a text to the parent; returns it, or null after a log line.
-ComPtr<IXMLDOMElement> AddSubElement(IXMLDOMDocument* document, const std::wstring& name, const std::wstring& text,
+ComPtr<IXMLDOMElement> AddSubElement(IXMLDOMDocument* document, std::wstring_view name, std::wstring_view text,
     IXMLDOMNode* parent, const AddCalls& calls)
 {
     ComPtr<IXMLDOMElement> element;
-    if (!Succeeded(document->createElement(Bstr(name).Get(), &element), "", calls.create))
+    if (!Done(document->createElement(Bstr(name).Get(), &element), "", calls.create))
         return nullptr;
-    Succeeded(element->put_text(Bstr(text).Get()), "", calls.put);
+    Done(element->put_text(Bstr(text).Get()), "", calls.put);
     return AppendChild(parent, element.Get()) ? element : nullptr;
 }
 
@@ -144,22 +178,21 @@ void AppendFields(IXMLDOMDocument* document, IXMLDOMNode* node, const Element& e
 ComPtr<IXMLDOMElement> StartDocument(IXMLDOMDocument* document)
 {
     ComPtr<IXMLDOMProcessingInstruction> instruction;
-    if (!Succeeded(
-            document->createProcessingInstruction(Bstr(L"xml").Get(), Bstr(L"version='1.0'").Get(), &instruction),
+    if (!Done(document->createProcessingInstruction(Bstr(L"xml").Get(), Bstr(L"version='1.0'").Get(), &instruction),
             "createProcessingInstruction:", "pXMLDom->createProcessingInstruction( bstr,bstrs, &pi)")
         || !AppendChild(document, instruction.Get()))
         return nullptr;
     ComPtr<IXMLDOMElement> root;
-    if (!Succeeded(document->createElement(Bstr(L"vltp").Get(), &root), "createelement",
+    if (!Done(document->createElement(Bstr(L"vltp").Get(), &root), "createelement",
             "pXMLDom->createElement(bstr, &pRootV)"))
         return nullptr;
     ComPtr<IXMLDOMAttribute> version;
     ComPtr<IXMLDOMAttribute> replaced;
     const Bstr number(L"1.0");
-    const bool set = Succeeded(document->createAttribute(Bstr(L"version").Get(), &version), "",
+    const bool set = Done(document->createAttribute(Bstr(L"version").Get(), &version), "",
                          "pXMLDom->createAttribute(bstr, &pAttribute)")
-        && Succeeded(version->put_value(Borrowed(number)), "", "pAttribute->put_value(var)")
-        && Succeeded(root->setAttributeNode(version.Get(), &replaced), "",
+        && Done(version->put_value(VariantOf(number)), "", "pAttribute->put_value(var)")
+        && Done(root->setAttributeNode(version.Get(), &replaced), "",
             "pRootV->setAttributeNode(pAttribute, &pAttributeOut)");
     return set && AppendChild(document, root.Get()) ? root : nullptr;
 }
@@ -169,85 +202,110 @@ bool HasBlankEdge(std::wstring_view text)
     return text.empty() || text.front() <= L' ' || text.back() <= L' ';
 }
 
-// A leaf's text is the platform's text property of it, which trims blanks. That property is the dearest call of all:
-// the value of an only text node is the same text at less than half the time, unless there is something to trim.
-void ReadLeafText(IXMLDOMNode* leaf, IXMLDOMNode* onlyChild, std::wstring& text)
-{
-    VARIANT value{};
-    if (onlyChild && SUCCEEDED(onlyChild->get_nodeValue(&value)) && value.vt == VT_BSTR) {
-        text.assign(value.bstrVal, SysStringLen(value.bstrVal));
-        VariantClear(&value);
-        if (!HasBlankEdge(text))
-            return;
+// Reads a document as elements. One walk serves every list that is then chosen from the tree, in place of a selection
+// a list; its calls are logged as the steps of a selection that they stand for.
+class TreeReader {
+public:
+    explicit TreeReader(const char* module)
+        : m_module(module)
+    {
     }
-    Bstr whole;
-    if (Succeeded(leaf->get_text(whole.Put()), "get_nodeValue:", "pNode->get_text(&bstr)"))
-        text = whole.View();
-}
 
-void ReadElement(IXMLDOMNode* node, Element& element, int depth);
-
-// Only elements count as children.
-void ReadChild(IXMLDOMNode* child, Element& parent, int depth)
-{
-    Bstr name;
-    if (depth >= kMaxDepth
-        || !Succeeded(child->get_nodeName(name.Put()), "get_nodeName:", "pNode->get_nodeName(&bstr)"))
-        return;
-    parent.children.emplace_back();
-    parent.children.back().name = name.View();
-    ReadElement(child, parent.children.back(), depth + 1);
-}
-
-void ReadElement(IXMLDOMNode* node, Element& element, int depth)
-{
-    Node child;
-    Node text;
-    int others = 0;
-    bool read = Succeeded(node->get_firstChild(&child), "get_item:", "pNodes->get_item(i, &pNode)");
-    while (read && child) {
-        DOMNodeType type = NODE_INVALID;
-        Succeeded(child->get_nodeType(&type), "", "pNode->get_nodeType(&type)");
-        if (type == NODE_ELEMENT) {
-            ReadChild(child.Get(), element, depth);
-        } else {
-            ++others;
-            text = type == NODE_TEXT ? child : nullptr;
+    std::optional<Element> Read(IXMLDOMDocument* document) const
+    {
+        ComPtr<IXMLDOMElement> root;
+        if (!Check(document->get_documentElement(&root), "selectNodes", "pXMLDom->selectNodes(bstr, &pNodes)"))
+            return std::nullopt;
+        if (!root) {
+            ReportParseError(document, "Error while calling selectNodes", kAfterSelect, m_module);
+            return std::nullopt;
         }
-        Node next;
-        read = Succeeded(child->get_nextSibling(&next), "get_item:", "pNodes->get_item(i, &pNode)");
-        child = std::move(next);
+        Element element;
+        ReadName(root.Get(), element);
+        ReadContent(root.Get(), element, 0);
+        return element;
     }
-    if (element.children.empty() && others > 0)
-        ReadLeafText(node, others == 1 ? text.Get() : nullptr, element.text);
-}
 
-std::optional<Element> ReadDocument(IXMLDOMDocument* document)
-{
-    ComPtr<IXMLDOMElement> root;
-    if (!Succeeded(document->get_documentElement(&root), "", "pXMLDom->get_documentElement(&pRoot)") || !root)
-        return std::nullopt;
-    Element element;
-    Bstr name;
-    if (Succeeded(root->get_nodeName(name.Put()), "get_nodeName:", "pNode->get_nodeName(&bstr)"))
+private:
+    bool Check(HRESULT result, const char* label, const char* call, unsigned line = __builtin_LINE()) const
+    {
+        return Done(result, label, call, m_module, line);
+    }
+
+    bool ReadName(IXMLDOMNode* node, Element& element) const
+    {
+        Bstr name;
+        const bool read = Check(node->get_nodeName(name.Put()), "get_nodeName:", "pNode->get_nodeName(&bstr)");
         element.name = name.View();
-    ReadElement(root.Get(), element, 0);
-    return element;
-}
+        return read;
+    }
+
+    // A leaf's text is the platform's text property of it, which trims blanks. That property is the slowest call of
+    // all: the value of an only text node is the same text at less than half the time, unless there is something to
+    // trim.
+    void ReadLeafText(IXMLDOMNode* leaf, IXMLDOMNode* onlyChild, FieldText& text) const
+    {
+        VARIANT value{};
+        if (onlyChild && SUCCEEDED(onlyChild->get_nodeValue(&value)) && value.vt == VT_BSTR) {
+            const Bstr owned(&value);
+            if (!HasBlankEdge(owned.View())) {
+                text = owned.View();
+                return;
+            }
+        }
+        Bstr whole;
+        if (Check(leaf->get_text(whole.Put()), "get_nodeValue:", "pNode->get_text(&bstr)"))
+            text = whole.View();
+    }
+
+    // Only elements count as children.
+    void ReadChild(IXMLDOMNode* child, Element& parent, int depth) const
+    {
+        Element element;
+        if (depth >= kMaxDepth || !ReadName(child, element))
+            return;
+        ReadContent(child, parent.children.emplace_back(std::move(element)), depth + 1);
+    }
+
+    void ReadContent(IXMLDOMNode* node, Element& element, int depth) const
+    {
+        Node child;
+        Node text;
+        int others = 0;
+        bool read = Check(node->get_firstChild(&child), "get_length:", "pNodes->get_length(&length)");
+        while (read && child) {
+            DOMNodeType type = NODE_INVALID;
+            Check(child->get_nodeType(&type), "get_item:", "pNodes->get_item(i, &pNode)");
+            if (type == NODE_ELEMENT) {
+                ReadChild(child.Get(), element, depth);
+            } else {
+                ++others;
+                text = type == NODE_TEXT ? child : nullptr;
+            }
+            Node next;
+            read = Check(child->get_nextSibling(&next), "get_item:", "pNodes->get_item(i, &pNode)");
+            child = std::move(next);
+        }
+        if (element.children.empty() && others > 0)
+            ReadLeafText(node, others == 1 ? text.Get() : nullptr, element.text);
+    }
+
+    const char* m_module;
+};
 
 // The document of an answer's text; null when it is refused or cannot be loaded.
 Document LoadAnswer(std::wstring_view text)
 {
     if (DeclaresDocumentType(text)) {
-        LogFault("loadXML", "an answer with a document type is refused");
+        LogFailure(kMainModule, __LINE__, "loadXML", E_FAIL, "an answer with a document type is refused");
         return nullptr;
     }
     Document document = DomCreate();
     VARIANT_BOOL loaded = VARIANT_FALSE;
-    if (!document || !Succeeded(document->loadXML(Bstr(text).Get(), &loaded), "", "pXMLDom->loadXML(bstr, &status)"))
+    if (!document || !Done(document->loadXML(Bstr(text).Get(), &loaded), "", "pXMLDom->loadXML(bstr, &status)"))
         return nullptr;
     if (loaded != VARIANT_TRUE) {
-        ReportParseError(document.Get(), "an answer is not well-formed: ");
+        ReportParseError(document.Get(), "an answer is not well-formed", kAfterLoad, kMainModule);
         return nullptr;
     }
     return document;
@@ -272,26 +330,25 @@ std::optional<Element> ParseAnswer(const wchar_t* text)
 {
     const ComApartment com;
     const Document document = LoadAnswer(text);
-    return document ? ReadDocument(document.Get()) : std::nullopt;
+    return document ? TreeReader(kMainModule).Read(document.Get()) : std::nullopt;
 }
 
 std::optional<Element> ParseFile(const std::wstring& path, const char* module)
 {
     const ComApartment com;
-    const Document document = DomCreate(kCreateForFileCall, {module, __LINE__});
+    const Document document = DomCreate(kCreateForFileCall, module);
     if (!document)
         return std::nullopt;
     const Bstr name(path);
     VARIANT_BOOL loaded = VARIANT_FALSE;
-    const HRESULT result = document->load(Borrowed(name), &loaded);
-    if (FAILED(result) || loaded != VARIANT_TRUE) {
-        LogFailure(module, __LINE__, "dom->load():", result, "pXMLDom->load(var, &status)");
+    // A file that is missing or not well-formed ends the reading without a line: the call itself succeeds.
+    if (!Done(document->load(VariantOf(name), &loaded), "dom->load():", "pXMLDom->load(var, &status)", module)
+        || loaded != VARIANT_TRUE)
         return std::nullopt;
-    }
-    return ReadDocument(document.Get());
+    return TreeReader(module).Read(document.Get());
 }
 
-std::optional<std::wstring> SerialiseRequest(const Element& request)
+std::optional<FieldText> SerialiseRequest(const Element& request)
 {
     const ComApartment com;
     const Document document = DomCreate();
@@ -302,19 +359,16 @@ std::optional<std::wstring> SerialiseRequest(const Element& request)
         return std::nullopt;
     AddWhiteSpaceToNode(document.Get(), Indent(1), root.Get());
     ComPtr<IXMLDOMElement> element;
-    if (!Succeeded(
-            document->createElement(Bstr(request.name).Get(), &element), "", "pXMLDom->createElement(bstr, &pRoot)")
+    if (!Done(document->createElement(Bstr(request.name).Get(), &element), "", "pXMLDom->createElement(bstr, &pRoot)")
         || !AppendChild(root.Get(), element.Get()))
         return std::nullopt;
     AppendFields(document.Get(), element.Get(), request, kFieldDepth);
     AddWhiteSpaceToNode(document.Get(), Indent(1), element.Get());
     AddWhiteSpaceToNode(document.Get(), Indent(0), root.Get());
     Bstr xml;
-    if (!Succeeded(document->get_xml(xml.Put()), "dom->get_xml", "pXMLDom->get_xml(&bstr)"))
+    if (!Done(document->get_xml(xml.Put()), "dom->get_xml", "pXMLDom->get_xml(&bstr)"))
         return std::nullopt;
-    std::wstring text(xml.View());
-    xml.Wipe();
-    return text;
+    return FieldText(xml.View());
 }
 
 bool DeclaresDocumentType(std::wstring_view text)

@@ -31,8 +31,9 @@ inline constexpr int kMaxDepth = 32;
 [[nodiscard]] std::optional<Element> ParseFile(const std::wstring& path, const char* module);
 
 // Turns the `request` element into the whole document and serialises it: processing instruction, root `vltp` with
-// version "1.0", indentation as text nodes. Nothing when the document cannot be made.
-[[nodiscard]] std::optional<std::wstring> SerialiseRequest(const Element& request);
+// version "1.0", indentation as text nodes. Nothing when the document cannot be made. Every text and string of ours is
+// wiped; what the platform's document object keeps of a password until it reuses the memory is out of our reach.
+[[nodiscard]] std::optional<FieldText> SerialiseRequest(const Element& request);
 
 // A fresh identifier for a request: 38 characters with braces, upper case; empty when the platform has none.
 [[nodiscard]] std::wstring NewMessageId();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/field_text.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +12,7 @@ namespace voltaro {
 // as such trees and turned into the document by one routine.
 struct Element {
     std::wstring name;
-    std::wstring text;
+    FieldText text;
     std::vector<Element> children;
 
     friend bool operator==(const Element&, const Element&) = default;
@@ -19,7 +21,7 @@ struct Element {
 // An element that holds only text.
 [[nodiscard]] inline Element TextElement(std::wstring_view name, std::wstring_view text)
 {
-    return {std::wstring(name), std::wstring(text), {}};
+    return {std::wstring(name), text, {}};
 }
 
 // The first child of that name, or null.
@@ -35,7 +37,7 @@ struct Element {
 // The element's text, or, of an element that holds elements, all their texts.
 [[nodiscard]] inline std::wstring WholeText(const Element& element)
 {
-    std::wstring text = element.text;
+    std::wstring text(element.text);
     for (const Element& child : element.children)
         text += WholeText(child);
     return text;

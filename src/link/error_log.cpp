@@ -16,14 +16,6 @@ void LogFailure(const char* module, unsigned line, const char* label, long resul
     std::fflush(stdout);
 }
 
-bool Succeeded(long result, const char* label, const char* call, CodePlace where)
-{
-    if (SUCCEEDED(result))
-        return true;
-    LogFailure(where.file, where.line, label, result, call);
-    return false;
-}
-
 void LogFault(const char* label, const char* what, CodePlace where)
 {
     LogFailure(where.file, where.line, label, E_FAIL, what);

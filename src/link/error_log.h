@@ -17,9 +17,6 @@ struct CodePlace {
 // "module:line  HRCALL Failed: label\n  0xresult = call". Failures are logged, never shown.
 void LogFailure(const char* module, unsigned line, const char* label, long result, const char* call);
 
-// The check for a COM call: true when it succeeded, else a log line. `label` may be empty.
-bool Succeeded(long result, const char* label, const char* call, CodePlace where = CodePlace::Here());
-
 // A fault that is no failed call (a refused answer, a dropped row), in the same form.
 void LogFault(const char* label, const char* what, CodePlace where = CodePlace::Here());
 

@@ -7,6 +7,7 @@
 #include "link/host_config.h"
 #include "link/transport.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <mutex>
@@ -20,8 +21,8 @@ struct OperationBuffers {
     std::once_flag once;
     UniqueHandle released;        // auto-reset; signalled while no thread holds the operation
     std::atomic<DWORD> holder{0}; // thread id, 0 for none
-    std::vector<wchar_t> request;
-    std::wstring response;
+    WipedUnits request;
+    FieldText response;
 };
 
 std::array<OperationBuffers, static_cast<std::size_t>(Operation::Count)> buffers;
@@ -48,6 +49,7 @@ Outcome Hold(Operation operation)
 void ReleaseOperation(Operation operation)
 {
     OperationBuffers& own = BuffersOf(operation);
+    own.response.Clear();
     own.holder = 0;
     SetEvent(own.released.Get());
 }
@@ -56,19 +58,18 @@ void ReleaseOperation(Operation operation)
 bool Build(const Request& request)
 {
     const OperationRow& row = RowOf(request.operation);
-    std::optional<std::wstring> text = SerialiseRequest(RequestElement(request, NewMessageId()));
+    const std::optional<FieldText> text = SerialiseRequest(RequestElement(request, NewMessageId()));
     if (!text)
         return false;
-    const bool fits = text->size() < row.requestUnits;
+    const std::wstring_view units = *text;
+    const bool fits = units.size() < row.requestUnits;
     if (fits) {
-        std::vector<wchar_t>& buffer = BuffersOf(request.operation).request;
+        WipedUnits& buffer = BuffersOf(request.operation).request;
         buffer.assign(row.requestUnits, L'\0');
-        std::copy(text->begin(), text->end(), buffer.begin());
+        std::ranges::copy(units, buffer.begin());
     } else {
         LogFault("request", "a request is longer than its operation's buffer");
     }
-    if (row.secret)
-        SecureZeroMemory(text->data(), text->size() * sizeof(wchar_t));
     return fits;
 }
 
@@ -114,11 +115,11 @@ void Reply::Send()
 {
     OperationBuffers& own = BuffersOf(m_operation);
     const OperationRow& row = RowOf(m_operation);
-    own.response.clear();
+    own.response.Clear();
     const wchar_t* request = own.request.empty() ? L"" : own.request.data();
     m_outcome = ServiceRequest(row.member, request, own.response, servicePort);
     if (row.secret && !own.request.empty())
-        SecureZeroMemory(own.request.data(), own.request.size() * sizeof(wchar_t));
+        WipeMemory(own.request.data(), own.request.size() * sizeof(wchar_t));
 }
 
 const Element* Reply::Root()
@@ -134,7 +135,7 @@ std::wstring Reply::Status()
     return fields.empty() ? std::wstring() : WholeText(fields[0]);
 }
 
-const std::wstring& Reply::Text() const
+const FieldText& Reply::Text() const
 {
     return BuffersOf(m_operation).response;
 }

@@ -40,7 +40,7 @@ public:
     // Releases the operation before the reply's own end; Text() is no more to be asked for.
     void Release();
     // The answer's own text.
-    [[nodiscard]] const std::wstring& Text() const;
+    [[nodiscard]] const FieldText& Text() const;
 
 private:
     friend Reply Exchange(const Request& request);

@@ -7,7 +7,7 @@
 namespace voltaro {
 namespace {
 
-void AppendUnits(std::vector<std::byte>& bytes, std::wstring_view units)
+void AppendUnits(WipedBytes& bytes, std::wstring_view units)
 {
     for (const wchar_t unit : units) {
         bytes.push_back(static_cast<std::byte>(unit & 0xFF));
@@ -15,10 +15,10 @@ void AppendUnits(std::vector<std::byte>& bytes, std::wstring_view units)
     }
 }
 
-std::wstring UnitsOf(std::span<const std::byte> bytes)
+FieldText UnitsOf(std::span<const std::byte> bytes)
 {
-    std::wstring units;
-    units.reserve(bytes.size() / kBytesPerUnit);
+    WipedUnits units;
+    units.reserve(bytes.size() / kBytesPerUnit + 1);
     for (std::size_t at = 0; at + 1 < bytes.size(); at += kBytesPerUnit) {
         const auto unit = static_cast<wchar_t>(
             std::to_integer<unsigned>(bytes[at]) | (std::to_integer<unsigned>(bytes[at + 1]) << 8));
@@ -26,18 +26,18 @@ std::wstring UnitsOf(std::span<const std::byte> bytes)
             break;
         units.push_back(unit);
     }
-    return units;
+    return FieldText(std::move(units));
 }
 
 } // namespace
 
-std::vector<std::byte> EncodeFrame(std::wstring_view text, std::size_t limitBytes)
+WipedBytes EncodeFrame(std::wstring_view text, std::size_t limitBytes)
 {
     const std::size_t limitUnits = (std::max(limitBytes, kFrameOverheadBytes) - kFrameOverheadBytes) / kBytesPerUnit;
     text = Truncated(text, limitUnits);
     const std::size_t length = text.size() * kBytesPerUnit + kFrameOverheadBytes;
-    std::vector<std::byte> frame;
-    frame.reserve(2 * length); // so that a sender can add to it without leaving a copy behind
+    WipedBytes frame;
+    frame.reserve(2 * length);
     AppendUnits(frame, Format(L"%08d", static_cast<int>(length)));
     AppendUnits(frame, text);
     AppendUnits(frame, std::wstring(1, L'\0'));
@@ -71,7 +71,7 @@ FrameAssembler::State FrameAssembler::Take(std::span<const std::byte> piece)
     return m_bytes.size() < m_expected ? State::NeedMore : State::Failed;
 }
 
-std::wstring FrameAssembler::Text() const
+FieldText FrameAssembler::Text() const
 {
     return UnitsOf(std::span(m_bytes).subspan(std::min(kLengthBytes, m_bytes.size())));
 }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "base/field_text.h"
+#include "base/wiped_memory.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace voltaro {
 
@@ -17,7 +18,7 @@ inline constexpr std::size_t kLengthBytes = kLengthDigits * kBytesPerUnit;
 inline constexpr std::size_t kFrameOverheadBytes = kLengthBytes + kBytesPerUnit;
 
 // The frame of a request text. At most `limitBytes` long in all: a longer text is cut.
-[[nodiscard]] std::vector<std::byte> EncodeFrame(std::wstring_view text, std::size_t limitBytes);
+[[nodiscard]] WipedBytes EncodeFrame(std::wstring_view text, std::size_t limitBytes);
 
 // Assembles one answer frame from the pieces as they are received. Pieces are joined as bytes, so a piece may end in
 // the middle of a unit.
@@ -34,12 +35,12 @@ public:
     // Takes the bytes of one receive.
     State Take(std::span<const std::byte> piece);
     // The answer's text, without the length digits, up to its NUL.
-    [[nodiscard]] std::wstring Text() const;
+    [[nodiscard]] FieldText Text() const;
 
 private:
     std::size_t m_capacity;
     std::size_t m_expected = 0; // 0: the digits are not there yet
-    std::vector<std::byte> m_bytes;
+    WipedBytes m_bytes;
 };
 
 } // namespace voltaro

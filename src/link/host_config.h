@@ -9,7 +9,7 @@ namespace voltaro {
 using HostConfigText = FixedText<10>;
 
 // The agent's port. The compiled-in value only lasts until start-up has read the host configuration: without a readable
-// port there it becomes 0, with no fall-back (meant).
+// port there it becomes 0, with no fall-back: a wrong file must show, not reach another program on that port.
 inline int servicePort = 4916;
 
 // Reads the agent's host configuration: the port and a second text, chosen by position. False when the installation

@@ -11,8 +11,8 @@ namespace voltaro {
 enum class Member : std::uint8_t {
     DeviceControl,
     SchedulerJobs,
-    ActivateLicense,        // made for the update window's first request, which the activation window sends today
-    ActivationBeforeUpdate, // no window asks so today
+    ActivateLicense,        // made for the update window's first request; the activation window sends it
+    ActivationBeforeUpdate, // no window sends it
     CheckForUpdates,
     ApplyScheme,
     QueryPolicy,
@@ -31,7 +31,7 @@ enum class Member : std::uint8_t {
     PowerActions,
     PatchDetails,
     MainWindowActions,
-    BatteryWindow,
+    BatteryWindow, // no window sends it: a whole battery answer does not fit
     QueryScheme,
     SavingsTotal,
     SavePolicy,

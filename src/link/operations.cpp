@@ -20,7 +20,7 @@ constexpr OperationRow kOperations[] = {
     {Operation::GetActivationStatus,             L"GetActivationstatus",            Member::StatusCheck,            kPlainUnits},
     {Operation::GetVoltaroInfo,                  L"GetVoltaroInfo",                 Member::ProductInfo,            kPlainUnits},
     {Operation::GetLicenseInfo,                  L"GetLicenseInfo",                 Member::LicenseInfo,            kPlainUnits},
-    {Operation::ActivateLicense,                 L"ActivateLicense",                Member::ActivateLicense,        kPlainUnits},
+    {Operation::ActivateLicense,                 L"ActivateLicense",                Member::ActivateLicense,        kPlainUnits, true},
     {Operation::GetPatchDetails,                 L"GetPatchDetails",                Member::PatchDetails,           kPlainUnits},
     {Operation::CheckForUpdates,                 L"CheckForUpdates",                Member::CheckForUpdates,        kPlainUnits},
     {Operation::GetPowerSchemes,                 L"GetPowerSchemes",                Member::PowerSchemes,           kPlainUnits},

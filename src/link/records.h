@@ -1,8 +1,9 @@
 #pragma once
 
-#include "base/fixed_text.h"
+#include "base/field_text.h"
 #include "link/element.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <iterator>
 #include <span>
@@ -12,24 +13,23 @@
 namespace voltaro {
 
 // A record is its field table: one table gives the element order of a request and the positions of a reply.
-template <class Record, class Slot = FieldText>
+template <class Record>
 struct Field {
     const wchar_t* element;
-    Slot Record::*slot;
+    FieldText Record::*slot;
 };
 
 // The settings of one power scheme; every value a text. Times are whole minutes, "0" for never; flags "Yes" or "No".
 // The texts are kept at any length: what the user does not change goes back to the agent as it was read.
 struct PowerSchemeSettings {
-    using Slot = std::wstring;
-    Slot powerScheme, cpuSpeed, screensaver, lockScreenTime, workingBrightness, idleBrightness, dimTime, monitorTime,
-        standbyTime, hibernateTime, hardDiskTime, logOffTime, shutdownTime, shutdownFlag, downloadsFlag,
+    FieldText powerScheme, cpuSpeed, screensaver, lockScreenTime, workingBrightness, idleBrightness, dimTime,
+        monitorTime, standbyTime, hibernateTime, hardDiskTime, logOffTime, shutdownTime, shutdownFlag, downloadsFlag,
         passwordOnResume, sensorPolicy, scriptBeforePowerOff, idleCpuLoad, idleCpuLoadFlag, printerFlag;
 
     friend bool operator==(const PowerSchemeSettings&, const PowerSchemeSettings&) = default;
 };
 
-inline constexpr Field<PowerSchemeSettings, PowerSchemeSettings::Slot> kPowerSchemeFields[] = {
+inline constexpr Field<PowerSchemeSettings> kPowerSchemeFields[] = {
     {L"PowerScheme", &PowerSchemeSettings::powerScheme},
     {L"CPUSpeed", &PowerSchemeSettings::cpuSpeed},
     {L"Screensaver", &PowerSchemeSettings::screensaver},
@@ -56,14 +56,15 @@ inline constexpr Field<PowerSchemeSettings, PowerSchemeSettings::Slot> kPowerSch
 // One application that suppresses idle actions while it runs. The status is "Enabled" or "Disabled", each flag "Yes" or
 // "No": the texts that the policy list shows. They too are kept at any length.
 struct ApplicationRule {
-    using Slot = std::wstring;
-    Slot applicationName, ruleStatus, dimMonitor, monitorOff, lockScreen, hardDisk, logOff, standby, hibernate,
+    static constexpr std::size_t kEditLimit = 255; // how many units a user may type into a text
+
+    FieldText applicationName, ruleStatus, dimMonitor, monitorOff, lockScreen, hardDisk, logOff, standby, hibernate,
         shutdown, description;
 
     friend bool operator==(const ApplicationRule&, const ApplicationRule&) = default;
 };
 
-inline constexpr Field<ApplicationRule, ApplicationRule::Slot> kApplicationRuleFields[] = {
+inline constexpr Field<ApplicationRule> kApplicationRuleFields[] = {
     {L"Application_Name", &ApplicationRule::applicationName},
     {L"Rule_Status", &ApplicationRule::ruleStatus},
     {L"Dim_Monitor", &ApplicationRule::dimMonitor},

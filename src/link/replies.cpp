@@ -74,7 +74,7 @@ std::vector<std::wstring> TextsOf(std::span<const Element> fields, std::size_t l
 {
     std::vector<std::wstring> texts;
     for (const Element& field : fields.first(std::min(limit, fields.size())))
-        texts.push_back(field.text);
+        texts.emplace_back(field.text);
     return texts;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/fixed_text.h"
 #include "link/records.h"
 
 #include <array>

@@ -27,7 +27,7 @@ public:
 
     // Reads a whole answer; null stands for an answer that is not well-formed. All slots are cleared first; the row
     // count of a section changes only when the section is reached, so after a failed read the old counts stand over
-    // empty rows (meant).
+    // empty rows: the lists keep their length, and the user's place in them, until the next read.
     void Read(const Element* root);
 
     [[nodiscard]] std::size_t RowCount(DetailSection section) const { return At(section).count; }

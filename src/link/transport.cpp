@@ -48,7 +48,7 @@ public:
     {
     }
 
-    Outcome Run(const wchar_t* request, std::wstring& response)
+    Outcome Run(const wchar_t* request, FieldText& response)
     {
         Outcome outcome = Start();
         if (outcome == Outcome::Answered)
@@ -117,16 +117,14 @@ private:
     Outcome Send(const wchar_t* request)
     {
         const bool fixed = m_member.send == SendKind::Fixed;
-        std::vector<std::byte> frame = EncodeFrame(request, fixed ? kFixedSendBytes : kHeapSendBytes);
+        WipedBytes frame = EncodeFrame(request, fixed ? kFixedSendBytes : kHeapSendBytes);
         const std::size_t remaining = frame.size();
         // The whole frame fits into the socket's own buffer, so that an agent that does not read holds up nothing.
         SetNumber(SO_SNDBUF, static_cast<DWORD>(remaining));
         SetNumber(SO_SNDTIMEO, m_timeoutMs);
         // Zeros stand beyond the frame for the advance by twice the count.
         frame.resize(2 * remaining);
-        const bool sent = SendAll(frame.data(), remaining);
-        SecureZeroMemory(frame.data(), frame.size()); // it may have carried a password
-        return sent ? Outcome::Answered : Outcome::CannotComplete;
+        return SendAll(frame.data(), remaining) ? Outcome::Answered : Outcome::CannotComplete;
     }
 
     bool SendAll(const std::byte* position, std::size_t remaining)
@@ -144,7 +142,7 @@ private:
         }
     }
 
-    Outcome Receive(std::wstring& response)
+    Outcome Receive(FieldText& response)
     {
         // FD_CONNECT is left out: with it the event stays signalled and the wait spins.
         WSAEventSelect(m_socket, m_event.Get(), FD_READ | FD_CLOSE);
@@ -152,7 +150,7 @@ private:
         if (const Outcome outcome = AfterWait(threadWait(m_event.Get(), m_timeoutMs)); outcome != Outcome::Answered)
             return outcome;
         FrameAssembler assembler(m_member.capacity);
-        std::vector<std::byte> piece(m_member.capacity);
+        WipedBytes piece(m_member.capacity);
         for (bool first = true;; first = false) {
             int count = 0;
             if (const Outcome outcome = ReceivePiece(piece, assembler.Wanted(), count); outcome != Outcome::Answered)
@@ -173,7 +171,7 @@ private:
     }
 
     // One receive; waits, without a limit, while nothing is there. `count` is 0 when the agent has closed.
-    Outcome ReceivePiece(std::vector<std::byte>& piece, std::size_t wanted, int& count)
+    Outcome ReceivePiece(WipedBytes& piece, std::size_t wanted, int& count)
     {
         for (;;) {
             WSASetLastError(0); // what was served during the wait may have left an error of its own
@@ -201,7 +199,7 @@ private:
 
 } // namespace
 
-Outcome ServiceRequest(Member member, const wchar_t* request, std::wstring& response, int port)
+Outcome ServiceRequest(Member member, const wchar_t* request, FieldText& response, int port)
 {
     const MemberRow& row = RowOf(member);
     ExchangeSteps steps(row, port);

@@ -10,7 +10,7 @@
 namespace voltaro {
 
 // One text of a rule.
-using RuleSlot = ApplicationRule::Slot ApplicationRule::*;
+using RuleSlot = FieldText ApplicationRule::*;
 
 // The columns of the rule list, left to right.
 inline constexpr RuleSlot kRuleColumns[] = {

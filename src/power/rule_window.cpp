@@ -104,7 +104,7 @@ LRESULT OnCreate(HWND window)
     edited = Edited();
     CreateControls(window, kControls, WindowFont());
     for (const int edit : {kRuleName, kRuleDescription})
-        LimitText(window, edit, RuleText::kCapacity);
+        LimitText(window, edit, ApplicationRule::kEditLimit);
     SetTooltip(ControlOf(window, kRuleFile), kChooseExecutable.title);
     return 0;
 }
@@ -135,7 +135,7 @@ void Close(HWND window)
 void OnSave(HWND window)
 {
     const ApplicationRule rule = RuleOnScreen(window);
-    const std::wstring& name = rule.applicationName;
+    const std::wstring name(rule.applicationName);
     if (!edited.place && Refuse(window, kRuleName, CheckRuleName(name, edited.rules), name))
         return;
     Close(window);

@@ -51,7 +51,7 @@ struct SchemeField {
     SchemePage page;
     int control;
     Shown shown;
-    PowerSchemeSettings::Slot PowerSchemeSettings::*slot;
+    FieldText PowerSchemeSettings::*slot;
     Choices choices{}; // the whole list, also where the control holds a part of it
 };
 

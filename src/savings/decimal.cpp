@@ -1,6 +1,6 @@
 #include "savings/decimal.h"
 
-#include "base/fixed_text.h"
+#include "base/field_text.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ std::optional<float> LeadingDecimal(std::wstring_view text)
             return std::nullopt;
     }
     // Only these can belong to a number. As many as a field holds; without an exponent none of those is out of range.
-    std::array<char, FieldText::kCapacity> number{};
+    std::array<char, FieldText::kEditLimit> number{};
     std::size_t length = 0;
     while (length < std::min(text.size(), number.size())
         && std::wstring_view(L"0123456789.+-eE").find(text[length]) != std::wstring_view::npos) {

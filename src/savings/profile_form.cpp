@@ -102,7 +102,7 @@ void PrepareProfileFields(HWND window)
 {
     FillCombo(window, kType, std::vector<std::wstring>(std::begin(kMonitorTypes), std::end(kMonitorTypes)));
     for (const int id : kWattFields)
-        LimitText(window, id, FieldText::kCapacity);
+        LimitText(window, id, FieldText::kEditLimit);
 }
 
 void ShowEntry(HWND window, const ProfileEntry& shown)

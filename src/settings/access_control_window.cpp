@@ -75,6 +75,7 @@ constexpr RecordForm<HostSettings> kForm = {
     .failed = {L"Unable to Set", L"Unable to set access control settings"},
     .complete = CheckHostSettings,
     .refusals = kRefusals,
+    .tellFirst = true,
 };
 
 constexpr Command kCommands[] = {

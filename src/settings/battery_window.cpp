@@ -6,7 +6,7 @@
 #include "console/agent_state.h"
 #include "resources/resource_ids.h"
 #include "settings/form_window.h"
-#include "settings/machine_facts.h"
+#include "settings/machine_texts.h"
 #include "ui/list_view.h"
 
 namespace voltaro {
@@ -34,7 +34,7 @@ HWND Window()
 
 void OnRefresh(HWND)
 {
-    if (!ReadBatteryInfoInWindow())
+    if (!ReadBatteryInfo())
         OnAgentLost();
     RefreshBatteryWindow();
 }

@@ -8,7 +8,7 @@
 
 namespace voltaro {
 
-// What every top-level window of this folder is made of.
+// What a top-level window of this folder is made of.
 struct FormTables {
     std::span<const Control> controls;
     std::span<const Command> commands; // IDCANCEL also serves the title bar

@@ -55,7 +55,7 @@ static_assert(IdsAreUnique(kControls) && FitInside(kControls, 394, 406));
 
 constexpr const wchar_t* kInvalidPort = L"Invalid Port Number";
 
-// In the order of ProxyFault; the trailing blanks of the captions are meant.
+// In the order of ProxyFault. The captions end in a blank, as users and their scripts know them.
 constexpr RefusedField kRefusals[] = {
     {kServer, {L"Blank Proxy Server ", L"Proxy Server name cannot be blank."}},
     {kPort, {kInvalidPort, L"Proxy port cannot be blank."}},

@@ -1,7 +1,9 @@
 #include "settings/record_window.h"
 
+#include "base/text.h"
 #include "console/change.h"
 #include "settings/settings_rules.h"
+#include "ui/secret_text.h"
 
 #include <vector>
 
@@ -44,11 +46,14 @@ private:
     std::vector<HWND> m_disabled;
 };
 
-FieldText AddressShown(HWND control)
+std::optional<FieldText> EnteredAddress(HWND control)
 {
     DWORD address = 0;
-    SendMessageW(control, IPM_GETADDRESS, 0, reinterpret_cast<LPARAM>(&address));
-    return DottedAddress(address);
+    switch (SendMessageW(control, IPM_GETADDRESS, 0, reinterpret_cast<LPARAM>(&address))) {
+    case 0:
+    case 4: return DottedAddress(address);
+    default: return std::nullopt; // it counts the fields that are filled in
+    }
 }
 
 void ShowAddress(HWND control, const FieldText& value)
@@ -57,29 +62,18 @@ void ShowAddress(HWND control, const FieldText& value)
     SendMessageW(control, address ? IPM_SETADDRESS : IPM_CLEARADDRESS, 0, address.value_or(0));
 }
 
-void ShowMinutes(HWND window, int id, const FieldText& value)
-{
-    const LRESULT count = SendMessageW(ControlOf(window, id), CB_GETCOUNT, 0, 0);
-    for (int index = 0; index < count; ++index) {
-        SelectIndex(window, id, index);
-        if (value == MinutesOf(SelectedText(window, id)))
-            return;
-    }
-    SelectIndex(window, id, 0);
-}
-
 } // namespace
 
-void ShowField(HWND window, int id, Form form, const FieldText& value)
+void ShowField(HWND window, int id, Form form, Choices choices, const FieldText& value)
 {
     switch (form) {
     case Form::Text:
-        LimitText(window, id, FieldText::kCapacity);
+        LimitText(window, id, FieldText::kEditLimit); // of what is typed; a longer text is shown whole
         SetText(window, id, value);
         break;
     case Form::YesNo: SetChecked(window, id, IsYes(value)); break;
     case Form::Address: ShowAddress(ControlOf(window, id), value); break;
-    case Form::Minutes: ShowMinutes(window, id, value); break;
+    case Form::List: FillChoices(window, id, choices, ShownChoice(choices, LeadingNumber(value))); break;
     case Form::Feature:
         SetChecked(window, id, IsFeatureDisabled(value));
         Enable(window, id, IsControllable(value));
@@ -87,26 +81,28 @@ void ShowField(HWND window, int id, Form form, const FieldText& value)
     }
 }
 
-FieldText FieldShown(HWND window, int id, Form form, const FieldText& asRead)
+std::optional<FieldText> EnteredText(HWND window, int id, Form form, Choices choices)
 {
+    const HWND control = ControlOf(window, id);
     switch (form) {
-    case Form::Text: return FieldText(TextOf(window, id));
+    case Form::Text: return SecretTextOf(control);
     case Form::YesNo: return YesNo(IsChecked(window, id));
-    case Form::Address: return AddressShown(ControlOf(window, id));
-    case Form::Minutes: return MinutesOf(SelectedText(window, id));
-    case Form::Feature: return FeatureValue(asRead, IsChecked(window, id));
+    case Form::Address: return EnteredAddress(control);
+    case Form::List: return NumberText(choices[static_cast<std::size_t>(SelectedIndex(window, id))].number);
+    case Form::Feature:
+        return IsWindowEnabled(control) ? std::optional<FieldText>(FeatureText(IsChecked(window, id))) : std::nullopt;
     }
-    return asRead;
+    return std::nullopt;
 }
 
-void Refuse(HWND window, const RefusedField& refusal)
+void RefuseField(HWND window, const RefusedField& refusal)
 {
     Tell(window, refusal.box);
     SetText(window, refusal.id, L"");
     FocusOn(window, refusal.id);
 }
 
-bool SendChange(HWND window, const Request& request, const Box& applied, const Box& failed)
+bool SendChange(HWND window, const Request& request, const Box& failed)
 {
     std::optional<std::wstring> word;
     {
@@ -116,7 +112,8 @@ bool SendChange(HWND window, const Request& request, const Box& applied, const B
     if (!word)
         return false;
     const bool success = IsWord(*word, kSuccess);
-    Tell(window, success ? applied : failed);
+    if (!success)
+        Tell(window, failed);
     return success;
 }
 

@@ -1,24 +1,28 @@
 #pragma once
 
+#include "base/choices.h"
 #include "console/agent.h"
 #include "settings/form_window.h"
 #include "ui/boxes.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <type_traits>
+#include <vector>
 
 namespace voltaro {
 
 // The mechanics of a window that edits one record of the agent: read it, show it by its bindings, check what the user
-// made of it, pass the activation gate, send it, report, read it again. A window gives its tables.
+// made of it, check the licence, send it, report, read it again. A window gives its tables. What the user does not
+// change goes back exactly as it was read, also where its control cannot show it.
 
 // How a control stands for a field of the record.
 enum class Form : std::uint8_t {
     Text,    // an edit
-    YesNo,   // a check box
-    Address, // an IP address control; blank is "0.0.0.0"
-    Minutes, // a list of times; shows its first entry for a number that it does not have
+    YesNo,   // a check box; anything but "Yes" shows as clear
+    Address, // an IP address control; blank for a text that is no address, "0.0.0.0" when the user blanks it
+    List,    // a list of times; a number that it does not have shows as the next longer one
     Feature, // a check box for "YES", grey for "NA"
 };
 
@@ -27,6 +31,7 @@ struct Binding {
     int id;
     Form form;
     FieldText Record::*slot;
+    Choices choices = {}; // of a list
 };
 
 // What a refused input shows; the edit is then emptied and gets the focus.
@@ -42,43 +47,54 @@ struct RecordForm {
     Operation apply;
     Record* record; // as the agent sent it last
     std::span<const Binding<Record>> bindings;
-    int applyButton; // made grey: it waits for the first record, so that nothing is overwritten with blanks
+    int applyButton; // grey until a record has come, and after a read that gave none: what is not known is not sent
     Box applied;
     Box failed;
     // Makes what the controls hold what is sent; gives the number of a refusal, counted from 1, or 0.
-    std::size_t (*complete)(Record& edited) = [](Record&) -> std::size_t { return 0; };
+    std::size_t (*complete)(Record& edited, const Record& asRead)
+        = [](Record&, const Record&) -> std::size_t { return 0; };
     std::span<const RefusedField> refusals = {};
     void (*enable)(HWND window) = [](HWND) {}; // greys the controls that depend on others
+    bool tellFirst = false;                    // the box comes before the record is read again
 };
 
 // The steps that no record's type matters for.
-void ShowField(HWND window, int id, Form form, const FieldText& value);
-[[nodiscard]] FieldText FieldShown(HWND window, int id, Form form, const FieldText& asRead);
-void Refuse(HWND window, const RefusedField& refusal);
-// The gate, the request and the box that tells the outcome; the window's controls are disabled meanwhile. True when the
-// agent has taken the change.
-[[nodiscard]] bool SendChange(HWND window, const Request& request, const Box& applied, const Box& failed);
+void ShowField(HWND window, int id, Form form, Choices choices, const FieldText& value);
+// What a control holds, as the text of its field; nothing where it holds none: a grey feature, an address of less than
+// four numbers.
+[[nodiscard]] std::optional<FieldText> EnteredText(HWND window, int id, Form form, Choices choices);
+void RefuseField(HWND window, const RefusedField& refusal);
+// The licence check, the request and, when it failed, its box; the window's controls are disabled meanwhile. True when
+// the agent has taken the change.
+[[nodiscard]] bool SendChange(HWND window, const Request& request, const Box& failed);
 
-// Shows the record as the agent sent it last; before the first one the controls stay as they are.
+// What the controls of a form held when its record was shown, in the order of the bindings; empty before the first one.
+template <const auto* form>
+inline std::vector<std::optional<FieldText>> shownTexts;
+
+// Shows the record as the agent sent it last.
 template <const auto* form>
 void ShowRecord(HWND window)
 {
-    if (!IsWindowEnabled(ControlOf(window, form->applyButton)))
-        return;
     for (const auto& binding : form->bindings)
-        ShowField(window, binding.id, binding.form, (*form->record).*binding.slot);
+        ShowField(window, binding.id, binding.form, binding.choices, (*form->record).*binding.slot);
     form->enable(window);
+    shownTexts<form>.clear();
+    for (const auto& binding : form->bindings)
+        shownTexts<form>.push_back(EnteredText(window, binding.id, binding.form, binding.choices));
 }
 
-// Reads the record and shows it. What does not come leaves the controls as they are; false when the agent is lost.
+// Reads the record and shows it. Without a record in the answer the controls stay as they are and cannot be sent; false
+// when the agent is lost.
 template <const auto* form>
 bool ReadAndShow(HWND window)
 {
     using Record = typename std::remove_cvref_t<decltype(*form)>::RecordType;
     Reply reply = SendOrLose(Plain(form->read));
-    if (const auto record = reply.template Read<Record>()) {
+    const std::optional<Record> record = reply.template Read<Record>();
+    Enable(window, form->applyButton, record.has_value());
+    if (record) {
         *form->record = *record;
-        Enable(window, form->applyButton, true);
         ShowRecord<form>(window);
     }
     return reply.Answered();
@@ -96,27 +112,44 @@ template <const auto* form>
 void OpenRecord(HWND window)
 {
     if (!IsWindowVisible(window)) {
-        ShowRecord<form>(window); // not what the user left there unsent
+        if (!shownTexts<form>.empty())
+            ShowRecord<form>(window); // not what the user left there unsent
         if (!ReadAndShow<form>(window))
             return;
     }
     BringUp(window);
 }
 
+// The record with what the user has changed since it was shown.
+template <const auto* form>
+[[nodiscard]] auto EditedRecord(HWND window)
+{
+    auto edited = *form->record;
+    for (std::size_t i = 0; i < form->bindings.size(); ++i) {
+        const auto& binding = form->bindings[i];
+        const auto entered = EnteredText(window, binding.id, binding.form, binding.choices);
+        if (entered && entered != shownTexts<form>[i])
+            edited.*binding.slot = *entered;
+    }
+    return edited;
+}
+
 // "Change".
 template <const auto* form>
 void ApplyRecord(HWND window)
 {
-    using Record = typename std::remove_cvref_t<decltype(*form)>::RecordType;
     if (!IsWindowEnabled(ControlOf(window, form->applyButton)))
         return;
-    Record edited = *form->record;
-    for (const Binding<Record>& binding : form->bindings)
-        edited.*binding.slot = FieldShown(window, binding.id, binding.form, edited.*binding.slot);
-    if (const std::size_t refusal = form->complete(edited))
-        return Refuse(window, form->refusals[refusal - 1]);
-    if (SendChange(window, WithRecord(form->apply, edited), form->applied, form->failed))
-        RefreshRecord<form>(window);
+    auto edited = EditedRecord<form>(window);
+    if (const std::size_t refusal = form->complete(edited, *form->record))
+        return RefuseField(window, form->refusals[refusal - 1]);
+    if (!SendChange(window, WithRecord(form->apply, edited), form->failed))
+        return;
+    if (form->tellFirst)
+        Tell(window, form->applied);
+    RefreshRecord<form>(window);
+    if (!form->tellFirst)
+        Tell(window, form->applied);
 }
 
 } // namespace voltaro

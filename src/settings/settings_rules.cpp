@@ -14,26 +14,9 @@ constexpr const wchar_t* kIdleMinutesOff = L"5";
 constexpr const wchar_t* kSchedulerMinutesOff = L"10";
 constexpr const wchar_t* kSnoozeMinutesOff = L"20";
 
-constexpr struct {
-    const wchar_t* choice;
-    const wchar_t* minutes;
-} kMinutes[] = {
-    {L"1 Min", L"1"},
-    {L"2 Mins", L"2"},
-    {L"3 Mins", L"3"},
-    {L"4 Mins", L"4"},
-    {L"5 Mins", L"5"},
-    {L"10 Mins", L"10"},
-    {L"15 Mins", L"15"},
-    {L"20 Mins", L"20"},
-    {L"30 Mins", L"30"},
-    {L"45 Mins", L"45"},
-    {L"1 Hour", L"60"},
-};
-
-// Gives one of the two faults, or turns the text into its number. Ports 1 to 1023 pass, although the message of the
-// communication ports names 1024 as the lowest (meant).
-std::size_t CheckPort(FieldText& port, std::size_t blank, std::size_t outOfRange)
+// Gives one of the two faults, or turns a changed text into its number. Ports 1 to 1023 pass, although the message of
+// the communication ports names 1024 as the lowest: agents that listen there exist.
+std::size_t CheckPort(FieldText& port, const FieldText& asRead, std::size_t blank, std::size_t outOfRange)
 {
     constexpr std::int32_t kHighest = 65535;
     if (port.empty())
@@ -41,8 +24,14 @@ std::size_t CheckPort(FieldText& port, std::size_t blank, std::size_t outOfRange
     const std::int32_t number = LeadingNumber(port);
     if (number < 1 || number > kHighest)
         return outOfRange;
-    port = NumberText(number);
+    if (port != asRead)
+        port = NumberText(number);
     return kNoFault;
+}
+
+bool IsNo(std::wstring_view flag)
+{
+    return EqualsIgnoreCase(flag, L"No");
 }
 
 } // namespace
@@ -57,40 +46,31 @@ const wchar_t* YesNo(bool yes)
     return yes ? L"Yes" : L"No";
 }
 
-std::size_t CheckHostSettings(HostSettings& edited)
+std::size_t CheckHostSettings(HostSettings& edited, const HostSettings& asRead)
 {
-    const std::size_t fault = CheckPort(edited.tcpPort, kTcpPortBlank, kTcpPortOutOfRange);
-    return fault != kNoFault ? fault : CheckPort(edited.udpPort, kUdpPortBlank, kUdpPortOutOfRange);
+    const std::size_t fault = CheckPort(edited.tcpPort, asRead.tcpPort, kTcpPortBlank, kTcpPortOutOfRange);
+    return fault != kNoFault ? fault : CheckPort(edited.udpPort, asRead.udpPort, kUdpPortBlank, kUdpPortOutOfRange);
 }
 
-std::size_t CheckProxySettings(ProxySettings& edited)
+std::size_t CheckProxySettings(ProxySettings& edited, const ProxySettings& asRead)
 {
-    if (!IsYes(edited.savePassword))
+    if (IsNo(edited.savePassword))
         edited.password.Clear();
     if (!IsYes(edited.useProxy))
         return kNoFault;
     if (edited.server.empty())
         return kServerBlank;
-    const std::size_t fault = CheckPort(edited.port, kProxyPortBlank, kProxyPortOutOfRange);
+    const std::size_t fault = CheckPort(edited.port, asRead.port, kProxyPortBlank, kProxyPortOutOfRange);
     if (fault != kNoFault)
         return fault;
     return IsYes(edited.useAuthentication) && edited.userName.empty() ? kUserNameBlank : kNoFault;
 }
 
-std::wstring_view MinutesOf(std::wstring_view choice)
+std::size_t CompleteSnoozeSettings(SnoozeSettings& edited, const SnoozeSettings&)
 {
-    for (const auto& row : kMinutes) {
-        if (choice == row.choice)
-            return row.minutes;
-    }
-    return {};
-}
-
-std::size_t CompleteSnoozeSettings(SnoozeSettings& edited)
-{
-    if (!IsYes(edited.idleAlert))
+    if (IsNo(edited.idleAlert))
         edited.idleAlertMinutes = kIdleMinutesOff;
-    if (!IsYes(edited.schedulerAlert)) {
+    if (IsNo(edited.schedulerAlert)) {
         edited.schedulerAlertMinutes = kSchedulerMinutesOff;
         edited.snoozeMinutes = kSnoozeMinutesOff;
     }
@@ -102,16 +82,14 @@ bool IsControllable(std::wstring_view feature)
     return !EqualsIgnoreCase(feature, kNotControllable);
 }
 
-FieldText FeatureValue(const FieldText& current, bool disabled)
-{
-    if (!IsControllable(current))
-        return kNotControllable;
-    return disabled ? kDisabled : kEnabled;
-}
-
 bool IsFeatureDisabled(std::wstring_view feature)
 {
     return EqualsIgnoreCase(feature, kDisabled);
+}
+
+const wchar_t* FeatureText(bool disabled)
+{
+    return disabled ? kDisabled : kEnabled;
 }
 
 std::optional<std::uint32_t> AddressOf(std::wstring_view dotted)

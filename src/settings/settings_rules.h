@@ -1,9 +1,10 @@
 #pragma once
 
+#include "base/choices.h"
 #include "link/records.h"
 
-#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -13,32 +14,34 @@ namespace voltaro {
 [[nodiscard]] bool IsYes(std::wstring_view flag);
 [[nodiscard]] const wchar_t* YesNo(bool yes);
 
-// A check completes an edited record to what is sent and gives the number of its first fault; 0 stands for none.
+// A check completes an edited record to what is sent and gives the number of its first fault; 0 stands for none. What
+// equals the text as it was read stays so.
 inline constexpr std::size_t kNoFault = 0;
 
 enum HostFault : std::size_t { kTcpPortBlank = 1, kTcpPortOutOfRange, kUdpPortBlank, kUdpPortOutOfRange };
-// Both ports become the number that their leading digits make, from 1 to 65535.
-[[nodiscard]] std::size_t CheckHostSettings(HostSettings& edited);
+// A changed port becomes the number that its leading digits make, from 1 to 65535.
+[[nodiscard]] std::size_t CheckHostSettings(HostSettings& edited, const HostSettings& asRead);
 
 enum ProxyFault : std::size_t { kServerBlank = 1, kProxyPortBlank, kProxyPortOutOfRange, kUserNameBlank };
-// Without the use of a proxy nothing is checked and the port stays as it is.
-[[nodiscard]] std::size_t CheckProxySettings(ProxySettings& edited);
+// Without the use of a proxy nothing is checked and the port stays as it is. A password that is not to be saved is not
+// sent.
+[[nodiscard]] std::size_t CheckProxySettings(ProxySettings& edited, const ProxySettings& asRead);
 
 // The choices of the three snooze lists.
-inline constexpr std::array kNotificationTimes = {L"1 Min", L"2 Mins", L"3 Mins", L"4 Mins", L"5 Mins"};
-inline constexpr std::array kSnoozeAlertTimes = {L"5 Mins", L"10 Mins", L"15 Mins", L"20 Mins", L"30 Mins"};
-inline constexpr std::array kSnoozeDurations = {L"10 Mins", L"20 Mins", L"30 Mins", L"45 Mins", L"1 Hour"};
+inline constexpr Choice kNotificationTimes[]
+    = {{L"1 Min", 1}, {L"2 Mins", 2}, {L"3 Mins", 3}, {L"4 Mins", 4}, {L"5 Mins", 5}};
+inline constexpr Choice kSnoozeAlertTimes[]
+    = {{L"5 Mins", 5}, {L"10 Mins", 10}, {L"15 Mins", 15}, {L"20 Mins", 20}, {L"30 Mins", 30}};
+inline constexpr Choice kSnoozeDurations[]
+    = {{L"10 Mins", 10}, {L"20 Mins", 20}, {L"30 Mins", 30}, {L"45 Mins", 45}, {L"1 Hour", 60}};
 
-// Minutes of a choice, such as "20" for "20 Mins" and "60" for "1 Hour"; empty for a text that is no choice.
-[[nodiscard]] std::wstring_view MinutesOf(std::wstring_view choice);
+// With an alert off, its times are the fixed ones that the agent expects then, whatever the lists show. Never a fault.
+[[nodiscard]] std::size_t CompleteSnoozeSettings(SnoozeSettings& edited, const SnoozeSettings& asRead);
 
-// With an alert off, its times are the fixed ones whatever the lists show. Never a fault.
-[[nodiscard]] std::size_t CompleteSnoozeSettings(SnoozeSettings& edited);
-
-// A feature's value after its check box; "NA" stays what it is.
+// The values of a feature; letter case does not count when they are read.
 [[nodiscard]] bool IsControllable(std::wstring_view feature);
-[[nodiscard]] FieldText FeatureValue(const FieldText& current, bool disabled);
 [[nodiscard]] bool IsFeatureDisabled(std::wstring_view feature);
+[[nodiscard]] const wchar_t* FeatureText(bool disabled);
 
 // A dotted IPv4 address as its four bytes, the first one highest; nothing for any other text.
 [[nodiscard]] std::optional<std::uint32_t> AddressOf(std::wstring_view dotted);

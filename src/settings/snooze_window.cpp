@@ -5,9 +5,6 @@
 #include "settings/record_window.h"
 #include "settings/settings_rules.h"
 
-#include <string>
-#include <vector>
-
 namespace voltaro {
 namespace {
 
@@ -37,11 +34,11 @@ constexpr Control kControls[] = {
 };
 
 constexpr Binding<SnoozeSettings> kBindings[] = {
-    {kIdleAlert,        Form::YesNo,   &SnoozeSettings::idleAlert},
-    {kSchedulerAlert,   Form::YesNo,   &SnoozeSettings::schedulerAlert},
-    {kIdleMinutes,      Form::Minutes, &SnoozeSettings::idleAlertMinutes},
-    {kSchedulerMinutes, Form::Minutes, &SnoozeSettings::schedulerAlertMinutes},
-    {kSnoozeMinutes,    Form::Minutes, &SnoozeSettings::snoozeMinutes},
+    {kIdleAlert,        Form::YesNo,  &SnoozeSettings::idleAlert},
+    {kSchedulerAlert,   Form::YesNo,  &SnoozeSettings::schedulerAlert},
+    {kIdleMinutes,      Form::List,  &SnoozeSettings::idleAlertMinutes, kNotificationTimes},
+    {kSchedulerMinutes, Form::List,  &SnoozeSettings::schedulerAlertMinutes, kSnoozeAlertTimes},
+    {kSnoozeMinutes,    Form::List,  &SnoozeSettings::snoozeMinutes, kSnoozeDurations},
 };
 // clang-format on
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, 474, 441));
@@ -79,13 +76,10 @@ constexpr Command kCommands[] = {
 
 void FillLists(HWND window)
 {
-    const auto fill = [window](int id, std::span<const wchar_t* const> choices) {
-        FillCombo(window, id, std::vector<std::wstring>(choices.begin(), choices.end()));
-        SelectIndex(window, id, 0);
-    };
-    fill(kIdleMinutes, kNotificationTimes);
-    fill(kSchedulerMinutes, kSnoozeAlertTimes);
-    fill(kSnoozeMinutes, kSnoozeDurations);
+    for (const Binding<SnoozeSettings>& binding : kBindings) {
+        if (binding.form == Form::List)
+            FillChoices(window, binding.id, binding.choices, 0);
+    }
     EnableLists(window);
 }
 

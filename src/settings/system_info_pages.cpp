@@ -3,7 +3,7 @@
 #include "settings/system_info_pages.h"
 
 #include "resources/resource_ids.h"
-#include "settings/machine_facts.h"
+#include "settings/machine_texts.h"
 #include "ui/canvas.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"

@@ -8,7 +8,7 @@
 #include "console/ui_calls.h"
 #include "resources/resource_ids.h"
 #include "settings/form_window.h"
-#include "settings/machine_facts.h"
+#include "settings/machine_texts.h"
 #include "settings/system_info_pages.h"
 #include "ui/clipboard.h"
 #include "ui/tabs.h"

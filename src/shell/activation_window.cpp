@@ -13,10 +13,13 @@
 #include "ui/controls.h"
 #include "ui/list_view.h"
 #include "ui/navigation.h"
+#include "ui/secret_text.h"
 #include "ui/theme.h"
 #include "ui/window_class.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace voltaro {
 namespace {
@@ -63,13 +66,14 @@ bool IsLetterOrDigit(wchar_t unit)
 }
 
 // The key as it is sent: letters and digits alone, whatever divided the groups when it was pasted.
-std::wstring KeyOf(std::wstring text)
+FieldText KeyOf(const FieldText& typed)
 {
-    std::erase_if(text, [](wchar_t unit) {
+    WipedUnits units;
+    std::ranges::copy_if(typed.view(), std::back_inserter(units), [](wchar_t unit) {
         const bool dash = unit == L'-' || (unit >= 0x2010 && unit <= 0x2015); // as word processors make them
-        return dash || unit == L' ' || unit == L'\t' || unit == 0x00A0;
+        return !dash && unit != L' ' && unit != L'\t' && unit != 0x00A0;
     });
-    return text;
+    return FieldText(std::move(units));
 }
 
 const wchar_t* StateText()
@@ -141,10 +145,10 @@ LRESULT OnCreate(HWND window)
 
 void OnActivate(HWND window)
 {
-    const std::wstring key = KeyOf(TextOf(window, kKey));
+    const FieldText key = KeyOf(SecretTextOf(ControlOf(window, kKey)));
     if (key.empty())
         return RefuseKey(window, kNoKey);
-    if (!std::all_of(key.begin(), key.end(), IsLetterOrDigit))
+    if (!std::ranges::all_of(key.view(), IsLetterOrDigit))
         return RefuseKey(window, kBadKey);
     std::wstring status;
     {

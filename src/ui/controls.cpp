@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "ui/list_view.h"
+#include "ui/secret_text.h"
 #include "ui/whole_pairs.h"
 #include "ui/window_class.h"
 
@@ -251,8 +252,9 @@ std::wstring TextOf(HWND window, int id)
 
 void SetText(HWND window, int id, std::wstring_view text)
 {
-    if (TextOf(window, id) != text) // an unchanged text does not flicker
-        SetWindowTextW(ControlOf(window, id), std::wstring(text).c_str());
+    const HWND control = ControlOf(window, id);
+    if (SecretTextOf(control) != text) // an unchanged text does not flicker
+        SetWindowTextW(control, FieldText(text).c_str());
 }
 
 bool IsChecked(HWND window, int id)

@@ -64,6 +64,15 @@ TEST(DocumentTest, RefusesWhatIsNoAnswer)
         EXPECT_FALSE(ParseAnswer(text.c_str())) << text.substr(0, 40).c_str();
 }
 
+TEST(DocumentTest, LogsWhatCannotBeParsed)
+{
+    testing::internal::CaptureStdout();
+    EXPECT_FALSE(ParseAnswer(L"<a><b></a>"));
+    const std::string log = testing::internal::GetCapturedStdout();
+    EXPECT_TRUE(log.starts_with("src/shell/main.cpp:")) << log;
+    EXPECT_NE(log.find("  HRCALL Failed: an answer is not well-formed\n  0x"), std::string::npos) << log;
+}
+
 TEST(DocumentTest, LeavesOutWhatIsNestedTooDeep)
 {
     std::wstring text;

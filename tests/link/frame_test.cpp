@@ -8,9 +8,9 @@ namespace voltaro {
 namespace {
 
 // A frame with any length digits, as bytes of UTF-16LE.
-std::vector<std::byte> Frame(const std::wstring& digits, const std::wstring& text, bool nul = true)
+WipedBytes Frame(const std::wstring& digits, const std::wstring& text, bool nul = true)
 {
-    std::vector<std::byte> bytes;
+    WipedBytes bytes;
     for (const wchar_t unit : digits + text + (nul ? std::wstring(1, L'\0') : std::wstring())) {
         bytes.push_back(static_cast<std::byte>(unit & 0xFF));
         bytes.push_back(static_cast<std::byte>(unit >> 8));
@@ -18,7 +18,7 @@ std::vector<std::byte> Frame(const std::wstring& digits, const std::wstring& tex
     return bytes;
 }
 
-FrameAssembler::State TakeInPieces(FrameAssembler& assembler, const std::vector<std::byte>& bytes, std::size_t size)
+FrameAssembler::State TakeInPieces(FrameAssembler& assembler, const WipedBytes& bytes, std::size_t size)
 {
     auto state = FrameAssembler::State::NeedMore;
     for (std::size_t at = 0; at < bytes.size() && state == FrameAssembler::State::NeedMore;) {

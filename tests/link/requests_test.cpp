@@ -11,7 +11,7 @@ namespace {
 std::wstring Notation(const Element& element)
 {
     if (element.children.empty())
-        return element.name + L"=" + element.text;
+        return element.name + L"=" + std::wstring(element.text);
     std::wstring text = element.name + L"(";
     for (const Element& child : element.children)
         text += Notation(child) + L",";

@@ -26,7 +26,7 @@ constexpr const wchar_t* kOperation = L"GetSystemstatus";
 
 std::wstring StatusRequest()
 {
-    return *SerialiseRequest(RequestElement(Plain(Operation::GetSystemStatus), NewMessageId()));
+    return std::wstring(*SerialiseRequest(RequestElement(Plain(Operation::GetSystemStatus), NewMessageId())));
 }
 
 // What a kind of fault makes of an exchange.
@@ -66,13 +66,13 @@ TEST(TransportTest, EveryMemberAgainstEveryFault)
             if (row.fault.kind == FaultKind::Silent && member.seconds > 20)
                 continue; // one wait is like the other
             agent.SetFault(kOperation, row.fault);
-            std::wstring response;
+            FieldText response;
             const ULONGLONG start = GetTickCount64();
             EXPECT_EQ(ServiceRequest(member.member, request.c_str(), response, agent.Port()),
                 member.capacity >= row.capacity ? row.outcome : Outcome::Damaged)
                 << static_cast<int>(member.member) << " fault " << static_cast<int>(row.fault.kind);
             EXPECT_LT(GetTickCount64() - start, 400U + static_cast<unsigned>(member.seconds) * 10U);
-            EXPECT_LE(response.size(), member.capacity / 2);
+            EXPECT_LE(response.view().size(), member.capacity / 2);
         }
     }
     timing = Timing();
@@ -87,15 +87,15 @@ TEST(TransportTest, AnswersAboveTheCapacityFail)
         const std::size_t fits = (member.capacity - kFrameOverheadBytes) / kBytesPerUnit;
         for (const std::size_t units : {fits, fits + 1}) {
             agent.ScriptReply(kOperation, std::wstring(units, L'x'));
-            std::wstring response;
+            FieldText response;
             EXPECT_EQ(ServiceRequest(member.member, StatusRequest().c_str(), response, agent.Port()),
                 units == fits ? Outcome::Answered : Outcome::Damaged)
                 << static_cast<int>(member.member);
-            EXPECT_EQ(response.size(), units == fits ? fits : 0U);
+            EXPECT_EQ(response.view().size(), units == fits ? fits : 0U);
         }
     }
     agent.Stop();
-    std::wstring response;
+    FieldText response;
     EXPECT_EQ(ServiceRequest(Member::StatusCheck, L"", response, agent.Port()), Outcome::CannotConnect);
 }
 
@@ -113,7 +113,7 @@ TEST(TransportTest, EndsWithItsThread)
         threadWait = [](HANDLE handle, DWORD milliseconds) {
             return ++waits == end ? Waited::Ending : WaitPlainly(handle, milliseconds);
         };
-        std::wstring response;
+        FieldText response;
         EXPECT_EQ(
             ServiceRequest(Member::StatusCheck, StatusRequest().c_str(), response, agent.Port()), Outcome::Ending);
         EXPECT_TRUE(response.empty());
@@ -125,7 +125,7 @@ TEST(TransportTest, TheFrameOnTheWire)
 {
     AgentServer agent;
     ASSERT_TRUE(agent.Start());
-    std::wstring response;
+    FieldText response;
     const std::wstring request = StatusRequest();
     EXPECT_EQ(ServiceRequest(Member::StatusCheck, request.c_str(), response, agent.Port()), Outcome::Answered);
     const auto received = agent.Requests();
@@ -152,7 +152,7 @@ TEST(TransportTest, KeepsHandles)
     ASSERT_TRUE(agent.Start());
     const std::wstring request = StatusRequest();
     const auto handlesAfter = [&](int exchanges, Outcome expected) {
-        std::wstring response;
+        FieldText response;
         for (int i = 0; i < exchanges; ++i)
             EXPECT_EQ(ServiceRequest(Member::StatusCheck, request.c_str(), response, agent.Port()), expected);
         return OpenHandles();
@@ -186,7 +186,7 @@ TEST(TransportTest, WindowsStayAliveWhileARequestHangs)
                 answered += SendMessageTimeoutW(window.Get(), WM_NULL, 0, 0, SMTO_NORMAL, 50, &result) != 0 ? 1 : 0;
             }
         });
-        std::wstring response;
+        FieldText response;
         EXPECT_EQ(
             ServiceRequest(Member::StatusCheck, StatusRequest().c_str(), response, agent.Port()), Outcome::Answered);
         done = true;

@@ -164,7 +164,7 @@ TEST(PolicyWindow, MoreRulesAndLongerTextsThanAllowedAreShownAndKept)
         Element rule = policy.children[1];
         rule.name = L"AppNo_" + std::to_wstring(i);
         rule.children[0].text = L"Tool" + std::to_wstring(i) + L".Exe"; // could not be entered
-        rule.children[10].text.assign(500, L'<');                       // long on the wire
+        rule.children[10].text = std::wstring(500, L'<');               // long on the wire
         policy.children.push_back(rule);
     }
     OpenPresentations(program);

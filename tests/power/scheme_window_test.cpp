@@ -67,7 +67,7 @@ std::wstring Held(PowerProgram& program, const wchar_t* scheme, const wchar_t* e
 {
     for (const Element& details : program.Machine().schemes) {
         if (ChildText(details, 0) == scheme)
-            return FindChild(details, element)->text;
+            return std::wstring(FindChild(details, element)->text);
     }
     return L"no such scheme";
 }
@@ -244,7 +244,7 @@ TEST(SchemeWindow, WhatTheUserDidNotChangeGoesBackAsRead)
     std::vector<Element> fields = program.Machine().schemes[1].children;
     for (std::size_t i = 1; i < fields.size(); ++i)
         fields[i].text = L"07 " + std::to_wstring(i); // no control can show it
-    fields[1].text.assign(300, L'x');
+    fields[1].text = std::wstring(300, L'x');
     fields[6].text = L"60"; // the list that follows the dim time does not hold 10 minutes
     fields[7].text = L"10";
     program.Machine().schemes[1].children = fields;
@@ -257,7 +257,7 @@ TEST(SchemeWindow, WhatTheUserDidNotChangeGoesBackAsRead)
     fields[10].text = L"5";
     std::wstring expected;
     for (const Element& field : fields)
-        expected += L"|<" + field.name + L">" + field.text + L"</" + field.name + L">";
+        expected += L"|<" + field.name + L">" + std::wstring(field.text) + L"</" + field.name + L">";
     program.ExpectSent(L"ApplyPowerSettings", L"<details>" + expected + L"</details>");
 }
 

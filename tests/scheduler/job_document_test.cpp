@@ -150,7 +150,7 @@ TEST(JobDocumentTest, DamagedTreesInventNothing)
     } kRows[] = {
         {[](E& e) { At(e, {0}).name = L"Job_2"; },             L"", 1},
         {[](E& e) { At(e, {0}).children.clear(); },            L"", 1},
-        {[](E& e) { At(e, {0, 0}).text.clear(); },             L"", 1},
+        {[](E& e) { At(e, {0, 0}).text.Clear(); },             L"", 1},
         {[](E& e) { e.children.push_back({}); },               L"j 8 2 off=Off 1 2;", 1},
         {[](E& e) { e.children.push_back(E(e.children[0])); }, L"j 8 2 off=Off 1 2;", 1},
         {[](E& e) { At(e, {0, 3}).children.clear(); },         L"j  daily off=Off 1 2;"},
@@ -160,7 +160,7 @@ TEST(JobDocumentTest, DamagedTreesInventNothing)
         {[](E& e) { At(e, {0}).children.resize(4); },          L"j 8 2;"},
         {[](E& e) { At(e, {0, 4, 0}).children.clear(); },      L"j 8 2 off= 1 2;"},
         {[](E& e) { At(e, {0, 4, 1, 0}).name = L"APP_21"; },   L"j 8 2 off=Off 2;", 0, 1},
-        {[](E& e) { At(e, {0, 4, 1, 1, 0}).text.clear(); },    L"j 8 2 off=Off 1;", 0, 1},
+        {[](E& e) { At(e, {0, 4, 1, 1, 0}).text.Clear(); },    L"j 8 2 off=Off 1;", 0, 1},
     };
     // clang-format on
     for (const auto& row : kRows) {

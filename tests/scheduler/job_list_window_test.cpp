@@ -16,7 +16,7 @@ std::wstring JobNames(SchedulerProgram& program, bool stored)
     const std::wstring screen = program.Column(program.Jobs(), 0);
     std::wstring agent;
     for (const Element& job : program.Machine().jobs.children)
-        agent += (agent.empty() ? L"" : L",") + job.children[0].text;
+        agent.append(agent.empty() ? L"" : L",").append(job.children[0].text);
     EXPECT_EQ(screen == agent, stored) << agent;
     EXPECT_EQ(program.IsEnabled(kList, L"Save"), !stored);
     return screen;

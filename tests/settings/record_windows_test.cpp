@@ -2,12 +2,15 @@
 #include "console/state.h"
 #include "settings/settings_rules.h"
 #include "shell/main_commands.h"
+#include "simulator/xml.h"
 #include "support/box_script.h"
 #include "support/labelled.h"
 #include "support/program.h"
 #include "ui/controls.h"
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 namespace voltaro {
 namespace {
@@ -61,6 +64,24 @@ protected:
             + m_editor->apply + L"</operation>\n\t\t<details>" + Replaced(details, L"|", L"\n\t\t\t")
             + L"</details>\n\t</request>\n</vltp>\n";
         EXPECT_EQ(m_program.LastRequest(m_editor->apply), Replaced(expected, L"\n", L"\r\n"));
+    }
+
+    // The record as the agent sends it and gets it back when nobody edits it.
+    template <class Record>
+    void ExpectUnchanged(
+        const Editor& editor, const Record& record, const std::function<void()>& touch = [] {})
+    {
+        const Element details = ElementOf(L"details", record);
+        m_program.Agent().ScriptReply(editor.read, simulator::ReplyText({L"response", {}, {details}}));
+        m_program.Agent().SetFault(editor.apply, {FaultKind::Status, L"Success"});
+        Open(editor);
+        touch();
+        Apply({editor.done, {}});
+        std::wstring texts;
+        for (const Element& field : details.children)
+            texts += L"|<" + field.name
+                + (field.text.empty() ? L"/>" : L">" + std::wstring(field.text) + L"</" + field.name + L">");
+        ExpectSent(texts);
     }
 
     LoadedProgram m_program;
@@ -135,15 +156,15 @@ TEST_F(RecordWindows, EverySnoozeChoiceGoesOutAndComesBack)
           L"|<SnoozeTimeout>%ls</SnoozeTimeout>";
     Open(kEditors[2]);
     for (std::size_t i = 0; i < 5; ++i) {
-        const wchar_t* const choices[] = {kNotificationTimes[i], kSnoozeAlertTimes[i], kSnoozeDurations[i]};
+        const Choice choices[] = {kNotificationTimes[i], kSnoozeAlertTimes[i], kSnoozeDurations[i]};
         for (std::size_t k = 0; k < 3; ++k)
-            m_program.Choose(WindowId::Snooze, IdOf(kLabels[k]), choices[k]);
+            m_program.Choose(WindowId::Snooze, IdOf(kLabels[k]), choices[k].text);
         Apply({m_editor->done, {}});
         ExpectSent(Format(kSent, L"Yes", L"Yes", kMinutes[i][0], kMinutes[i][1], kMinutes[i][2]));
         m_program.Command(m_editor->window, IDCANCEL);
         Open(kEditors[2]);
         for (std::size_t k = 0; k < 3; ++k)
-            EXPECT_EQ(Shown(kLabels[k]), choices[k]);
+            EXPECT_EQ(Shown(kLabels[k]), choices[k].text);
     }
     Check(L"Enable notification alert for Power OFFs done upon idle :", false);
     Check(L"Enable snooze alert for Scheduled Power OFFs :", false);
@@ -165,6 +186,38 @@ TEST_F(RecordWindows, FeaturesThatCannotBeControlledStay)
                L"|<WIFI>NO</WIFI>|<WebCam>YES</WebCam>|<RegistryEdit>NO</RegistryEdit>"
                L"|<BiosSettingsPassword>NO</BiosSettingsPassword>|<BiosPassWord/>|<WLAN>YES</WLAN>");
     EXPECT_FALSE(IsChecked(WindowOf(WindowId::DeviceControl), IdOf(L"Disable CD/DVD Rom")));
+}
+
+TEST_F(RecordWindows, WhatTheUserLeavesGoesBackAsItCame)
+{
+    const std::wstring longText(300, L'x');
+    const wchar_t* const kLong = longText.c_str();
+    ExpectUnchanged(kEditors[0],
+        HostSettings{L"maybe", L"04916", L"4917 udp", kLong, L"", L"manager.office.example", L"YES", L"10.0.7.1", L"",
+            kLong, L"on", L"off"},
+        [this] {
+            const HWND address = Field(L"Remote Manager 2 address");
+            SendMessageW(address, IPM_CLEARADDRESS, 0, 0);
+            SetWindowTextW(GetWindow(address, GW_CHILD), L"99"); // one number of four is no address
+        });
+    ExpectUnchanged(kEditors[1], ProxySettings{L"yes", kLong, L"08080", L"On", kLong, L"kept", L"Always"});
+    ExpectUnchanged(kEditors[2], SnoozeSettings{L"Yes", L"perhaps", L"7", L"05", L""});
+    ExpectUnchanged(kEditors[3], DeviceSettings{L"yes", L"na", L"", L"off", L"NO", L"YES", L"NA", L"", kLong, L"On"});
+}
+
+TEST_F(RecordWindows, TheRecordIsReadBeforeTheBoxButForThePorts)
+{
+    for (const Editor& editor : kEditors) {
+        Open(editor);
+        m_program.Agent().SetFault(editor.read, {FaultKind::CloseAtOnce, {}});
+        const ExpectedBox done{editor.done, {}}, lost{L"Connection Issue", {}};
+        const bool toldFirst = editor.window == WindowId::AccessControl;
+        const BoxScript boxes{toldFirst ? done : lost, toldFirst ? lost : done};
+        m_program.Command(editor.window, IdOf(editor.button));
+        EXPECT_FALSE(IsOn(editor.button)) << editor.read;
+        m_program.Agent().ClearFaults();
+        m_program.Command(WindowId::Main, kReinitialize);
+    }
 }
 
 TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
@@ -228,16 +281,17 @@ TEST_F(RecordWindows, TellWhatTheAgentAnswered)
 TEST_F(RecordWindows, ShowWhatTheyHaveWhateverTheAgentSends)
 {
     const std::wstring many = Replaced(std::wstring(60, L'x'), L"x", L"<a>7</a>");
-    const std::wstring kTexts[] = {L"<vltp version=\"1.0\"><response/></vltp>", L"garbage",
-        L"<vltp><response><details><a>" + std::wstring(400, L'7') + L"</a>" + many + L"</details></response></vltp>"};
+    const std::wstring kTexts[]
+        = {L"<vltp><response><details><a>" + std::wstring(400, L'7') + L"</a>" + many + L"</details></response></vltp>",
+            L"<vltp version=\"1.0\"><response/></vltp>", L"garbage"};
     for (const Editor& editor : kEditors) {
         SCOPED_TRACE(editor.read);
         for (const std::wstring& text : kTexts) {
             m_program.Agent().ScriptReply(editor.read, text);
             Open(editor);
             EXPECT_TRUE(IsWindowVisible(WindowOf(editor.window))) << text;
-            if (text == kTexts[0]) { // no record came yet: nothing is sent
-                EXPECT_FALSE(IsOn(editor.button));
+            EXPECT_EQ(IsOn(editor.button), text == kTexts[0]) << text;
+            if (text != kTexts[0]) { // what is not known is not sent
                 m_program.Command(editor.window, IDOK);
                 EXPECT_EQ(m_program.TakeOperations(), Operations{});
             }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace voltaro {
 namespace {
 
@@ -20,14 +22,14 @@ TEST(SettingsRulesTest, PortsAreTheirLeadingDigitsInRange)
     for (const auto& [typed, sent] : kPorts) {
         HostSettings tcp = Ports(typed, L"4917"), udp = Ports(L"4916", typed);
         ProxySettings proxy{L"Yes", L"proxy", typed, L"No", L"", L"", L"No"};
-        EXPECT_EQ(CheckHostSettings(tcp), sent ? kNoFault : kTcpPortOutOfRange) << typed;
-        EXPECT_EQ(CheckHostSettings(udp), sent ? kNoFault : kUdpPortOutOfRange) << typed;
-        EXPECT_EQ(CheckProxySettings(proxy), sent ? kNoFault : kProxyPortOutOfRange) << typed;
+        EXPECT_EQ(CheckHostSettings(tcp, {}), sent ? kNoFault : kTcpPortOutOfRange) << typed;
+        EXPECT_EQ(CheckHostSettings(udp, {}), sent ? kNoFault : kUdpPortOutOfRange) << typed;
+        EXPECT_EQ(CheckProxySettings(proxy, {}), sent ? kNoFault : kProxyPortOutOfRange) << typed;
         for (const FieldText& port : {tcp.tcpPort, udp.udpPort, proxy.port})
             EXPECT_EQ(port, sent ? sent : typed);
     }
     HostSettings both = Ports(L"70000", L"");
-    EXPECT_EQ(CheckHostSettings(both), kTcpPortOutOfRange) << "the first fault is told";
+    EXPECT_EQ(CheckHostSettings(both, {}), kTcpPortOutOfRange) << "the first fault is told";
 }
 
 TEST(SettingsRulesTest, AProxyIsCheckedOnlyWhereItIsUsed)
@@ -43,12 +45,12 @@ TEST(SettingsRulesTest, AProxyIsCheckedOnlyWhereItIsUsed)
     };
     for (const auto& [settings, fault] : kRows) {
         ProxySettings edited = settings;
-        EXPECT_EQ(CheckProxySettings(edited), fault) << settings.port.c_str();
+        EXPECT_EQ(CheckProxySettings(edited, settings), fault) << settings.port.c_str();
         EXPECT_TRUE(edited == settings);
     }
     for (const wchar_t* save : {L"Yes", L"No"}) {
         ProxySettings edited{L"Yes", L"proxy", L"8080", L"Yes", L"jan", L"secret", save};
-        EXPECT_EQ(CheckProxySettings(edited), kNoFault);
+        EXPECT_EQ(CheckProxySettings(edited, {}), kNoFault);
         EXPECT_EQ(edited.password, IsYes(save) ? L"secret" : L"") << "not kept, not sent";
     }
 }
@@ -59,24 +61,18 @@ TEST(SettingsRulesTest, ASnoozeAlertThatIsOffHasFixedTimes)
         {L"Yes", L"No", L"3", L"10", L"20"}, {L"No", L"No", L"5", L"10", L"20"}};
     for (const SnoozeSettings& expected : kRows) {
         SnoozeSettings edited{expected.idleAlert, expected.schedulerAlert, L"3", L"30", L"60"};
-        EXPECT_EQ(CompleteSnoozeSettings(edited), kNoFault);
+        EXPECT_EQ(CompleteSnoozeSettings(edited, {}), kNoFault);
         EXPECT_TRUE(edited == expected) << expected.idleAlert.c_str();
     }
 }
 
-TEST(SettingsRulesTest, AFeatureThatCannotBeControlledStays)
+TEST(SettingsRulesTest, FeatureWordsInAnyCase)
 {
-    // clang-format off
-    const struct { const wchar_t* current; bool controllable, disabled; const wchar_t *checked, *unchecked; } kRows[] = {
-        {L"yes", true, true, L"YES", L"NO"}, {L"No", true, false, L"YES", L"NO"},  {L"", true, false, L"YES", L"NO"},
-        {L"NAN", true, false, L"YES", L"NO"}, {L"NA", false, false, L"NA", L"NA"}, {L"na", false, false, L"NA", L"NA"},
-    };
-    // clang-format on
-    for (const auto& row : kRows) {
-        EXPECT_EQ(IsControllable(row.current), row.controllable) << row.current;
-        EXPECT_EQ(IsFeatureDisabled(row.current), row.disabled) << row.current;
-        EXPECT_EQ(FeatureValue(row.current, true), row.checked) << row.current;
-        EXPECT_EQ(FeatureValue(row.current, false), row.unchecked) << row.current;
+    const std::tuple<const wchar_t*, bool, bool> kRows[] = {{L"yes", true, true}, {L"No", true, false},
+        {L"", true, false}, {L"NAN", true, false}, {L"NA", false, false}, {L"na", false, false}};
+    for (const auto& [feature, controllable, disabled] : kRows) {
+        EXPECT_EQ(IsControllable(feature), controllable) << feature;
+        EXPECT_EQ(IsFeatureDisabled(feature), disabled) << feature;
     }
 }
 

@@ -70,7 +70,7 @@ TEST(AgentMachineTest, AnswersWhatItIsAsked)
     constexpr wchar_t kDone[] = L"1 Success", kNothing[] = L"2 Failure .. No power action is waiting.";
     // clang-format off
     const struct { const wchar_t *operation, *summary, *field = nullptr, *text = L""; } kCases[] = {
-        {L"GetSystemstatus", L"2 Success .. Running"}, {L"GetBatteryInfo", L"7 On AC .. Li-ion"},
+        {L"GetSystemstatus", L"2 Success .. Running"}, {L"GetBatteryInfo", L"9 On AC .. 214 of 1000 full cycles"},
         {L"GetVoltaroInfo", L"d4 1.06.006.000 .. Running"}, {L"GetPatchDetails", L"d3 1.06.006.000 .. Installed"},
         {L"GetVoltaroSavingsTillDate", L"d5 2026-11-21 .. 246.999 kWh"}, {L"GetActivationstatus", L"1 Activated"},
         {L"CheckForUpdates", L"2 Failure .. You are already using the latest version of Voltaro."},
@@ -189,7 +189,7 @@ TEST(AgentMachineTest, SchemesAndPoliciesComeAndGo)
         EXPECT_EQ(StatusOf(Ask(machine, operation, body)), passes ? L"Success" : L"Failure") << operation << body;
     EXPECT_EQ(Summary(Ask(machine, L"GetPowerSchemes")), L"d5 Balanced .. Night");
     EXPECT_EQ(Summary(Ask(machine, L"GetPolicies")), L"d2 Nightly_Backup .. Talks");
-    scheme.children[16].text.clear(); // its policy is gone
+    scheme.children[16].text.Clear(); // its policy is gone
     EXPECT_EQ(DetailsOf(Ask(machine, L"QueryPowerScheme", L"<scheme>Night</scheme>")), scheme);
     EXPECT_EQ(ChildText(DetailsOf(Ask(machine, L"GetCurrentpowersettings")), 0), L"Baseline");
 }

@@ -12,7 +12,7 @@ namespace voltaro {
 {
     const bool empty = element.name == L"details" || element.name.starts_with(L"RunTask");
     if (element.children.empty() && !empty)
-        return element.name + L"=" + element.text;
+        return element.name + L"=" + std::wstring(element.text);
     std::wstring line = element.name + L"[";
     for (const Element& child : element.children)
         line += (line.back() == L'[' ? L"" : L" ") + Line(child);

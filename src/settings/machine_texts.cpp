@@ -1,4 +1,4 @@
-#include "settings/machine_facts.h"
+#include "settings/machine_texts.h"
 
 #include "base/text.h"
 

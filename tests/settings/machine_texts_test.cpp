@@ -1,4 +1,4 @@
-#include "settings/machine_facts.h"
+#include "settings/machine_texts.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 namespace voltaro {
 namespace {
 
-TEST(MachineFactsTest, LogoOfTheSystemName)
+TEST(MachineTextsTest, LogoOfTheSystemName)
 {
     const std::pair<SystemLogo, std::vector<const wchar_t*>> kRows[] = {
         {SystemLogo::Panes, {L"Microsoft Windows 10 Pro", L"Windows by Microsoft on Ubuntu Linux"}},
@@ -20,7 +20,7 @@ TEST(MachineFactsTest, LogoOfTheSystemName)
             EXPECT_EQ(LogoOf(name), logo) << name;
 }
 
-TEST(MachineFactsTest, AllSectionsAsText)
+TEST(MachineTextsTest, AllSectionsAsText)
 {
     // clang-format off
     const Element details{L"details", L"", {
@@ -42,7 +42,7 @@ TEST(MachineFactsTest, AllSectionsAsText)
         L"Logical Disks\r\nDescription\tValue\r\nDrive\tC:\r\n\r\n\r\n");
 }
 
-TEST(MachineFactsTest, Battery)
+TEST(MachineTextsTest, Battery)
 {
     const std::tuple<std::vector<const wchar_t*>, int, const wchar_t*> kRows[] = {
         {{}, 0, L""},
