@@ -24,6 +24,7 @@ enum class Do : std::uint8_t {
     Push,    // presses the button `text` of the window in front; Window follows when it opens one
     Window,  // waits for the window titled `text`, which is in front from now on
     Key,     // presses the key `number` in the control of class `text`
+    Earlier, // sets the date to a day that is over: yesterday, or on the first of a month that day a month ago
     Choose,  // chooses the entry `number` of the list of policies
     Picture, // writes FOLDER\text.bmp
     Close,   // closes the window in front and waits until it is gone
@@ -73,7 +74,7 @@ constexpr Step kSteps[] = {
     {Do::Picture, L"job_tasks"},
     {Do::Close}, {Do::Close},
 
-    {Do::Command, L"Power Savings Report", kSavingsReport}, {Do::Key, DATETIMEPICK_CLASSW, VK_DOWN},
+    {Do::Command, L"Power Savings Report", kSavingsReport}, {Do::Earlier},
     {Do::Picture, L"savings_totals"}, kNextPage,
     {Do::Picture, L"savings_estimates"}, kNextPage,
     {Do::Picture, L"savings_graph"},
@@ -169,7 +170,8 @@ bool Push(HWND window, const wchar_t* text)
 {
     HWND button = nullptr;
     const bool found = WaitUntil([&] {
-        button = FindControl(window, [text](HWND control) { return IsWindowEnabled(control) && TextOf(control) == text; });
+        button
+            = FindControl(window, [text](HWND control) { return IsWindowEnabled(control) && TextOf(control) == text; });
         return button != nullptr;
     });
     return found && Notify(button, BN_CLICKED);
@@ -263,6 +265,7 @@ public:
         case Do::Push: return voltaro::Push(m_open.back(), step.text);
         case Do::Window: return WaitFor(step.text);
         case Do::Key: return Press(ControlOfClass(m_open.back(), step.text), step.number);
+        case Do::Earlier: return SetEarlier(ControlOfClass(m_open.back(), DATETIMEPICK_CLASSW));
         case Do::Choose: return Choose(step.number);
         case Do::Picture: return TakePicture(m_open.back(), m_folder + L"\\" + step.text + L".bmp");
         case Do::Close: return PostMessageW(m_open.back(), WM_CLOSE, 0, 0) && WaitHidden();
@@ -280,6 +283,8 @@ private:
             return window != nullptr && IsWindowVisible(window) && IsWindowEnabled(window);
         });
         m_open.push_back(window);
+        SetForegroundWindow(window); // keys reach only what has the focus
+        Sleep(kSettled);
         // The host line tells when the console has loaded.
         return opened && (m_open.size() > 1 || WaitUntil([&] {
             return TextOf(GetDlgItem(window, kHostLine)).starts_with(L"Hostname");
@@ -299,6 +304,17 @@ private:
             && PostMessageW(control, WM_KEYUP, static_cast<WPARAM>(key), 0);
         Sleep(kSettled);
         return pressed;
+    }
+
+    // Each part of a date turns by itself, so the first day of a month has no day before it.
+    static bool SetEarlier(HWND picker)
+    {
+        constexpr LPARAM kOnDay = MAKELPARAM(8, 8);
+        SYSTEMTIME today{};
+        GetLocalTime(&today);
+        return picker != nullptr && PostMessageW(picker, WM_LBUTTONDOWN, MK_LBUTTON, kOnDay)
+            && PostMessageW(picker, WM_LBUTTONUP, 0, kOnDay) && (today.wDay > 1 || Press(picker, VK_RIGHT))
+            && Press(picker, VK_DOWN);
     }
 
     bool Choose(int entry)
