@@ -13,6 +13,7 @@ RequestExecutionLevel admin
 !include FileFunc.nsh
 !include LogicLib.nsh
 !include Sections.nsh
+!include WinMessages.nsh
 
 !define PRODUCT "Voltaro Console"
 !define KEY "SOFTWARE\Kestrelfen\VOLTARO"
@@ -21,7 +22,7 @@ RequestExecutionLevel admin
 !define RUN "SOFTWARE\Microsoft\Windows\CurrentVersion\Run"
 !define MENU "$SMPROGRAMS\Voltaro"
 !define CONSOLE_CLASS "VLTConsoleMainWClass"
-!define WM_CLOSE_MESSAGE 16
+!define SYNCHRONIZE 0x100000
 !define STILL_RUNNING 2
 
 Name "${PRODUCT}"
@@ -44,9 +45,10 @@ VIAddVersionKey LegalCopyright "All rights reserved."
 !define MUI_COMPONENTSPAGE_NODESC
 ; The explorer starts the console without the installer's rights.
 !define MUI_FINISHPAGE_RUN "$WINDIR\explorer.exe"
-!define MUI_FINISHPAGE_RUN_PARAMETERS '"$INSTDIR\bin\VoltaroConsoleSE.exe"'
+!define MUI_FINISHPAGE_RUN_PARAMETERS '$\"$INSTDIR\bin\VoltaroConsoleSE.exe$\"'
 !define MUI_FINISHPAGE_RUN_TEXT "Start ${PRODUCT}"
 !insertmacro MUI_PAGE_COMPONENTS
+!define MUI_PAGE_CUSTOMFUNCTION_PRE SkipWhenUpgrading
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
@@ -54,16 +56,29 @@ VIAddVersionKey LegalCopyright "All rights reserved."
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
 
-; Asks a running console to close, which asks its user and closes by itself after five seconds, and waits until its file
-; is free. A user who wants to keep it is asked again; a silent run ends.
+Var upgrade
+
+Function SkipWhenUpgrading
+  ${If} $upgrade = 1
+    Abort
+  ${EndIf}
+FunctionEnd
+
+; Asks a running console to close, which asks its user and closes by itself after five seconds, and waits until it has
+; ended. Another user's is seen by its file alone. A user who wants to keep the console is asked again; a silent run ends.
 !macro CLOSE_CONSOLE PREFIX
 Function ${PREFIX}CloseConsole
   ask:
+    StrCpy $3 0
     FindWindow $0 "${CONSOLE_CLASS}"
     ${If} $0 <> 0
-      System::Call 'user32::PostMessageW(p r0, i ${WM_CLOSE_MESSAGE}, p 0, p 0)'
+      System::Call 'user32::GetWindowThreadProcessId(p r0, *i .r1)'
+      System::Call 'kernel32::OpenProcess(i ${SYNCHRONIZE}, i 0, i r1) p .r2'
+      System::Call 'user32::PostMessageW(p r0, i ${WM_CLOSE}, p 0, p 0)'
+      System::Call 'kernel32::WaitForSingleObject(p r2, i 20000) i .r3'
+      System::Call 'kernel32::CloseHandle(p r2)'
     ${EndIf}
-    ${For} $1 1 60
+    ${If} $3 = 0
       ${IfNot} ${FileExists} "$INSTDIR\bin\VoltaroConsoleSE.exe"
         Return
       ${EndIf}
@@ -73,8 +88,7 @@ Function ${PREFIX}CloseConsole
         FileClose $2
         Return
       ${EndIf}
-      Sleep 250
-    ${Next}
+    ${EndIf}
     MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${PRODUCT} is running. Please close it and try again." /SD IDCANCEL IDRETRY ask
     SetErrorLevel ${STILL_RUNNING}
     Quit
@@ -107,8 +121,8 @@ Section "${PRODUCT}" Program
   ${EndIf}
   ReadRegStr $0 HKLM "${KEY}" "InstallPath"
   ${If} $0 != "$INSTDIR\"
+    WriteRegStr HKLM "${ENTRY}" "PathBefore" $0
     WriteRegStr HKLM "${KEY}" "InstallPath" "$INSTDIR\"
-    WriteRegDWORD HKLM "${ENTRY}" "MadePath" 1
   ${EndIf}
 
   SetOutPath "$INSTDIR\bin"
@@ -143,8 +157,12 @@ SectionEnd
 Function .onInit
   SetRegView 64
   SetShellVarContext all
-  ; An installation that is there is upgraded in its place, with the choice made then.
-  ${If} $INSTDIR == ""
+  ; A console that is there is upgraded in its place, with the choice made then; a new one goes to the agent.
+  ReadRegStr $0 HKLM "${ENTRY}" "InstallLocation"
+  ${If} $0 != ""
+    StrCpy $INSTDIR $0
+    StrCpy $upgrade 1
+  ${ElseIf} $INSTDIR == ""
     ReadRegStr $INSTDIR HKLM "${KEY}" "InstallPath"
     ${GetParent} "$INSTDIR-" $INSTDIR ; without the closing backslash
   ${EndIf}
@@ -172,11 +190,14 @@ Section Uninstall
   ${If} $0 = 1
     Delete "$INSTDIR\conf\hconfig.xml"
   ${EndIf}
-  ReadRegDWORD $0 HKLM "${ENTRY}" "MadePath"
-  ReadRegStr $1 HKLM "${KEY}" "InstallPath"
-  ${If} $0 = 1
-  ${AndIf} $1 == "$INSTDIR\"
-    DeleteRegValue HKLM "${KEY}" "InstallPath"
+  ClearErrors
+  ReadRegStr $0 HKLM "${ENTRY}" "PathBefore"
+  ${IfNot} ${Errors}
+    ${If} $0 == ""
+      DeleteRegValue HKLM "${KEY}" "InstallPath"
+    ${Else}
+      WriteRegStr HKLM "${KEY}" "InstallPath" $0
+    ${EndIf}
     DeleteRegKey /ifempty HKLM "${KEY}"
     DeleteRegKey /ifempty HKLM "${MAKER_KEY}"
   ${EndIf}

@@ -54,7 +54,9 @@ check_port() {
 # Makes a Wine prefix of its own below build/, once. With "desktop" every program gets a desktop with captions and a
 # task bar; without it windows stand on the display as they are.
 use_wine() {
-    export WINEPREFIX=$build/$1 WINEDEBUG=-all WINEDLLOVERRIDES=mscoree=,mshtml=
+    export WINEPREFIX=$build/$1 WINEDEBUG=-all
+    # No menu entries on this machine for what is installed in the prefix.
+    export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
     [ -f "$WINEPREFIX/ready" ] && return
     echo "Making a Wine prefix"
     wine wineboot --init >/dev/null 2>&1 || fail "Wine could not make its prefix $WINEPREFIX."
