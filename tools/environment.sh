@@ -89,10 +89,12 @@ use_virtual_display() {
     export DISPLAY
 }
 
-# Builds for Windows; build/build.log keeps what was said.
-build_windows() {
+# build_preset PRESET [OPTION]...: builds with a preset; build/build.log keeps what was said.
+build_preset() {
     mkdir -p "$build"
-    { cmake --preset windows -S "$root" >/dev/null && cmake --build "$build/windows" --parallel "$(nproc)" "$@"; } 2>&1 |
+    { cmake --preset "$1" -S "$root" >/dev/null && cmake --build "$build/$1" --parallel "$(nproc)" "${@:2}"; } 2>&1 |
         tee "$build/build.log" ||
         fail "The build failed: $(grep -m 1 -iE 'error|no space' "$build/build.log" || tail -n 1 "$build/build.log") (build/build.log)"
 }
+build_windows() { build_preset windows "$@"; }
+build_native() { build_preset native "$@"; }
