@@ -94,7 +94,7 @@ build_preset() {
     mkdir -p "$build"
     { cmake --preset "$1" -S "$root" >/dev/null && cmake --build "$build/$1" --parallel "$(nproc)" "${@:2}"; } 2>&1 |
         tee "$build/build.log" ||
-        fail "The build failed: $(grep -m 1 -iE 'error|no space' "$build/build.log" || tail -n 1 "$build/build.log") (build/build.log)"
+        fail "The build failed: $(grep -m 1 -iE ': (fatal )?error|^(cmake )?error|: undefined|no space' "$build/build.log" || tail -n 1 "$build/build.log") (build/build.log)"
 }
 build_windows() { build_preset windows "$@"; }
 build_native() { build_preset native "$@"; }
