@@ -41,6 +41,7 @@ VIAddVersionKey LegalCopyright "All rights reserved."
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${SOURCES}/side.bmp"
 !define MUI_ABORTWARNING
 !define MUI_COMPONENTSPAGE_NODESC
 ; The explorer starts the console without the installer's rights.
