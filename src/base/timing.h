@@ -14,7 +14,8 @@ struct Timing {
     std::uint32_t pollerSecondRetry = 60'000;
     std::uint32_t selfClosingBox = 5'000;
     std::uint32_t updateBarStep = 250;
-    std::uint32_t workerFollow = 150; // how long a worker that waits may take to follow the close message
+    std::uint32_t trayRetry = 2'000; // until an icon that could not be added is tried again
+    std::uint32_t workerEnd = 5'000; // how long a worker may take to end; it is not forced to
 };
 inline Timing timing;
 

@@ -38,7 +38,7 @@ bool ReadActivationStatus()
 {
     Reply reply = Send(Plain(Operation::GetActivationStatus));
     if (!reply.Answered())
-        return false;
+        return !reply.Lost();
     state.activationStatus = reply.Status();
     if (mainView.repaint)
         mainView.repaint();
@@ -69,8 +69,7 @@ bool IsLicenceRefusal(HWND owner, const wchar_t* caption, std::wstring_view stat
 
 std::wstring HostName()
 {
-    return agentAddress.wideHost == L"127.0.0.1" ? std::wstring(L"Localhost")
-                                                 : std::wstring(agentAddress.wideHost.view());
+    return L"Localhost";
 }
 
 } // namespace voltaro

@@ -20,14 +20,14 @@ void ShowLoss()
 {
     if (mainView.showAgentLost)
         mainView.showAgentLost();
-    Tell(WindowOf(WindowId::Main), kLost);
+    Tell(WindowOf(WindowId::Main), kLost); // mostly hidden in the tray: the box then stands by itself, in front
 }
 
 } // namespace
 
 void OnAgentLost()
 {
-    if (!state.connected.TakeDown())
+    if (!state.connected.TestAndClear())
         return;
     state.detailsAnswered = false;
     if (OnUiThread())

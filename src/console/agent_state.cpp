@@ -15,7 +15,7 @@ bool ReadWith(Operation operation, Apply apply)
     Reply reply = Send(Plain(operation));
     if (const Element* root = reply.Root())
         OnUi([&] { apply(*root); });
-    return reply.Answered();
+    return !reply.Lost();
 }
 
 template <class Record>
@@ -32,6 +32,8 @@ bool ReadBatteryWith(Operation operation)
         state.lastBatteryStatus = state.battery.Status();
         state.noBattery = IsWord(state.battery.Status(), kNoBattery);
         state.lastBatteryCharge = state.battery.Charge();
+        if (mainView.showCharge)
+            mainView.showCharge();
         if (changed && mainView.repaint)
             mainView.repaint();
     });
@@ -59,8 +61,8 @@ bool ReadCurrentPowerSettings()
         if (const auto settings = ReadRecord<PowerSchemeSettings>(root)) {
             state.currentScheme = *settings;
             ++state.currentSchemeReads;
-            if (mainView.normalControls)
-                mainView.normalControls();
+            if (mainView.selectCurrentScheme)
+                mainView.selectCurrentScheme();
         }
     });
 }

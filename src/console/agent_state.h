@@ -7,12 +7,11 @@ namespace voltaro {
 
 // Reads of the agent's state that more than one window or worker makes. Each sends its request, and on an answer puts
 // what it holds into the process-wide state, on the user-interface thread, whatever thread it was called on. An answer
-// that cannot be read empties nothing. The result only says whether the agent answered; what to do when it did not is
-// the caller's.
+// that cannot be read empties nothing. False only when the agent is lost; what to do then is the caller's.
 bool ReadPowerSchemes(); // names, in the order received; also fills the main window's scheme list
 bool ReadPolicies();
 bool ReadCurrentPowerSettings(); // also selects the scheme in the main window's list
-bool ReadBatteryInfo();          // remembers the texts; repaints the main window when the status text changed
+bool ReadBatteryInfo();          // shows the charge; repaints the main window when the status text changed
 bool ReadBatteryInfoInWindow();  // the same for the battery window's own refresh, through its own member
 bool ReadHostSettings();
 bool ReadProxySettings();

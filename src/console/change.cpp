@@ -11,9 +11,9 @@ std::optional<std::wstring> AnswerToChange(HWND owner, const wchar_t* caption, c
     std::wstring status;
     {
         Reply reply = SendOrLose(request);
-        if (reply.Sent() && !reply.Answered())
+        if (reply.Lost() || reply.Result() == Outcome::Ending)
             return std::nullopt;
-        status = reply.Status();
+        status = reply.Result() == Outcome::NotSent ? kFailure : reply.Status();
     }
     return IsLicenceRefusal(owner, caption, status) ? std::nullopt : std::optional(status);
 }

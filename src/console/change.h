@@ -9,8 +9,8 @@
 namespace voltaro {
 
 // The road of one change: the activation gate, the request, and the answer's licence words, whose boxes carry
-// `caption`. Gives the status word, empty when the answer has none or cannot be read or the change could not even be
-// sent; nothing when it was refused or the agent is lost, which the user has been told.
+// `caption`. Gives the status word, empty when the answer has none or cannot be read, "Failure" when the change could
+// not even be sent; nothing when it was refused or the agent is lost, which the user has been told.
 [[nodiscard]] std::optional<std::wstring> AnswerToChange(HWND owner, const wchar_t* caption, const Request& request);
 
 } // namespace voltaro

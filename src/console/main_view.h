@@ -6,10 +6,13 @@ namespace voltaro {
 struct MainView {
     // Idle view, the items that a lost agent greys, an empty savings list.
     void (*showAgentLost)() = nullptr;
-    // The scheme list from the state's names, the current scheme selected; "Set" hidden and "Change" shown.
+    // The scheme list from the state's names, the current scheme selected.
     void (*showSchemes)() = nullptr;
-    void (*normalControls)() = nullptr;
-    // The licence's menu item; and only when the console is ready its picture, the indicators and the host line.
+    // Selects the current scheme in that list; a choice that the user has begun keeps its buttons.
+    void (*selectCurrentScheme)() = nullptr;
+    // The charge beside the battery.
+    void (*showCharge)() = nullptr;
+    // The licence's picture, the indicators and the host line, only when the console is ready.
     void (*repaint)() = nullptr;
 };
 inline MainView mainView;

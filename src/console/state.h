@@ -58,14 +58,11 @@ public:
         return *this;
     }
     // Clears the flag; true for the one caller that found it set.
-    bool TakeDown() { return m_value.exchange(0) != 0; }
+    bool TestAndClear() { return m_value.exchange(0) != 0; }
 
 private:
     std::atomic<std::uint8_t> m_value{0};
 };
-
-// What a window asks the refresh worker for.
-enum class RefreshKind : std::int32_t { None = 0, SystemDetails = 1, PowerData = 2 };
 
 // The state of the process. The records are written on the user-interface thread alone: workers hand over what they
 // read (console/ui_calls.h).
@@ -76,18 +73,14 @@ struct ConsoleState {
     FixedText<512> binDirectory;   // 1,024 bytes
     FixedText<100> versionCaption; // for the about and update windows
     FixedText<100> trayTooltip;
-    FixedText<10> secondHostText; // what the host configuration holds beside the port
 
     SharedFlag connected;          // a complete load has run and nothing was lost since
-    SharedFlag consoleReady;       // no connection check is running; others repaint only then
     SharedFlag trayRestoreAllowed; // set for good by the first complete load
     SharedFlag detailsAnswered;    // the agent answered, the load may not have finished
     SharedFlag notPaused;
     SharedFlag noBattery; // the agent said that the machine has none
     SharedFlag updateBusy;
-    std::atomic<RefreshKind> refreshKind{RefreshKind::None};
     std::atomic<std::int32_t> busyAnimation{0};
-    HANDLE refreshEvent = nullptr; // borrowed from the workers
 
     SystemDetails details;
     BatteryInfo battery;

@@ -3,34 +3,54 @@
 #include "console/state.h"
 #include "ui/ui_thread.h"
 
-#include <memory>
+#include <mutex>
+#include <utility>
+#include <vector>
 
 namespace voltaro {
+namespace {
+
+std::mutex mutex;
+std::vector<std::function<void()>> postedWork; // what was posted and has not run
+
+} // namespace
 
 void OnUi(const std::function<void()>& work)
 {
     if (OnUiThread())
         work();
-    else
+    else if (!WaitsEnded())
         SendMessageW(WindowOf(WindowId::Main), kRunOnUiMessage, 0, reinterpret_cast<LPARAM>(&work));
 }
 
 void PostOnUi(std::function<void()> work)
 {
-    auto owned = std::make_unique<std::function<void()>>(std::move(work));
-    if (PostMessageW(WindowOf(WindowId::Main), kPostedOnUiMessage, 0, reinterpret_cast<LPARAM>(owned.get())))
-        static_cast<void>(owned.release()); // RunPostedWork owns it now
+    if (WaitsEnded())
+        return;
+    {
+        const std::lock_guard lock(mutex);
+        postedWork.push_back(std::move(work));
+    }
+    PostMessageW(WindowOf(WindowId::Main), kPostedOnUiMessage, 0, 0);
 }
 
 void RunSentWork(LPARAM l)
 {
-    (*reinterpret_cast<const std::function<void()>*>(l))();
+    if (!WaitsEnded())
+        (*reinterpret_cast<const std::function<void()>*>(l))();
 }
 
-void RunPostedWork(LPARAM l)
+void RunPostedWork()
 {
-    const std::unique_ptr<std::function<void()>> work(reinterpret_cast<std::function<void()>*>(l));
-    (*work)();
+    std::vector<std::function<void()>> works;
+    {
+        const std::lock_guard lock(mutex);
+        works.swap(postedWork);
+    }
+    for (const std::function<void()>& work : works) {
+        if (!WaitsEnded())
+            work();
+    }
 }
 
 } // namespace voltaro

@@ -1,15 +1,15 @@
 #include "link/exchange.h"
 
-#include "base/windows_api.h"
+#include "base/handles.h"
+#include "base/waiting.h"
 #include "link/document.h"
 #include "link/error_log.h"
 #include "link/host_config.h"
 #include "link/transport.h"
-#include "ui/liveness.h"
-#include "ui/ui_thread.h"
 
 #include <array>
 #include <atomic>
+#include <mutex>
 #include <utility>
 
 namespace voltaro {
@@ -17,6 +17,8 @@ namespace {
 
 // What an operation owns. The request buffer has a fixed size, made at the first use.
 struct OperationBuffers {
+    std::once_flag once;
+    UniqueHandle released;        // auto-reset; signalled while no thread holds the operation
     std::atomic<DWORD> holder{0}; // thread id, 0 for none
     std::vector<wchar_t> request;
     std::wstring response;
@@ -29,24 +31,25 @@ OperationBuffers& BuffersOf(Operation operation)
     return buffers[static_cast<std::size_t>(operation)];
 }
 
-constexpr unsigned kHoldPollMs = 5;
-
-// False when this thread holds the operation already, or the program is ending.
-bool Hold(Operation operation)
+// Waits until no other thread holds the operation. NotSent when this thread does; Answered when it is held now.
+Outcome Hold(Operation operation)
 {
-    std::atomic<DWORD>& holder = BuffersOf(operation).holder;
+    OperationBuffers& own = BuffersOf(operation);
+    std::call_once(own.once, [&] { own.released = UniqueHandle(CreateEventW(nullptr, FALSE, TRUE, nullptr)); });
     const DWORD self = GetCurrentThreadId();
-    DWORD expected = 0;
-    while (!holder.compare_exchange_strong(expected, self)) {
-        if (expected == self)
-            return false;
-        if (!OnUiThread())
-            Sleep(kHoldPollMs);
-        else if (WaitsEnded() || !WaitAlive(kHoldPollMs, WaitsEnded))
-            return false;
-        expected = 0;
-    }
-    return true;
+    if (own.holder == self || !own.released)
+        return Outcome::NotSent;
+    if (threadWait(own.released.Get(), INFINITE) != Waited::Signalled)
+        return Outcome::Ending;
+    own.holder = self;
+    return Outcome::Answered;
+}
+
+void ReleaseOperation(Operation operation)
+{
+    OperationBuffers& own = BuffersOf(operation);
+    own.holder = 0;
+    SetEvent(own.released.Get());
 }
 
 // Builds the document; the request buffer keeps its old text when that fails.
@@ -73,15 +76,17 @@ bool Build(const Request& request)
 
 Reply::Reply(Operation operation)
     : m_operation(operation)
-    , m_held(Hold(operation))
+    , m_outcome(Hold(operation))
+    , m_held(m_outcome == Outcome::Answered)
 {
+    if (m_held)
+        m_outcome = Outcome::NotSent; // so far
 }
 
 Reply::Reply(Reply&& other) noexcept
     : m_operation(other.m_operation)
+    , m_outcome(std::exchange(other.m_outcome, Outcome::NotSent))
     , m_held(std::exchange(other.m_held, false))
-    , m_sent(other.m_sent)
-    , m_answered(std::exchange(other.m_answered, false))
     , m_parsed(other.m_parsed)
     , m_root(std::move(other.m_root))
 {
@@ -89,13 +94,20 @@ Reply::Reply(Reply&& other) noexcept
 
 Reply::~Reply()
 {
-    LetGo();
+    Release();
 }
 
-void Reply::LetGo()
+void Reply::Release()
 {
     if (std::exchange(m_held, false))
-        BuffersOf(m_operation).holder = 0;
+        ReleaseOperation(m_operation);
+}
+
+bool Reply::Answered() const
+{
+    return m_outcome == Outcome::Answered
+        || (m_outcome == Outcome::Exception
+            && RowOf(RowOf(m_operation).member).difference == Difference::ExceptionBoxThenTrue);
 }
 
 void Reply::Send()
@@ -104,15 +116,14 @@ void Reply::Send()
     const OperationRow& row = RowOf(m_operation);
     own.response.clear();
     const wchar_t* request = own.request.empty() ? L"" : own.request.data();
-    m_sent = true;
-    m_answered = ServiceRequest(row.member, request, own.response, agentAddress.host, servicePort);
+    m_outcome = ServiceRequest(row.member, request, own.response, servicePort);
     if (row.secret && !own.request.empty())
         SecureZeroMemory(own.request.data(), own.request.size() * sizeof(wchar_t));
 }
 
 const Element* Reply::Root()
 {
-    if (m_answered && !std::exchange(m_parsed, true))
+    if (Answered() && m_held && !std::exchange(m_parsed, true))
         m_root = ParseAnswer(Text().c_str());
     return m_root ? &*m_root : nullptr;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/operations.h"
+#include "link/outcome.h"
 #include "link/replies.h"
 #include "link/requests.h"
 
@@ -8,12 +10,8 @@
 
 namespace voltaro {
 
-// The agent's address; both forms hold "127.0.0.1".
-struct AgentAddress {
-    FixedText<50> wideHost{L"127.0.0.1"};
-    char host[32] = "127.0.0.1";
-};
-inline AgentAddress agentAddress;
+// The agent is on this machine, always.
+inline constexpr const wchar_t* kAgentHost = L"127.0.0.1";
 
 // The answer to one request. While it lives it holds its operation: another thread that sends the same operation waits
 // until it is gone, so that no two share the operation's buffers. Move-only.
@@ -24,10 +22,11 @@ public:
     Reply(const Reply&) = delete;
     ~Reply();
 
-    // True when a whole answer came, whatever it says.
-    [[nodiscard]] bool Answered() const { return m_answered; }
-    // False when the request could not be made, or its operation not be held: that says nothing about the agent.
-    [[nodiscard]] bool Sent() const { return m_sent; }
+    // What became of the exchange; Answered and Lost are asked of it, and are both false when nothing was sent.
+    [[nodiscard]] Outcome Result() const { return m_outcome; }
+    [[nodiscard]] bool Answered() const;
+    [[nodiscard]] bool Lost() const { return !Answered() && IsLost(m_outcome); }
+    [[nodiscard]] Operation Asked() const { return m_operation; }
     // The answer as a tree, parsed at the first call; null when it is not well-formed or did not come.
     [[nodiscard]] const Element* Root();
     // The first child's text of the first `response`; empty when there is none.
@@ -38,8 +37,8 @@ public:
     {
         return Root() ? ReadRecord<Record>(*Root()) : std::nullopt;
     }
-    // Lets the operation go before the reply's own end; Text() is no more to be asked for.
-    void LetGo();
+    // Releases the operation before the reply's own end; Text() is no more to be asked for.
+    void Release();
     // The answer's own text.
     [[nodiscard]] const std::wstring& Text() const;
 
@@ -50,15 +49,14 @@ private:
     void Send();
 
     Operation m_operation;
+    Outcome m_outcome;
     bool m_held;
-    bool m_sent = false;
-    bool m_answered = false;
     bool m_parsed = false;
     std::optional<Element> m_root;
 };
 
 // Builds the request's document into the operation's buffer, sends it and keeps the answer. A request that cannot be
-// built, or an operation entered again by the thread that holds it, counts as not answered.
+// built, and an operation entered again by the thread that holds it, are NotSent.
 [[nodiscard]] Reply Exchange(const Request& request);
 
 // Builds a request once for later use; ExchangePrepared sends it as it stands, identifier included.

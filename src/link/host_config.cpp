@@ -7,14 +7,12 @@
 #include "link/document.h"
 #include "link/error_log.h"
 #include "link/replies.h"
-#include "ui/boxes.h"
 
 #include <vector>
 
 namespace voltaro {
 namespace {
 
-constexpr Box kNoDirectory = {L"Error!", L"Could not read Environment variable 'VOLTARO_HOME' !"};
 constexpr const char* kModule = "TcpPortGetter";
 constexpr std::size_t kPathUnits = 257;
 
@@ -37,19 +35,8 @@ bool IsRefused(const std::wstring& path)
     return bytes.size() == kMaxFileBytes || DeclaresDocumentType(bytes);
 }
 
-} // namespace
-
-std::wstring HostConfigPath(const char* installDirectory)
+void ReadTexts(const std::wstring& path, HostConfigText& port, HostConfigText& second)
 {
-    return std::wstring(FixedText<kPathUnits>(Widened(installDirectory) + L"conf\\hconfig.xml").view());
-}
-
-void TcpPortGetter(HostConfigText& port, HostConfigText& second)
-{
-    InstallDirectory directory{};
-    if (!ReadInstallPath(directory))
-        Tell(nullptr, kNoDirectory);
-    const std::wstring path = HostConfigPath(directory.data());
     if (IsRefused(path)) {
         LogFailure(kModule, __LINE__, "dom->load():", E_FAIL,
             "a host configuration with a document type, or far too large, is refused");
@@ -63,6 +50,21 @@ void TcpPortGetter(HostConfigText& port, HostConfigText& second)
         port = settings[kPortPosition]->text;
     if (settings.size() > kSecondPosition)
         second = settings[kSecondPosition]->text;
+}
+
+} // namespace
+
+std::wstring HostConfigPath(const char* installDirectory)
+{
+    return std::wstring(FixedText<kPathUnits>(Widened(installDirectory) + L"conf\\hconfig.xml").view());
+}
+
+bool TcpPortGetter(HostConfigText& port, HostConfigText& second)
+{
+    InstallDirectory directory{};
+    const bool found = ReadInstallPath(directory);
+    ReadTexts(HostConfigPath(directory.data()), port, second);
+    return found;
 }
 
 } // namespace voltaro

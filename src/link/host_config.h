@@ -12,10 +12,10 @@ using HostConfigText = FixedText<10>;
 // port there it becomes 0, with no fall-back (meant).
 inline int servicePort = 4916;
 
-// Reads the agent's host configuration: the port and a second text, chosen by position. Without an installation
-// directory the user is told, and the reading goes on with an empty one. Every other failure is only logged and leaves
-// both texts as they were.
-void TcpPortGetter(HostConfigText& port, HostConfigText& second);
+// Reads the agent's host configuration: the port and a second text, chosen by position. False when the installation
+// directory could not be read; the reading then went on with an empty one. Every other failure is only logged and
+// leaves both texts as they were.
+[[nodiscard]] bool TcpPortGetter(HostConfigText& port, HostConfigText& second);
 
 // The configuration file below an installation directory (8-bit, ending in a separator), cut to 256 units.
 [[nodiscard]] std::wstring HostConfigPath(const char* installDirectory);

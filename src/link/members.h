@@ -50,15 +50,15 @@ enum class Member : std::uint8_t {
 enum class SendKind : std::uint8_t { Heap, Fixed };
 inline constexpr std::size_t kFixedSendBytes = 1024;
 
-// What sets a member apart from the common procedure.
-enum Difference : std::uint8_t {
-    kNoDifference = 0,
-    kNoOptionCall = 1,           // leaves out the socket option call
-    kStartupBox = 2,             // says so when the socket library does not start
-    kConnectBox = 4,             // says so when the agent refuses the connection
-    kClosedBox = 8,              // says so when the agent closes before the last piece
-    kExceptionBoxThenTrue = 16,  // an escaped exception shows a box and the exchange counts as done
-    kExceptionBoxThenFalse = 32, // the same box, but the exchange fails
+// What sets a member apart from the common procedure. The boxes are shown by the console once the exchange has ended.
+enum class Difference : std::uint8_t {
+    None,
+    NoOptionCall,          // leaves out the socket option call
+    StartupBox,            // a box when the socket library does not start
+    ConnectBox,            // a box when the connection cannot be made
+    ClosedBox,             // a box when the agent closes before the last piece
+    ExceptionBoxThenTrue,  // a box after an escaped exception, and the exchange counts as answered
+    ExceptionBoxThenFalse, // the same box, and the exchange has failed
 };
 
 // One member. `capacity`: the largest answer frame in bytes; the first receive asks for half of it. `seconds`: how long
@@ -68,45 +68,45 @@ struct MemberRow {
     std::size_t capacity;
     int seconds;
     SendKind send;
-    std::uint8_t differences;
+    Difference difference;
 };
 
 // clang-format off
 inline constexpr MemberRow kMembers[] = {
-    {Member::DeviceControl,            3'000,  60, SendKind::Heap,  kExceptionBoxThenTrue},
-    {Member::SchedulerJobs,           90'000,  60, SendKind::Heap,  kExceptionBoxThenFalse},
-    {Member::ActivateLicense,          1'000, 120, SendKind::Heap,  kStartupBox},
-    {Member::ActivationBeforeUpdate,   1'000, 120, SendKind::Heap,  kStartupBox},
-    {Member::CheckForUpdates,            700, 120, SendKind::Fixed, kNoDifference},
-    {Member::ApplyScheme,                700,  60, SendKind::Heap,  kNoDifference},
-    {Member::QueryPolicy,            300'000,  60, SendKind::Heap,  kNoDifference},
-    {Member::BatteryInfo,              3'000,  20, SendKind::Fixed, kStartupBox},
-    {Member::HostSettings,             6'096,  60, SendKind::Fixed, kNoDifference},
-    {Member::ConsumptionData,          4'096,  60, SendKind::Fixed, kNoDifference},
-    {Member::Policies,                 4'000,  60, SendKind::Fixed, kNoOptionCall},
-    {Member::ProxySettings,            4'096,  60, SendKind::Fixed, kNoDifference},
-    {Member::PowerSchemes,             4'000,  60, SendKind::Fixed, kNoOptionCall},
-    {Member::CurrentSettings,          4'096,  60, SendKind::Fixed, kNoDifference},
-    {Member::SnoozeSettings,           4'096,  60, SendKind::Fixed, kNoDifference},
-    {Member::Delete,                     700,  60, SendKind::Heap,  kNoDifference},
-    {Member::Events,                 200'000,  60, SendKind::Heap,  kNoDifference},
-    {Member::ProductInfo,              2'048,  60, SendKind::Fixed, kNoDifference},
-    {Member::LicenseInfo,              8'192,  60, SendKind::Fixed, kStartupBox},
-    {Member::PowerActions,             3'072,  60, SendKind::Heap,  kNoDifference},
-    {Member::PatchDetails,               700,  60, SendKind::Fixed, kNoDifference},
-    {Member::MainWindowActions,          700,  60, SendKind::Heap,  kNoDifference},
-    {Member::BatteryWindow,              700,  10, SendKind::Heap,  kClosedBox},
-    {Member::QueryScheme,              4'096,  60, SendKind::Heap,  kNoDifference},
-    {Member::SavingsTotal,             1'224,  60, SendKind::Fixed, kConnectBox},
-    {Member::SavePolicy,                 700,  60, SendKind::Heap,  kNoDifference},
-    {Member::ApplyHost,                6'096,  60, SendKind::Heap,  kNoDifference},
-    {Member::ApplyConsumption,           700,  60, SendKind::Heap,  kNoDifference},
-    {Member::CreateScheme,               700,  60, SendKind::Heap,  kNoDifference},
-    {Member::SaveScheme,                 700,  60, SendKind::Heap,  kNoDifference},
-    {Member::ApplyProxy,                 700,  60, SendKind::Heap,  kNoDifference},
-    {Member::ApplySnooze,                700,  60, SendKind::Heap,  kNoDifference},
-    {Member::SystemDetails,          284'000,  60, SendKind::Fixed, kNoDifference},
-    {Member::StatusCheck,              1'000,  10, SendKind::Fixed, kNoDifference},
+    {Member::DeviceControl,            3'000,  60, SendKind::Heap,  Difference::ExceptionBoxThenTrue},
+    {Member::SchedulerJobs,           90'000,  60, SendKind::Heap,  Difference::ExceptionBoxThenFalse},
+    {Member::ActivateLicense,          1'000, 120, SendKind::Heap,  Difference::StartupBox},
+    {Member::ActivationBeforeUpdate,   1'000, 120, SendKind::Heap,  Difference::StartupBox},
+    {Member::CheckForUpdates,            700, 120, SendKind::Fixed, Difference::None},
+    {Member::ApplyScheme,                700,  60, SendKind::Heap,  Difference::None},
+    {Member::QueryPolicy,            300'000,  60, SendKind::Heap,  Difference::None},
+    {Member::BatteryInfo,              3'000,  20, SendKind::Fixed, Difference::StartupBox},
+    {Member::HostSettings,             6'096,  60, SendKind::Fixed, Difference::None},
+    {Member::ConsumptionData,          4'096,  60, SendKind::Fixed, Difference::None},
+    {Member::Policies,                 4'000,  60, SendKind::Fixed, Difference::NoOptionCall},
+    {Member::ProxySettings,            4'096,  60, SendKind::Fixed, Difference::None},
+    {Member::PowerSchemes,             4'000,  60, SendKind::Fixed, Difference::NoOptionCall},
+    {Member::CurrentSettings,          4'096,  60, SendKind::Fixed, Difference::None},
+    {Member::SnoozeSettings,           4'096,  60, SendKind::Fixed, Difference::None},
+    {Member::Delete,                     700,  60, SendKind::Heap,  Difference::None},
+    {Member::Events,                 200'000,  60, SendKind::Heap,  Difference::None},
+    {Member::ProductInfo,              2'048,  60, SendKind::Fixed, Difference::None},
+    {Member::LicenseInfo,              8'192,  60, SendKind::Fixed, Difference::StartupBox},
+    {Member::PowerActions,             3'072,  60, SendKind::Heap,  Difference::None},
+    {Member::PatchDetails,               700,  60, SendKind::Fixed, Difference::None},
+    {Member::MainWindowActions,          700,  60, SendKind::Heap,  Difference::None},
+    {Member::BatteryWindow,              700,  10, SendKind::Heap,  Difference::ClosedBox},
+    {Member::QueryScheme,              4'096,  60, SendKind::Heap,  Difference::None},
+    {Member::SavingsTotal,             1'224,  60, SendKind::Fixed, Difference::ConnectBox},
+    {Member::SavePolicy,                 700,  60, SendKind::Heap,  Difference::None},
+    {Member::ApplyHost,                6'096,  60, SendKind::Heap,  Difference::None},
+    {Member::ApplyConsumption,           700,  60, SendKind::Heap,  Difference::None},
+    {Member::CreateScheme,               700,  60, SendKind::Heap,  Difference::None},
+    {Member::SaveScheme,                 700,  60, SendKind::Heap,  Difference::None},
+    {Member::ApplyProxy,                 700,  60, SendKind::Heap,  Difference::None},
+    {Member::ApplySnooze,                700,  60, SendKind::Heap,  Difference::None},
+    {Member::SystemDetails,          284'000,  60, SendKind::Fixed, Difference::None},
+    {Member::StatusCheck,              1'000,  10, SendKind::Fixed, Difference::None},
 };
 // clang-format on
 

@@ -1,17 +1,16 @@
 #pragma once
 
 #include "link/members.h"
+#include "link/outcome.h"
 
 #include <string>
 
 namespace voltaro {
 
-// One exchange with the agent: one request text out, one answer text in, over a connection of its own. Blocks its
-// caller until the answer is there or the connection fails, or until the connection or the answer's first data took
-// longer than the member's time-out; later data may take as long as it likes. On the user-interface thread painting and
-// sent messages are served meanwhile. `host` is an 8-bit dotted address. True when a whole answer was received into
-// `response`.
-[[nodiscard]] bool ServiceRequest(
-    Member member, const wchar_t* request, std::wstring& response, const char* host, int port);
+// One exchange with the agent on this machine: one request text out, one answer text in, over a connection of its own.
+// Waits by the calling thread's own wait (base/waiting.h) until the answer is there or the connection fails, or until
+// the connection or the answer's first data took longer than the member's time-out; later data may take as long as it
+// likes. `response` gets the answer's text, and stays empty unless it came whole.
+[[nodiscard]] Outcome ServiceRequest(Member member, const wchar_t* request, std::wstring& response, int port);
 
 } // namespace voltaro

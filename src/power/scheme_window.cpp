@@ -16,12 +16,12 @@
 #include "power/scheme_reading.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
-#include "ui/liveness.h"
 #include "ui/menus.h"
 #include "ui/navigation.h"
 #include "ui/refusals.h"
 #include "ui/tabs.h"
 #include "ui/theme.h"
+#include "ui/waiting.h"
 #include "ui/window_class.h"
 
 namespace voltaro {
@@ -230,7 +230,7 @@ void OnRefresh(HWND window)
     editor.isNew = false;
     AnnounceCurrentRead();
     ShowMode(window);
-    RequestBackgroundRefresh(RefreshKind::PowerData);
+    RequestBackgroundRefresh(kRefreshPowerData);
 }
 
 void OnHelp(HWND window)

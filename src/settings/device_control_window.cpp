@@ -86,7 +86,7 @@ LRESULT CALLBACK DeviceControlWindowProc(HWND window, UINT message, WPARAM w, LP
 void OpenDeviceControlWindow(HWND)
 {
     const HWND window = WindowOf(WindowId::DeviceControl);
-    SetText(window, kHost, agentAddress.wideHost);
+    SetText(window, kHost, kAgentHost);
     OpenRecord<&kForm>(window);
 }
 

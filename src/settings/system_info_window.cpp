@@ -4,6 +4,7 @@
 
 #include "console/agent_lost.h"
 #include "console/background_refresh.h"
+#include "console/main_hold.h"
 #include "console/ui_calls.h"
 #include "resources/resource_ids.h"
 #include "settings/form_window.h"
@@ -51,7 +52,7 @@ void OnRefresh(HWND)
     if (busy || !state.connected)
         return;
     SetBusy(true);
-    RequestBackgroundRefresh(RefreshKind::SystemDetails);
+    RequestBackgroundRefresh(kRefreshSystemDetails);
 }
 
 void OnCopyAll(HWND window)
@@ -63,11 +64,9 @@ void OnClose(HWND window)
 {
     if (!IsWindowVisible(window))
         return;
-    const HWND main = WindowOf(WindowId::Main);
-    // First, else another program's window would come to the front; not ready means that somebody else holds it.
-    EnableWindow(main, state.consoleReady);
+    ReleaseMainWindow(HoldReason::SystemInfo); // first, else another program's window would come to the front
     HideForm(window);
-    SetForegroundWindow(main);
+    SetForegroundWindow(FrontWindow());
 }
 
 constexpr Command kCommands[] = {
@@ -104,7 +103,7 @@ LRESULT CALLBACK SystemInfoWindowProc(HWND window, UINT message, WPARAM w, LPARA
     return AnswerFromTables(kTables, window, message, w, l);
 }
 
-void OpenSystemInfoWindow(HWND main)
+void OpenSystemInfoWindow(HWND)
 {
     const HWND tab = ControlOf(Window(), kTab);
     if (TabCtrl_GetItemCount(tab) == 0)
@@ -112,7 +111,7 @@ void OpenSystemInfoWindow(HWND main)
     TurnTo(tab, 0);
     SetBusy(false);
     BringUp(Window());
-    EnableWindow(main, FALSE);
+    HoldMainWindow(HoldReason::SystemInfo, Window());
 }
 
 void FillSystemInfo()

@@ -131,7 +131,7 @@ void OnInit(HWND window)
 
 void OnClose(HWND window)
 {
-    ReleaseConsole(window);
+    HideHolding(window, HoldReason::About);
     DestroyWindow(window);
 }
 
@@ -186,7 +186,7 @@ void OnAbout(HWND main)
         return;
     }
     Fill(window, answered);
-    HoldConsole(window);
+    ShowHolding(window, HoldReason::About);
     if (!answered)
         OnAgentLost();
 }

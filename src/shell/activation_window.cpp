@@ -104,7 +104,7 @@ bool ReadLicence()
     }
     SetText(Window(), kStateLine, Format(StateText(), HostName().c_str()));
     Reply reply = SendOrLose(Plain(Operation::GetLicenseInfo));
-    if (!reply.Answered())
+    if (reply.Lost())
         return false;
     ShowFields(reply.Root());
     return true;
@@ -149,9 +149,9 @@ void OnActivate(HWND window)
     std::wstring status;
     {
         Reply reply = SendOrLose(WithText(Operation::ActivateLicense, L"ActivationKey", key));
-        if (!reply.Answered())
+        if (reply.Lost())
             return;
-        status = reply.Status();
+        status = reply.Status(); // empty when it could not be sent: the activation has failed
     }
     Tell(window, BoxOf(status));
     if (IsWord(status, kSuccess))
@@ -161,11 +161,16 @@ void OnActivate(HWND window)
     Repaint(WindowOf(WindowId::Main)); // its licence picture, although the console is held
 }
 
+void OnClose(HWND window)
+{
+    HideHolding(window, HoldReason::Activation);
+}
+
 constexpr Command kCommands[] = {
     {kActivateButton, OnActivate},
-    {kCloseButton, ReleaseConsole},
+    {kCloseButton, OnClose},
     {IDOK, OnActivate},
-    {IDCANCEL, ReleaseConsole},
+    {IDCANCEL, OnClose},
 };
 
 } // namespace
@@ -175,7 +180,7 @@ void OpenActivationWindow(HWND)
     if (!ReadLicence())
         return;
     SetText(Window(), kKey, {});
-    HoldConsole(Window());
+    ShowHolding(Window(), HoldReason::Activation);
     FocusOn(Window(), kKey);
 }
 
@@ -187,7 +192,7 @@ LRESULT CALLBACK ActivationWindowProc(HWND window, UINT message, WPARAM w, LPARA
     switch (message) {
     case WM_CREATE: return OnCreate(window);
     case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
-    case WM_CLOSE: ReleaseConsole(window); return 0;
+    case WM_CLOSE: OnClose(window); return 0;
     default: return DefaultAnswer(window, message, w, l);
     }
 }

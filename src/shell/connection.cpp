@@ -3,6 +3,7 @@
 #include "base/timing.h"
 #include "console/activation.h"
 #include "console/agent_state.h"
+#include "console/main_hold.h"
 #include "settings/system_info_window.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
@@ -11,12 +12,9 @@
 #include "ui/boxes.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
-#include "ui/liveness.h"
 #include "ui/menus.h"
-#include "ui/ui_thread.h"
 #include "ui/window_class.h"
 
-#include <cstring>
 #include <iterator>
 #include <shlobj.h>
 
@@ -33,7 +31,6 @@ constexpr Box kNotResponding = {L"Connection Issue",
 constexpr Box kSchemesFailed = {L"Failed to communicate with Voltaro Agent", L"Voltaro Agent not responding"};
 
 constexpr int kConnectionTries = 3;
-constexpr const wchar_t* kLocalHost = L"127.0.0.1";
 
 constexpr const wchar_t* kSavingsRows[] = {L"Date (YYYY-MM-DD)", L"Power saved", L"Percentage power saved",
     L"Co2 emission saved", L"Power Consumption (After Savings)"};
@@ -67,9 +64,9 @@ bool LoadSystemDetails()
 {
     Reply reply = Send(Plain(Operation::GetSystemDetails));
     SetProgress(Main(), 20);
-    if (!reply.Answered())
+    state.detailsAnswered = reply.Answered();
+    if (!state.detailsAnswered)
         return false;
-    state.detailsAnswered = true;
     Repaint(Main());
     state.details.Read(reply.Root());
     FillSystemInfo();
@@ -90,8 +87,7 @@ void LoadSavingsTotal()
 
 void BecomeConnected()
 {
-    EnableWindow(Main(), TRUE);
-    state.consoleReady = true;
+    ReleaseMainWindow(HoldReason::Check);
     ShowWindow(Main(), SW_RESTORE);
     UpdateWindow(Main());
     if (IsUserAnAdmin())
@@ -111,8 +107,6 @@ void Quietly(bool) { }
 
 void CheckAgentConnection()
 {
-    agentAddress.wideHost = kLocalHost;
-    std::strcpy(agentAddress.host, "127.0.0.1");
     ShowBusyView(Main());
     SetProgress(Main(), 10);
     if (AgentAnswers()) {
@@ -135,6 +129,7 @@ void LoadConsoleData()
     EnableItem(MainMenuBar(), kBatteryInfo, !state.noBattery);
     if (!ReadPowerSchemes())
         Tell(Main(), kSchemesFailed);
+    ShowNormalControls(Main());
     Quietly(ReadPolicies());
     Quietly(ReadCurrentPowerSettings());
     Quietly(ReadHostSettings());
@@ -168,17 +163,16 @@ void RefreshConsoleData(HWND main)
 
 void RunCheck(HWND main)
 {
-    EnableWindow(main, FALSE);
-    state.consoleReady = false;
+    HoldMainWindow(HoldReason::Check, nullptr);
     CheckAgentConnection();
-    EnableWindow(main, TRUE);
-    state.consoleReady = true;
+    ReleaseMainWindow(HoldReason::Check);
     Repaint(main, true);
 }
 
 void OnReinitialize(HWND main)
 {
     state.connected = false;
+    state.detailsAnswered = false;
     Repaint(main);
     RunCheck(main);
     DrawMenuBar(main);

@@ -1,20 +1,16 @@
 #pragma once
 
-#include "base/windows_api.h"
+#include "console/main_hold.h"
 
 namespace voltaro {
 
-// The update, activation and about windows take the console for themselves: while one of them is open, the main window
-// is disabled and the console not ready. The tray menu stays usable, so they may also be open at the same time.
+// The update, activation and about windows hold the main window while they are open. The tray menu stays usable, so
+// they may also be open at the same time.
 
-// Shows the window and holds the main window, which returns to its normal controls.
-void HoldConsole(HWND window);
+// Shows the window and lets it hold the main window, which returns to its normal controls.
+void ShowHolding(HWND window, HoldReason reason);
 
-// Hides the window; after the last one the console is ready again, and the main window enabled and active unless the
-// system information is open.
-void ReleaseConsole(HWND window);
-
-// Ends every hold at once, without hiding anything.
-void ReleaseAllHolds();
+// Hides the window; after the last holder the main window is active again.
+void HideHolding(HWND window, HoldReason reason);
 
 } // namespace voltaro

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <iterator>
+
 namespace voltaro {
 
 // Command ids of the main window: menu items, tray items and buttons.
@@ -43,5 +45,22 @@ enum MainCommand : int {
 };
 
 inline constexpr int kPauseHours = 5;
+
+// The buttons of the quick power actions, from left to right.
+inline constexpr int kQuickActionButtons[] = {kLockScreen, kLogOff, kStandby, kHibernate, kShutdown, kRestart};
+
+// Compile-time proof-reading: whether a table has one row for each of those buttons; `idOf` gives a row's button.
+template <class Rows, class IdOf>
+consteval bool CoversQuickActions(const Rows& rows, IdOf idOf)
+{
+    for (const int button : kQuickActionButtons) {
+        int count = 0;
+        for (const auto& row : rows)
+            count += idOf(row) == button ? 1 : 0;
+        if (count != 1)
+            return false;
+    }
+    return std::size(rows) == std::size(kQuickActionButtons);
+}
 
 } // namespace voltaro

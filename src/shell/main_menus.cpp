@@ -1,8 +1,7 @@
 #include "shell/main_menus.h"
 
-#include "console/activation.h"
-#include "console/state.h"
 #include "shell/main_commands.h"
+#include "shell/main_menu_items.h"
 #include "shell/main_window.h"
 #include "ui/controls.h"
 #include "ui/menus.h"
@@ -13,75 +12,6 @@ namespace voltaro {
 namespace {
 
 // clang-format off
-constexpr MenuItem kPauseItems[] = {
-    {L"For &1 Hour",  kPauseOneHour},
-    {L"For &2 Hours", kPauseOneHour + 1},
-    {L"For &3 Hours", kPauseOneHour + 2},
-    {L"For &4 Hours", kPauseOneHour + 3},
-    {L"For &5 Hours", kPauseFiveHours},
-};
-
-constexpr MenuItem kVoltaroItems[] = {
-    {L"Re&initialize", kReinitialize},
-    SharedPopup(L"&Pause"),
-    {L"&Resume", kResume},
-    kSeparator,
-    {L"&Exit to Tray", kMenuExitToTray},
-    {L"&Close", kClose},
-};
-
-constexpr MenuItem kInformationItems[] = {
-    {L"&System Info", kSystemInfo},
-    {L"&Battery Info", kBatteryInfo},
-    kSeparator,
-    {L"&Power Savings Report", kSavingsReport},
-};
-
-constexpr MenuItem kSettingsItems[] = {
-    {L"&Power Scheme", kPowerScheme},
-    {L"&Communication Ports", kPorts},
-    kSeparator,
-    {L"P&roxy Connection", kProxy},
-    kSeparator,
-    {L"&System Security", kSecurity},
-    kSeparator,
-    {L"&Job Scheduler", kJobScheduler},
-    kSeparator,
-    {L"Snoo&ze", kSnooze},
-};
-
-constexpr MenuItem kHelpItems[] = {
-    {L"&Help", kHelp},
-    {L"&About", kAbout},
-    kSeparator,
-    {L"&Update Voltaro", kUpdate},
-    kSeparator,
-    {kWebSiteHost, kWebSite},
-};
-
-constexpr MenuItem kBarItems[] = {
-    Popup(L"&Voltaro", kVoltaroItems),
-    Popup(L"I&nformation", kInformationItems),
-    Popup(L"&Settings", kSettingsItems),
-    Popup(L"&Help", kHelpItems),
-    {L"&Refresh", kRefresh},
-    {L"&Activate now...", kActivate},
-};
-
-constexpr MenuItem kTrayItems[] = {
-    {L"Close", kTrayClose},
-    kSeparator,
-    {L"Voltaro", kTrayVoltaro},
-    kSeparator,
-    SharedPopup(L"Pause"),
-    {L"Resume", kResume},
-    kSeparator,
-    {L"Help", kTrayHelp},
-    {L"About", kTrayAbout},
-    kSeparator,
-    {kWebSiteHost, kWebSite},
-};
-
 constexpr std::uint8_t kStart = static_cast<std::uint8_t>(Occasion::StartUp);
 constexpr std::uint8_t kFailed = static_cast<std::uint8_t>(Occasion::CheckFailed);
 constexpr std::uint8_t kLost = static_cast<std::uint8_t>(Occasion::AgentLost);
@@ -189,18 +119,6 @@ void ApplyOccasion(HWND window, Occasion occasion)
         EnableItem(menus.tray.Get(), static_cast<unsigned>(id), enabled);
     });
     ForOccasion(kMainControls, occasion, [&](int id, bool enabled) { Enable(window, id, enabled); });
-    ApplyLicence(window);
-    DrawMenuBar(window);
-}
-
-void ApplyLicence(HWND window)
-{
-    if (!state.connected || state.activationStatus.empty())
-        return;
-    const bool usable = LicenceOf(state.activationStatus) != Licence::Active;
-    if (IsItemEnabled(menus.bar, kActivate) == usable)
-        return;
-    EnableItem(menus.bar, kActivate, usable);
     DrawMenuBar(window);
 }
 

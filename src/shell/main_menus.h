@@ -20,7 +20,4 @@ void DestroyMainMenus();
 enum class Occasion : std::uint8_t { StartUp = 1, CheckFailed = 2, AgentLost = 4, Loaded = 8 };
 void ApplyOccasion(HWND window, Occasion occasion);
 
-// "Activate now..." is usable while connected to an agent whose licence is not active or has expired.
-void ApplyLicence(HWND window);
-
 } // namespace voltaro

@@ -6,7 +6,9 @@
 #include "console/agent_state.h"
 #include "console/change.h"
 #include "console/help.h"
+#include "console/main_hold.h"
 #include "console/main_view.h"
+#include "console/system_events.h"
 #include "console/ui_calls.h"
 #include "link/host_config.h"
 #include "power/scheme_window.h"
@@ -24,6 +26,7 @@
 #include "shell/closing.h"
 #include "shell/connection.h"
 #include "shell/main_commands.h"
+#include "shell/main_menu_items.h"
 #include "shell/main_menus.h"
 #include "shell/pause.h"
 #include "shell/quick_actions.h"
@@ -35,6 +38,7 @@
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
+#include "ui/menus.h"
 #include "ui/navigation.h"
 #include "ui/theme.h"
 #include "ui/tooltip.h"
@@ -87,16 +91,17 @@ constexpr ActionFace kActionFaces[] = {
 // clang-format on
 
 static_assert(IdsAreUnique(kControls));
+static_assert(CoversQuickActions(kActionFaces, [](const ActionFace& face) { return face.button; }));
 static_assert(FitInside(kControls, 504, 516)); // of 510 x 565, less the frame, the caption and the menu bar
 
 constexpr Column kSavingsColumns[] = {{L"Estimated (Till date), Power Details", 210}, {L"Value", 120}};
 
 constexpr Box kSetFailed = {L"Set Scheme Failed", L"Unable to Set Scheme."};
+constexpr Box kNoDirectory = {L"Error!", L"Could not read Environment variable 'VOLTARO_HOME' !"};
 constexpr const wchar_t* kSetRefused = L"Unable to Set Scheme";
 constexpr const wchar_t* kHelpPage = L"Main Window.htm";
 
-constexpr int kBusyViewHides[]
-    = {kLockScreen, kLogOff, kStandby, kHibernate, kShutdown, kRestart, kActionsGroup, kInnerGroup, kSavingsList};
+constexpr int kBusyViewHides[] = {kActionsGroup, kInnerGroup, kSavingsList}; // and the quick actions
 
 HFONT MainFont()
 {
@@ -112,23 +117,36 @@ void ShowAgentLost()
     Repaint(window);
 }
 
+// "Set" has nothing to apply while no scheme is selected.
+void EnableSet(HWND window)
+{
+    Enable(window, kSet, !SelectedText(window, kSchemeList).empty());
+}
+
+void SelectCurrentScheme()
+{
+    const HWND window = WindowOf(WindowId::Main);
+    SelectExact(window, kSchemeList, state.currentScheme.powerScheme);
+    EnableSet(window);
+}
+
 void ShowSchemes()
 {
     FillCombo(WindowOf(WindowId::Main), kSchemeList, state.schemes);
-    ShowNormalControls(WindowOf(WindowId::Main));
+    SelectCurrentScheme();
+}
+
+void ShowCharge()
+{
+    SetText(
+        WindowOf(WindowId::Main), kChargeLine, state.connected ? std::wstring(state.battery.Charge()) : std::wstring());
 }
 
 // While a check runs the console is not ready, and repaints in its own steps.
 void RepaintMain()
 {
-    ApplyLicence(WindowOf(WindowId::Main));
-    if (state.consoleReady)
+    if (IsConsoleReady())
         Repaint(WindowOf(WindowId::Main));
-}
-
-void ShowNormalControlsOfMain()
-{
-    ShowNormalControls(WindowOf(WindowId::Main));
 }
 
 // Paints the captions under the buttons on the inner group itself, between a begin and an end of its own paint.
@@ -141,6 +159,12 @@ void PaintInnerGroup(HWND window)
     for (const ActionFace& face : kActionFaces)
         DrawTextAt(dc, face.captionX, kCaptionY, face.caption, MainFont(), kTextGreen);
     EndPaint(group, &paint);
+}
+
+void OnBoxClosed()
+{
+    ApplyHolds();
+    ServeKeptEvents();
 }
 
 // --- handlers ---
@@ -161,13 +185,14 @@ LRESULT OnCreate(HWND window)
     SendMessageW(
         ControlOf(window, kResumeButton), BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(BitmapOf(IDB_RESUME)));
     BuildMainMenus(window);
-    mainView = {ShowAgentLost, ShowSchemes, ShowNormalControlsOfMain, RepaintMain};
+    mainView = {ShowAgentLost, ShowSchemes, SelectCurrentScheme, ShowCharge, RepaintMain};
+    boxClosed = OnBoxClosed;
 
     HostConfigText port;
-    HostConfigText second;
-    TcpPortGetter(port, second);
+    HostConfigText second; // of no use to the console
+    if (!TcpPortGetter(port, second))
+        Tell(nullptr, kNoDirectory);
     servicePort = LeadingNumber(port);
-    state.secondHostText = second;
     PreparePauseStatus();
     return 0;
 }
@@ -175,7 +200,7 @@ LRESULT OnCreate(HWND window)
 LRESULT OnPaint(HWND window)
 {
     SetText(window, kHostLine, HostLineText());
-    SetText(window, kChargeLine, state.connected ? std::wstring(state.battery.Charge()) : std::wstring());
+    ShowCharge();
     {
         const Canvas canvas(window);
         DrawMainWindow(canvas.Dc());
@@ -190,7 +215,13 @@ void OnChange(HWND window)
     Enable(window, kSchemeList, true);
     Show(window, kChange, false);
     Show(window, kSet, true);
+    EnableSet(window);
     SetFocus(ControlOf(window, kSchemeList));
+}
+
+bool IsChoosing(HWND window)
+{
+    return IsWindowEnabled(ControlOf(window, kSchemeList)) != FALSE;
 }
 
 void ApplyChosenScheme(HWND window, const std::wstring& scheme)
@@ -206,16 +237,35 @@ void ApplyChosenScheme(HWND window, const std::wstring& scheme)
 
 void OnSet(HWND window)
 {
+    const std::wstring scheme = SelectedText(window, kSchemeList);
+    if (scheme.empty())
+        return;
     Enable(window, kSchemeList, false);
     Show(window, kSet, false);
     Repaint(window);
-    ApplyChosenScheme(window, SelectedText(window, kSchemeList));
+    ApplyChosenScheme(window, scheme);
     ShowNormalControls(window);
+    FocusOn(window, kChange);
 }
 
-void OnExitToTray(HWND window)
+void OnEnter(HWND window)
 {
-    ShowWindow(window, SW_HIDE);
+    if (IsChoosing(window))
+        OnSet(window);
+}
+
+void OnEscape(HWND window)
+{
+    if (!IsChoosing(window))
+        return;
+    ShowNormalControls(window);
+    FocusOn(window, kChange);
+}
+
+void OnRefreshKey(HWND window)
+{
+    if (IsItemEnabled(MainMenuBar(), kRefresh))
+        RefreshConsoleData(window);
 }
 
 void OnHelp(HWND)
@@ -234,13 +284,6 @@ void OnWebSite(HWND window)
         CoUninitialize();
 }
 
-void OnTrayVoltaro(HWND window)
-{
-    ShowWindow(window, SW_RESTORE);
-    ShowWindow(window, SW_SHOW);
-    SetForegroundWindow(window);
-}
-
 void ReadBatteryAfterPowerChange()
 {
     if (!state.connected)
@@ -253,14 +296,17 @@ void ReadBatteryAfterPowerChange()
 
 LRESULT OnPowerBroadcast(WPARAM event)
 {
-    if (event != PBT_APMPOWERSTATUSCHANGE)
-        return TRUE;
-    // A sent message: it may come while this very thread waits for an answer, and the read follows then.
-    if (IsWaitingForAgent())
-        PostOnUi(ReadBatteryAfterPowerChange);
-    else
-        ReadBatteryAfterPowerChange();
+    if (event == PBT_APMPOWERSTATUSCHANGE)
+        KeepEvent(kPowerChanged);
     return TRUE;
+}
+
+void ServeEvents(HWND window)
+{
+    const unsigned events = TakeEvents();
+    ServeTrayEvents(window, events);
+    if (events & kPowerChanged)
+        ReadBatteryAfterPowerChange();
 }
 
 // What a themed control asks for when it paints the window's part under itself.
@@ -283,7 +329,7 @@ constexpr Command kCommands[] = {
     {kPauseOneHour + 2, OnPause<3>},
     {kPauseOneHour + 3, OnPause<4>},
     {kPauseFiveHours,   OnPause<5>},
-    {kTrayVoltaro,      OnTrayVoltaro},
+    {kTrayVoltaro,      RestoreFromTray},
     {kStandby,          OnQuickAction<kStandby>},
     {kHibernate,        OnQuickAction<kHibernate>},
     {kShutdown,         OnQuickAction<kShutdown>},
@@ -291,10 +337,10 @@ constexpr Command kCommands[] = {
     {kLogOff,           OnQuickAction<kLogOff>},
     {kLockScreen,       OnQuickAction<kLockScreen>},
     {kChange,           OnChange},
-    {kExitToTray,       OnExitToTray},
+    {kExitToTray,       SendToTray},
     {kSet,              OnSet},
     {kResumeButton,     OnResume},
-    {kMenuExitToTray,   OnExitToTray},
+    {kMenuExitToTray,   SendToTray},
     {kPowerScheme,      OpenSchemeWindow},
     {kAbout,            OnAbout},
     {kHelp,             OnHelp},
@@ -312,14 +358,21 @@ constexpr Command kCommands[] = {
     {kProxy,            OpenProxyWindow},
     {kSecurity,         OpenDeviceControlWindow},
     {kSnooze,           OpenSnoozeWindow},
+    {kSchemeList,       EnableSet, CBN_SELCHANGE},
+    {kRefreshKey,       OnRefreshKey},
+    {IDOK,              OnEnter},
+    {IDCANCEL,          OnEscape},
 };
 // clang-format on
+static_assert(
+    HasCommands(kCommands, kPauseItems) && HasCommands(kCommands, kBarItems) && HasCommands(kCommands, kTrayItems));
 
 } // namespace
 
 void ShowBusyView(HWND window)
 {
     SetProgress(window, 0);
+    Show(window, kQuickActionButtons, false);
     Show(window, kBusyViewHides, false);
     Show(window, kProgressBar, true);
 }
@@ -328,6 +381,7 @@ void ShowIdleView(HWND window)
 {
     Show(window, kProgressBar, false);
     SetProgress(window, 0);
+    Show(window, kQuickActionButtons, true);
     Show(window, kBusyViewHides, true);
 }
 
@@ -347,7 +401,7 @@ void ShowNormalControls(HWND window)
 LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     NavigateWith(window);
-    if (const auto answered = AnswerTray(window, message, w, l))
+    if (const auto answered = AnswerTray(message, w, l))
         return *answered;
     switch (message) {
     case WM_CREATE: return OnCreate(window);
@@ -362,7 +416,8 @@ LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
     case WM_ENDSESSION: return OnEndSession(window, w, l);
     case WM_POWERBROADCAST: return OnPowerBroadcast(w);
     case kRunOnUiMessage: RunSentWork(l); return 0;
-    case kPostedOnUiMessage: RunPostedWork(l); return 0;
+    case kPostedOnUiMessage: RunPostedWork(); return 0;
+    case kServeEventsMessage: ServeEvents(window); return 0;
     default: return DefaultAnswer(window, message, w, l);
     }
 }

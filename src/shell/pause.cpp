@@ -27,8 +27,7 @@ constexpr const wchar_t* kPauseRefused = L"Unable to pause";
 constexpr const wchar_t* kPausedTooltip = L"Voltaro Paused";
 
 // What the paused state needs of the main window when the agent, not the user, says that it is paused.
-constexpr int kNeededWhilePaused[]
-    = {kResumeButton, kSavingsList, kLockScreen, kLogOff, kStandby, kHibernate, kShutdown, kRestart};
+constexpr int kNeededWhilePaused[] = {kResumeButton, kSavingsList}; // and the quick actions
 
 void CheckHours(int hours)
 {
@@ -51,7 +50,7 @@ void EnableResumeItems(bool enabled)
 // The pause sends the console to the tray. While a secondary window has the console, that goes too.
 void HideConsole(HWND main)
 {
-    if (!state.consoleReady) {
+    if (!IsConsoleReady()) {
         for (const HWND window : state.windows) {
             if (window == main || GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD)
                 continue;
@@ -59,9 +58,9 @@ void HideConsole(HWND main)
             EnableWindow(window, TRUE); // a dialog of its own may have disabled it, and is hidden too
         }
         CloseAbout();
-        ReleaseAllHolds();
+        ReleaseAllHolders();
     }
-    ShowWindow(main, SW_HIDE);
+    SendToTray(main);
 }
 
 std::wstring TimeOfDay()
@@ -85,10 +84,13 @@ std::wstring StatusTextOf(Reply& reply)
     return reply.Root() ? std::wstring(TextAt(DetailsOrResponseFields(*reply.Root()), 0)) : std::wstring();
 }
 
-// Sends a request and takes the result text; nothing when the agent does not answer, which nobody is told (meant).
+// Sends a request and takes the result text; nothing when the agent does not answer, which nobody is told. A request
+// that could not be sent has failed.
 std::optional<std::wstring> SendForResult(const Request& request)
 {
     Reply reply = Send(request);
+    if (reply.Result() == Outcome::NotSent)
+        return kFailure;
     if (!reply.Answered())
         return std::nullopt;
     return StatusTextOf(reply);
@@ -162,6 +164,7 @@ void ApplyPauseStatus(std::wstring_view status)
     ShowPausedState();
     TellHoursOnResumeButton(status[0] - L'0');
     Enable(WindowOf(WindowId::Main), kNeededWhilePaused, true);
+    Enable(WindowOf(WindowId::Main), kQuickActionButtons, true);
 }
 
 void PreparePauseStatus()
@@ -174,7 +177,7 @@ bool ReadPauseStatus()
     Reply reply = SendPrepared(Operation::PauseStatus);
     if (reply.Root())
         OnUi([status = StatusTextOf(reply)] { ApplyPauseStatus(status); });
-    return reply.Answered();
+    return !reply.Lost();
 }
 
 } // namespace voltaro

@@ -2,6 +2,7 @@
 
 #include "base/ansi.h"
 #include "base/text.h"
+#include "console/main_hold.h"
 #include "console/state.h"
 #include "shell/connection.h"
 #include "shell/main_menus.h"
@@ -19,8 +20,7 @@ void PrepareVersionTexts()
 void PrepareForCheck()
 {
     const HWND main = WindowOf(WindowId::Main);
-    EnableWindow(main, FALSE);
-    state.consoleReady = false;
+    HoldMainWindow(HoldReason::Check, nullptr);
     ApplyOccasion(main, Occasion::StartUp);
     state.connected = false;
     Repaint(main);

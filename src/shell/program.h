@@ -1,6 +1,6 @@
 #pragma once
 
-#include "version.h"
+#include "resources/version.h"
 
 namespace voltaro {
 

@@ -82,6 +82,8 @@ constexpr QuickAction kActions[] = {
         Outcome(L"LockScreen Failed", L"Could not Lock Screen")},
 };
 
+static_assert(CoversQuickActions(kActions, [](const QuickAction& action) { return action.command; }));
+
 void LockWithSystem()
 {
     const HMODULE user = GetModuleHandleW(L"user32.dll");
@@ -117,7 +119,7 @@ ActionResult ResultOf(Reply& reply)
 void AskToForce(HWND main, const QuickAction& action, const std::wstring& activities)
 {
     const bool go = Ask(main, action.force, kActivitiesHeading + activities + action.force.text);
-    if (!Send(Plain(go ? Operation::GoOnWithAction : Operation::DropAction)).Answered())
+    if (Send(Plain(go ? Operation::GoOnWithAction : Operation::DropAction)).Lost())
         Tell(main, kClosedConnection);
 }
 
@@ -144,7 +146,7 @@ void Run(HWND main, const QuickAction& action)
     ActionResult result;
     {
         Reply reply = Send(RequestOf(action));
-        if (!reply.Answered())
+        if (reply.Lost())
             return Tell(main, kClosedConnection);
         result = ResultOf(reply);
     }

@@ -1,8 +1,11 @@
 #include "shell/tray.h"
 
 #include "base/fixed_text.h"
+#include "base/timing.h"
 #include "console/agent_lost.h"
 #include "console/agent_state.h"
+#include "console/main_hold.h"
+#include "console/system_events.h"
 #include "console/ui_calls.h"
 #include "resources/resource_ids.h"
 #include "shell/main_menus.h"
@@ -17,7 +20,9 @@ namespace voltaro {
 namespace {
 
 NOTIFYICONDATAW record{}; // its size is the platform's own
-bool added = false;
+enum class IconState : std::uint8_t { None, Added, Missing };
+IconState iconState = IconState::None;
+constexpr UINT_PTR kRetryTimer = 1;
 
 UINT TaskbarCreated()
 {
@@ -31,34 +36,51 @@ void PutTip(std::wstring_view tooltip)
     std::copy_n(tip.c_str(), std::size(record.szTip), record.szTip);
 }
 
-// Reads the battery as any tray click does; only while connected.
+void TryToAdd()
+{
+    iconState = Shell_NotifyIconW(NIM_ADD, &record) ? IconState::Added : IconState::Missing;
+    if (iconState == IconState::Missing)
+        SetTimer(record.hWnd, kRetryTimer, timing.trayRetry, nullptr);
+    else
+        KillTimer(record.hWnd, kRetryTimer);
+}
+
+// As any click on the icon does; only while connected.
 void ReadBatteryWhenConnected()
 {
     if (state.connected && !ReadBatteryInfo())
         OnAgentLost();
 }
 
-void OnLeftClick(HWND main)
+void OnClicked(HWND main)
 {
-    if (state.trayRestoreAllowed) {
-        ShowWindow(main, SW_RESTORE);
-        ShowWindow(main, SW_SHOW);
-        SetForegroundWindow(main);
-    }
+    if (state.trayRestoreAllowed)
+        RestoreFromTray(main);
     if (!state.connected)
         return;
     ReadBatteryWhenConnected();
     ShowNormalControls(main);
 }
 
-void OnRightClick(HWND main)
+void ShowMenu(HWND main)
 {
-    SetForegroundWindow(main);
+    SetForegroundWindow(FrontWindow());
     POINT cursor{};
     GetCursorPos(&cursor);
     TrackPopupMenu(TrayMenu(), TPM_LEFTALIGN | TPM_TOPALIGN, cursor.x, cursor.y, 0, main, nullptr);
     PostMessageW(main, WM_NULL, 0, 0); // lets the menu close when the user clicks elsewhere
     ReadBatteryWhenConnected();
+}
+
+void OnCallback(LPARAM mouseOrKey)
+{
+    switch (mouseOrKey) {
+    case WM_LBUTTONUP: return KeepEvent(kTrayClicked);
+    case WM_RBUTTONUP:
+    case WM_CONTEXTMENU:
+    case NIN_KEYSELECT: return KeepEvent(kTrayMenuAsked);
+    default: return;
+    }
 }
 
 } // namespace
@@ -73,42 +95,59 @@ void AddTrayIcon(HWND main)
     record.uCallbackMessage = kTrayMessage;
     record.hIcon = SmallIcon(IDI_RUNNING);
     PutTip(state.trayTooltip);
-    // The task bar has fewer rights than a console that runs as administrator, and its news would not pass.
+    // The task bar has fewer rights than a console that runs as administrator, and its message would not pass.
     ChangeWindowMessageFilterEx(main, TaskbarCreated(), MSGFLT_ALLOW, nullptr);
-    added = true;
-    Shell_NotifyIconW(NIM_ADD, &record);
+    TryToAdd();
 }
 
 void ChangeTrayIcon(int iconResource, std::wstring_view tooltip)
 {
     record.hIcon = SmallIcon(iconResource);
     PutTip(tooltip);
-    if (added)
+    if (iconState == IconState::Added)
         Shell_NotifyIconW(NIM_MODIFY, &record);
 }
 
 void RemoveTrayIcon()
 {
-    if (std::exchange(added, false))
+    if (std::exchange(iconState, IconState::None) == IconState::Added)
         Shell_NotifyIconW(NIM_DELETE, &record);
+    KillTimer(record.hWnd, kRetryTimer);
 }
 
-std::optional<LRESULT> AnswerTray(HWND main, UINT message, WPARAM w, LPARAM l)
+void SendToTray(HWND main)
 {
-    if (message == TaskbarCreated() && added) {
-        Shell_NotifyIconW(NIM_ADD, &record);
-        return 0;
-    }
-    if (message != kTrayMessage || w != kTrayIconId)
+    ShowWindow(main, iconState == IconState::Missing ? SW_MINIMIZE : SW_HIDE);
+}
+
+void RestoreFromTray(HWND main)
+{
+    ShowWindow(main, SW_RESTORE);
+    ShowWindow(main, SW_SHOW);
+    SetForegroundWindow(FrontWindow());
+}
+
+std::optional<LRESULT> AnswerTray(UINT message, WPARAM w, LPARAM l)
+{
+    if (message == TaskbarCreated())
+        KeepEvent(kTaskbarCreated);
+    else if (message == WM_TIMER && w == kRetryTimer)
+        TryToAdd();
+    else if (message == kTrayMessage && w == kTrayIconId)
+        OnCallback(l);
+    else
         return std::nullopt;
-    // The shell may send its news in the midst of a wait for the agent; they then queue up as other input does.
-    if (IsWaitingForAgent())
-        PostMessageW(main, message, w, l);
-    else if (l == WM_LBUTTONUP)
-        OnLeftClick(main);
-    else if (l == WM_RBUTTONUP)
-        OnRightClick(main);
     return 0;
+}
+
+void ServeTrayEvents(HWND main, unsigned events)
+{
+    if (events & kTaskbarCreated && iconState != IconState::None)
+        TryToAdd();
+    if (events & kTrayClicked)
+        OnClicked(main);
+    if (events & kTrayMenuAsked)
+        ShowMenu(main);
 }
 
 } // namespace voltaro

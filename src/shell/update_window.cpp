@@ -2,6 +2,7 @@
 #include "shell/update_window.h"
 
 #include "base/timing.h"
+#include "base/waiting.h"
 #include "console/agent.h"
 #include "console/state.h"
 #include "console/ui_calls.h"
@@ -46,18 +47,18 @@ constexpr int kBarStep = 10;
 constexpr DWORD kBarStaysMs = 50; // after the outcome is shown
 
 // What the window shows after a check. Where the title or the detail is null, the agent's message stands there.
-struct Outcome {
+struct UpdateOutcome {
     const wchar_t* message; // of the agent
     const wchar_t* title;
     const wchar_t* detail;
     int button;
 };
 
-constexpr Outcome kUnanswered = {
+constexpr UpdateOutcome kUnanswered = {
     nullptr, L"Could not update, service not responding.", L"Please check if service is running and try again.", kOk};
-constexpr Outcome kDownloaded = {nullptr, L"New updates were successfully downloaded.",
+constexpr UpdateOutcome kDownloaded = {nullptr, L"New updates were successfully downloaded.",
     L"Voltaro needs to be closed for applying new updates.", kCloseVoltaro};
-constexpr Outcome kByMessage[] = {
+constexpr UpdateOutcome kByMessage[] = {
     {L"You are already using the latest version of Voltaro.", nullptr, L"", kOk},
     {L"Please check your network connection and try again.", L"Could not update, connection closed.", nullptr, kOk},
     {L"Voltaro update failed, please try after some time.", L"Could not update, connection failed.", nullptr, kOk},
@@ -73,11 +74,11 @@ HWND Window()
 }
 
 // Null for a message that is not known.
-const Outcome* OutcomeOf(std::wstring_view status, std::wstring_view message)
+const UpdateOutcome* OutcomeOf(std::wstring_view status, std::wstring_view message)
 {
     if (IsWord(status, kSuccess))
         return &kDownloaded;
-    for (const Outcome& row : kByMessage) {
+    for (const UpdateOutcome& row : kByMessage) {
         if (IsWord(message, row.message))
             return &row;
     }
@@ -92,7 +93,7 @@ void ShowChecking(HWND window)
     SetText(window, kDetail, kDefaultDetail);
 }
 
-void ShowOutcome(const Outcome& outcome, const std::wstring& message)
+void ShowOutcome(const UpdateOutcome& outcome, const std::wstring& message)
 {
     state.updateBusy = false;
     for (const int button : kButtons)
@@ -126,7 +127,7 @@ LRESULT OnCreate(HWND window)
 
 void OnOk(HWND window)
 {
-    ReleaseConsole(window);
+    HideHolding(window, HoldReason::Update);
     ShowChecking(window);
 }
 
@@ -164,14 +165,14 @@ void StartUpdateCheck(HWND)
         Wake(WorkerId::BusyAnimation);
         Wake(WorkerId::UpdateCheck);
     }
-    HoldConsole(Window());
+    ShowHolding(Window(), HoldReason::Update);
 }
 
 void RunUpdateCheck()
 {
     if (updateMode.exchange(UpdateMode::None) != UpdateMode::Check)
         return;
-    const Outcome* outcome = &kUnanswered;
+    const UpdateOutcome* outcome = &kUnanswered;
     std::wstring message;
     {
         Reply reply = Send(Plain(Operation::CheckForUpdates));
@@ -185,7 +186,8 @@ void RunUpdateCheck()
     if (!outcome)
         return; // the bar keeps running and no button comes (meant)
     OnUi([&] { ShowOutcome(*outcome, message); });
-    Sleep(kBarStaysMs);
+    if (threadWait(nullptr, kBarStaysMs) == Waited::Ending)
+        return;
     OnUi(HideBar);
 }
 
@@ -196,7 +198,8 @@ void AnimateUpdateBar()
     state.busyAnimation = 0;
     for (int position = 0; state.updateBusy; position = position == kBarEnd ? 0 : position + kBarStep) {
         SetBar(position);
-        Sleep(timing.updateBarStep);
+        if (threadWait(nullptr, timing.updateBarStep) == Waited::Ending)
+            return;
     }
     SetBar(kBarEnd);
 }

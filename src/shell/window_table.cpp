@@ -28,6 +28,7 @@
 #include "ui/window_class.h"
 
 #include <iterator>
+#include <string_view>
 
 namespace voltaro {
 namespace {
@@ -111,6 +112,40 @@ constexpr WindowRow kWindows[] = {
 };
 // clang-format on
 static_assert(std::size(kClasses) == kWindowCount && std::size(kWindows) == kWindowCount);
+
+consteval bool EveryWindowStandsOnceAndInOrder()
+{
+    for (std::size_t i = 0; i < kWindowCount; ++i) {
+        if (kWindows[i].id != static_cast<WindowId>(i))
+            return false;
+    }
+    return true;
+}
+static_assert(EveryWindowStandsOnceAndInOrder());
+
+// Each is created with its owner's handle.
+consteval bool OwnersStandBeforeTheirWindows()
+{
+    for (const WindowRow& row : kWindows) {
+        if (row.owner != kNone && row.owner >= row.id)
+            return false;
+    }
+    return true;
+}
+static_assert(OwnersStandBeforeTheirWindows());
+
+consteval bool EveryClassIsRegisteredOnce()
+{
+    for (const WindowRow& row : kWindows) {
+        int rows = 0;
+        for (const ClassRow& other : kClasses)
+            rows += std::wstring_view(other.name) == row.className ? 1 : 0;
+        if (rows != 1)
+            return false;
+    }
+    return true;
+}
+static_assert(EveryClassIsRegisteredOnce());
 
 void ReportFailure(const wchar_t* text)
 {

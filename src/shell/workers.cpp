@@ -2,14 +2,16 @@
 
 #include "base/handles.h"
 #include "base/timing.h"
-#include "console/agent_lost.h"
+#include "base/waiting.h"
 #include "console/agent_state.h"
+#include "console/background_refresh.h"
 #include "console/main_view.h"
 #include "console/ui_calls.h"
 #include "power/scheme_window.h"
 #include "settings/system_info_window.h"
 #include "shell/pause.h"
 #include "shell/update_window.h"
+#include "ui/waiting.h"
 
 #include <array>
 #include <iterator>
@@ -18,110 +20,111 @@ namespace voltaro {
 namespace {
 
 struct Worker {
-    UniqueHandle event;
+    UniqueHandle wake; // manual-reset
+    UniqueHandle end;  // manual-reset; set once
     UniqueHandle thread;
-    DWORD threadId = 0;
 };
 std::array<Worker, static_cast<std::size_t>(WorkerId::Count)> workers;
+thread_local HANDLE endOfThisThread = nullptr;
 
 Worker& WorkerOf(WorkerId id)
 {
     return workers[static_cast<std::size_t>(id)];
 }
 
-enum class Woken : std::uint8_t { ByEvent, ByTimeOut, ToEnd };
-
-bool CloseMessageIsThere()
+// COM makes a window of its own for each of these threads, whose messages must not wait.
+void DispatchMessages()
 {
     MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_CLOSE)
-            return true;
-    }
-    return false;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
 }
 
-// Waits for the worker's event, the time-out or the close message. An event is reset by whoever was woken by it.
-Woken WaitForWork(const Worker& worker, DWORD milliseconds)
+// A worker's wait: for the handle and for the worker's own end.
+Waited WaitAsWorker(HANDLE handle, DWORD milliseconds)
 {
-    const HANDLE event = worker.event.Get();
+    const HANDLE handles[] = {endOfThisThread, handle};
+    const DWORD count = handle ? 2 : 1;
     const ULONGLONG start = GetTickCount64();
-    for (DWORD rest = milliseconds;;) {
-        const DWORD result = MsgWaitForMultipleObjects(1, &event, FALSE, rest, QS_POSTMESSAGE);
-        if (result == WAIT_TIMEOUT)
-            return Woken::ByTimeOut;
-        if (result != WAIT_OBJECT_0 + 1)
-            return Woken::ByEvent;
-        if (CloseMessageIsThere())
-            return Woken::ToEnd;
-        // Another's message, such as COM's own, ends no wait.
-        const ULONGLONG passed = GetTickCount64() - start;
-        if (milliseconds != INFINITE)
-            rest = passed < milliseconds ? static_cast<DWORD>(milliseconds - passed) : 0;
+    for (;;) {
+        const DWORD result = MsgWaitForMultipleObjectsEx(
+            count, handles, RestOfWait(start, milliseconds), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        if (result == WAIT_OBJECT_0)
+            return Waited::Ending;
+        if (handle && result == WAIT_OBJECT_0 + 1)
+            return Waited::Signalled;
+        if (result != WAIT_OBJECT_0 + count)
+            return Waited::TimedOut;
+        DispatchMessages();
     }
+}
+
+void BecomeWorker(const Worker& worker)
+{
+    endOfThisThread = worker.end.Get();
+    threadWait = WaitAsWorker;
 }
 
 // A worker that does one thing each time it is woken.
 template <WorkerId Id, void (*Work)()>
 DWORD WINAPI RunOnEvent(void*)
 {
-    const Worker& worker = WorkerOf(Id);
-    for (;;) {
-        ResetEvent(worker.event.Get());
+    const HANDLE wake = WorkerOf(Id).wake.Get();
+    BecomeWorker(WorkerOf(Id));
+    do {
+        ResetEvent(wake);
         Work();
-        if (WaitForWork(worker, INFINITE) == Woken::ToEnd)
-            return 0;
-    }
+    } while (threadWait(wake, INFINITE) != Waited::Ending);
+    return 0;
 }
 
-enum class Polled : std::uint8_t { Answered, Lost, ToEnd };
+enum class PollResult : std::uint8_t { Answered, Lost, Ending };
 
 // Reads again and again until the agent answers: at once, and after each of two waits.
-Polled ReadWithRetries(const Worker& worker, bool (*read)())
+PollResult ReadWithRetries(bool (*read)())
 {
     if (read())
-        return Polled::Answered;
+        return PollResult::Answered;
     for (const DWORD wait : {timing.pollerFirstRetry, timing.pollerSecondRetry}) {
-        if (WaitForWork(worker, wait) == Woken::ToEnd)
-            return Polled::ToEnd;
+        if (threadWait(nullptr, wait) == Waited::Ending)
+            return PollResult::Ending;
         if (read())
-            return Polled::Answered;
+            return PollResult::Answered;
     }
-    return Polled::Lost;
+    return PollResult::Lost;
 }
 
-Polled Poll(const Worker& worker)
+PollResult Poll()
 {
     if (!state.connected)
-        return Polled::Answered;
-    const Polled status = ReadWithRetries(worker, ReadPauseStatus);
-    if (status != Polled::Answered || !state.notPaused || state.noBattery)
+        return PollResult::Answered;
+    const PollResult status = ReadWithRetries(ReadPauseStatus);
+    if (status != PollResult::Answered || !state.notPaused || state.noBattery)
         return status;
-    return ReadWithRetries(worker, ReadBatteryInfo);
+    return ReadWithRetries(ReadBatteryInfo);
 }
 
-// Every eight minutes. Once ended by a lost agent it is not started again (meant).
+// Every eight minutes. Once ended by a lost agent it is not started again: from then on only the commands read the
+// pause state and the battery.
 DWORD WINAPI RunStatusPoller(void*)
 {
-    const Worker& worker = WorkerOf(WorkerId::StatusPoller);
-    for (;;) {
-        if (WaitForWork(worker, timing.pollerPeriod) != Woken::ByTimeOut) {
-            ResetEvent(worker.event.Get());
-            return 0;
-        }
-        const Polled polled = Poll(worker);
-        if (polled == Polled::Lost)
+    const HANDLE wake = WorkerOf(WorkerId::StatusPoller).wake.Get();
+    BecomeWorker(WorkerOf(WorkerId::StatusPoller));
+    while (threadWait(wake, timing.pollerPeriod) == Waited::TimedOut) {
+        const PollResult result = Poll();
+        if (result == PollResult::Lost)
             OnSystemInfoRefreshFailed(); // ends its busy view too
-        if (polled != Polled::Answered)
+        if (result != PollResult::Answered)
             return 0;
         OnUi(mainView.repaint);
     }
+    return 0;
 }
 
 void RefreshSystemDetails()
 {
     Reply reply = Send(WithText(Operation::GetSystemDetails, L"type", L"Refresh"));
-    if (!reply.Answered())
+    if (reply.Lost())
         return OnSystemInfoRefreshFailed();
     const Element* root = reply.Root();
     OnUi([root] {
@@ -136,32 +139,25 @@ void RefreshPowerData()
         OnPowerRefreshed();
     else
         OnPowerRefreshFailed();
-    OnUi(mainView.normalControls);
+    OnUi(mainView.selectCurrentScheme);
 }
 
-// A kind other than the two is left as it is. Where the agent was lost since, the window that asked waits no longer.
+// Where the agent was lost since, the window that asked waits no longer.
 void Refresh()
 {
-    RefreshKind kind = state.refreshKind;
-    if (kind == RefreshKind::SystemDetails)
+    const std::uint32_t requests = refreshRequests.exchange(0);
+    if (requests & kRefreshSystemDetails)
         state.connected ? RefreshSystemDetails() : OnSystemInfoRefreshFailed();
-    else if (kind == RefreshKind::PowerData)
+    if (requests & kRefreshPowerData)
         state.connected ? RefreshPowerData() : OnPowerRefreshFailed();
-    else
-        return;
-    state.refreshKind.compare_exchange_strong(kind, RefreshKind::None); // the other kind, asked for meanwhile, stays
 }
 
 void Stop(Worker& worker)
 {
-    DWORD exitCode = 0;
     if (!worker.thread)
         return;
-    PostThreadMessageW(worker.threadId, WM_CLOSE, 0, 0);
-    WaitForSingleObject(worker.thread.Get(), timing.workerFollow);
-    // What hangs in a request cannot follow; the process ends next.
-    if (GetExitCodeThread(worker.thread.Get(), &exitCode) && exitCode == STILL_ACTIVE)
-        TerminateThread(worker.thread.Get(), 0);
+    SetEvent(worker.end.Get());
+    static_cast<void>(WaitServingSentMessages(worker.thread.Get(), timing.workerEnd));
     worker.thread.Reset();
 }
 
@@ -177,18 +173,22 @@ bool StartWorkers()
         RunOnEvent<WorkerId::Refresh, Refresh>,
     };
     for (std::size_t i = 0; i < std::size(kRoutines); ++i) {
-        workers[i].event = UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-        workers[i].thread = UniqueHandle(CreateThread(nullptr, 0, kRoutines[i], nullptr, 0, &workers[i].threadId));
-        if (!workers[i].event || !workers[i].thread)
+        Worker& worker = workers[i];
+        worker.wake = UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+        worker.end = UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+        if (!worker.wake || !worker.end)
+            return false;
+        worker.thread = UniqueHandle(CreateThread(nullptr, 0, kRoutines[i], nullptr, 0, nullptr));
+        if (!worker.thread)
             return false;
     }
-    state.refreshEvent = WorkerOf(WorkerId::Refresh).event.Get();
+    refreshEvent = WorkerOf(WorkerId::Refresh).wake.Get();
     return true;
 }
 
 void Wake(WorkerId worker)
 {
-    SetEvent(WorkerOf(worker).event.Get());
+    SetEvent(WorkerOf(worker).wake.Get());
 }
 
 void StopWorkers(StopOrder order)

@@ -12,7 +12,8 @@ enum class WorkerId : std::uint8_t { UpdateCheck, BusyAnimation, StatusPoller, R
 // Sets the worker's event.
 void Wake(WorkerId worker);
 
-// Sends each worker the close message and ends it by force when it does not follow at once, in the order of the case.
+// Asks each worker to end and waits for it, in the order of the case. A request that it waits for ends with it. What a
+// worker hands over meanwhile is taken and dropped, so neither waits for the other.
 enum class StopOrder : std::uint8_t { MainWindowDestroyed, SessionEnds };
 void StopWorkers(StopOrder order);
 

@@ -10,6 +10,7 @@ struct TimedBox {
     TimedBox* outer;
 };
 thread_local TimedBox* innermost = nullptr;
+int openBoxes = 0;
 
 // Exit code of the quit message that ends a timed box, to tell it from one that ends the program.
 constexpr int kTimeOutQuit = 0x56544F;
@@ -79,12 +80,23 @@ Answer AnswerUnseen(const BoxCall& call)
 
 Answer Open(HWND owner, const Box& box, const std::wstring& text, BoxButtons buttons, unsigned milliseconds)
 {
-    return boxDoor({owner, box.caption, text, box.icon, buttons, milliseconds});
+    const HWND shownOwner = owner && IsWindowVisible(owner) && !IsIconic(owner) ? owner : nullptr;
+    ++openBoxes;
+    const Answer answer = boxDoor({shownOwner, box.caption, text, box.icon, buttons, milliseconds});
+    --openBoxes;
+    if (boxClosed)
+        boxClosed();
+    return answer;
 }
 
 } // namespace
 
 BoxDoor boxDoor = &ShowBox;
+
+int OpenBoxes()
+{
+    return openBoxes;
+}
 
 void CloseDoor()
 {

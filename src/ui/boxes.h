@@ -19,7 +19,8 @@ struct Box {
     BoxButtons buttons = BoxButtons::Ok;
 };
 
-// Shows a box with an OK button; `owner` may be null. The second form shows `text` in the place of the row's own, for
+// Shows a box with an OK button; `owner` may be null. An owner that is hidden or minimised is left out, since Windows
+// would hide the box with it. The second form shows `text` in the place of the row's own, for
 // texts that carry a name.
 void Tell(HWND owner, const Box& box);
 void Tell(HWND owner, const Box& box, const std::wstring& text);
@@ -41,6 +42,11 @@ struct BoxCall {
     BoxButtons buttons;
     unsigned milliseconds; // 0: stays until answered
 };
+
+// How many boxes are open on the user-interface thread; boxes may nest.
+[[nodiscard]] int OpenBoxes();
+// Called after every box. Windows enables a box's owner again, whoever else holds it disabled.
+inline void (*boxClosed)() = nullptr;
 
 // Every box goes through this door. Tests put a script in its place; at the end of the session it is closed with
 // CloseDoor, and later boxes answer at once (Ok, No or TimedOut) without being shown.

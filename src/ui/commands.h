@@ -14,6 +14,15 @@ struct Command {
     int notification = 0;
 };
 
+// Compile-time proof-reading: whether a click or a menu choice with that id has exactly one row.
+consteval bool HasCommand(std::span<const Command> commands, int id)
+{
+    int rows = 0;
+    for (const Command& command : commands)
+        rows += command.id == id && command.notification == 0 ? 1 : 0;
+    return rows == 1;
+}
+
 // Serves WM_COMMAND from a table; `w` is the message's first parameter. Returns true when a row matched.
 bool Dispatch(std::span<const Command> commands, HWND window, WPARAM w);
 

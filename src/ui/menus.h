@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/handles.h"
+#include "ui/commands.h"
 
 #include <cstddef>
 
@@ -27,6 +28,19 @@ consteval MenuItem Popup(const wchar_t* text, const MenuItem (&rows)[N])
 consteval MenuItem SharedPopup(const wchar_t* text)
 {
     return {text, 0, nullptr, 0, true};
+}
+
+// Compile-time proof-reading: whether every item of a menu and of its popups has its command.
+consteval bool HasCommands(std::span<const Command> commands, std::span<const MenuItem> rows)
+{
+    for (const MenuItem& row : rows) {
+        const bool item = row.text && row.rows == nullptr && !row.sharedPopup;
+        if (item && !HasCommand(commands, static_cast<int>(row.id)))
+            return false;
+        if (row.rows && !HasCommands(commands, std::span(row.rows, row.count)))
+            return false;
+    }
+    return true;
 }
 
 // Builds a menu bar or a popup menu from its rows. `shared` takes the place of a SharedPopup row; whoever destroys the

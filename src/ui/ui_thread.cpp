@@ -1,6 +1,6 @@
 #include "ui/ui_thread.h"
 
-#include "base/windows_api.h"
+#include "ui/waiting.h"
 
 #include <atomic>
 
@@ -15,6 +15,7 @@ std::atomic<bool> waitsEnded{false};
 void AdoptUiThread()
 {
     uiThread = GetCurrentThreadId();
+    threadWait = WaitServingWindows;
 }
 
 bool OnUiThread()

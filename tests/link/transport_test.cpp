@@ -1,11 +1,11 @@
 #include "link/transport.h"
 
 #include "base/timing.h"
+#include "base/waiting.h"
 #include "link/document.h"
 #include "link/frame.h"
 #include "link/requests.h"
 #include "simulator/server.h"
-#include "support/box_script.h"
 #include "support/test_window.h"
 #include "ui/ui_thread.h"
 
@@ -32,28 +32,27 @@ std::wstring StatusRequest()
 // What a kind of fault makes of an exchange.
 struct FaultRow {
     Fault fault;
-    bool succeeds; // by a member that has the room
-    bool closedBeforeTheEnd = false;
+    Outcome outcome;            // by a member that has the room
     std::size_t capacity = 700; // what the answer takes, in bytes
 };
 const FaultRow kFaults[] = {
-    {{FaultKind::None, {}}, true},
-    {{FaultKind::Refuse, {}}, false, true}, // a reset, which Wine reports as a close
-    {{FaultKind::CloseAtOnce, {}}, false, true},
-    {{FaultKind::CloseMidFrame, {}}, false, true},
-    {{FaultKind::CloseMidFrame, L"7"}, false, true}, // within the length digits
-    {{FaultKind::Silent, {}}, false},
-    {{FaultKind::Late, L"30"}, true},
-    {{FaultKind::Slow, L"3"}, true},
-    {{FaultKind::ByteByByte, {}}, true},
-    {{FaultKind::WrongLength, L"64"}, false, true}, // the agent closes, the rest never comes
-    {{FaultKind::WrongLength, L"-8"}, false},
-    {{FaultKind::HugeLength, {}}, false},
-    {{FaultKind::NoNul, {}}, true},
-    {{FaultKind::Garbage, L"50"}, true}, // well framed: the reader's concern
-    {{FaultKind::NotWellFormed, {}}, true},
-    {{FaultKind::Doctype, {}}, true, false, 1000},
-    {{FaultKind::Status, L"Failure"}, true},
+    {{FaultKind::None, {}}, Outcome::Answered},
+    {{FaultKind::Refuse, {}}, Outcome::ClosedByAgent}, // a reset, which Wine reports as a close
+    {{FaultKind::CloseAtOnce, {}}, Outcome::ClosedByAgent},
+    {{FaultKind::CloseMidFrame, {}}, Outcome::ClosedByAgent},
+    {{FaultKind::CloseMidFrame, L"7"}, Outcome::ClosedByAgent}, // within the length digits
+    {{FaultKind::Silent, {}}, Outcome::TimedOut},
+    {{FaultKind::Late, L"30"}, Outcome::Answered},
+    {{FaultKind::Slow, L"3"}, Outcome::Answered},
+    {{FaultKind::ByteByByte, {}}, Outcome::Answered},
+    {{FaultKind::WrongLength, L"64"}, Outcome::ClosedByAgent}, // the rest never comes
+    {{FaultKind::WrongLength, L"-8"}, Outcome::Damaged},
+    {{FaultKind::HugeLength, {}}, Outcome::Damaged},
+    {{FaultKind::NoNul, {}}, Outcome::Answered},
+    {{FaultKind::Garbage, L"50"}, Outcome::Answered}, // well framed: the reader's concern
+    {{FaultKind::NotWellFormed, {}}, Outcome::Answered},
+    {{FaultKind::Doctype, {}}, Outcome::Answered, 1000},
+    {{FaultKind::Status, L"Failure"}, Outcome::Answered},
 };
 
 TEST(TransportTest, EveryMemberAgainstEveryFault)
@@ -66,15 +65,11 @@ TEST(TransportTest, EveryMemberAgainstEveryFault)
         for (const FaultRow& row : kFaults) {
             if (row.fault.kind == FaultKind::Silent && member.seconds > 20)
                 continue; // one wait is like the other
-            SCOPED_TRACE(static_cast<int>(row.fault.kind));
-            BoxScript boxes{};
-            if (member.differences & kClosedBox && row.closedBeforeTheEnd)
-                boxes.Expect({{L"Connection Closed !", L"Connection Closed : Please check"}});
             agent.SetFault(kOperation, row.fault);
             std::wstring response;
             const ULONGLONG start = GetTickCount64();
-            const bool done = ServiceRequest(member.member, request.c_str(), response, "127.0.0.1", agent.Port());
-            EXPECT_EQ(done, row.succeeds && member.capacity >= row.capacity)
+            EXPECT_EQ(ServiceRequest(member.member, request.c_str(), response, agent.Port()),
+                member.capacity >= row.capacity ? row.outcome : Outcome::Damaged)
                 << static_cast<int>(member.member) << " fault " << static_cast<int>(row.fault.kind);
             EXPECT_LT(GetTickCount64() - start, 400U + static_cast<unsigned>(member.seconds) * 10U);
             EXPECT_LE(response.size(), member.capacity / 2);
@@ -93,26 +88,37 @@ TEST(TransportTest, AnswersAboveTheCapacityFail)
         for (const std::size_t units : {fits, fits + 1}) {
             agent.ScriptReply(kOperation, std::wstring(units, L'x'));
             std::wstring response;
-            EXPECT_EQ(ServiceRequest(member.member, StatusRequest().c_str(), response, "127.0.0.1", agent.Port()),
-                units == fits)
+            EXPECT_EQ(ServiceRequest(member.member, StatusRequest().c_str(), response, agent.Port()),
+                units == fits ? Outcome::Answered : Outcome::Damaged)
                 << static_cast<int>(member.member);
             EXPECT_EQ(response.size(), units == fits ? fits : 0U);
         }
     }
+    agent.Stop();
+    std::wstring response;
+    EXPECT_EQ(ServiceRequest(Member::StatusCheck, L"", response, agent.Port()), Outcome::CannotConnect);
 }
 
-TEST(TransportTest, NobodyListens)
+// Waits that end: the first data's after the member's time, the connection's and the data's when the thread is to end.
+TEST(TransportTest, EndsWithItsThread)
 {
+    static int waits = 0;
+    static int end = 0;
     AgentServer agent;
     ASSERT_TRUE(agent.Start());
-    agent.Stop();
-    for (const MemberRow& member : kMembers) {
-        BoxScript boxes{};
-        if (member.differences & kConnectBox)
-            boxes.Expect({{L"Connection Closed !", L"Please check if Voltaro Service is started ?"}});
+    for (int endAt = 1; endAt <= 3; ++endAt) {
+        agent.SetFault(kOperation, {endAt < 3 ? FaultKind::Silent : FaultKind::Slow, L"300"});
+        end = endAt;
+        waits = 0;
+        threadWait = [](HANDLE handle, DWORD milliseconds) {
+            return ++waits == end ? Waited::Ending : WaitPlainly(handle, milliseconds);
+        };
         std::wstring response;
-        EXPECT_FALSE(ServiceRequest(member.member, L"", response, "127.0.0.1", agent.Port()));
+        EXPECT_EQ(
+            ServiceRequest(Member::StatusCheck, StatusRequest().c_str(), response, agent.Port()), Outcome::Ending);
+        EXPECT_TRUE(response.empty());
     }
+    threadWait = WaitPlainly;
 }
 
 TEST(TransportTest, TheFrameOnTheWire)
@@ -121,7 +127,7 @@ TEST(TransportTest, TheFrameOnTheWire)
     ASSERT_TRUE(agent.Start());
     std::wstring response;
     const std::wstring request = StatusRequest();
-    EXPECT_TRUE(ServiceRequest(Member::StatusCheck, request.c_str(), response, "127.0.0.1", agent.Port()));
+    EXPECT_EQ(ServiceRequest(Member::StatusCheck, request.c_str(), response, agent.Port()), Outcome::Answered);
     const auto received = agent.Requests();
     ASSERT_EQ(received.size(), 1U);
     EXPECT_EQ(received[0].text, request);
@@ -145,24 +151,22 @@ TEST(TransportTest, KeepsHandles)
     AgentServer agent;
     ASSERT_TRUE(agent.Start());
     const std::wstring request = StatusRequest();
-    const auto handlesAfter = [&](int exchanges, bool expected) {
+    const auto handlesAfter = [&](int exchanges, Outcome expected) {
         std::wstring response;
         for (int i = 0; i < exchanges; ++i)
-            EXPECT_EQ(
-                ServiceRequest(Member::StatusCheck, request.c_str(), response, "127.0.0.1", agent.Port()), expected);
+            EXPECT_EQ(ServiceRequest(Member::StatusCheck, request.c_str(), response, agent.Port()), expected);
         return OpenHandles();
     };
-    const int before = handlesAfter(20, true);
-    EXPECT_LE(handlesAfter(1000, true), before + 10); // the simulator's own threads come and go
+    const int before = handlesAfter(20, Outcome::Answered);
+    EXPECT_LE(handlesAfter(1000, Outcome::Answered), before + 10); // the simulator's own threads come and go
     agent.SetFault(kOperation, {FaultKind::CloseAtOnce, {}});
-    EXPECT_LE(handlesAfter(200, false), before + 10); // the one failure that closes its socket
+    EXPECT_LE(handlesAfter(200, Outcome::ClosedByAgent), before + 10); // the one failure that closes its socket
     agent.SetFault(kOperation, {FaultKind::HugeLength, {}});
-    EXPECT_LE(handlesAfter(1000, false), before + 1020); // any other leaves its socket, and nothing else
+    EXPECT_LE(handlesAfter(1000, Outcome::Damaged), before + 1020); // any other leaves its socket, and nothing else
 }
 
 TEST(TransportTest, WindowsStayAliveWhileARequestHangs)
 {
-    AdoptUiThread();
     AllowWaits();
     AgentServer agent;
     ASSERT_TRUE(agent.Start());
@@ -170,6 +174,7 @@ TEST(TransportTest, WindowsStayAliveWhileARequestHangs)
     const Fault hanging[] = {{FaultKind::Late, L"2000"}, {FaultKind::ByteByByte, L"1"}};
     for (const Fault& fault : hanging) {
         agent.SetFault(kOperation, fault);
+        AdoptUiThread();
         const TestWindow window;
         std::atomic<bool> done = false;
         int probes = 0;
@@ -182,9 +187,11 @@ TEST(TransportTest, WindowsStayAliveWhileARequestHangs)
             }
         });
         std::wstring response;
-        EXPECT_TRUE(ServiceRequest(Member::StatusCheck, StatusRequest().c_str(), response, "127.0.0.1", agent.Port()));
+        EXPECT_EQ(
+            ServiceRequest(Member::StatusCheck, StatusRequest().c_str(), response, agent.Port()), Outcome::Answered);
         done = true;
         prober.join();
+        threadWait = WaitPlainly;
         EXPECT_GE(probes, 10);
         EXPECT_GE(answered, probes - 1) << "the last one may come after the answer";
     }

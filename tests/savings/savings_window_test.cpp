@@ -8,7 +8,7 @@
 #include "support/test_window.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
-#include "ui/liveness.h"
+#include "ui/waiting.h"
 
 #include <gtest/gtest.h>
 
@@ -79,7 +79,7 @@ protected:
     {
         const NMHDR header{Picker(), kPicker, code};
         SendMessageW(WindowOf(WindowId::Savings), WM_NOTIFY, kPicker, reinterpret_cast<LPARAM>(&header));
-        WaitAlive(milliseconds);
+        static_cast<void>(WaitServingWindows(nullptr, milliseconds));
         Pump();
         return m_program.TakeOperations();
     }

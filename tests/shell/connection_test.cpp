@@ -50,7 +50,7 @@ TEST(ConnectionTest, LoadsAndRefreshesInOrderAndTellsOfADeadAgentOnce)
     EXPECT_FALSE(IsWindowEnabled(ControlOf(main, kSchemeList)));
     EXPECT_EQ(RowCount(ControlOf(main, kSavingsList)), 5);
     EXPECT_EQ(CellOf(ControlOf(main, kSavingsList), 1, 0), L"Power saved");
-    EXPECT_EQ(GreyedItems(), (std::set<int>{kResume, kActivate})); // the licence is active
+    EXPECT_EQ(GreyedItems(), (std::set<int>{kResume}));
     EXPECT_EQ(HostLineText().substr(0, 10), L"Hostname :");
     program.Command(WindowId::Main, kRefresh);
     EXPECT_EQ(program.TakeOperations(),
@@ -103,15 +103,19 @@ TEST(ConnectionTest, OneLossOneBox)
     EXPECT_EQ(RowCount(ControlOf(WindowOf(WindowId::Main), kSavingsList)), 0);
     program.Command(WindowId::Main, kReinitialize);
     EXPECT_TRUE(state.connected);
-    EXPECT_EQ(GreyedItems(), (std::set<int>{kResume, kActivate})); // the licence is active
+    program.Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseMidFrame, {}});
+    program.Command(WindowId::Main, kReinitialize);
+    EXPECT_EQ(HostLineText(), L"Not initialized.");
+    program.Agent().ClearFaults();
+    program.Command(WindowId::Main, kReinitialize);
+    EXPECT_EQ(GreyedItems(), (std::set<int>{kResume}));
 }
 
 // The poller asks for the pause state, for the battery where there is one, and gives up after three failed tries.
 TEST(ConnectionTest, PollsUntilTheAgentIsLost)
 {
-    for (const auto& [scenario, second, greyed] :
-        {std::tuple(L"battery", L"GetBatteryInfo", std::set<int>{kResume, kActivate}),
-            {L"desktop", L"PauseStatus", {kResume, kBatteryInfo, kActivate}}}) {
+    for (const auto& [scenario, second, greyed] : {std::tuple(L"battery", L"GetBatteryInfo", std::set<int>{kResume}),
+             {L"desktop", L"PauseStatus", {kResume, kBatteryInfo}}}) {
         LoadedProgram program(*simulator::FindScenario(scenario));
         EXPECT_EQ(GreyedItems(), greyed) << scenario;
         timing.pollerPeriod = timing.pollerFirstRetry = timing.pollerSecondRetry = 50;

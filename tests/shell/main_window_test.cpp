@@ -5,6 +5,7 @@
 #include "shell/quick_actions.h"
 #include "support/box_script.h"
 #include "support/program.h"
+#include "support/test_window.h"
 #include "ui/controls.h"
 #include "ui/menus.h"
 
@@ -36,7 +37,10 @@ TEST_F(MainWindowTest, SetAppliesTheChosenSchemeAndReadsTheState)
     program.Command(WindowId::Main, kChange);
     EXPECT_TRUE(IsWindowEnabled(ControlOf(main, kSchemeList)));
     EXPECT_EQ(SelectedText(main, kSchemeList), L"Balanced");
-    SelectExact(main, kSchemeList, L"Minimum");
+    SendMessageW(ControlOf(main, kSchemeList), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    program.Command(WindowId::Main, kSchemeList, CBN_SELCHANGE);
+    EXPECT_FALSE(IsWindowEnabled(ControlOf(main, kSet))); // nothing to set
+    program.Choose(WindowId::Main, kSchemeList, L"Minimum");
     program.Command(WindowId::Main, kSet);
     EXPECT_NE(program.LastRequest(L"ApplyPowerScheme")
                   .find(L"<operation>ApplyPowerScheme</operation>\r\n\t\t<scheme>Minimum</scheme>"),
@@ -147,12 +151,25 @@ TEST_F(MainWindowTest, AnswersPowerBroadcastsAndEndsOfTheSession)
     SendMessageW(main, WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
     EXPECT_EQ(program.TakeOperations(), Operations{});
     program.Agent().ScriptReply(L"GetBatteryInfo", Reply(L"<a>On Battery</a><b>Discharging</b><c>12 %</c>"));
-    SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    for (int i = 0; i < 10; ++i)
+        SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    EXPECT_EQ(program.TakeOperations(), Operations{}); // nothing within the message
+    Pump();
     EXPECT_EQ(program.TakeOperations(), Operations{L"GetBatteryInfo"});
+    // The status stays and with it the picture, but not the charge.
+    program.Agent().ScriptReply(L"GetBatteryInfo", Reply(L"<a>On Battery</a><b>Discharging</b><c>11 %</c>"));
+    SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    Pump();
+    EXPECT_EQ(TextOf(main, kChargeLine), L"11 %");
+    program.Agent().ScriptReply(L"GetBatteryInfo", Reply(L"<a>On Battery</a><b>Discharging</b><c>12 %</c>"));
+    SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    Pump();
+    program.TakeOperations();
     EXPECT_EQ(state.battery.PowerSource(), L"On Battery");
     EXPECT_EQ(TextOf(main, kChargeLine), L"12 %");
     state.connected = false;
     SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    Pump();
     EXPECT_EQ(program.TakeOperations(), Operations{});
 
     MSG message;

@@ -1,5 +1,6 @@
 #include "shell/tray.h"
 
+#include "base/timing.h"
 #include "console/ui_calls.h"
 #include "shell/main_commands.h"
 #include "support/box_script.h"
@@ -30,8 +31,10 @@ TEST(TrayTest, CallsTheShellWithOneRecord)
     AddTrayIcon(main);
     ChangeTrayIcon(1002, std::wstring(300, L'x'));
     SendMessageW(main, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+    Pump();
     RemoveTrayIcon();
     SendMessageW(main, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+    Pump();
     RemoveTrayIcon();
     const ULONG_PTR expected[] = {NIM_ADD, NIM_MODIFY, NIM_ADD, NIM_DELETE};
     ASSERT_EQ(tray.Calls().size(), std::size(expected));
@@ -69,22 +72,76 @@ TEST(TrayTest, ALeftClickRestoresOnceTheConsoleWasLoaded)
     EXPECT_TRUE(IsWindowVisible(main));
 }
 
-// The shell sends its news, and Windows a change of the power source, also while a request waits for its answer.
-TEST(TrayTest, NewsInTheMidstOfARequestFollowIt)
+// The shell reports clicks, and Windows a change of the power source, also while a request waits for its answer.
+TEST(TrayTest, WhatComesDuringARequestFollowsItOnce)
 {
     LoadedProgram program;
     const HWND main = WindowOf(WindowId::Main);
     program.Agent().SetFault(L"GetBatteryInfo", {simulator::FaultKind::Late, L"200"});
     std::thread shell([main] {
         Sleep(50);
-        SendNotifyMessageW(main, kTrayMessage, 9013, WM_LBUTTONUP);
-        SendNotifyMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+        for (int i = 0; i < 10; ++i) {
+            SendNotifyMessageW(main, kTrayMessage, 9013, WM_LBUTTONUP);
+            SendNotifyMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+        }
     });
     LeftClick(); // asks for the battery itself, and nobody calls the agent lost
     shell.join();
     Pump();
     EXPECT_EQ(program.TakeOperations(), Operations(3, L"GetBatteryInfo"));
     EXPECT_TRUE(state.connected);
+}
+
+int messagesDuringBox = 0;
+ConsoleProgram* programOfBox = nullptr;
+
+// A box that is open for a while, as a message loop of its own, in which the shell reports all it can.
+Answer OpenForAWhile(const BoxCall& call)
+{
+    const HWND main = WindowOf(WindowId::Main);
+    programOfBox->TakeOperations();
+    for (const LPARAM mouse : {WM_MOUSEMOVE, WM_LBUTTONUP, WM_MOUSEMOVE, WM_LBUTTONUP})
+        PostMessageW(main, kTrayMessage, 9013, mouse);
+    for (int i = 0; i < 10; ++i)
+        SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    MSG message;
+    for (const ULONGLONG end = GetTickCount64() + 200; GetTickCount64() < end; Sleep(1)) {
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            DispatchMessageW(&message);
+            ++messagesDuringBox;
+        }
+    }
+    EXPECT_EQ(programOfBox->TakeOperations(), Operations{}) << "no request under an open box";
+    return call.buttons == BoxButtons::Ok ? Answer::Ok : Answer::No;
+}
+
+TEST(TrayTest, WhatComesWhileABoxIsOpenFollowsItOnce)
+{
+    LoadedProgram program;
+    programOfBox = &program;
+    messagesDuringBox = 0;
+    boxDoor = OpenForAWhile;
+    program.Command(WindowId::Main, kTrayClose);
+    EXPECT_LT(messagesDuringBox, 100);
+    EXPECT_EQ(program.TakeOperations(), Operations(2, L"GetBatteryInfo")); // one for the clicks, one for the power
+}
+
+TEST(TrayTest, AnIconThatIsNotTakenIsTriedAgain)
+{
+    FakeTray tray;
+    LoadedProgram program;
+    const HWND main = WindowOf(WindowId::Main);
+    timing.trayRetry = 20;
+    tray.RefuseIcons(true);
+    AddTrayIcon(main);
+    program.Command(WindowId::Main, kExitToTray);
+    EXPECT_TRUE(IsWindowVisible(main) && IsIconic(main)); // where else would the user find it
+    tray.RefuseIcons(false);
+    EXPECT_TRUE(WaitFor([&] { return !tray.Calls().empty(); }, 3'000));
+    program.Command(WindowId::Main, kExitToTray);
+    EXPECT_FALSE(IsWindowVisible(main));
+    RemoveTrayIcon();
+    EXPECT_EQ(tray.Last().what, static_cast<ULONG_PTR>(NIM_DELETE));
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "base/text.h"
+#include "console/main_hold.h"
 #include "link/exchange.h"
 #include "shell/about.h"
 #include "shell/main_commands.h"
@@ -8,8 +9,8 @@
 #include "support/program.h"
 #include "support/test_window.h"
 #include "ui/controls.h"
-#include "ui/liveness.h"
 #include "ui/menus.h"
+#include "ui/waiting.h"
 
 #include <gtest/gtest.h>
 
@@ -48,7 +49,7 @@ protected:
         EXPECT_EQ(TextOf(window, kTitle), kWait);
         EXPECT_EQ(TextOf(window, kDetail), L"");
         EXPECT_FALSE(IsWindowEnabled(main));
-        EXPECT_FALSE(state.consoleReady);
+        EXPECT_FALSE(IsConsoleReady());
     }
     void ExpectIdle() const
     {
@@ -56,7 +57,7 @@ protected:
         EXPECT_EQ(TextOf(window, kTitle), kWait);
         EXPECT_EQ(TextOf(window, kDetail), L"");
         EXPECT_TRUE(IsWindowEnabled(main));
-        EXPECT_TRUE(state.consoleReady);
+        EXPECT_TRUE(IsConsoleReady());
     }
 
     LoadedProgram program;
@@ -109,7 +110,7 @@ TEST_F(UpdateTest, GoesOnWaitingAfterAnAnswerThatItDoesNotKnow)
             return !program.Agent().Requests().empty() && !IsHeld(Operation::CheckForUpdates)
                 && SendDlgItemMessageW(window, kBar, PBM_GETPOS, 0, 0) > 0;
         }));
-        WaitAlive(100); // what would follow the answer
+        static_cast<void>(WaitServingWindows(nullptr, 100)); // what would follow the answer
         ExpectChecking();
         EXPECT_TRUE(state.updateBusy);
         SendMessageW(window, WM_CLOSE, 0, 0);

@@ -51,6 +51,8 @@ LRESULT CALLBACK FakeTray::Procedure(HWND window, UINT message, WPARAM w, LPARAM
     WireCall call{};
     if (data->cbData < sizeof call)
         return FALSE;
+    if (self->m_refuses && data->dwData == NIM_ADD)
+        return FALSE;
     std::memcpy(&call, data->lpData, sizeof call);
     const auto* bytes = static_cast<const char*>(data->lpData);
     self->m_calls.push_back({data->dwData, call.window, call.id, call.callback, call.tooltip,

@@ -26,6 +26,8 @@ public:
     FakeTray(const FakeTray&) = delete;
     FakeTray& operator=(const FakeTray&) = delete;
 
+    // From then on the shell takes no new icon, or takes them again.
+    void RefuseIcons(bool refuse) { m_refuses = refuse; }
     [[nodiscard]] const std::vector<TrayCall>& Calls() const { return m_calls; }
     [[nodiscard]] const TrayCall& Last() const { return m_calls.back(); }
 
@@ -34,6 +36,7 @@ private:
 
     std::vector<TrayCall> m_calls;
     HWND m_window;
+    bool m_refuses = false;
 };
 
 } // namespace voltaro

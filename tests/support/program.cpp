@@ -1,6 +1,9 @@
 #include "support/program.h"
 
 #include "base/timing.h"
+#include "console/background_refresh.h"
+#include "console/main_hold.h"
+#include "console/system_events.h"
 #include "link/host_config.h"
 #include "shell/connection.h"
 #include "shell/main_menus.h"
@@ -45,7 +48,12 @@ ConsoleProgram::~ConsoleProgram()
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) { } // the quit message too
     std::destroy_at(&state);
     std::construct_at(&state);
+    ReleaseAllHolders();
+    ReleaseMainWindow(HoldReason::Check);
+    refreshRequests = 0;
+    static_cast<void>(TakeEvents());
     boxDoor = m_door;
+    boxClosed = nullptr;
     timing = Timing();
     AllowWaits();
 }

@@ -1,7 +1,7 @@
 #include "support/test_window.h"
 
-#include "ui/liveness.h"
 #include "ui/navigation.h"
+#include "ui/waiting.h"
 #include "ui/window_class.h"
 
 #include <array>
@@ -59,7 +59,7 @@ bool WaitFor(const std::function<bool()>& condition, unsigned milliseconds)
     for (const ULONGLONG end = GetTickCount64() + milliseconds; !condition(); Pump()) {
         if (GetTickCount64() >= end)
             return false;
-        WaitAlive(10);
+        static_cast<void>(WaitServingWindows(nullptr, 10));
     }
     return true;
 }

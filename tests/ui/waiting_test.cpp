@@ -1,6 +1,8 @@
-#include "ui/liveness.h"
+#include "ui/waiting.h"
 
+#include "base/handles.h"
 #include "support/test_window.h"
+#include "ui/ui_thread.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +12,7 @@
 namespace voltaro {
 namespace {
 
-TEST(Liveness, AWaitAnswersProbesAndPaintsButLeavesInput)
+TEST(WaitingTest, AWaitAnswersProbesAndPaintsButLeavesInput)
 {
     int paints = 0, keys = 0;
     const TestWindow window([&](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
@@ -34,7 +36,7 @@ TEST(Liveness, AWaitAnswersProbesAndPaintsButLeavesInput)
             Sleep(5);
         }
     });
-    EXPECT_TRUE(WaitAlive(500));
+    EXPECT_EQ(WaitServingWindows(nullptr, 500), Waited::TimedOut);
     prober.join();
     EXPECT_EQ(answered, 20);
     EXPECT_GT(paints, 5);
@@ -43,7 +45,7 @@ TEST(Liveness, AWaitAnswersProbesAndPaintsButLeavesInput)
     EXPECT_EQ(keys, 1);
 }
 
-TEST(Liveness, AWindowThatNeverStopsAskingForPaintDoesNotMakeItSpin)
+TEST(WaitingTest, AWindowThatNeverStopsAskingForPaintDoesNotMakeItSpin)
 {
     int paints = 0;
     const TestWindow window([&](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
@@ -54,18 +56,29 @@ TEST(Liveness, AWindowThatNeverStopsAskingForPaintDoesNotMakeItSpin)
     });
     paints = 0;
     const ULONGLONG start = GetTickCount64();
-    EXPECT_TRUE(WaitAlive(200));
+    EXPECT_EQ(WaitServingWindows(nullptr, 200), Waited::TimedOut);
     EXPECT_LT(GetTickCount64() - start, 400u);
     EXPECT_LT(paints, 100);
 }
 
-TEST(Liveness, EndsEarlyAndLeavesTheQuitMessage)
+TEST(WaitingTest, EndsAtOnceForItsHandleOrTheProgramAndLeavesTheQuitMessage)
 {
+    const UniqueHandle event(CreateEventW(nullptr, FALSE, FALSE, nullptr));
     PostQuitMessage(5);
     const ULONGLONG start = GetTickCount64();
-    EXPECT_FALSE(WaitAlive(5000, [] { return true; }));
-    EXPECT_TRUE(WaitAlive(50));
-    EXPECT_LT(GetTickCount64() - start, 1000u);
+    std::thread setter([&] {
+        Sleep(50);
+        SetEvent(event.Get());
+    });
+    EXPECT_EQ(WaitServingWindows(event.Get(), 5'000), Waited::Signalled);
+    setter.join();
+    EXPECT_EQ(WaitServingWindows(event.Get(), 50), Waited::TimedOut);
+    EndWaits();
+    EXPECT_EQ(WaitServingWindows(event.Get(), 5'000), Waited::Ending);
+    SetEvent(event.Get());
+    EXPECT_EQ(WaitServingSentMessages(event.Get(), 5'000), Waited::Signalled);
+    AllowWaits();
+    EXPECT_LT(GetTickCount64() - start, 1'000u);
     MSG message;
     ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(message.wParam, 5u);
