@@ -85,7 +85,7 @@ void RunGraph(Bytes& bytes)
 void RunProfile(Bytes& bytes)
 {
     const PowerConsumptionData read = AnyProfile(bytes);
-    Require(RecordToSend(read, read, false) == read);
+    Require(RecordToSend(read, WithMonitor(read), false) == read);
     (void)ProfileRows(read);
     (void)RecordToSend(read, AnyProfile(bytes), true);
     const std::wstring text = bytes.Text();

@@ -54,3 +54,7 @@ done <<TABLE
 icon_running emblem
 icon_paused  emblem_paused
 TABLE
+
+# The installer's last page.
+rsvg-convert -w 164 -h 314 -o "$work/side.png" ../../packaging/side.svg
+convert "$work/side.png" -strip -colors 128 -type Palette -compress None BMP3:../../packaging/side.bmp

@@ -3,22 +3,45 @@
 #include "base/ansi.h"
 #include "base/text.h"
 #include "console/state.h"
+#include "ui/boxes.h"
 
 namespace voltaro {
 namespace {
 
 constexpr UINT kDisplayTopic = 0;
+constexpr UINT kCloseAll = 0x12;
+
+constexpr Box kNoFile = {L"Voltaro Help", L"The help file is missing:\n\n"};
+constexpr Box kNoViewer = {L"Voltaro Help", L"The help viewer of Windows (hhctrl.ocx) cannot be loaded."};
+
+using HtmlHelp = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
+HtmlHelp viewer = nullptr; // null until it has been asked for
 
 // The viewer is loaded when it is first asked for: most runs of the program never open the help.
+bool LoadViewer()
+{
+    const HMODULE library = viewer ? nullptr : LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (library)
+        viewer = reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(GetProcAddress(library, "HtmlHelpW")));
+    return viewer != nullptr;
+}
+
+// A box would disable the desktop, which the main window's help is owned by.
+HWND BoxOwner(HWND owner)
+{
+    return owner == GetDesktopWindow() ? WindowOf(WindowId::Main) : owner;
+}
+
+// Asked for a file that is not there the viewer shows a box of its own, or nothing, so it is not asked.
 void ShowTopic(HWND owner, const std::wstring& topic)
 {
-    using HtmlHelp = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
-    static const HMODULE library = LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    if (!library)
-        return;
-    const auto show = reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(GetProcAddress(library, "HtmlHelpW")));
-    if (show)
-        show(owner, topic.c_str(), kDisplayTopic, 0);
+    const std::wstring file = topic.substr(0, topic.find(L"::"));
+    if (GetFileAttributesW(file.c_str()) == INVALID_FILE_ATTRIBUTES)
+        Tell(BoxOwner(owner), kNoFile, kNoFile.text + file);
+    else if (!LoadViewer())
+        Tell(BoxOwner(owner), kNoViewer);
+    else
+        viewer(owner, topic.c_str(), kDisplayTopic, 0);
 }
 
 } // namespace
@@ -33,6 +56,12 @@ std::wstring HelpTopic(const wchar_t* page)
 void OpenHelp(HWND owner, const wchar_t* page)
 {
     helpViewer(owner, HelpTopic(page));
+}
+
+void CloseHelp()
+{
+    if (viewer)
+        viewer(nullptr, nullptr, kCloseAll, 0);
 }
 
 } // namespace voltaro

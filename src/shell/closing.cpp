@@ -1,6 +1,7 @@
 #include "shell/closing.h"
 
 #include "base/timing.h"
+#include "console/help.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/main_window.h"
@@ -49,6 +50,7 @@ void CloseForUpdate(HWND main)
 
 LRESULT OnMainDestroyed()
 {
+    CloseHelp();
     EndWaits();
     CloseDoor();
     StopWorkers(StopOrder::MainWindowDestroyed);
@@ -62,6 +64,7 @@ LRESULT OnQueryEndSession(LPARAM reason)
 {
     constexpr LPARAM kStopsProgram = ENDSESSION_CLOSEAPP | ENDSESSION_CRITICAL | static_cast<LPARAM>(ENDSESSION_LOGOFF);
     if (reason & kStopsProgram) {
+        CloseHelp();
         EndWaits();
         CloseDoor();
         StopWorkers(StopOrder::SessionEnds);

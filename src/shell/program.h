@@ -1,8 +1,10 @@
 #pragma once
 
+#include "resources/version.h"
+
 namespace voltaro {
 
-inline constexpr const char* kVersion = "1.06.006.000";
+inline constexpr const char* kVersion = VOLTARO_VERSION;
 
 // The steps of start-up that tests take too.
 

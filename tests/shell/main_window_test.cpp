@@ -138,6 +138,14 @@ TEST_F(MainWindowTest, ClosesOnYesAndOnNoAnswerOnly)
     EXPECT_FALSE(IsWindow(main));
 }
 
+TEST_F(MainWindowTest, NamesTheHelpFileThatIsMissing)
+{
+    BoxScript boxes{{L"Voltaro Help", L"The help file is missing:\n\n"}, {L"Voltaro Help", L"Voltaro_Help_SE.chm"}};
+    program.Command(WindowId::Main, kTrayHelp);
+    EXPECT_TRUE(IsWindowEnabled(GetDesktopWindow()));
+    SendMessageW(WindowOf(WindowId::Snooze), WM_HELP, 0, 0);
+}
+
 TEST_F(MainWindowTest, AnswersPowerBroadcastsAndEndsOfTheSession)
 {
     SendMessageW(main, WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
