@@ -24,21 +24,6 @@ bool ReadRecordInto(Operation operation, Record& record)
     return ReadWith(operation, [&](const Element& root) { record = ReadRecord<Record>(root).value_or(record); });
 }
 
-bool ReadBatteryWith(Operation operation)
-{
-    return ReadWith(operation, [](const Element& root) {
-        state.battery = ReadBattery(root);
-        const bool changed = !(state.lastBatteryStatus == state.battery.Status());
-        state.lastBatteryStatus = state.battery.Status();
-        state.noBattery = IsWord(state.battery.Status(), kNoBattery);
-        state.lastBatteryCharge = state.battery.Charge();
-        if (mainView.showCharge)
-            mainView.showCharge();
-        if (changed && mainView.repaint)
-            mainView.repaint();
-    });
-}
-
 } // namespace
 
 bool ReadPowerSchemes()
@@ -69,12 +54,17 @@ bool ReadCurrentPowerSettings()
 
 bool ReadBatteryInfo()
 {
-    return ReadBatteryWith(Operation::GetBatteryInfo);
-}
-
-bool ReadBatteryInfoInWindow()
-{
-    return ReadBatteryWith(Operation::GetBatteryInfoInWindow);
+    return ReadWith(Operation::GetBatteryInfo, [](const Element& root) {
+        state.battery = ReadBattery(root);
+        const bool changed = !(state.lastBatteryStatus == state.battery.Status());
+        state.lastBatteryStatus = state.battery.Status();
+        state.noBattery = IsWord(state.battery.Status(), kNoBattery);
+        state.lastBatteryCharge = state.battery.Charge();
+        if (mainView.showCharge)
+            mainView.showCharge();
+        if (changed && mainView.repaint)
+            mainView.repaint();
+    });
 }
 
 bool ReadHostSettings()

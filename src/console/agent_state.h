@@ -12,7 +12,6 @@ bool ReadPowerSchemes(); // names, in the order received; also fills the main wi
 bool ReadPolicies();
 bool ReadCurrentPowerSettings(); // also selects the scheme in the main window's list
 bool ReadBatteryInfo();          // shows the charge; repaints the main window when the status text changed
-bool ReadBatteryInfoInWindow();  // the same for the battery window's own refresh, through its own member
 bool ReadHostSettings();
 bool ReadProxySettings();
 bool ReadCurrentConsumption();

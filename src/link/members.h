@@ -31,7 +31,7 @@ enum class Member : std::uint8_t {
     PowerActions,
     PatchDetails,
     MainWindowActions,
-    BatteryWindow, // no window sends it: a whole battery answer does not fit
+    BatteryWindow, // nor is this one: the battery window asks through BatteryInfo
     QueryScheme,
     SavingsTotal,
     SavePolicy,

@@ -16,7 +16,6 @@ constexpr OperationRow kOperations[] = {
     {Operation::GetSystemStatus,                 L"GetSystemstatus",                Member::StatusCheck,            kPlainUnits},
     {Operation::GetSystemDetails,                L"GetSystemDetails",               Member::SystemDetails,          kPlainUnits},
     {Operation::GetBatteryInfo,                  L"GetBatteryInfo",                 Member::BatteryInfo,            kPlainUnits},
-    {Operation::GetBatteryInfoInWindow,          L"GetBatteryInfo",                 Member::BatteryWindow,          kPlainUnits},
     {Operation::GetActivationStatus,             L"GetActivationstatus",            Member::StatusCheck,            kPlainUnits},
     {Operation::GetVoltaroInfo,                  L"GetVoltaroInfo",                 Member::ProductInfo,            kPlainUnits},
     {Operation::GetLicenseInfo,                  L"GetLicenseInfo",                 Member::LicenseInfo,            kPlainUnits},

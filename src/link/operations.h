@@ -12,7 +12,6 @@ enum class Operation : std::uint8_t {
     GetSystemStatus,
     GetSystemDetails,
     GetBatteryInfo,
-    GetBatteryInfoInWindow,
     GetActivationStatus,
     GetVoltaroInfo,
     GetLicenseInfo,

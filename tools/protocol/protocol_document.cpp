@@ -49,16 +49,12 @@ const OperationRow& RowAt(std::size_t i)
 }
 constexpr std::size_t kOperationCount = static_cast<std::size_t>(voltaro::Operation::Count);
 
-std::string DifferencesOf(const MemberRow& row)
+const char* DifferenceOf(const MemberRow& row)
 {
-    static constexpr const char* kWords[] = {"no option call", "start-up box", "connect box", "closed box",
+    // In the order of Difference.
+    static constexpr const char* kWords[] = {"", "no option call", "start-up box", "connect box", "closed box",
         "exception box, then true", "exception box, then false"};
-    std::string list;
-    for (std::size_t bit = 0; bit < std::size(kWords); ++bit) {
-        if (row.differences & (1U << bit))
-            Add(list, kWords[bit]);
-    }
-    return list;
+    return kWords[static_cast<std::size_t>(row.difference)];
 }
 
 Table Members()
@@ -72,7 +68,7 @@ Table Members()
         }
         table.rows.push_back("| " + std::to_string(table.rows.size() + 1) + " | " + std::to_string(row.capacity) + " | "
             + std::to_string(row.seconds) + " | " + (row.send == SendKind::Heap ? "heap" : "fixed") + " | "
-            + DifferencesOf(row) + " | " + served + " |");
+            + DifferenceOf(row) + " | " + served + " |");
     }
     return table;
 }
