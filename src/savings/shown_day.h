@@ -30,6 +30,7 @@ struct ShownDay {
     PowerProfile profile;
     SavingsFigures figures;
     GraphLayout graph;
+    bool soFar = false; // the agent was asked on that day, before its end
 };
 [[nodiscard]] ShownDay MakeShownDay(
     const LocalTime& day, const DayReport& report, const PowerConsumptionData& consumption);
