@@ -7,6 +7,7 @@
 #include "console/agent.h"
 #include "console/agent_lost.h"
 #include "console/background_refresh.h"
+#include "console/change.h"
 #include "console/help.h"
 #include "console/ui_calls.h"
 #include "power/names.h"
@@ -58,10 +59,11 @@ constexpr int kNewSchemeRow[] = {kNewSchemeLabel, kNewSchemeName, kSaveNewScheme
 constexpr int kSchemeButtons[] = {kSaveAndApply, kDeleteScheme};
 
 struct Editor {
-    bool isNew = false;       // a new scheme's name is being entered
-    bool isPicked = false;    // the user picked the scheme on screen
-    bool isBusy = false;      // a background refresh runs
-    std::wstring shownScheme; // whose settings are on screen
+    bool isNew = false;                // a new scheme's name is being entered
+    bool isPicked = false;             // the user picked the scheme on screen
+    bool isBusy = false;               // a background refresh runs
+    std::wstring shownScheme;          // whose settings are on screen
+    PowerSchemeSettings shownSettings; // as the controls gave them back before the user changed any
     UniqueHandle closed;
 };
 Editor editor;
@@ -95,6 +97,7 @@ void ShowScheme(HWND window, const std::wstring& scheme, const PowerSchemeSettin
     SelectName(window, kEditorScheme, scheme);
     editor.shownScheme = scheme;
     ShowSettings(settings);
+    editor.shownSettings = EditedSettings();
 }
 
 void ShowCurrentScheme(HWND window)
@@ -233,6 +236,12 @@ void OnRefresh(HWND window)
     RequestBackgroundRefresh(RefreshKind::PowerData);
 }
 
+void OnRefreshKey(HWND window)
+{
+    if (editor.isBusy || EditedSettings() == editor.shownSettings || Ask(window, kDiscardChanges))
+        OnRefresh(window);
+}
+
 void OnHelp(HWND window)
 {
     OpenHelp(window, kSchemeHelpPage);
@@ -273,7 +282,7 @@ constexpr Command kCommands[] = {
     {kNewScheme,     OnNewScheme},
     {kEditorHelp,    OnHelp},
     {kEditorRefresh, OnRefresh},
-    {kRefreshKey,    OnRefresh},
+    {kRefreshKey,    OnRefreshKey},
 };
 // clang-format on
 

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "console/agent.h"
+#include "console/change.h"
 #include "settings/form_window.h"
 #include "ui/boxes.h"
 
 #include <cstdint>
 #include <span>
 #include <type_traits>
+#include <vector>
 
 namespace voltaro {
 
@@ -59,6 +61,21 @@ void Refuse(HWND window, const RefusedField& refusal);
 // agent has taken the change.
 [[nodiscard]] bool SendChange(HWND window, const Request& request, const Box& applied, const Box& failed);
 
+// What the controls hold, field by field, and what they held when the record was shown last.
+using ShownFields = std::vector<FieldText>;
+
+template <const auto* form>
+ShownFields FieldsShown(HWND window)
+{
+    ShownFields fields;
+    for (const auto& binding : form->bindings)
+        fields.push_back(FieldShown(window, binding.id, binding.form, (*form->record).*binding.slot));
+    return fields;
+}
+
+template <const auto* form>
+inline ShownFields shownFields;
+
 // Shows the record as the agent sent it last; before the first one the controls stay as they are.
 template <const auto* form>
 void ShowRecord(HWND window)
@@ -68,6 +85,7 @@ void ShowRecord(HWND window)
     for (const auto& binding : form->bindings)
         ShowField(window, binding.id, binding.form, (*form->record).*binding.slot);
     form->enable(window);
+    shownFields<form> = FieldsShown<form>(window);
 }
 
 // Reads the record and shows it. What does not come leaves the controls as they are; false when the agent is lost.
@@ -89,6 +107,16 @@ template <const auto* form>
 void RefreshRecord(HWND window)
 {
     static_cast<void>(ReadAndShow<form>(window));
+}
+
+// F5, which is pressed more easily than "Refresh" is chosen: asks before it overwrites what the user changed.
+template <const auto* form>
+void RefreshRecordByKey(HWND window)
+{
+    const bool edited
+        = IsWindowEnabled(ControlOf(window, form->applyButton)) && shownFields<form> != FieldsShown<form>(window);
+    if (!edited || Ask(window, kDiscardChanges))
+        RefreshRecord<form>(window);
 }
 
 // The main window's command: reads, then shows. A window that is open already keeps what the user typed.
