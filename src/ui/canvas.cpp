@@ -4,18 +4,9 @@
 #include "ui/visual_style.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace voltaro {
 namespace {
-
-bool IsGroupBox(HWND child)
-{
-    wchar_t name[16] = L"";
-    GetClassNameW(child, name, static_cast<int>(std::size(name)));
-    return CompareStringOrdinal(name, -1, WC_BUTTONW, -1, TRUE) == CSTR_EQUAL
-        && (GetWindowLongW(child, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-}
 
 RECT PlaceIn(HWND window, HWND child)
 {

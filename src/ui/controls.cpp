@@ -2,6 +2,7 @@
 
 #include "ui/canvas.h"
 #include "ui/list_view.h"
+#include "ui/theme.h"
 #include "ui/window_class.h"
 
 #include <oleacc.h>
@@ -273,6 +274,8 @@ void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
             NameForScreenReader(made, row.name);
         before = &row;
     }
+    if (systemLooks.highContrast())
+        RenewColours(window);
 }
 
 HWND ControlOf(HWND window, int id)

@@ -72,6 +72,15 @@ std::optional<COLORREF> KeptColour(HWND control, const wchar_t* property)
     return kept != 0 ? std::optional(static_cast<COLORREF>(kept & ~kIsColour)) : std::nullopt;
 }
 
+// A visual style has colours of its own for the captions of groups and the headers of lists; one that was not made for
+// high contrast would not show them on the system's colours.
+void FollowContrast(HWND control)
+{
+    const HWND part = IsGroupBox(control) ? control : ListView_GetHeader(control);
+    if (part != nullptr)
+        (systemLooks.highContrast() ? LeaveVisualStyle : ReturnToVisualStyle)(part);
+}
+
 void ApplyColours(HWND control)
 {
     if (const auto text = KeptColour(control, kTextProperty))
@@ -205,6 +214,7 @@ void RenewColours(HWND window)
     for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
         SendMessageW(child, WM_SYSCOLORCHANGE, 0, 0); // Windows tells top-level windows alone
         ApplyColours(child);
+        FollowContrast(child);
     }
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }

@@ -7,6 +7,8 @@
 
 #include <vssym32.h>
 
+#include <iterator>
+
 namespace voltaro {
 namespace {
 
@@ -35,6 +37,13 @@ COLORREF MiddleOf(HTHEME theme)
     return colour;
 }
 
+void SetStyle(HWND control, const wchar_t* name)
+{
+    static const auto set = ThemeProcedure<decltype(::SetWindowTheme)>("SetWindowTheme");
+    if (set != nullptr)
+        set(control, name, name);
+}
+
 } // namespace
 
 FARPROC SystemProcedure(const wchar_t* library, const char* name)
@@ -45,9 +54,20 @@ FARPROC SystemProcedure(const wchar_t* library, const char* name)
 
 void LeaveVisualStyle(HWND control)
 {
-    static const auto set = ThemeProcedure<decltype(::SetWindowTheme)>("SetWindowTheme");
-    if (set != nullptr)
-        set(control, L" ", L" "); // names no style; empty texts would mean the usual one
+    SetStyle(control, L" "); // names no style; empty texts would mean the usual one
+}
+
+void ReturnToVisualStyle(HWND control)
+{
+    SetStyle(control, nullptr);
+}
+
+bool IsGroupBox(HWND control)
+{
+    wchar_t name[16] = L"";
+    GetClassNameW(control, name, static_cast<int>(std::size(name)));
+    return CompareStringOrdinal(name, -1, WC_BUTTONW, -1, TRUE) == CSTR_EQUAL
+        && (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
 }
 
 std::optional<COLORREF> TabBodyColour()
