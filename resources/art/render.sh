@@ -43,13 +43,17 @@ system_ring          80  25 key
 system_prompt        80  25 face
 TABLE
 
-# An icon's sizes: 16 and 32 from drawings of their own, 48 and 256 from the emblem.
+# An icon's sizes: up to 20 and up to 32 from drawings of their own, larger ones from the emblem. The notification area
+# asks for 16 to 32, as the screen's scale is.
 while read -r name emblem; do
-    rsvg-convert -w 16 -h 16 -o "$work/16.png" "${name}_16.svg"
-    rsvg-convert -w 32 -h 32 -o "$work/32.png" "${name}_32.svg"
-    rsvg-convert -w 48 -h 48 -o "$work/48.png" "$emblem.svg"
-    rsvg-convert -w 256 -h 256 -o "$work/256.png" "$emblem.svg"
-    icotool -c -o "../icons/$name.ico" "$work/16.png" "$work/32.png" "$work/48.png" --raw="$work/256.png"
+    for size in 16 20 24 32 48 64 256; do
+        drawing=$emblem.svg
+        [ $size -le 32 ] && drawing=${name}_32.svg
+        [ $size -le 20 ] && drawing=${name}_16.svg
+        rsvg-convert -w $size -h $size -o "$work/$size.png" "$drawing"
+    done
+    icotool -c -o "../icons/$name.ico" "$work/16.png" "$work/20.png" "$work/24.png" "$work/32.png" "$work/48.png" \
+        "$work/64.png" --raw="$work/256.png"
 done <<TABLE
 icon_running emblem
 icon_paused  emblem_paused

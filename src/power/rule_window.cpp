@@ -27,7 +27,7 @@ constexpr Control kControls[] = {
     // kind              id                  text                          x    y    w    h
     {Kind::Label,        kNameLabel,         L"Application exe name :",    18,  22, 150,  18},
     {Kind::Edit,         kRuleName,          L"",                         170,  18, 230,  24},
-    {Kind::Push,         kRuleFile,          L"...",                      406,  18,  36,  24},
+    {Kind::Push,         kRuleFile,          L"...",                      406,  18,  36,  24, kPlain, L"Choose a program"},
     {Kind::Label,        kModifiedLabel,     L"Edit Settings for :",       18,  22, 150,  18, kHidden},
     {Kind::PlainEdit,    kModifiedName,      L"",                         172,  22, 270,  18, kHidden},
     {Kind::Label,        kNoId,              L"Description :",             18,  56, 150,  18},

@@ -253,7 +253,8 @@ PowerSchemeSettings EditedSettings()
     PowerSchemeSettings settings = form.settings;
     for (std::size_t i = 0; i < std::size(kSchemeForm); ++i) {
         const SchemeField& field = kSchemeForm[i];
-        settings.*field.slot = StoredSetting(field, FieldShown(field), {form.shown[i], std::wstring(form.settings.*field.slot)});
+        settings.*field.slot
+            = StoredSetting(field, FieldShown(field), {form.shown[i], std::wstring(form.settings.*field.slot)});
     }
     return settings;
 }

@@ -7,6 +7,7 @@
 #include "console/agent.h"
 #include "console/agent_lost.h"
 #include "console/background_refresh.h"
+#include "console/change.h"
 #include "console/help.h"
 #include "console/ui_calls.h"
 #include "power/names.h"
@@ -57,11 +58,12 @@ static_assert(FitInside(kControls, 559, 541)); // of 565 x 590, less the frame, 
 constexpr int kNewSchemeRow[] = {kNewSchemeLabel, kNewSchemeName, kSaveNewScheme};
 
 struct Editor {
-    bool isNew = false;       // a new scheme's name is being entered
-    bool isPicked = false;    // the user picked the scheme on screen
-    bool isBusy = false;      // a background refresh runs
-    bool isStale = false;     // the current settings could not be read again: what is on screen is not sent
-    std::wstring shownScheme; // whose settings are on screen
+    bool isNew = false;                // a new scheme's name is being entered
+    bool isPicked = false;             // the user picked the scheme on screen
+    bool isBusy = false;               // a background refresh runs
+    bool isStale = false;              // the current settings could not be read again: what is on screen is not sent
+    std::wstring shownScheme;          // whose settings are on screen
+    PowerSchemeSettings shownSettings; // as the controls gave them back before the user changed any
     UniqueHandle closed;
 };
 Editor editor;
@@ -97,6 +99,7 @@ void ShowScheme(HWND window, const std::wstring& scheme, const PowerSchemeSettin
     SelectName(window, kEditorScheme, scheme);
     editor.shownScheme = scheme;
     ShowSettings(settings);
+    editor.shownSettings = EditedSettings();
 }
 
 void ShowCurrentScheme(HWND window)
@@ -239,6 +242,12 @@ void OnRefresh(HWND window)
     RequestBackgroundRefresh(kRefreshPowerData);
 }
 
+void OnRefreshKey(HWND window)
+{
+    if (editor.isBusy || EditedSettings() == editor.shownSettings || Ask(window, kDiscardChanges))
+        OnRefresh(window);
+}
+
 void OnHelp(HWND window)
 {
     OpenHelp(window, kSchemeHelpPage);
@@ -279,7 +288,7 @@ constexpr Command kCommands[] = {
     {kNewScheme,     OnNewScheme},
     {kEditorHelp,    OnHelp},
     {kEditorRefresh, OnRefresh},
-    {kRefreshKey,    OnRefresh},
+    {kRefreshKey,    OnRefreshKey},
 };
 // clang-format on
 

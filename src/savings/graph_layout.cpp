@@ -163,12 +163,12 @@ GraphLayout LayOutGraph(const DayDurations& durations, std::wstring_view date)
     return layout;
 }
 
-std::wstring SegmentTooltip(const GraphSegment& segment, std::int64_t daySeconds)
+std::wstring SegmentTooltip(const GraphSegment& segment, std::int64_t daySeconds, bool soFar)
 {
     const double share
         = daySeconds > 0 ? static_cast<double>(segment.seconds) * 100.0 / static_cast<double>(daySeconds) : 0;
     return std::wstring(segment.state) + L"\n" + HoursMinutesText(segment.seconds) + L"\n" + DecimalText(share, 1)
-        + L" % of the day";
+        + (soFar ? L" % of the day so far" : L" % of the day");
 }
 
 ReportRows DurationRows(const DayDurations& durations)
@@ -179,11 +179,12 @@ ReportRows DurationRows(const DayDurations& durations)
     return rows;
 }
 
-std::array<GraphText, 2> NoDayTexts()
+std::array<GraphText, 3> NoDayTexts()
 {
     return {{
         {260, 35, L"Please select the date on which", kTitleColour, kTitleFont},
         {260, 55, L"Power savings report and graph is to be viewed ---->", kTitleColour, kTitleFont},
+        {260, 80, L"Enter shows the day that stands there.", kTitleColour, kLabelFont},
     }};
 }
 

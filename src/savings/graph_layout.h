@@ -91,13 +91,14 @@ struct GraphLayout {
 // `date` is the text below the title.
 [[nodiscard]] GraphLayout LayOutGraph(const DayDurations& durations, std::wstring_view date);
 
-// What a segment's tooltip says, in three lines: state, hours and minutes, share of the day.
-[[nodiscard]] std::wstring SegmentTooltip(const GraphSegment& segment, std::int64_t daySeconds);
+// What a segment's tooltip says, in three lines: state, hours and minutes, share of the day, or of a day that has not
+// ended yet what has passed of it.
+[[nodiscard]] std::wstring SegmentTooltip(const GraphSegment& segment, std::int64_t daySeconds, bool soFar = false);
 
 // The list beside the graph: every state and its time.
 [[nodiscard]] ReportRows DurationRows(const DayDurations& durations);
 
 // What a tab shows until a day is chosen.
-[[nodiscard]] std::array<GraphText, 2> NoDayTexts();
+[[nodiscard]] std::array<GraphText, 3> NoDayTexts();
 
 } // namespace voltaro

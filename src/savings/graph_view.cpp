@@ -45,28 +45,28 @@ constexpr COLORREF kFrameColour = RGB(160, 160, 160);
 bool copyNoteShown = false;
 
 // The page as it was painted last. A repaint is one copy of it, however much there is to draw.
-struct PagePicture {
-    UniqueBitmap bitmap;
-    COLORREF background = 0; // the user may change the system's colours
-};
-PagePicture picture;
+UniqueBitmap picture;
 
 RECT RectOf(const GraphBox& box)
 {
     return {box.left, box.top, box.right, box.bottom};
 }
 
-void DrawBox(HDC dc, const GraphBox& box, GraphColour colour)
+// The colour of a state is what it is known by: it stays with high contrast, in a frame that stands out from the
+// ground.
+void DrawState(HDC dc, const GraphBox& box, GraphColour colour)
 {
     const RECT place = RectOf(box);
     FillRect(dc, &place, BrushOf(colour));
+    if (systemLooks.highContrast() && box.top < box.bottom)
+        FrameRect(dc, &place, GetSysColorBrush(COLOR_WINDOWTEXT));
 }
 
 void DrawLines(HDC dc, const std::vector<GraphLine>& lines)
 {
     const int mode = SetBkMode(dc, TRANSPARENT); // between the dashes
     for (const GraphLine& line : lines) {
-        const SelectGuard pen(dc, PenOf(line.pen == GraphPen::DashDot ? PS_DASHDOT : PS_SOLID, line.colour));
+        const SelectGuard pen(dc, PenOf(line.pen == GraphPen::DashDot ? PS_DASHDOT : PS_SOLID, ShownText(line.colour)));
         MoveToEx(dc, line.x1, line.y1, nullptr);
         LineTo(dc, line.x2, line.y2);
     }
@@ -76,7 +76,7 @@ void DrawLines(HDC dc, const std::vector<GraphLine>& lines)
 void DrawAxisCaption(HDC dc, const GraphLayout& layout)
 {
     const SelectGuard font(dc, FontOf(layout.axisCaption.font.height, layout.axisCaption.font.weight));
-    const COLORREF colour = SetTextColor(dc, layout.axisCaption.colour);
+    const COLORREF colour = SetTextColor(dc, ShownOnFace(layout.axisCaption.colour));
     const int mode = SetBkMode(dc, TRANSPARENT);
     RECT place = RectOf(layout.axisCaptionBox);
     const std::wstring& text = layout.axisCaption.text;
@@ -90,7 +90,8 @@ void DrawAxisCaption(HDC dc, const GraphLayout& layout)
 void DrawPlot(HDC dc, const GraphLayout& layout)
 {
     const GraphLine& lowest = layout.grid.back();
-    DrawBox(dc, {lowest.x1, 0, lowest.x2, lowest.y1 + 1}, kPlotColour);
+    const RECT plot{lowest.x1, 0, lowest.x2, lowest.y1 + 1};
+    FillRect(dc, &plot, BrushOf(ShownGround(kPlotColour)));
 }
 
 // The list's own border would take the width that its columns need.
@@ -98,7 +99,7 @@ void DrawListFrame(HDC dc)
 {
     const Control& list = kControls[0];
     const RECT frame{list.x - 1, list.y - 1, list.x + list.width + 1, list.y + list.height + 1};
-    FrameRect(dc, &frame, BrushOf(kFrameColour));
+    FrameRect(dc, &frame, BrushOf(ShownOnFace(kFrameColour)));
 }
 
 void DrawPage(HDC dc)
@@ -111,14 +112,16 @@ void DrawPage(HDC dc)
         DrawTextAt(dc, kCopyNote.x, kCopyNote.y, kCopyNote.text, FontOf(12, FW_NORMAL), kTextGreen);
 }
 
-HBITMAP CurrentPicture()
+UniqueBitmap Render(HWND window, void (*draw)(HDC dc, void* page))
 {
-    const COLORREF background = GetSysColor(COLOR_3DFACE);
-    if (!picture.bitmap || picture.background != background)
-        picture = {RenderBitmap(
-                       kPageWidth, kPageHeight, [](HDC dc, void*) { DrawPage(dc); }, nullptr),
-            background};
-    return picture.bitmap.Get();
+    return RenderBitmap(kPageWidth, kPageHeight, draw, window, window);
+}
+
+HBITMAP CurrentPicture(HWND window)
+{
+    if (!picture)
+        picture = Render(window, [](HDC dc, void*) { DrawPage(dc); });
+    return picture.Get();
 }
 
 void DrawAnew(HWND window)
@@ -127,17 +130,26 @@ void DrawAnew(HWND window)
     InvalidateRect(window, nullptr, FALSE);
 }
 
-// The whole page without the note, for the clipboard: the list and its header print themselves at their place.
+// The list and its header as they print themselves: into a bitmap of their own, since a control may draw from the
+// origin of the context, wherever that was moved.
+UniqueBitmap RenderList(HWND list)
+{
+    const auto print = [](HDC dc, void* part) {
+        SendMessageW(static_cast<HWND>(part), WM_PRINT, reinterpret_cast<WPARAM>(dc),
+            PRF_ERASEBKGND | PRF_CLIENT | PRF_CHILDREN);
+    };
+    return RenderBitmap(kControls[0].width, kControls[0].height, print, list, list);
+}
+
+// The whole page without the note, for the clipboard.
 void DrawWithList(HDC dc, void* page)
 {
     DrawGraph(dc, shownDay->graph);
     DrawListFrame(dc);
-    const HWND list = ControlOf(static_cast<HWND>(page), kDurations);
-    POINT origin;
-    SetViewportOrgEx(dc, kControls[0].x, kControls[0].y, &origin);
-    for (const HWND part : {list, ListView_GetHeader(list)})
-        SendMessageW(part, WM_PRINT, reinterpret_cast<WPARAM>(dc), PRF_ERASEBKGND | PRF_CLIENT);
-    SetViewportOrgEx(dc, origin.x, origin.y, nullptr);
+    const UniqueBitmap list = RenderList(ControlOf(static_cast<HWND>(page), kDurations));
+    const UniqueMemoryDc source(CreateCompatibleDC(dc));
+    const SelectGuard selected(source.Get(), list.Get());
+    BitBlt(dc, kControls[0].x, kControls[0].y, kControls[0].width, kControls[0].height, source.Get(), 0, 0, SRCCOPY);
 }
 
 void ShowCopyNote(HWND window, bool shown)
@@ -153,7 +165,7 @@ void OnCopyPicture(HWND window)
 {
     if (!shownDay)
         return;
-    const UniqueBitmap copy = RenderBitmap(kPageWidth, kPageHeight, &DrawWithList, window);
+    const UniqueBitmap copy = Render(window, &DrawWithList);
     ShowCopyNote(window, CopyToClipboard(window, copy.Get()));
 }
 
@@ -164,7 +176,7 @@ std::vector<AreaTip> SegmentTips()
         return tips;
     for (const GraphSegment& segment : shownDay->graph.segments) {
         if (segment.bar.top < segment.bar.bottom)
-            tips.push_back({RectOf(segment.bar), SegmentTooltip(segment, shownDay->graph.daySeconds)});
+            tips.push_back({RectOf(segment.bar), SegmentTooltip(segment, shownDay->graph.daySeconds, shownDay->soFar)});
     }
     return tips;
 }
@@ -194,14 +206,14 @@ void DrawGraph(HDC dc, const GraphLayout& layout)
     DrawPlot(dc, layout);
     DrawLines(dc, layout.grid);
     for (const GraphSegment& segment : layout.segments)
-        DrawBox(dc, segment.bar, segment.colour);
+        DrawState(dc, segment.bar, segment.colour);
     DrawLines(dc, layout.axes);
     DrawLines(dc, layout.markers);
     for (const GraphText& text : layout.texts)
         DrawGraphText(dc, text);
     DrawAxisCaption(dc, layout);
     for (const GraphLegendEntry& entry : layout.legend) {
-        DrawBox(dc, entry.swatch, entry.colour);
+        DrawState(dc, entry.swatch, entry.colour);
         DrawGraphText(dc, entry.label);
     }
 }
@@ -222,7 +234,8 @@ LRESULT CALLBACK GraphPageProc(HWND window, UINT message, WPARAM w, LPARAM l)
     switch (message) {
     case WM_CREATE: return OnCreate(window);
     case WM_ERASEBKGND: return 1;
-    case WM_PAINT: Canvas(window, CurrentPicture()); return 0;
+    case WM_PAINT: Canvas(window, CurrentPicture(window)); return 0;
+    case WM_SYSCOLORCHANGE: DrawAnew(window); return DefaultAnswer(window, message, w, l);
     case WM_PRINTCLIENT: return OnPrint(window, w, l);
     case WM_RBUTTONUP: OnCopyPicture(window); return 0;
     case WM_TIMER: ShowCopyNote(window, false); return 0;

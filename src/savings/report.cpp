@@ -78,6 +78,13 @@ ReportRows EstimateRows(const DayDurations& durations, const SavingsFigures& fig
     };
 }
 
+std::wstring ReckoningOf(std::wstring_view label)
+{
+    if (label != kEmissionLabel)
+        return {};
+    return L"Saved power (kWh) x " + NumberText(kGramsPerKilowattHour) + L" Grams";
+}
+
 ReportRows IdlePatternRows(const IdleHistogram& histogram, const PowerProfile& profile)
 {
     const auto row = [&profile](const wchar_t* label, std::int64_t count, std::int64_t seconds) -> ReportRow {

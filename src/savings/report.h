@@ -37,6 +37,9 @@ inline constexpr Captions2 kDurationColumns = {L"System Duration", L"Cumulative 
 [[nodiscard]] ReportRows TotalRows(const DayDurations& durations, const SavingsFigures& figures);
 [[nodiscard]] ReportRows EmissionRows(const SavingsFigures& figures);
 
+// How a row's value is reckoned, for its tooltip; empty where the label says it.
+[[nodiscard]] std::wstring ReckoningOf(std::wstring_view label);
+
 // The second tab: the energy rows, each with the time that it stands for, and the idle periods by length.
 [[nodiscard]] ReportRows EstimateRows(const DayDurations& durations, const SavingsFigures& figures);
 [[nodiscard]] ReportRows IdlePatternRows(const IdleHistogram& histogram, const PowerProfile& profile);

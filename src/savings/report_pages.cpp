@@ -9,6 +9,7 @@
 #include "savings/shown_day.h"
 #include "ui/canvas.h"
 #include "ui/controls.h"
+#include "ui/row_tips.h"
 #include "ui/theme.h"
 #include "ui/window_class.h"
 
@@ -109,11 +110,18 @@ void DrawPage(HDC dc, const ReportPage& page)
         DrawTextAt(dc, heading.x, heading.y, heading.text, HeadingFont(), kProductGreen);
 }
 
+std::wstring TipOf(HWND list, int row)
+{
+    return ReckoningOf(CellOf(list, row, 0));
+}
+
 LRESULT OnCreate(HWND window, const ReportPage& page)
 {
     CreateControls(window, page.controls, WindowFont());
-    for (const ReportList& list : page.lists)
+    for (const ReportList& list : page.lists) {
         PrepareReportList(ControlOf(window, list.id), list.columns);
+        SetRowTips(ControlOf(window, list.id), TipOf);
+    }
     return 0;
 }
 

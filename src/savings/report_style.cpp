@@ -8,6 +8,7 @@ namespace voltaro {
 namespace {
 
 constexpr COLORREF kListColour = RGB(247, 247, 247);
+constexpr COLORREF kListText = RGB(0, 0, 0);
 
 } // namespace
 
@@ -27,8 +28,7 @@ void DrawNoDay(HDC dc)
 void PrepareReportList(HWND list, std::span<const Column> columns)
 {
     SetColumns(list, columns);
-    ListView_SetBkColor(list, kListColour);
-    ListView_SetTextBkColor(list, kListColour);
+    SetListColours(list, kListText, kListColour);
 }
 
 } // namespace voltaro

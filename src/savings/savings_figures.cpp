@@ -118,7 +118,7 @@ SavingsFigures ComputeSavings(const DayReport& day, const PowerProfile& profile)
         f.wouldHaveBeen = f.nowIs + f.saved;
     }
     f.percentage = f.wouldHaveBeen != 0 ? f.saved * 100.0 / f.wouldHaveBeen : 0;
-    f.carbonDioxide = f.saved * 700.0;
+    f.carbonDioxide = f.saved * kGramsPerKilowattHour;
     return f;
 }
 

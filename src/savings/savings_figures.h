@@ -33,6 +33,9 @@ struct ProfileTexts {
 // The profile of those texts. A text that is no number is 0 watts; a monitor without type and size draws nothing.
 [[nodiscard]] PowerProfile ReadProfile(const ProfileTexts& texts);
 
+// Carbon dioxide that a kilowatt hour stands for.
+inline constexpr int kGramsPerKilowattHour = 700;
+
 // What the day comes to in energy: kWh, per cent of the would-have-been energy, grams of carbon dioxide.
 struct SavingsFigures {
     std::int64_t wouldHaveBeenOn = 0; // seconds powered on without the agent

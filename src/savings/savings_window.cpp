@@ -138,9 +138,10 @@ void OnShowPickedDay(HWND window)
     chosenDay = day;
     DayReport report;
     const std::optional<DayAnswer> answer = AskForDay(window, day, report);
-    if (answer == DayAnswer::Report)
+    if (answer == DayAnswer::Report) {
         shownDay = MakeShownDay(day, report, state.consumption);
-    else if (answer)
+        shownDay->soFar = RequestDate(day) == RequestDate(LocalNow());
+    } else if (answer)
         shownDay.reset();
     RefreshPages();
     if (answer == DayAnswer::NoData)
@@ -163,14 +164,21 @@ void ShowPickedDaySoon(HWND window, UINT milliseconds)
 }
 
 // The picker reports no change when its calendar is closed by a click on the day that it shows already; nor does its
-// closing tell whether a day was chosen or it was left by Esc. The calendar's own notification to the picker does.
-LRESULT CALLBACK PickerSubclassProc(HWND picker, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+// closing tell whether a day was chosen or it was left by Esc. The calendar's own notification to its parent does: that
+// is the picker, or a window which opens with the calendar and holds it.
+LRESULT CALLBACK CalendarSubclassProc(HWND parent, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR window)
 {
     if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->code == MCN_SELECT)
-        ShowPickedDaySoon(GetParent(picker), kRestMs);
+        ShowPickedDaySoon(reinterpret_cast<HWND>(window), kRestMs);
     else if (message == WM_NCDESTROY)
-        RemoveWindowSubclass(picker, &PickerSubclassProc, id);
-    return DefSubclassProc(picker, message, w, l);
+        RemoveWindowSubclass(parent, &CalendarSubclassProc, id);
+    return DefSubclassProc(parent, message, w, l);
+}
+
+void WatchCalendarIn(HWND window, HWND parent)
+{
+    if (parent != nullptr)
+        SetWindowSubclass(parent, &CalendarSubclassProc, 0, reinterpret_cast<DWORD_PTR>(window));
 }
 
 void OnTimer(HWND window)
@@ -199,6 +207,7 @@ constexpr Command kCommands[] = {
     {kSettings, OnSettings},
     {kHelp, OnHelp},
     {IDOK, OnShowPickedDay},
+    {kRefreshKey, OnShowPickedDay},
     {IDCANCEL, OnCancel},
 };
 
@@ -206,7 +215,7 @@ LRESULT OnCreate(HWND window)
 {
     CreateControls(window, kControls, WindowFont());
     DateTime_SetFormat(ControlOf(window, kPicker), L"d'/'MM'/'yyyy");
-    SetWindowSubclass(ControlOf(window, kPicker), &PickerSubclassProc, 0, 0);
+    WatchCalendarIn(window, ControlOf(window, kPicker));
     StopWaiting(window);
     chosenDay.reset();
     shownDay.reset();
@@ -219,6 +228,8 @@ LRESULT OnNotify(HWND window, const NMHDR& header)
         TurnToSelected(header.hwndFrom);
     else if (header.idFrom == kPicker && header.code == DTN_DATETIMECHANGE)
         ShowPickedDaySoon(window, kRestMs);
+    else if (header.idFrom == kPicker && header.code == DTN_DROPDOWN)
+        WatchCalendarIn(window, GetParent(DateTime_GetMonthCal(header.hwndFrom)));
     else if (header.idFrom == kPicker && header.code == DTN_CLOSEUP && dayWaits)
         ShowPickedDaySoon(window, USER_TIMER_MINIMUM);
     return 0;
@@ -272,8 +283,11 @@ void OpenSavingsWindow(HWND)
 
 void RecomputeSavings()
 {
-    if (shownDay)
+    if (shownDay) {
+        const bool soFar = shownDay->soFar;
         shownDay = MakeShownDay(shownDay->day, shownDay->report, state.consumption);
+        shownDay->soFar = soFar;
+    }
     RefreshPages();
 }
 

@@ -16,7 +16,7 @@ DayAnswer ReadDayAnswer(const Element* root, std::wstring_view text, const Local
 ShownDay MakeShownDay(const LocalTime& day, const DayReport& report, const PowerConsumptionData& consumption)
 {
     ShownDay shown{day, report, ProfileOf(consumption), {}, LayOutGraph(report.durations, HeadingDate(day)),
-        consumption != PowerConsumptionData{}};
+        consumption != PowerConsumptionData{}, false};
     shown.figures = ComputeSavings(report, shown.profile);
     return shown;
 }

@@ -31,6 +31,7 @@ struct ShownDay {
     SavingsFigures figures;
     GraphLayout graph;
     bool profileKnown = false; // else the agent's profile could not be read, and what needs powers is wrong
+    bool soFar = false;        // the agent was asked on that day, before its end
 };
 [[nodiscard]] ShownDay MakeShownDay(
     const LocalTime& day, const DayReport& report, const PowerConsumptionData& consumption);

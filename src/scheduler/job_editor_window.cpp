@@ -65,7 +65,7 @@ constexpr Control kControls[] = {
     {Kind::Radio,       kWeekly,        L"Weekly",               256, 101, 100,  22},
     {Kind::Radio,       kMonthly,       L"Monthly",              366, 101, 100,  22},
     {Kind::GroupBox,    kNoId,          L"",                      15, 121, 714,  96},
-    {Kind::Label,       kDailyText,     L"Runs every day.",       29, 140, 300,  18},
+    {Kind::Label,       kDailyText,     L"Runs every day. A second click on the chosen type above comes back to this.", 29, 140, 686, 18},
     {Kind::Label,       kDateLabel,     L"Date :",                29, 141, 110,  18, kHidden},
     {Kind::DatePicker,  kDate,          L"",                     146, 137, 130,  24, kHidden},
     {Kind::CheckBox,    kSunday,        L"Sunday",                29, 139,  92,  22, kHidden},

@@ -130,7 +130,7 @@ void FillJobs(HWND window)
     EnableButtons(window);
 }
 
-std::wstring TipOf(int row)
+std::wstring TipOf(HWND, int row)
 {
     if (static_cast<std::size_t>(row) >= session.jobs.size())
         return {};

@@ -83,7 +83,7 @@ constexpr Command kCommands[] = {
     {kCancel, HideForm},
     {ID_ACCESS_CONTROL_REFRESH, RefreshRecord<&kForm>},
     {ID_ACCESS_CONTROL_HELP, ShowHelp},
-    {kRefreshKey, RefreshRecord<&kForm>},
+    {kRefreshKey, RefreshRecordByKey<&kForm>},
     {IDOK, ApplyRecord<&kForm>},
     {IDCANCEL, HideForm},
 };

@@ -98,7 +98,7 @@ constexpr Command kCommands[] = {
     {kCancel, HideForm},
     {ID_PROXY_REFRESH, RefreshRecord<&kForm>},
     {ID_PROXY_HELP, ShowHelp},
-    {kRefreshKey, RefreshRecord<&kForm>},
+    {kRefreshKey, RefreshRecordByKey<&kForm>},
     {IDOK, ApplyRecord<&kForm>},
     {IDCANCEL, HideForm},
 };

@@ -2,6 +2,7 @@
 
 #include "base/choices.h"
 #include "console/agent.h"
+#include "console/change.h"
 #include "settings/form_window.h"
 #include "ui/boxes.h"
 
@@ -68,9 +69,20 @@ void RefuseField(HWND window, const RefusedField& refusal);
 // the agent has taken the change.
 [[nodiscard]] bool SendChange(HWND window, const Request& request, const Box& failed);
 
-// What the controls of a form held when its record was shown, in the order of the bindings; empty before the first one.
+// What the controls of a form hold, in the order of the bindings.
+using ShownTexts = std::vector<std::optional<FieldText>>;
 template <const auto* form>
-inline std::vector<std::optional<FieldText>> shownTexts;
+[[nodiscard]] ShownTexts EnteredTexts(HWND window)
+{
+    ShownTexts texts;
+    for (const auto& binding : form->bindings)
+        texts.push_back(EnteredText(window, binding.id, binding.form, binding.choices));
+    return texts;
+}
+
+// What they held when the record was shown last; empty before the first one.
+template <const auto* form>
+inline ShownTexts shownTexts;
 
 // Shows the record as the agent sent it last.
 template <const auto* form>
@@ -79,9 +91,7 @@ void ShowRecord(HWND window)
     for (const auto& binding : form->bindings)
         ShowField(window, binding.id, binding.form, binding.choices, (*form->record).*binding.slot);
     form->enable(window);
-    shownTexts<form>.clear();
-    for (const auto& binding : form->bindings)
-        shownTexts<form>.push_back(EnteredText(window, binding.id, binding.form, binding.choices));
+    shownTexts<form> = EnteredTexts<form>(window);
 }
 
 // Reads the record and shows it. Without a record in the answer the controls stay as they are and cannot be sent; false
@@ -105,6 +115,16 @@ template <const auto* form>
 void RefreshRecord(HWND window)
 {
     static_cast<void>(ReadAndShow<form>(window));
+}
+
+// F5, which is pressed more easily than "Refresh" is chosen: asks before it overwrites what the user changed.
+template <const auto* form>
+void RefreshRecordByKey(HWND window)
+{
+    const bool edited
+        = IsWindowEnabled(ControlOf(window, form->applyButton)) && shownTexts<form> != EnteredTexts<form>(window);
+    if (!edited || Ask(window, kDiscardChanges))
+        RefreshRecord<form>(window);
 }
 
 // The main window's command: reads, then shows. A window that is open already keeps what the user typed.

@@ -164,6 +164,9 @@ INT_PTR CALLBACK AboutProc(HWND window, UINT message, WPARAM w, LPARAM l)
     case WM_INITDIALOG: OnInit(window); return TRUE;
     case WM_COMMAND: return Dispatch(kCommands, window, w);
     case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(l));
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+    case WM_SETTINGCHANGE:
     case WM_CTLCOLORSTATIC: return DefaultAnswer(window, message, w, l);
     case WM_DESTROY: OnDestroyed(); return TRUE;
     default: return FALSE;
@@ -187,6 +190,7 @@ void OnAbout(HWND main)
     }
     Fill(window, answered);
     ShowHolding(window, HoldReason::About);
+    FocusOn(window, IDOK); // the dialog was made without controls, and found none to give the focus to
     if (!answered)
         OnAgentLost();
 }

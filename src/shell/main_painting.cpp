@@ -28,8 +28,9 @@ struct PaintedText {
 constexpr PaintedBitmap kPictures[] = {
     {IDB_WORDMARK, 19,   5,  69,  20},
     {IDB_EMBLEM,   20,  35,  65,  65},
-    {IDB_BANNER,    0, 420, 510, 100},
 };
+// Lies under the notice, whose colour with high contrast is not made for it.
+constexpr PaintedBitmap kBanner = {IDB_BANNER, 0, 420, 510, 100};
 
 constexpr PaintedText kTexts[] = {
     {515, 110, L"Connected to :"}, // both stand outside the window and never show (meant)
@@ -99,6 +100,8 @@ void DrawMainWindow(HDC dc)
 {
     for (const PaintedBitmap& picture : kPictures)
         DrawPicture(dc, picture.resource, picture);
+    if (!systemLooks.highContrast())
+        DrawPicture(dc, kBanner.resource, kBanner);
     if (!state.activationStatus.empty())
         DrawPicture(dc, LicencePicture(), kLicencePicture);
     if (state.connected) {

@@ -40,6 +40,7 @@
 #include "ui/list_view.h"
 #include "ui/menus.h"
 #include "ui/navigation.h"
+#include "ui/row_tips.h"
 #include "ui/theme.h"
 #include "ui/tooltip.h"
 #include "ui/window_class.h"
@@ -174,9 +175,8 @@ LRESULT OnCreate(HWND window)
     CreateControls(window, kControls, MainFont());
     const HWND list = ControlOf(window, kSavingsList);
     SetColumns(list, kSavingsColumns);
-    ListView_SetBkColor(list, kProductGreen);
-    ListView_SetTextBkColor(list, kProductGreen);
-    ListView_SetTextColor(list, RGB(255, 255, 255));
+    SetRowTips(list);
+    SetListColours(list, RGB(255, 255, 255), kProductGreen);
     for (const ActionFace& face : kActionFaces) {
         const HWND button = ControlOf(window, face.button);
         SendMessageW(button, BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(BitmapOf(face.bitmap)));

@@ -93,7 +93,7 @@ void AddTrayIcon(HWND main)
     record.uID = kTrayIconId;
     record.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
     record.uCallbackMessage = kTrayMessage;
-    record.hIcon = SmallIcon(IDI_RUNNING);
+    record.hIcon = TrayIcon(IDI_RUNNING);
     PutTip(state.trayTooltip);
     // The task bar has fewer rights than a console that runs as administrator, and its message would not pass.
     ChangeWindowMessageFilterEx(main, TaskbarCreated(), MSGFLT_ALLOW, nullptr);
@@ -102,7 +102,7 @@ void AddTrayIcon(HWND main)
 
 void ChangeTrayIcon(int iconResource, std::wstring_view tooltip)
 {
-    record.hIcon = SmallIcon(iconResource);
+    record.hIcon = TrayIcon(iconResource);
     PutTip(tooltip);
     if (iconState == IconState::Added)
         Shell_NotifyIconW(NIM_MODIFY, &record);

@@ -120,7 +120,7 @@ void SetBar(int position)
 LRESULT OnCreate(HWND window)
 {
     CreateControls(window, kControls, WindowFont());
-    SetBarColour(window, kBar, kBarColour);
+    SetBarColour(ControlOf(window, kBar), kBarColour);
     SendDlgItemMessageW(window, kBar, PBM_SETRANGE, 0, MAKELPARAM(0, kBarEnd));
     return 0;
 }

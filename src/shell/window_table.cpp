@@ -27,6 +27,7 @@
 #include "ui/boxes.h"
 #include "ui/window_class.h"
 
+#include <algorithm>
 #include <iterator>
 #include <string_view>
 
@@ -152,6 +153,23 @@ void ReportFailure(const wchar_t* text)
     Tell(nullptr, {L"Error", text});
 }
 
+// The places of the controls reckon with a frame of 3 pixels, a caption of 23 and a menu of 20. Where the user has
+// larger ones the window grows by the difference, or its lower controls would be cut.
+void KeepClientSize(HWND window, const WindowRow& row)
+{
+    constexpr int kFrames = 6;
+    constexpr int kCaption = 23;
+    constexpr int kMenu = 20;
+    RECT client;
+    GetClientRect(window, &client);
+    const LONG missingWidth = row.width - kFrames - client.right;
+    const LONG missingHeight
+        = row.height - kFrames - kCaption - (GetMenu(window) != nullptr ? kMenu : 0) - client.bottom;
+    if (missingWidth > 0 || missingHeight > 0)
+        SetWindowPos(window, nullptr, 0, 0, row.width + static_cast<int>(std::max(missingWidth, 0L)),
+            row.height + static_cast<int>(std::max(missingHeight, 0L)), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 } // namespace
 
 bool RegisterClasses()
@@ -176,6 +194,8 @@ bool CreateWindows()
             ReportFailure(row.creationFailure);
             return false;
         }
+        if ((row.style & WS_CHILD) == 0)
+            KeepClientSize(window, row);
     }
     return true;
 }

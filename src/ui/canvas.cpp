@@ -1,42 +1,12 @@
 #include "ui/canvas.h"
 
 #include "ui/theme.h"
+#include "ui/visual_style.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace voltaro {
 namespace {
-
-struct MemoryDcTraits {
-    using Handle = HDC;
-    static Handle Invalid() { return nullptr; }
-    static void Close(Handle handle) { DeleteDC(handle); }
-};
-using UniqueMemoryDc = Unique<MemoryDcTraits>;
-
-class ScreenDc {
-public:
-    ScreenDc()
-        : m_dc(GetDC(nullptr))
-    {
-    }
-    ~ScreenDc() { ReleaseDC(nullptr, m_dc); }
-    ScreenDc(const ScreenDc&) = delete;
-    ScreenDc& operator=(const ScreenDc&) = delete;
-    [[nodiscard]] HDC Get() const { return m_dc; }
-
-private:
-    HDC m_dc;
-};
-
-bool IsGroupBox(HWND child)
-{
-    wchar_t name[16] = L"";
-    GetClassNameW(child, name, static_cast<int>(std::size(name)));
-    return CompareStringOrdinal(name, -1, WC_BUTTONW, -1, TRUE) == CSTR_EQUAL
-        && (GetWindowLongW(child, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-}
 
 RECT PlaceIn(HWND window, HWND child)
 {
@@ -87,7 +57,7 @@ Canvas::Canvas(HWND window)
     GetClientRect(window, &client);
     m_bitmap.Reset(CreateCompatibleBitmap(m_screen, std::max(client.right, 1L), std::max(client.bottom, 1L)));
     m_oldBitmap = SelectObject(m_memory, m_bitmap.Get());
-    FillRect(m_memory, &client, FaceBrush());
+    FillRect(m_memory, &client, GroundBrush(window));
 }
 
 Canvas::Canvas(HWND window, HBITMAP picture)
@@ -109,14 +79,14 @@ Canvas::~Canvas()
     EndPaint(m_window, &m_paint);
 }
 
-UniqueBitmap RenderBitmap(int width, int height, void (*draw)(HDC dc, void* context), void* context)
+UniqueBitmap RenderBitmap(int width, int height, void (*draw)(HDC dc, void* context), void* context, HWND window)
 {
-    const ScreenDc screen;
+    const WindowDc screen(window);
     const UniqueMemoryDc memory(CreateCompatibleDC(screen.Get()));
     UniqueBitmap bitmap(CreateCompatibleBitmap(screen.Get(), width, height));
     const SelectGuard selected(memory.Get(), bitmap.Get());
     const RECT whole{0, 0, width, height};
-    FillRect(memory.Get(), &whole, FaceBrush());
+    FillRect(memory.Get(), &whole, GroundBrush(window));
     draw(memory.Get(), context);
     return bitmap;
 }
@@ -132,15 +102,19 @@ void DrawBitmap(HDC dc, int resource, int x, int y, int width, int height)
 
 void DrawTransparentBitmap(HDC dc, int resource, int x, int y, int width, int height)
 {
+    static const auto copy = reinterpret_cast<decltype(::TransparentBlt)*>(
+        reinterpret_cast<void*>(SystemProcedure(L"msimg32.dll", "TransparentBlt")));
+    if (copy == nullptr || systemLooks.highContrast())
+        return DrawBitmap(dc, resource, x, y, width, height);
     WithBitmap(dc, resource, [=](HDC source, int sourceWidth, int sourceHeight) {
-        TransparentBlt(dc, x, y, width, height, source, 0, 0, sourceWidth, sourceHeight, kKeyColour);
+        copy(dc, x, y, width, height, source, 0, 0, sourceWidth, sourceHeight, kKeyColour);
     });
 }
 
 void DrawTextAt(HDC dc, int x, int y, std::wstring_view text, HFONT font, COLORREF colour)
 {
     const SelectGuard selected(dc, font);
-    const COLORREF oldColour = SetTextColor(dc, colour);
+    const COLORREF oldColour = SetTextColor(dc, ShownOnFace(colour));
     const int oldMode = SetBkMode(dc, TRANSPARENT);
     TextOutW(dc, x, y, text.data(), static_cast<int>(text.size()));
     SetBkMode(dc, oldMode);

@@ -6,6 +6,31 @@
 
 namespace voltaro {
 
+struct MemoryDcTraits {
+    using Handle = HDC;
+    static Handle Invalid() { return nullptr; }
+    static void Close(Handle handle) { DeleteDC(handle); }
+};
+using UniqueMemoryDc = Unique<MemoryDcTraits>;
+
+// The device context of a window, or of the screen without one.
+class WindowDc {
+public:
+    explicit WindowDc(HWND window)
+        : m_window(window)
+        , m_dc(GetDC(window))
+    {
+    }
+    ~WindowDc() { ReleaseDC(m_window, m_dc); }
+    WindowDc(const WindowDc&) = delete;
+    WindowDc& operator=(const WindowDc&) = delete;
+    [[nodiscard]] HDC Get() const { return m_dc; }
+
+private:
+    HWND m_window;
+    HDC m_dc;
+};
+
 // Selects an object into a device context and restores the old one.
 class SelectGuard {
 public:
@@ -23,7 +48,7 @@ private:
     HGDIOBJ m_old;
 };
 
-// Between BeginPaint and EndPaint of a window: Dc() is a memory bitmap filled with the face colour; the destructor
+// Between BeginPaint and EndPaint of a window: Dc() is a memory bitmap filled with the window's ground; the destructor
 // copies it to the window once, around the child controls (but group boxes, which let their parent shine through), so
 // that nothing flickers. A window that paints with it answers WM_ERASEBKGND with 1.
 class Canvas {
@@ -45,14 +70,17 @@ private:
     HGDIOBJ m_oldBitmap;
 };
 
-// A memory bitmap of the given size on which `draw` paints, for copying a picture and for tests that look at pixels.
-[[nodiscard]] UniqueBitmap RenderBitmap(int width, int height, void (*draw)(HDC dc, void* context), void* context);
+// A memory bitmap of the given size with the ground of a window, on which `draw` paints: for copying a picture and for
+// tests that look at pixels. It is made for the window's own context, whose scale it shares; without one the screen's.
+[[nodiscard]] UniqueBitmap RenderBitmap(
+    int width, int height, void (*draw)(HDC dc, void* context), void* context, HWND window = nullptr);
 
-// Draws a bitmap resource at its place and size in pixels; the transparent form leaves out the key colour.
+// Draws a bitmap resource at its place and size in pixels; the transparent form leaves out the key colour, but with
+// high contrast, where the picture keeps the ground that it was drawn for.
 void DrawBitmap(HDC dc, int resource, int x, int y, int width, int height);
 void DrawTransparentBitmap(HDC dc, int resource, int x, int y, int width, int height);
 
-// Text at a point, transparent background, in the given font (borrowed) and colour.
+// Text at a point of the window's ground, in the given font (borrowed) and, but with high contrast, colour.
 void DrawTextAt(HDC dc, int x, int y, std::wstring_view text, HFONT font, COLORREF colour);
 
 } // namespace voltaro

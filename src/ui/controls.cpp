@@ -1,12 +1,14 @@
 #include "ui/controls.h"
 
 #include "base/text.h"
+#include "ui/canvas.h"
 #include "ui/list_view.h"
 #include "ui/secret_text.h"
+#include "ui/theme.h"
 #include "ui/whole_pairs.h"
 #include "ui/window_class.h"
 
-#include <uxtheme.h>
+#include <oleacc.h>
 
 #include <algorithm>
 #include <cassert>
@@ -28,7 +30,7 @@ constexpr DWORD kStatic = SS_NOPREFIX; // texts may carry names, in which an amp
 constexpr DWORD kPlainText = ES_READONLY | ES_AUTOHSCROLL;
 constexpr DWORD kField = WS_TABSTOP | ES_AUTOHSCROLL;
 constexpr DWORD kCombo = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS | CBS_AUTOHSCROLL;
-constexpr DWORD kList = WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL;
+constexpr DWORD kList = WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_SHOWSELALWAYS;
 
 // clang-format off
 constexpr Shape kShapes[] = {
@@ -133,6 +135,20 @@ void Furnish(HWND control, Kind kind)
     }
 }
 
+// A button is read out by its text, not by the label before it: one whose text says nothing is given its name. The
+// thread stays in its apartment, which holds what was set.
+void NameForScreenReader(HWND control, const wchar_t* name)
+{
+    static const bool entered = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+    IAccPropServices* services = nullptr;
+    if (!entered
+        || FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+            reinterpret_cast<void**>(&services))))
+        return;
+    services->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME, name);
+    services->Release();
+}
+
 HWND Create(HWND window, const Shape& shape, DWORD style, const wchar_t* text, const RECT& place, int id, HFONT font)
 {
     const HWND made = CreateWindowExW(shape.extendedStyle, shape.className, text, style, place.left, place.top,
@@ -185,13 +201,35 @@ void CheckRadio(HWND radio, bool checked)
         SetWindowLongPtrW(group.front(), GWL_STYLE, style(group.front()) | WS_TABSTOP);
 }
 
+// The control that lost the focus by being disabled or hidden, and the one that has it meanwhile.
+struct LostFocus {
+    HWND control = nullptr;
+    HWND standIn = nullptr;
+};
+LostFocus lostFocus;
+
 // Windows leaves the focus on a control that is disabled or hidden, and the keyboard is dead then: move it on first.
+// Where several are disabled one after the other, the first one is remembered.
 void MoveFocusFrom(HWND window, HWND control)
 {
-    if (GetFocus() != control)
+    if (GetFocus() != control || control == nullptr)
         return;
+    if (lostFocus.standIn != control)
+        lostFocus.control = control;
     const HWND next = GetNextDlgTabItem(window, control, FALSE);
-    SetFocus(next != nullptr && next != control ? next : window);
+    lostFocus.standIn = next != nullptr && next != control ? next : window;
+    GiveFocus(lostFocus.standIn);
+}
+
+// Unless the user has gone elsewhere since.
+void ReturnFocusTo(HWND control)
+{
+    if (control == nullptr || control != lostFocus.control)
+        return;
+    if (GetFocus() == lostFocus.standIn && IsWindowVisible(control) && IsWindowEnabled(control))
+        GiveFocus(control);
+    if (GetFocus() != lostFocus.standIn)
+        lostFocus = {};
 }
 
 std::wstring EntryOf(HWND combo, int index)
@@ -220,6 +258,21 @@ int SelectWhere(HWND window, int id, Matches matches)
     return found;
 }
 
+// A list that is narrower than its longest entry would cut it.
+void OpenAsWideAs(HWND combo, std::span<const std::wstring> entries)
+{
+    const WindowDc dc(combo);
+    const SelectGuard font(dc.Get(), reinterpret_cast<HGDIOBJ>(SendMessageW(combo, WM_GETFONT, 0, 0)));
+    LONG widest = 0;
+    for (const std::wstring& entry : entries) {
+        SIZE size{};
+        GetTextExtentPoint32W(dc.Get(), entry.c_str(), static_cast<int>(entry.size()), &size);
+        widest = std::max(widest, size.cx);
+    }
+    constexpr LONG kMargins = 8; // pixels
+    SendMessageW(combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + kMargins + GetSystemMetrics(SM_CXVSCROLL)), 0);
+}
+
 } // namespace
 
 void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
@@ -232,9 +285,14 @@ void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
         if (row.name != nullptr)
             Create(window, kName, WS_CHILD | WS_VISIBLE | kStatic, row.name, {row.x, row.y, row.x, row.y}, kNoId, font);
         const RECT place{row.x, row.y, row.x + row.width, row.y + row.height};
-        Furnish(Create(window, ShapeOf(row), StyleOf(row, before), row.text, place, row.id, font), row.kind);
+        const HWND made = Create(window, ShapeOf(row), StyleOf(row, before), row.text, place, row.id, font);
+        Furnish(made, row.kind);
+        if (row.name != nullptr && IsPush(row))
+            NameForScreenReader(made, row.name);
         before = &row;
     }
+    if (systemLooks.highContrast())
+        RenewColours(window);
 }
 
 HWND ControlOf(HWND window, int id)
@@ -279,6 +337,8 @@ void Enable(HWND window, int id, bool enabled)
     if (!enabled)
         MoveFocusFrom(window, control);
     EnableWindow(control, enabled);
+    if (enabled)
+        ReturnFocusTo(control);
 }
 
 void Enable(HWND window, std::span<const int> ids, bool enabled)
@@ -293,6 +353,8 @@ void Show(HWND window, int id, bool visible)
     if (!visible)
         MoveFocusFrom(window, control);
     ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE);
+    if (visible)
+        ReturnFocusTo(control);
 }
 
 void Show(HWND window, std::span<const int> ids, bool visible)
@@ -307,13 +369,14 @@ void LimitText(HWND window, int id, std::size_t units)
     KeepPairsWhole(ControlOf(window, id));
 }
 
-void SetBarColour(HWND window, int id, COLORREF colour)
+void GiveFocus(HWND control)
 {
-    const HWND bar = ControlOf(window, id);
-    SetWindowTheme(bar, L" ", L" "); // names no style; empty texts would mean the usual one
-    SetWindowLongPtrW(bar, GWL_STYLE, GetWindowLongPtrW(bar, GWL_STYLE) | WS_BORDER); // the style had drawn the frame
-    SetWindowPos(bar, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
-    SendMessageW(bar, PBM_SETBARCOLOR, 0, static_cast<LPARAM>(colour));
+    const bool radio = IsRadio(control);
+    if (radio)
+        SendMessageW(control, BM_SETDONTCLICK, TRUE, 0);
+    SetFocus(control);
+    if (radio)
+        SendMessageW(control, BM_SETDONTCLICK, FALSE, 0);
 }
 
 void FocusOn(HWND window, int id)
@@ -321,7 +384,7 @@ void FocusOn(HWND window, int id)
     const HWND control = ControlOf(window, id);
     if (control == nullptr)
         return;
-    SetFocus(control);
+    GiveFocus(control);
     if ((SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0)
         SendMessageW(control, EM_SETSEL, 0, -1);
 }
@@ -332,6 +395,7 @@ void FillCombo(HWND window, int id, std::span<const std::wstring> entries)
     SendMessageW(combo, CB_RESETCONTENT, 0, 0);
     for (const std::wstring& entry : entries)
         SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
+    OpenAsWideAs(combo, entries);
 }
 
 void FillChoices(HWND window, int id, Choices choices, std::size_t selected)

@@ -99,14 +99,17 @@ consteval bool FitInside(std::span<const Control> rows, int width, int height)
 void SetText(HWND window, int id, std::wstring_view text);
 [[nodiscard]] bool IsChecked(HWND window, int id);
 void SetChecked(HWND window, int id, bool checked);
+// A control that is disabled or hidden while it has the focus lends it to the next one, and has it back when it is
+// enabled or shown again, unless the user has gone elsewhere.
 void Enable(HWND window, int id, bool enabled);
 void Enable(HWND window, std::span<const int> ids, bool enabled);
 void Show(HWND window, int id, bool visible);
 void Show(HWND window, std::span<const int> ids, bool visible);
 // Longest text that an edit takes from the user, in UTF-16 units.
 void LimitText(HWND window, int id, std::size_t units);
-// Gives a progress bar its own colour. Its visual style is switched off, since a themed bar ignores colours.
-void SetBarColour(HWND window, int id, COLORREF colour);
+// Gives a control the focus without choosing it: Windows takes the focus on a radio for a click when none of its group
+// is chosen.
+void GiveFocus(HWND control);
 // Gives a field the focus and selects its text; how every refused input ends.
 void FocusOn(HWND window, int id);
 

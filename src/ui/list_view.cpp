@@ -10,7 +10,7 @@
 namespace voltaro {
 namespace {
 
-enum ListCommand : UINT { kCopy = 1, kCopyAll };
+enum ListCommand : UINT { kCopy = 1, kCopyAll, kSelectAll };
 
 // Redraw off for the guard's life. A hidden list stays hidden: turning redraw on again would show it.
 class RedrawOff {
@@ -26,6 +26,7 @@ public:
         SendMessageW(m_window, WM_SETREDRAW, TRUE, 0);
         if (!m_visible && (GetWindowLongW(m_window, GWL_STYLE) & WS_VISIBLE) != 0)
             ShowWindow(m_window, SW_HIDE);
+        RedrawWindow(m_window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     }
     RedrawOff(const RedrawOff&) = delete;
     RedrawOff& operator=(const RedrawOff&) = delete;
@@ -109,13 +110,9 @@ void AppendCell(std::wstring& text, std::wstring_view cell, bool first)
     text += OneLine(cell);
 }
 
-// A list for one row lets all be chosen for a copy; the next click chooses one again.
 void SelectAll(HWND list)
 {
-    const LONG_PTR style = GetWindowLongPtrW(list, GWL_STYLE);
-    SetWindowLongPtrW(list, GWL_STYLE, style & ~static_cast<LONG_PTR>(LVS_SINGLESEL));
     ListView_SetItemState(list, -1, LVIS_SELECTED, LVIS_SELECTED);
-    SetWindowLongPtrW(list, GWL_STYLE, style);
 }
 
 POINT MenuPlace(HWND list, LPARAM l)
@@ -138,10 +135,13 @@ void ShowMenu(HWND list, LPARAM l)
     const UINT copyAll = RowCount(list) > 0 ? MF_ENABLED : MF_GRAYED;
     AppendMenuW(menu.Get(), MF_STRING | copy, kCopy, L"&Copy\tCtrl+C");
     AppendMenuW(menu.Get(), MF_STRING | copyAll, kCopyAll, L"Copy &all");
+    AppendMenuW(menu.Get(), MF_STRING | copyAll, kSelectAll, L"&Select all\tCtrl+A");
     const POINT place = MenuPlace(list, l);
     const UINT flags = TPM_LEFTALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD | TPM_NONOTIFY;
     const BOOL chosen = TrackPopupMenu(menu.Get(), flags, place.x, place.y, 0, list, nullptr);
-    if (chosen != 0)
+    if (chosen == kSelectAll)
+        SelectAll(list);
+    else if (chosen != 0)
         CopyToClipboard(list, ListText(list, chosen == kCopy));
 }
 

@@ -29,8 +29,8 @@ void FillList(HWND list, std::size_t rows, const CellText& cell);
 void FillList(HWND list, std::span<const std::vector<std::wstring>> rows);
 
 void ClearList(HWND list);
-// Index of the selected row, -1 for none. OnlySelectedRow gives -1 for several too (all are, when all were chosen for a
-// copy): for what is done to a row.
+// Index of the first selected row, -1 for none. OnlySelectedRow gives -1 for several too, which can be chosen for a
+// copy: for what is done to a row.
 [[nodiscard]] int SelectedRow(HWND list);
 [[nodiscard]] int OnlySelectedRow(HWND list);
 void SelectRow(HWND list, int row);
@@ -41,8 +41,8 @@ void SelectRow(HWND list, int row);
 // titles when all rows are copied.
 [[nodiscard]] std::wstring ListText(HWND list, bool selectedOnly);
 
-// Ctrl+C, Ctrl+A and the context menu (Copy, Copy all) for a list, and tooltips on cut-off cells. Every list that
-// CreateControls makes has them.
+// Ctrl+C, Ctrl+A and the context menu (Copy, Copy all, Select all) for a list, and tooltips on cut-off cells. Every
+// list that CreateControls makes has them.
 void AddListHabits(HWND list);
 
 } // namespace voltaro

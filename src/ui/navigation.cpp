@@ -1,8 +1,11 @@
 #include "ui/navigation.h"
 
+#include "ui/controls.h"
 #include "ui/tabs.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <vector>
 
 namespace voltaro {
@@ -67,6 +70,62 @@ bool PushFocused(HWND window)
     return true;
 }
 
+bool TakesTab(HWND control)
+{
+    constexpr LONG kStop = WS_TABSTOP | WS_VISIBLE;
+    return (GetWindowLongW(control, GWL_STYLE) & (kStop | WS_DISABLED)) == kStop;
+}
+
+// The controls that Tab stops at, in order: a tab control stands before its pages.
+void AddTabStops(HWND window, std::vector<HWND>& stops)
+{
+    std::vector<HWND> children;
+    std::vector<HWND> pages;
+    for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        children.push_back(child);
+        std::ranges::copy(PagesOf(child), std::back_inserter(pages));
+    }
+    const auto add = [&](HWND child) {
+        constexpr LONG kShown = WS_VISIBLE;
+        const bool holds = (GetWindowLongW(child, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0;
+        if (holds && (GetWindowLongW(child, GWL_STYLE) & (kShown | WS_DISABLED)) == kShown)
+            AddTabStops(child, stops);
+        else if (!holds && TakesTab(child))
+            stops.push_back(child);
+    };
+    for (const HWND child : children) {
+        if (std::ranges::find(pages, child) == pages.end())
+            add(child);
+        std::ranges::for_each(PagesOf(child), add);
+    }
+}
+
+// Where Tab leads from the control that has the focus; null where Windows knows it as well. Windows goes by the order
+// in which controls cover each other, and a page covers its tab control.
+HWND NextStop(HWND window, bool back)
+{
+    std::vector<HWND> stops;
+    AddTabStops(window, stops);
+    const HWND focus = GetFocus();
+    const auto holds = [focus](HWND stop) { return stop == focus || IsChild(stop, focus); };
+    const auto at = std::ranges::find_if(stops, holds);
+    if (at == stops.end() || (SendMessageW(focus, WM_GETDLGCODE, 0, 0) & (DLGC_WANTTAB | DLGC_WANTALLKEYS)) != 0)
+        return nullptr;
+    const auto count = static_cast<std::ptrdiff_t>(stops.size());
+    const std::ptrdiff_t next = (at - stops.begin() + (back ? count - 1 : 1)) % count;
+    const HWND stop = stops[static_cast<std::size_t>(next)];
+    return stop != GetNextDlgTabItem(window, *at, back) ? stop : nullptr;
+}
+
+bool GoToNextStop(HWND window)
+{
+    const HWND stop = NextStop(window, IsDown(VK_SHIFT));
+    if (stop == nullptr)
+        return false;
+    FocusOn(GetParent(stop), GetDlgCtrlID(stop));
+    return true;
+}
+
 } // namespace
 
 void NavigateWith(HWND window)
@@ -92,6 +151,8 @@ bool Navigate(MSG& message)
         return false;
     if (message.message == WM_KEYDOWN && IsWindowEnabled(window)) {
         if (message.wParam == VK_TAB && IsDown(VK_CONTROL) && TurnPage(window))
+            return true;
+        if (message.wParam == VK_TAB && !IsDown(VK_CONTROL) && GoToNextStop(window))
             return true;
         if (message.wParam == VK_RETURN && PushFocused(window))
             return true;

@@ -13,7 +13,8 @@ void NavigateWith(HWND window);
 inline constexpr int kRefreshKey = 0x7F05;
 
 // Offers a message to the navigation window: Ctrl+Tab and Ctrl+Shift+Tab turn the pages of its tab control, Alt+letter,
-// Tab, arrows, Enter and Esc are dialog keys, F5 is a command. True when it was taken.
+// Tab, arrows, Enter and Esc are dialog keys, F5 is a command. Tab reaches a tab control before the fields of its page,
+// which lies above it. True when it was taken.
 [[nodiscard]] bool Navigate(MSG& message);
 
 // The loop of the process: until the quit message, whose exit code it returns.

@@ -20,9 +20,11 @@ std::wstring TipAt(HWND list, LPARAM place, RowTip tip)
     hit.pt = {GET_X_LPARAM(place), GET_Y_LPARAM(place)};
     if (ListView_SubItemHitTest(list, &hit) < 0)
         return {};
-    const std::wstring text = tip(hit.iItem);
+    const std::wstring text = tip(list, hit.iItem);
     const std::wstring cell = CellOf(list, hit.iItem, hit.iSubItem);
-    return IsCutOff(list, cell, hit.iSubItem) ? cell + L"\r\n" + text : text;
+    if (!IsCutOff(list, cell, hit.iSubItem))
+        return text;
+    return text.empty() ? cell : cell + L"\r\n" + text;
 }
 
 LRESULT CALLBACK RowTipHabits(HWND list, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR data)

@@ -6,11 +6,12 @@
 
 namespace voltaro {
 
-// The text for the row that is pointed at; empty for none.
-using RowTip = std::wstring (*)(int row);
+// The text for the row of the list that is pointed at; empty for none.
+using RowTip = std::wstring (*)(HWND list, int row);
 
-// Gives the rows of a list tooltips of their own. A cell that is cut off stands above the row's text, so that the
-// list's own tooltips for such cells, which would cover it, are switched off.
-void SetRowTips(HWND list, RowTip tip);
+// Gives the rows of a list tooltips of their own: a cell that is cut off, and below it the row's text. The list's own
+// tooltips for such cells, which would cover them and know the first column alone, are switched off.
+void SetRowTips(
+    HWND list, RowTip tip = [](HWND, int) { return std::wstring(); });
 
 } // namespace voltaro

@@ -1,5 +1,8 @@
 #include "ui/tabs.h"
 
+#include "ui/controls.h"
+#include "ui/theme.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <memory>
@@ -11,7 +14,7 @@ namespace {
 using Pages = std::vector<HWND>;
 constexpr wchar_t kPagesProperty[] = L"VoltaroPages";
 
-Pages* PagesOf(HWND tab)
+Pages* Remembered(HWND tab)
 {
     return static_cast<Pages*>(GetPropW(tab, kPagesProperty));
 }
@@ -32,10 +35,11 @@ HWND FirstOf(HWND tab)
     return previous != nullptr && (SendMessageW(previous, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0 ? previous : tab;
 }
 
-// A page that lies beside its tab control must lie above it, or the control would paint over it; just above, so that
-// Tab reaches the page's fields between what was made before the tab control and after it.
+// A page that lies beside its tab control must lie above it, or the control would paint over it. The Tab key goes to
+// the tab control first all the same (ui/navigation.h).
 void PlaceAboveTab(HWND page, HWND tab)
 {
+    SetTabPage(page);
     const LONG_PTR style = GetWindowLongPtrW(page, GWL_EXSTYLE);
     SetWindowLongPtrW(page, GWL_EXSTYLE, style | WS_EX_CONTROLPARENT);
     if (GetParent(page) != GetParent(tab))
@@ -53,10 +57,16 @@ bool HoldsFocus(HWND page)
 
 } // namespace
 
+std::span<const HWND> PagesOf(HWND tab)
+{
+    const Pages* pages = Remembered(tab);
+    return pages != nullptr ? std::span<const HWND>(*pages) : std::span<const HWND>();
+}
+
 void SetTabs(HWND tab, std::span<const TabPage> pages)
 {
     TabCtrl_DeleteAllItems(tab);
-    Pages* remembered = PagesOf(tab);
+    Pages* remembered = Remembered(tab);
     if (remembered == nullptr) {
         auto made = std::make_unique<Pages>();
         if (!SetWindowSubclass(tab, &TabHabits, 0, 0) || !SetPropW(tab, kPagesProperty, made.get()))
@@ -77,7 +87,7 @@ void SetTabs(HWND tab, std::span<const TabPage> pages)
 
 void TurnTo(HWND tab, int index)
 {
-    const Pages* pages = PagesOf(tab);
+    const Pages* pages = Remembered(tab);
     if (pages == nullptr || index < 0 || static_cast<std::size_t>(index) >= pages->size())
         return;
     if (TabCtrl_GetCurSel(tab) != index)
@@ -88,7 +98,7 @@ void TurnTo(HWND tab, int index)
     ShowWindow(shown, SW_SHOWNA);
     if (focusLeaves) {
         const HWND first = GetNextDlgTabItem(shown, nullptr, FALSE);
-        SetFocus(first != nullptr ? first : tab);
+        GiveFocus(first != nullptr ? first : tab);
     }
     for (const HWND page : *pages) {
         if (page != shown)

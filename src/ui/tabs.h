@@ -16,6 +16,9 @@ struct TabPage {
 // turned; the pages are remembered with the control (copied).
 void SetTabs(HWND tab, std::span<const TabPage> pages);
 
+// The pages in their order; none for a control that is no tab control.
+[[nodiscard]] std::span<const HWND> PagesOf(HWND tab);
+
 // Shows the page at `index`, hides the others, selects its caption. Also called on TCN_SELCHANGE: TurnToSelected.
 void TurnTo(HWND tab, int index);
 void TurnToSelected(HWND tab);

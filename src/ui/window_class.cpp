@@ -1,25 +1,30 @@
 #include "ui/window_class.h"
 
+#include "ui/controls.h"
 #include "ui/theme.h"
+
+#include <algorithm>
 
 namespace voltaro {
 namespace {
 
 constexpr int kProgramIcon = 1001;
 
-LRESULT FaceBehindText(HDC dc)
+// Both of a pair: a label that kept the context's black would be lost on a dark face.
+LRESULT GroundBehindText(HWND window, HDC dc)
 {
+    SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
     SetBkMode(dc, TRANSPARENT);
     SetBkColor(dc, GetSysColor(COLOR_3DFACE));
-    return reinterpret_cast<LRESULT>(FaceBrush());
+    return reinterpret_cast<LRESULT>(GroundBrush(window));
 }
 
 // Themed check boxes and frames ask their parent for the background behind them.
-void FillWithFace(HWND window, HDC dc)
+void FillWithGround(HWND window, HDC dc)
 {
     RECT client;
     GetClientRect(window, &client);
-    FillRect(dc, &client, FaceBrush());
+    FillRect(dc, &client, GroundBrush(window));
 }
 
 bool IsChildWindow(HWND window)
@@ -45,7 +50,27 @@ void KeepFocus(HWND window, bool active)
         return;
     const HWND left = static_cast<HWND>(GetPropW(window, kFocusProperty));
     const HWND field = TakesFocus(window, left) ? left : GetNextDlgTabItem(window, nullptr, FALSE);
-    SetFocus(TakesFocus(window, field) ? field : window);
+    GiveFocus(TakesFocus(window, field) ? field : window);
+}
+
+// A window opens where Windows or its table puts it, or where it was left, but within the work area of its screen; one
+// that is too high for that takes the room of the task bar too. Its caption can always be reached.
+void BringOnScreen(HWND window)
+{
+    if (IsIconic(window))
+        return;
+    const MONITORINFO screen = systemLooks.screen(window);
+    RECT place;
+    GetWindowRect(window, &place);
+    const LONG width = place.right - place.left;
+    const LONG height = place.bottom - place.top;
+    RECT room = screen.rcWork;
+    if (height > room.bottom - room.top || width > room.right - room.left)
+        room = screen.rcMonitor;
+    const LONG x = std::max(std::min(place.left, room.right - width), room.left);
+    const LONG y = std::max(std::min(place.top, room.bottom - height), room.top);
+    if (x != place.left || y != place.top)
+        SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 } // namespace
@@ -69,12 +94,24 @@ LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     switch (message) {
     case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORBTN: return FaceBehindText(reinterpret_cast<HDC>(w));
+    case WM_CTLCOLORBTN: return GroundBehindText(window, reinterpret_cast<HDC>(w));
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED: RenewColours(window); break;
+    case WM_SETTINGCHANGE:
+        if (w == SPI_SETHIGHCONTRAST)
+            RenewColours(window);
+        break;
+    case WM_SHOWWINDOW:
+    case WM_DISPLAYCHANGE:
+        if (!IsChildWindow(window))
+            BringOnScreen(window);
+        break;
+    case WM_ERASEBKGND: FillWithGround(window, reinterpret_cast<HDC>(w)); return 1;
     case WM_ACTIVATE:
         if (HIWORD(w) == 0) // not minimised
             KeepFocus(window, LOWORD(w) != WA_INACTIVE);
         return 0;
-    case WM_PRINTCLIENT: FillWithFace(window, reinterpret_cast<HDC>(w)); return 0;
+    case WM_PRINTCLIENT: FillWithGround(window, reinterpret_cast<HDC>(w)); return 0;
     case WM_HELP:
         if (!IsChildWindow(window))
             return TRUE; // else Windows hands it on to the owner, whose help would open

@@ -9,8 +9,8 @@ namespace voltaro {
 [[nodiscard]] bool RegisterWindow(const wchar_t* name, WNDPROC procedure, int menu);
 
 // The answers that every window of the program gives alike to a message that it does not serve itself: F1 and the like
-// stay with the window; edits and labels get the window's face colour behind them; the
-// focus comes back to the field it left.
+// stay with the window; labels, check boxes and read-only edits get the window's ground behind them; the system's
+// colours are followed; no window opens off the screen; the focus comes back to the field it left.
 [[nodiscard]] LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l);
 
 // Repaints a window at once; with `erase` its background and its controls too.

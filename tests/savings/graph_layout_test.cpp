@@ -73,6 +73,7 @@ TEST(GraphLayoutTest, TooltipOfASegment)
 {
     EXPECT_EQ(
         SegmentTooltip(kLayout.segments[3], kLayout.daySeconds), L"DIM (Upon IDLE)\n2 Hrs : 0 Mins\n8.3 % of the day");
+    EXPECT_TRUE(SegmentTooltip(kLayout.segments[3], kLayout.daySeconds, true).ends_with(L"8.3 % of the day so far"));
 }
 
 } // namespace

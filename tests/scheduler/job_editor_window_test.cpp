@@ -40,7 +40,8 @@ TEST(JobEditorWindowTest, RefusesWhatIsWrong)
 
 TEST(JobEditorWindowTest, EachKindHasItsFace)
 {
-    constexpr const wchar_t* kFirst[] = {L"Runs every day.", L"Date :", L"Sunday", L"January"};
+    constexpr const wchar_t* kFirst[] = {L"Runs every day. A second click on the chosen type above comes back to this.",
+        L"Date :", L"Sunday", L"January"};
     constexpr struct {
         const wchar_t *click, *with;
         std::size_t face;

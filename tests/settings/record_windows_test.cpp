@@ -7,6 +7,7 @@
 #include "support/labelled.h"
 #include "support/program.h"
 #include "ui/controls.h"
+#include "ui/navigation.h"
 
 #include <gtest/gtest.h>
 
@@ -140,6 +141,28 @@ TEST_F(RecordWindows, ProxyTravelsWholeAndItsFieldsFollowTheirSwitches)
     Check(L"Use Authentication", true);
     Check(L"Connect Via Proxy Server", false);
     expectEnabled(false, false);
+}
+
+TEST_F(RecordWindows, F5AsksBeforeItOverwritesWhatWasTyped)
+{
+    constexpr const wchar_t* kLabels[] = {L"TCP Port :", L"Port No      :"};
+    for (std::size_t i = 0; i < std::size(kLabels); ++i) {
+        Open(kEditors[i]);
+        const Operations read{m_editor->read};
+        const std::wstring before = Shown(kLabels[i]);
+        const auto press = [&] { m_program.Command(m_editor->window, kRefreshKey); };
+        press();
+        EXPECT_EQ(m_program.TakeOperations(), read);
+        Type(kLabels[i], L"9");
+        BoxScript boxes{{L"Refresh", {}, Answer::No}};
+        press();
+        EXPECT_TRUE(m_program.TakeOperations().empty());
+        EXPECT_EQ(Shown(kLabels[i]), L"9");
+        boxes.Expect({{L"Refresh", {}, Answer::Yes}});
+        press();
+        EXPECT_EQ(m_program.TakeOperations(), read);
+        EXPECT_EQ(Shown(kLabels[i]), before);
+    }
 }
 
 TEST_F(RecordWindows, EverySnoozeChoiceGoesOutAndComesBack)

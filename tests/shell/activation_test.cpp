@@ -114,6 +114,7 @@ TEST(AboutTest, OpensWithAndWithoutAnAgent)
     LoadedProgram program;
     program.Command(WindowId::Main, kTrayAbout);
     ASSERT_NE(AboutWindow(), nullptr);
+    EXPECT_EQ(GetFocus(), ControlOf(AboutWindow(), IDOK));
     EXPECT_FALSE(IsItemEnabled(TrayMenu(), kTrayAbout));
     EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
     EXPECT_EQ(TextOf(AboutWindow(), kCaption), L"Voltaro - Standard Edition  [ Version : 1.06.006.000 ]");

@@ -94,7 +94,7 @@ TEST_F(Controls, ALimitedEditKeepsNoHalfOfAPair)
     }
 }
 
-TEST_F(Controls, FocusLeavesAControlThatIsDisabledOrHidden)
+TEST_F(Controls, FocusLeavesAControlThatIsDisabledOrHiddenAndComesBack)
 {
     SetForegroundWindow(m_all.Get());
     FocusOn(m_all.Get(), 104);
@@ -103,6 +103,14 @@ TEST_F(Controls, FocusLeavesAControlThatIsDisabledOrHidden)
     EXPECT_EQ(GetFocus(), Of(105));
     Show(m_all.Get(), 105, false);
     EXPECT_EQ(GetFocus(), Of(106));
+    Show(m_all.Get(), 105, true);
+    EXPECT_EQ(GetFocus(), Of(106)) << "it was lent only";
+    Enable(m_all.Get(), 104, true);
+    EXPECT_EQ(GetFocus(), Of(104));
+    Enable(m_all.Get(), 104, false);
+    FocusOn(m_all.Get(), 112);
+    Enable(m_all.Get(), 104, true);
+    EXPECT_EQ(GetFocus(), Of(112)) << "the user has gone elsewhere";
 }
 
 TEST_F(Controls, TooltipTextFollowsAndIsFreedWithTheControl)

@@ -79,7 +79,7 @@ TEST_F(List, TextKeepsRowsAndColumnsWhateverTheCellsHold)
     EXPECT_EQ(ListText(m_list, true), L"a b\tc  d\r\n");
 }
 
-TEST_F(List, KeysCopyTheChosenRowAndAllRows)
+TEST_F(List, KeysCopyTheChosenRowAndAllRowsAndAClickChoosesOne)
 {
     Fill(3);
     SelectRow(m_list, 1);
@@ -90,6 +90,12 @@ TEST_F(List, KeysCopyTheChosenRowAndAllRows)
     Press('A', VK_CONTROL);
     Press('C', VK_CONTROL);
     EXPECT_EQ(Clipboard(), L"n0\tv0\r\nn1\tv1\r\nn2\tv2\r\n");
+    RECT row;
+    ListView_GetItemRect(m_list, 2, &row, LVIR_LABEL);
+    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP})
+        PostMessageW(m_list, message, 0, MAKELPARAM(row.left + 2, row.top + 2));
+    Pump();
+    EXPECT_EQ(OnlySelectedRow(m_list), 2) << "a click chooses one again";
 }
 
 } // namespace

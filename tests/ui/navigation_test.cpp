@@ -77,14 +77,16 @@ TEST_F(Pages, CtrlTabTurnsThePagesAndWraps)
     EXPECT_EQ(SelectedTab(m_tab), 1);
 }
 
-TEST_F(Pages, TabReachesTheShownPageOnly)
+TEST_F(Pages, TabReachesTheStripThenTheShownPageOnly)
 {
     SetFocus(ControlOf(m_window.Get(), 1));
-    const HWND expected[] = {ControlOf(m_first.Get(), 11), ControlOf(m_first.Get(), 12), m_tab,
-        ControlOf(m_window.Get(), 3), ControlOf(m_window.Get(), 1)};
-    for (const HWND control : expected) {
-        Press(VK_TAB);
-        EXPECT_EQ(GetFocus(), control);
+    const HWND expected[] = {ControlOf(m_window.Get(), 1), m_tab, ControlOf(m_first.Get(), 11),
+        ControlOf(m_first.Get(), 12), ControlOf(m_window.Get(), 3)};
+    for (const WORD shift : {WORD{0}, WORD{VK_SHIFT}}) {
+        for (std::size_t step = 1; step <= std::size(expected); ++step) {
+            Press(VK_TAB, shift);
+            EXPECT_EQ(GetFocus(), expected[(shift != 0 ? 5 - step : step) % 5]) << step;
+        }
     }
 }
 

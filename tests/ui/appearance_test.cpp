@@ -1,0 +1,210 @@
+#include "savings/savings_window.h"
+#include "savings/scripted_day.h"
+#include "savings/shown_day.h"
+#include "shell/window_table.h"
+#include "support/labelled.h"
+#include "support/pixels.h"
+#include "support/program.h"
+#include "support/test_window.h"
+#include "ui/tabs.h"
+#include "ui/theme.h"
+
+#include <gtest/gtest.h>
+
+namespace voltaro {
+namespace {
+
+constexpr COLORREF kFace = RGB(0, 0, 64), kOnFace = RGB(255, 255, 0), kGround = RGB(0, 0, 0), kText = RGB(0, 255, 255);
+
+// Other system colours, with high contrast told or not, while it lives.
+class Contrast {
+public:
+    explicit Contrast(bool high)
+    {
+        for (std::size_t i = 0; i < std::size(kIndices); ++i)
+            m_before[i] = GetSysColor(kIndices[i]);
+        if (high)
+            systemLooks.highContrast = [] { return true; };
+        constexpr COLORREF kDark[] = {kFace, kOnFace, kGround, kText};
+        SetSysColors(4, kIndices, kDark);
+        Pump();
+    }
+    ~Contrast()
+    {
+        systemLooks = m_looks;
+        SetSysColors(4, kIndices, m_before);
+        Pump();
+    }
+    Contrast(const Contrast&) = delete;
+    Contrast& operator=(const Contrast&) = delete;
+
+private:
+    static constexpr int kIndices[] = {COLOR_3DFACE, COLOR_BTNTEXT, COLOR_WINDOW, COLOR_WINDOWTEXT};
+    SystemLooks m_looks = systemLooks;
+    COLORREF m_before[4] = {};
+};
+
+// What the screen shows of a window, in front of all others.
+Pixels Seen(HWND window)
+{
+    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    Pump();
+    RECT client;
+    GetClientRect(window, &client);
+    const auto copy = [](HDC dc, void* from) {
+        const HDC source = GetDC(static_cast<HWND>(from));
+        BitBlt(dc, 0, 0, 2000, 2000, source, 0, 0, SRCCOPY);
+        ReleaseDC(static_cast<HWND>(from), source);
+    };
+    const UniqueBitmap seen = RenderBitmap(client.right, client.bottom, copy, window);
+    SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_HIDEWINDOW);
+    return Pixels(seen.Get());
+}
+
+int CountIn(const Pixels& pixels, HWND window, HWND control, COLORREF colour)
+{
+    RECT place;
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+    int count = 0;
+    for (LONG y = std::max(place.top, 0L); y < std::min<LONG>(place.bottom, pixels.Height()); ++y)
+        count += pixels.CountOf(colour, std::max(place.left, 0L), std::min<LONG>(place.right, pixels.Width()), y);
+    return count;
+}
+
+// Texts that a window colours for its controls: labels, captions of groups, check boxes and radios, read-only fields.
+bool IsColouredByParent(HWND control)
+{
+    const std::wstring name = ClassOf(control);
+    const LONG style = GetWindowLongW(control, GWL_STYLE);
+    const LONG type = style & BS_TYPEMASK;
+    const bool plainButton = type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON;
+    return IsWindowVisible(control) && IsWindowEnabled(control) && !WindowText(control).empty()
+        && (name == WC_STATICW || (name == WC_BUTTONW && !plainButton) || (name == WC_EDITW && (style & ES_READONLY)));
+}
+
+void ShowADay()
+{
+    constexpr DayDurations kDay = {.poweredOn = 50400, .offTotal = 36000, .active = 43200, .idle = 7200, .off = 36000};
+    shownDay = MakeShownDay({2024, 2, 29}, {kDay, {}, 0, 0}, RoundProfile());
+    const HWND window = WindowOf(WindowId::Savings);
+    OpenSavingsWindow(WindowOf(WindowId::Main));
+    RecomputeSavings();
+    TurnTo(FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr), 2);
+}
+
+TEST(HighContrast, EveryTextOfEveryWindowIsInTheSystemsColours)
+{
+    LoadedProgram program;
+    ShowADay();
+    const Contrast contrast(true);
+    int texts = 0;
+    for (std::size_t i = 0; i < kWindowCount; ++i) {
+        const WindowRow& row = WindowRowOf(i);
+        if ((row.style & WS_CHILD) != 0)
+            continue;
+        const HWND window = WindowOf(row.id);
+        const Pixels pixels = Seen(window);
+        ShowWindow(window, SW_SHOWNA); // for IsWindowVisible
+        for (HWND at = GetTopWindow(window); at != nullptr; at = GetWindow(at, GW_HWNDNEXT)) {
+            RECT size;
+            GetClientRect(at, &size);
+            if (!IsColouredByParent(at) || size.right == 0)
+                continue;
+            ++texts;
+            EXPECT_GT(CountIn(pixels, window, at, kOnFace), 5) << std::wstring(row.title) << ": " << WindowText(at);
+        }
+        ShowWindow(window, SW_HIDE);
+    }
+    EXPECT_GT(texts, 60);
+}
+
+TEST(HighContrast, PaintedWindowsFollowTheSystemLiveAndBack)
+{
+    LoadedProgram program;
+    ShowADay();
+    const HWND main = WindowOf(WindowId::Main);
+    const HWND graph = WindowOf(WindowId::SavingsGraph);
+    const HWND list = FindWindowExW(main, nullptr, WC_LISTVIEWW, nullptr);
+    const HWND durations = FindWindowExW(graph, nullptr, WC_LISTVIEWW, nullptr);
+    const auto look = [&](bool high) {
+        const Pixels seen = Seen(main);
+        EXPECT_EQ(CountIn(seen, main, list, kProductGreen) > 1000, !high);
+        EXPECT_EQ(CountIn(seen, main, list, kText) > 50, high);
+        int notice = 0;
+        for (int y = 470; y < 500; ++y)
+            notice += seen.CountOf(high ? kOnFace : kTextGreen, 165, 490, y);
+        EXPECT_GT(notice, 50) << "the notice at the foot";
+        ShowWindow(WindowOf(WindowId::Savings), SW_SHOWNA);
+        const Pixels page = Seen(graph);
+        EXPECT_EQ(page.At(140, 150), high ? kGround : RGB(252, 252, 252));
+        EXPECT_EQ(page.At(105, 460), RGB(0, 96, 0)) << "a state keeps its colour";
+        EXPECT_EQ(page.At(49, 300), high ? kText : RGB(0, 0, 0)) << "axis";
+        EXPECT_EQ(CountIn(page, graph, durations, high ? kText : RGB(0, 0, 0)) > 100, true);
+        EXPECT_EQ(CountIn(page, graph, durations, RGB(247, 247, 247)) > 1000, !high);
+        int title = 0;
+        for (int y = 15; y < 31; ++y)
+            title += page.CountOf(high ? kOnFace : RGB(83, 83, 83), 380, 600, y);
+        EXPECT_GT(title, 50);
+        ShowWindow(graph, SW_SHOWNA);
+    };
+    look(false);
+    {
+        const Contrast contrast(true);
+        look(true);
+    }
+    look(false);
+    const auto before = systemLooks;
+    systemLooks.highContrast = [] { return true; };
+    SendMessageW(WindowOf(WindowId::Savings), WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
+    EXPECT_EQ(ListView_GetBkColor(durations), GetSysColor(COLOR_WINDOW)) << "told by the setting alone";
+    systemLooks = before;
+    SendMessageW(WindowOf(WindowId::Savings), WM_THEMECHANGED, 0, 0);
+    EXPECT_EQ(ListView_GetBkColor(durations), RGB(247, 247, 247));
+}
+
+TEST(SmallScreen, EveryWindowOpensInReach)
+{
+    const ConsoleProgram program;
+    const SystemLooks before = systemLooks;
+    systemLooks.screen = [](HWND) { return MONITORINFO{sizeof(MONITORINFO), {0, 0, 800, 600}, {0, 0, 800, 560}, 0}; };
+    constexpr POINT kPlaces[] = {{700, 300}, {-3000, -50}};
+    for (std::size_t i = 0; i < kWindowCount; ++i) {
+        const HWND window = WindowOf(WindowRowOf(i).id);
+        const POINT at = kPlaces[i % 2];
+        if ((WindowRowOf(i).style & WS_CHILD) != 0)
+            continue;
+        SetWindowPos(window, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        ShowWindow(window, SW_SHOWNA);
+        RECT place;
+        GetWindowRect(window, &place);
+        EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= 800) << WindowRowOf(i).title;
+        EXPECT_LE(place.bottom, place.bottom - place.top <= 560 ? 560 : 600) << WindowRowOf(i).title;
+        ShowWindow(window, SW_HIDE);
+    }
+    systemLooks = before;
+}
+
+TEST(TabPages, TakeTheColourOfTheTabsBody)
+{
+    const LoadedProgram program;
+    OpenSavingsWindow(WindowOf(WindowId::Main));
+    const SystemLooks before = systemLooks;
+    systemLooks.tabBody = []() -> std::optional<COLORREF> { return RGB(250, 249, 248); };
+    const HWND window = WindowOf(WindowId::Savings), page = WindowOf(WindowId::SavingsTotals);
+    SendMessageW(window, WM_THEMECHANGED, 0, 0);
+    const HDC dc = GetDC(nullptr);
+    const auto behind = [&](HWND labels) {
+        return reinterpret_cast<HBRUSH>(SendMessageW(labels, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc), 0));
+    };
+    EXPECT_EQ(Seen(page).At(3, 3), RGB(250, 249, 248));
+    EXPECT_EQ(behind(page), BrushOf(RGB(250, 249, 248)));
+    EXPECT_EQ(behind(window), FaceBrush());
+    ReleaseDC(nullptr, dc);
+    systemLooks = before;
+    SendMessageW(window, WM_THEMECHANGED, 0, 0);
+}
+
+} // namespace
+} // namespace voltaro
