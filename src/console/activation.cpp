@@ -1,7 +1,6 @@
 #include "console/activation.h"
 
 #include "base/text.h"
-#include "console/agent_lost.h"
 #include "console/main_view.h"
 #include "console/state.h"
 #include "ui/boxes.h"
@@ -34,23 +33,21 @@ Licence LicenceOf(std::wstring_view status)
     return EqualsIgnoreCase(status, kExpired) ? Licence::Expired : Licence::Active;
 }
 
-bool ReadActivationStatus()
+ReadResult ReadActivationStatus()
 {
     Reply reply = Send(Plain(Operation::GetActivationStatus));
     if (!reply.Answered())
-        return !reply.Lost();
+        return reply.Lost() ? ReadResult::Lost : ReadResult::Unreadable;
     state.activationStatus = reply.Status();
     if (mainView.repaint)
         mainView.repaint();
-    return true;
+    return state.activationStatus.empty() ? ReadResult::Unreadable : ReadResult::Read;
 }
 
 bool OpenGate(HWND owner, const wchar_t* caption)
 {
-    if (!ReadActivationStatus()) {
-        OnAgentLost();
+    if (ReadOrLose(ReadActivationStatus) == ReadResult::Lost)
         return false;
-    }
     const Licence licence = LicenceOf(state.activationStatus);
     if (licence != Licence::Active)
         Refuse(owner, caption, licence);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/windows_api.h"
-#include "console/agent.h"
+#include "console/agent_state.h"
 
 #include <string_view>
 
@@ -12,8 +12,8 @@ enum class Licence : std::uint8_t { Active, NotActivated, Expired };
 // What a status word of the agent means: two words refuse, everything else is active.
 [[nodiscard]] Licence LicenceOf(std::wstring_view status);
 
-// Reads the activation status and shows it on the main window. False when the agent does not answer.
-bool ReadActivationStatus();
+// Reads the activation status and shows it on the main window.
+ReadResult ReadActivationStatus();
 
 // The gate before every apply, save, create and delete and before the savings report: asks the agent, and refuses with
 // a box of that caption when the product is not active. False also when the agent is lost.

@@ -1,91 +1,107 @@
 #include "console/agent_state.h"
 
+#include "console/agent_lost.h"
 #include "console/main_view.h"
 #include "console/ui_calls.h"
 
 namespace voltaro {
 namespace {
 
-constexpr std::size_t kMaxPatchFields = 25;
-
-// Sends a plain request and hands the answer's tree, when it has one, to `apply` on the user-interface thread.
+// Sends a plain request and hands the answer's tree, when it has one, to `apply` on the user-interface thread; `apply`
+// says whether it could be read.
 template <class Apply>
-bool ReadWith(Operation operation, Apply apply)
+ReadResult ReadWith(Operation operation, Apply apply)
 {
     Reply reply = Send(Plain(operation));
+    bool read = false;
     if (const Element* root = reply.Root())
-        OnUi([&] { apply(*root); });
-    return !reply.Lost();
+        OnUi([&] { read = apply(*root); });
+    if (reply.Lost())
+        return ReadResult::Lost;
+    return read ? ReadResult::Read : ReadResult::Unreadable;
 }
 
+// A readable answer without a record is none: the windows cannot send a blank one back.
 template <class Record>
-bool ReadRecordInto(Operation operation, Record& record)
+bool ReadInto(Record& record, const Element& root)
 {
-    return ReadWith(operation, [&](const Element& root) { record = ReadRecord<Record>(root).value_or(record); });
+    const auto read = ReadRecord<Record>(root);
+    if (read)
+        record = *read;
+    return read.has_value();
 }
 
 } // namespace
 
-bool ReadPowerSchemes()
+ReadResult ReadPowerSchemes()
 {
     return ReadWith(Operation::GetPowerSchemes, [](const Element& root) {
         state.schemes = ReadNames(root);
         if (mainView.showSchemes)
             mainView.showSchemes();
+        return true;
     });
 }
 
-bool ReadPolicies()
+ReadResult ReadPolicies()
 {
-    return ReadWith(Operation::GetPolicies, [](const Element& root) { state.policies = ReadNames(root); });
+    return ReadWith(Operation::GetPolicies, [](const Element& root) {
+        state.policies = ReadNames(root);
+        return true;
+    });
 }
 
-bool ReadCurrentPowerSettings()
+ReadResult ReadCurrentPowerSettings()
 {
     return ReadWith(Operation::GetCurrentPowerSettings, [](const Element& root) {
-        if (const auto settings = ReadRecord<PowerSchemeSettings>(root)) {
-            state.currentScheme = *settings;
-            ++state.currentSchemeReads;
-            if (mainView.selectCurrentScheme)
-                mainView.selectCurrentScheme();
-        }
+        const bool read = ReadInto(state.currentScheme, root);
+        if (read && mainView.selectCurrentScheme)
+            mainView.selectCurrentScheme();
+        return read;
     });
 }
 
-bool ReadBatteryInfo()
+ReadResult ReadBatteryInfo()
 {
     return ReadWith(Operation::GetBatteryInfo, [](const Element& root) {
+        const std::wstring before(state.battery.Status());
         state.battery = ReadBattery(root);
-        const bool changed = !(state.lastBatteryStatus == state.battery.Status());
-        state.lastBatteryStatus = state.battery.Status();
         state.noBattery = IsWord(state.battery.Status(), kNoBattery);
-        state.lastBatteryCharge = state.battery.Charge();
         if (mainView.showCharge)
             mainView.showCharge();
-        if (changed && mainView.repaint)
+        if (state.battery.Status() != before && mainView.repaint)
             mainView.repaint();
+        return true;
     });
 }
 
-bool ReadHostSettings()
+ReadResult ReadHostSettings()
 {
-    return ReadRecordInto(Operation::GetHostSettings, state.host);
+    return ReadWith(Operation::GetHostSettings, [](const Element& root) { return ReadInto(state.host, root); });
 }
 
-bool ReadProxySettings()
+ReadResult ReadProxySettings()
 {
-    return ReadRecordInto(Operation::GetProxySettings, state.proxy);
+    return ReadWith(Operation::GetProxySettings, [](const Element& root) { return ReadInto(state.proxy, root); });
 }
 
-bool ReadCurrentConsumption()
+ReadResult ReadCurrentConsumption()
 {
-    return ReadRecordInto(Operation::GetCurrentConsumption, state.consumption);
+    return ReadWith(
+        Operation::GetCurrentConsumption, [](const Element& root) { return ReadInto(state.consumption, root); });
 }
 
-bool ReadPatchDetails()
+ReadResult ReadPatchDetails()
 {
-    return ReadWith(Operation::GetPatchDetails,
-        [](const Element& root) { state.patch = TextsOf(DetailsFields(root), kMaxPatchFields); });
+    return ReadWith(Operation::GetPatchDetails, [](const Element&) { return true; });
+}
+
+ReadResult ReadOrLose(Reader read)
+{
+    const ReadResult result = read();
+    if (result == ReadResult::Lost)
+        OnAgentLost();
+    return result;
 }
 
 } // namespace voltaro

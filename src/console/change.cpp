@@ -3,19 +3,38 @@
 #include "console/activation.h"
 
 namespace voltaro {
+namespace {
 
-std::optional<std::wstring> AnswerToChange(HWND owner, const wchar_t* caption, const Request& request)
+const Box& FailureBox(const ChangeTexts& texts, std::wstring_view status)
 {
-    if (!OpenGate(owner, caption))
-        return std::nullopt;
+    for (const WordBox& row : texts.words) {
+        if (IsWord(status, row.word))
+            return row.box;
+    }
+    return texts.failed;
+}
+
+} // namespace
+
+ChangeResult SubmitChange(HWND owner, const ChangeTexts& texts, const Request& request)
+{
+    if (!OpenGate(owner, texts.refused))
+        return ChangeResult::NotMade;
     std::wstring status;
     {
         Reply reply = SendOrLose(request);
         if (reply.Lost() || reply.Result() == Outcome::Ending)
-            return std::nullopt;
-        status = reply.Result() == Outcome::NotSent ? kFailure : reply.Status();
+            return ChangeResult::NotMade;
+        status = reply.Status(); // none when it could not be sent
     }
-    return IsLicenceRefusal(owner, caption, status) ? std::nullopt : std::optional(status);
+    if (IsWord(status, kSuccess))
+        return ChangeResult::Done;
+    if (IsLicenceRefusal(owner, texts.refused, status))
+        return ChangeResult::NotMade;
+    const bool unclear = !status.empty() && !IsWord(status, kFailure);
+    if (!unclear || !texts.onlyFailureFails)
+        Tell(owner, FailureBox(texts, status));
+    return unclear ? ChangeResult::Unclear : ChangeResult::Failed;
 }
 
 } // namespace voltaro

@@ -4,15 +4,34 @@
 #include "console/agent.h"
 #include "ui/boxes.h"
 
-#include <optional>
-#include <string>
+#include <span>
 
 namespace voltaro {
 
-// The road of one change: the activation gate, the request, and the answer's licence words, whose boxes carry
-// `caption`. Gives the status word, empty when the answer has none or cannot be read, "Failure" when the change could
-// not even be sent; nothing when it was refused or the agent is lost, which the user has been told.
-[[nodiscard]] std::optional<std::wstring> AnswerToChange(HWND owner, const wchar_t* caption, const Request& request);
+// A word of the agent that has a box of its own.
+struct WordBox {
+    const wchar_t* word = nullptr;
+    Box box{};
+};
+
+// What a change is told by. `refused`: the caption of the boxes for a licence that is not active.
+struct ChangeTexts {
+    const wchar_t* refused;
+    Box failed;
+    std::span<const WordBox> words = {}; // instead of `failed`
+    bool onlyFailureFails = false;       // a word that is neither "Success" nor "Failure" shows no box
+};
+
+// What became of a change; the user has been told of everything but Done.
+enum class ChangeResult : std::uint8_t {
+    Done,
+    Failed,  // the agent says so, or says nothing that can be read, or the change could not even be sent
+    Unclear, // another word: the agent may have made the change
+    NotMade, // the licence is not active, or the agent is lost
+};
+
+// Makes one change: asks the agent for the activation status, sends the request, and tells the user how it ended.
+[[nodiscard]] ChangeResult SubmitChange(HWND owner, const ChangeTexts& texts, const Request& request);
 
 // F5 is pressed more easily than "Refresh" is chosen: asked before it overwrites what the user changed.
 inline constexpr Box kDiscardChanges = {L"Refresh",

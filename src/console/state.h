@@ -84,18 +84,13 @@ struct ConsoleState {
 
     SystemDetails details;
     BatteryInfo battery;
-    FixedText<100> lastBatteryStatus;
-    FixedText<100> lastBatteryCharge;
     std::vector<std::wstring> schemes;
     std::vector<std::wstring> policies;
     PowerSchemeSettings currentScheme;
-    unsigned currentSchemeReads = 0; // counts the reads of it: tells a new record from one that was kept
     HostSettings host;
     ProxySettings proxy;
     PowerConsumptionData consumption;
-    std::vector<std::wstring> patch; // the patch record; nothing of it is shown
     FieldText activationStatus;
-    FieldText pauseStatus;
 };
 inline ConsoleState state;
 

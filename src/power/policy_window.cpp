@@ -1,7 +1,6 @@
 // The application sensor policy window: the rules of one policy. Opened from the scheme editor's strip.
 #include "power/policy_window.h"
 
-#include "console/agent_lost.h"
 #include "console/agent_state.h"
 #include "console/change.h"
 #include "console/help.h"
@@ -188,16 +187,11 @@ void OnSave(HWND window)
         return;
     const Box& failed = isNew ? kCreateFailed : kSaveFailed;
     const Operation operation = isNew ? Operation::CreatePolicy : Operation::SetPolicySettings;
-    const auto status = AnswerToChange(window, failed.caption, WithPolicy(operation, edited.policy));
-    if (!status)
+    if (SubmitChange(window, {failed.caption, failed}, WithPolicy(operation, edited.policy)) != ChangeResult::Done)
         return;
-    if (!IsWord(*status, kSuccess))
-        return Tell(window, failed);
     Close(window);
-    if (ReadPolicies())
+    if (ReadOrLose(ReadPolicies) != ReadResult::Lost)
         ShowPolicies(isNew ? std::wstring_view(edited.policy.name) : std::wstring_view());
-    else
-        OnAgentLost();
 }
 
 void OnEnter(HWND window)

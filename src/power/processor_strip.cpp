@@ -3,7 +3,6 @@
 #include "power/processor_strip.h"
 
 #include "base/text.h"
-#include "console/agent_lost.h"
 #include "console/agent_state.h"
 #include "console/change.h"
 #include "power/policy_window.h"
@@ -72,16 +71,11 @@ void OnDeletePolicy(HWND strip)
         return Tell(editor, kPolicyInUse, Format(kPolicyInUse.text, policy.c_str()));
     if (!Ask(editor, kDeleteQuestion, Format(kDeleteQuestion.text, policy.c_str())))
         return;
-    const auto status
-        = AnswerToChange(editor, kDeleteFailed.caption, WithText(Operation::DeletePolicy, L"policy", policy));
-    if (!status)
+    const ChangeTexts texts{kDeleteFailed.caption, kDeleteFailed};
+    if (SubmitChange(editor, texts, WithText(Operation::DeletePolicy, L"policy", policy)) != ChangeResult::Done)
         return;
-    if (!IsWord(*status, kSuccess))
-        return Tell(editor, kDeleteFailed);
-    if (ReadPolicies())
+    if (ReadOrLose(ReadPolicies) != ReadResult::Lost)
         ShowPolicies();
-    else
-        OnAgentLost();
 }
 
 constexpr Command kCommands[] = {

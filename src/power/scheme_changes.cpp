@@ -10,7 +10,6 @@ namespace {
 
 constexpr Box kSetFailed = {L"Set scheme failed ", L"Unable to Set."};
 constexpr Box kSaveFailed = {L"Save failed", L"Failed to save settings."};
-constexpr Box kDenied = {L"Permission denied", L"Access denied."};
 constexpr Box kActiveScheme = {L"Cannot delete current active scheme ",
     L"Scheme '%ls' cannot be deleted as it is the current active scheme!\n\nHint: To delete a scheme that is currently "
     L"active, change the current active scheme, and try again."};
@@ -19,42 +18,28 @@ constexpr Box kDeleteQuestion
         BoxIcon::Question, BoxButtons::YesNo};
 constexpr Box kDeleteFailed = {L"Delete failed ", L"Could not delete the scheme."};
 
-constexpr const wchar_t* kPermissionDenied = L"Permission denied";
-
-bool SendSettings(HWND editor, Operation operation, const PowerSchemeSettings& settings)
-{
-    const auto status = AnswerToChange(editor, kSaveFailed.caption, WithRecord(operation, settings));
-    if (!status)
-        return false;
-    if (IsWord(*status, kSuccess))
-        return true;
-    const bool denied = operation == Operation::ApplyPowerSettings && IsWord(*status, kPermissionDenied);
-    Tell(editor, denied ? kDenied : kSaveFailed);
-    return false;
-}
+constexpr WordBox kSaveWords[] = {{L"Permission denied", {L"Permission denied", L"Access denied."}}};
 
 } // namespace
 
 bool ApplyScheme(HWND editor, const std::wstring& scheme)
 {
-    const auto status
-        = AnswerToChange(editor, kSetFailed.caption, WithText(Operation::ApplyPowerScheme, L"scheme", scheme));
-    if (!status)
-        return false;
-    if (!IsWord(*status, kSuccess))
-        Tell(editor, kSetFailed);
-    // After any other word the scheme may be active; an answer without a word changes nothing on screen.
-    return !status->empty() && !IsWord(*status, kFailure);
+    const ChangeResult result = SubmitChange(
+        editor, {kSetFailed.caption, kSetFailed}, WithText(Operation::ApplyPowerScheme, L"scheme", scheme));
+    return result == ChangeResult::Done || result == ChangeResult::Unclear; // the scheme may be active
 }
 
 bool SaveScheme(HWND editor, const PowerSchemeSettings& settings)
 {
-    return SendSettings(editor, Operation::ApplyPowerSettings, settings);
+    return SubmitChange(editor, {kSaveFailed.caption, kSaveFailed, kSaveWords},
+               WithRecord(Operation::ApplyPowerSettings, settings))
+        == ChangeResult::Done;
 }
 
 bool CreateScheme(HWND editor, const PowerSchemeSettings& settings)
 {
-    return SendSettings(editor, Operation::CreateScheme, settings);
+    return SubmitChange(editor, {kSaveFailed.caption, kSaveFailed}, WithRecord(Operation::CreateScheme, settings))
+        == ChangeResult::Done;
 }
 
 bool DeleteScheme(HWND editor, const std::wstring& scheme)
@@ -65,14 +50,9 @@ bool DeleteScheme(HWND editor, const std::wstring& scheme)
     }
     if (!Ask(editor, kDeleteQuestion, Format(kDeleteQuestion.text, scheme.c_str())))
         return false;
-    const auto status
-        = AnswerToChange(editor, kDeleteFailed.caption, WithText(Operation::DeleteScheme, L"scheme", scheme));
-    if (!status)
-        return false;
-    if (IsWord(*status, kSuccess))
-        return true;
-    Tell(editor, kDeleteFailed);
-    return false;
+    return SubmitChange(
+               editor, {kDeleteFailed.caption, kDeleteFailed}, WithText(Operation::DeleteScheme, L"scheme", scheme))
+        == ChangeResult::Done;
 }
 
 } // namespace voltaro

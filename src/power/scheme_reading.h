@@ -6,18 +6,13 @@
 
 namespace voltaro {
 
-// What the scheme editor reads of the agent's state, in this order: on opening and refreshing, after its changes.
-using Reader = bool (*)();
+// What the scheme editor reads of the agent's state, in this order: on opening and refreshing, after its changes. The
+// current settings are the last.
 inline constexpr Reader kReload[] = {ReadPowerSchemes, ReadPolicies, ReadCurrentPowerSettings};
 inline constexpr auto kAfterSaving = std::span(kReload).last<2>();
 inline constexpr auto kAfterApplying = std::span(kReload).last<1>();
 
-// Reads in order until a reader finds the agent gone, which is reported; false then.
-bool ReadInOrder(std::span<const Reader> readers);
-
-// Whether the answer to the last request for the current settings could be read. Read in the background, the request
-// is announced first.
-void AnnounceCurrentRead();
-[[nodiscard]] bool CurrentWasRead();
+// Reads in order until a reader finds the agent gone, which is reported. Gives what became of the last read.
+ReadResult ReadInOrder(std::span<const Reader> readers);
 
 } // namespace voltaro

@@ -110,11 +110,11 @@ void ShowCurrentScheme(HWND window)
 }
 
 // Shows the lists, and the current settings or, if they could not be read, what was on screen.
-void ShowAll(HWND window, bool keep)
+void ShowAll(HWND window, bool keep, ReadResult current)
 {
     editor.isNew = false;
     editor.isBusy = false;
-    editor.isStale = !CurrentWasRead();
+    editor.isStale = current != ReadResult::Read;
     FillCombo(window, kEditorScheme, state.schemes);
     ShowPolicies();
     if (!keep || !editor.isStale)
@@ -126,8 +126,9 @@ void ShowAll(HWND window, bool keep)
 
 void ReadAndShow(HWND window, std::span<const Reader> readers)
 {
-    if (ReadInOrder(readers))
-        return ShowAll(window, true);
+    const ReadResult current = ReadInOrder(readers);
+    if (current != ReadResult::Lost)
+        return ShowAll(window, true, current);
     editor.isStale = true;
     ShowMode(window);
 }
@@ -237,7 +238,6 @@ void OnRefresh(HWND window)
     }
     editor.isBusy = true;
     editor.isNew = false;
-    AnnounceCurrentRead();
     ShowMode(window);
     RequestBackgroundRefresh(kRefreshPowerData);
 }
@@ -318,9 +318,10 @@ void OpenSchemeWindow(HWND)
     const HWND window = WindowOf(WindowId::Scheme);
     if (!IsWindowVisible(window)) {
         BindPages(window);
-        if (!ReadInOrder(kReload))
+        const ReadResult current = ReadInOrder(kReload);
+        if (current == ReadResult::Lost)
             return;
-        ShowAll(window, false); // nothing is left of the last opening, even if no answer could be read
+        ShowAll(window, false, current); // nothing is left of the last opening, even if no answer could be read
         ResetEvent(editor.closed.Get());
         ShowWindow(window, SW_SHOWNORMAL);
         SetFocus(ControlOf(window, kEditorScheme));
@@ -334,11 +335,11 @@ HANDLE SchemeWindowClosed()
     return editor.closed.Get();
 }
 
-void OnPowerRefreshed()
+void OnPowerRefreshed(ReadResult current)
 {
-    OnUi([] {
+    OnUi([current] {
         if (editor.isBusy)
-            ShowAll(WindowOf(WindowId::Scheme), true);
+            ShowAll(WindowOf(WindowId::Scheme), true, current);
     });
 }
 

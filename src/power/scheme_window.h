@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/windows_api.h"
+#include "console/agent_state.h"
 
 namespace voltaro {
 
@@ -42,7 +43,7 @@ void OpenSchemeWindow(HWND main);
 
 // The ends of a background refresh that the editor asked for; for the refresh worker. The first shows what was read,
 // the second brings the controls back and reports the agent lost.
-void OnPowerRefreshed();
+void OnPowerRefreshed(ReadResult current);
 void OnPowerRefreshFailed();
 
 } // namespace voltaro

@@ -138,11 +138,9 @@ void OnSave(HWND window)
     const std::optional<PowerConsumptionData> record = EnteredRecord(window);
     if (!record)
         return;
-    const auto status = AnswerToChange(window, kRefusalCaption, WithRecord(Operation::ApplyConsumption, *record));
-    if (!status)
+    if (SubmitChange(window, {kRefusalCaption, kFailed}, WithRecord(Operation::ApplyConsumption, *record))
+        != ChangeResult::Done)
         return;
-    if (!IsWord(*status, kSuccess))
-        return Tell(window, kFailed);
     Tell(window, kApplied);
     static_cast<void>(ShowSaved(window));
 }

@@ -6,7 +6,6 @@
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/agent.h"
-#include "console/agent_lost.h"
 #include "console/agent_state.h"
 #include "console/help.h"
 #include "console/state.h"
@@ -99,10 +98,7 @@ void TellOfDay(HWND window, const Box& box, const LocalTime& day)
 // The profile is read with all else when the console connects; where that failed it is tried again for each day.
 bool EnsureProfile()
 {
-    if (state.consumption != PowerConsumptionData{} || ReadCurrentConsumption())
-        return true;
-    OnAgentLost();
-    return false;
+    return state.consumption != PowerConsumptionData{} || ReadOrLose(ReadCurrentConsumption) != ReadResult::Lost;
 }
 
 // Asks the agent about the day. Nothing when the product is not active or the agent is lost; both are told.

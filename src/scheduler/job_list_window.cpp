@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/agent.h"
-#include "console/agent_lost.h"
+#include "console/change.h"
 #include "console/help.h"
 #include "console/state.h"
 #include "link/error_log.h"
@@ -161,33 +161,12 @@ bool LoadJobs(HWND window, HWND boxOwner)
     return true;
 }
 
-// Sends a list. A list that does not fit into a request is refused here: the agent is not to blame for it.
-bool SendJobs(HWND window, const ScheduledJobs& jobs)
-{
-    if (!PrepareRequest({Operation::ApplySchedulerSettings, {BuildJobList(jobs)}})) {
-        Tell(window, kSaveFailed);
-        return false;
-    }
-    std::wstring status;
-    {
-        Reply reply = SendPrepared(Operation::ApplySchedulerSettings);
-        if (!reply.Answered()) {
-            OnAgentLost();
-            return false;
-        }
-        status = reply.Status();
-    }
-    if (IsLicenceRefusal(window, kGateCaption, status))
-        return false;
-    if (!IsWord(status, kSuccess)) // whatever else it says, the jobs are not stored
-        Tell(window, kSaveFailed);
-    return IsWord(status, kSuccess);
-}
-
 // What the agent holds afterwards is read again. True when the list was stored.
 bool StoreJobs(HWND window, ScheduledJobs jobs)
 {
-    if (!OpenGate(window, kGateCaption) || !SendJobs(window, jobs))
+    // A list that is too long for a request counts as failed too: the agent is not to blame for it.
+    const ChangeTexts texts{kGateCaption, kSaveFailed};
+    if (SubmitChange(window, texts, {Operation::ApplySchedulerSettings, {BuildJobList(jobs)}}) != ChangeResult::Done)
         return false;
     session = {std::move(jobs), false, false};
     FillJobs(window);

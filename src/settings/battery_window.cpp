@@ -2,7 +2,6 @@
 #include "settings/battery_window.h"
 
 #include "base/text.h"
-#include "console/agent_lost.h"
 #include "console/agent_state.h"
 #include "resources/resource_ids.h"
 #include "settings/form_window.h"
@@ -34,8 +33,7 @@ HWND Window()
 
 void OnRefresh(HWND)
 {
-    if (!ReadBatteryInfo())
-        OnAgentLost();
+    ReadOrLose(ReadBatteryInfo);
     RefreshBatteryWindow();
 }
 
@@ -62,8 +60,8 @@ LRESULT CALLBACK BatteryWindowProc(HWND window, UINT message, WPARAM w, LPARAM l
 
 void OpenBatteryWindow(HWND)
 {
-    if (!ReadBatteryInfo())
-        return OnAgentLost();
+    if (ReadOrLose(ReadBatteryInfo) == ReadResult::Lost)
+        return;
     RefreshBatteryWindow();
     BringUp(Window());
 }

@@ -104,17 +104,8 @@ void RefuseField(HWND window, const RefusedField& refusal)
 
 bool SendChange(HWND window, const Request& request, const Box& failed)
 {
-    std::optional<std::wstring> word;
-    {
-        const ControlsOff off(window);
-        word = AnswerToChange(window, kRefusalCaption, request);
-    }
-    if (!word)
-        return false;
-    const bool success = IsWord(*word, kSuccess);
-    if (!success)
-        Tell(window, failed);
-    return success;
+    const ControlsOff off(window);
+    return SubmitChange(window, {kRefusalCaption, failed}, request) == ChangeResult::Done;
 }
 
 } // namespace voltaro

@@ -182,7 +182,7 @@ void OnAbout(HWND main)
         return;
     }
     EnableItem(TrayMenu(), kTrayAbout, false);
-    const bool answered = ReadActivationStatus();
+    const bool answered = ReadActivationStatus() != ReadResult::Lost;
     const HWND window = CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_ABOUT), main, AboutProc, 0);
     if (!window) {
         EnableItem(TrayMenu(), kTrayAbout, true);

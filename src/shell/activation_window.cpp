@@ -4,7 +4,6 @@
 
 #include "base/text.h"
 #include "console/activation.h"
-#include "console/agent_lost.h"
 #include "console/state.h"
 #include "shell/console_hold.h"
 #include "shell/letterhead.h"
@@ -102,10 +101,8 @@ void ShowFields(const Element* root)
 // Reads state and fields and shows them; false when the agent is lost, which is reported.
 bool ReadLicence()
 {
-    if (!ReadActivationStatus()) {
-        OnAgentLost();
+    if (ReadOrLose(ReadActivationStatus) == ReadResult::Lost)
         return false;
-    }
     SetText(Window(), kStateLine, Format(StateText(), HostName().c_str()));
     Reply reply = SendOrLose(Plain(Operation::GetLicenseInfo));
     if (reply.Lost())

@@ -100,9 +100,6 @@ void BecomeConnected()
     SetProgress(Main(), 90);
 }
 
-// One read of the load whose failure is passed over.
-void Quietly(bool) { }
-
 } // namespace
 
 void CheckAgentConnection()
@@ -125,38 +122,38 @@ void LoadConsoleData()
         ShowNotConnected();
         return;
     }
-    Quietly(ReadBatteryInfo());
+    ReadBatteryInfo();
     EnableItem(MainMenuBar(), kBatteryInfo, !state.noBattery);
-    if (!ReadPowerSchemes())
+    if (ReadPowerSchemes() == ReadResult::Lost)
         Tell(Main(), kSchemesFailed);
     ShowNormalControls(Main());
-    Quietly(ReadPolicies());
-    Quietly(ReadCurrentPowerSettings());
-    Quietly(ReadHostSettings());
-    Quietly(ReadProxySettings());
-    Quietly(ReadActivationStatus());
+    ReadPolicies();
+    ReadCurrentPowerSettings();
+    ReadHostSettings();
+    ReadProxySettings();
+    ReadActivationStatus();
     LoadSavingsTotal();
     BecomeConnected();
-    Quietly(ReadPauseStatus());
+    ReadPauseStatus();
     SetProgress(Main(), 95);
-    Quietly(ReadCurrentConsumption());
-    Quietly(ReadPatchDetails());
+    ReadCurrentConsumption();
+    ReadPatchDetails();
     SetProgress(Main(), 100);
     ShowIdleView(Main());
 }
 
 void RefreshConsoleData(HWND main)
 {
-    if (ReadPowerSchemes()) {
-        Quietly(ReadPolicies());
-        Quietly(ReadCurrentPowerSettings());
+    if (ReadPowerSchemes() != ReadResult::Lost) {
+        ReadPolicies();
+        ReadCurrentPowerSettings();
     } else {
         Tell(main, kSchemesFailed);
     }
     SelectExact(main, kSchemeList, state.currentScheme.powerScheme);
-    Quietly(ReadBatteryInfo());
-    Quietly(ReadActivationStatus());
-    Quietly(ReadPauseStatus());
+    ReadBatteryInfo();
+    ReadActivationStatus();
+    ReadPauseStatus();
     ShowNormalControls(main);
     Repaint(main);
 }

@@ -2,7 +2,6 @@
 #include "shell/main_window.h"
 
 #include "base/text.h"
-#include "console/agent_lost.h"
 #include "console/agent_state.h"
 #include "console/change.h"
 #include "console/help.h"
@@ -226,13 +225,10 @@ bool IsChoosing(HWND window)
 
 void ApplyChosenScheme(HWND window, const std::wstring& scheme)
 {
-    const auto status = AnswerToChange(window, kSetRefused, WithText(Operation::ApplyPowerScheme, L"scheme", scheme));
-    if (!status)
-        return;
-    if (IsWord(*status, kFailure))
-        Tell(window, kSetFailed);
-    else if (!ReadCurrentPowerSettings())
-        OnAgentLost();
+    const ChangeTexts texts{kSetRefused, kSetFailed, {}, true};
+    const ChangeResult result = SubmitChange(window, texts, WithText(Operation::ApplyPowerScheme, L"scheme", scheme));
+    if (result == ChangeResult::Done || result == ChangeResult::Unclear)
+        ReadOrLose(ReadCurrentPowerSettings);
 }
 
 void OnSet(HWND window)
@@ -288,9 +284,7 @@ void ReadBatteryAfterPowerChange()
 {
     if (!state.connected)
         return;
-    if (!ReadBatteryInfo())
-        OnAgentLost();
-    else if (IsWindowVisible(WindowOf(WindowId::Battery)))
+    if (ReadOrLose(ReadBatteryInfo) != ReadResult::Lost && IsWindowVisible(WindowOf(WindowId::Battery)))
         RefreshBatteryWindow();
 }
 

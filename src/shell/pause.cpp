@@ -152,7 +152,6 @@ void ShowRunningState()
 
 void ApplyPauseStatus(std::wstring_view status)
 {
-    state.pauseStatus = status;
     if (EqualsIgnoreCase(status, L"Resumed")) {
         state.notPaused = true;
         ShowRunningState();
@@ -172,12 +171,15 @@ void PreparePauseStatus()
     PrepareRequest(Plain(Operation::PauseStatus));
 }
 
-bool ReadPauseStatus()
+ReadResult ReadPauseStatus()
 {
     Reply reply = SendPrepared(Operation::PauseStatus);
-    if (reply.Root())
-        OnUi([status = StatusTextOf(reply)] { ApplyPauseStatus(status); });
-    return !reply.Lost();
+    if (reply.Lost())
+        return ReadResult::Lost;
+    if (!reply.Root())
+        return ReadResult::Unreadable;
+    OnUi([status = StatusTextOf(reply)] { ApplyPauseStatus(status); });
+    return ReadResult::Read;
 }
 
 } // namespace voltaro

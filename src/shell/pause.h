@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/windows_api.h"
+#include "console/agent_state.h"
 
 #include <string_view>
 
@@ -27,7 +28,7 @@ void ApplyPauseStatus(std::wstring_view status);
 
 // The status request is built once, with the main window, and reused for every read, identifier included.
 void PreparePauseStatus();
-// Reads and applies the pause status, from any thread. False when the agent does not answer.
-bool ReadPauseStatus();
+// Reads and applies the pause status, from any thread.
+ReadResult ReadPauseStatus();
 
 } // namespace voltaro

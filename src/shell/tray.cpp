@@ -2,7 +2,6 @@
 
 #include "base/fixed_text.h"
 #include "base/timing.h"
-#include "console/agent_lost.h"
 #include "console/agent_state.h"
 #include "console/main_hold.h"
 #include "console/system_events.h"
@@ -48,8 +47,8 @@ void TryToAdd()
 // As any click on the icon does; only while connected.
 void ReadBatteryWhenConnected()
 {
-    if (state.connected && !ReadBatteryInfo())
-        OnAgentLost();
+    if (state.connected)
+        ReadOrLose(ReadBatteryInfo);
 }
 
 void OnClicked(HWND main)

@@ -81,14 +81,14 @@ DWORD WINAPI RunOnEvent(void*)
 enum class PollResult : std::uint8_t { Answered, Lost, Ending };
 
 // Reads again and again until the agent answers: at once, and after each of two waits.
-PollResult ReadWithRetries(bool (*read)())
+PollResult ReadWithRetries(Reader read)
 {
-    if (read())
+    if (read() != ReadResult::Lost)
         return PollResult::Answered;
     for (const DWORD wait : {timing.pollerFirstRetry, timing.pollerSecondRetry}) {
         if (threadWait(nullptr, wait) == Waited::Ending)
             return PollResult::Ending;
-        if (read())
+        if (read() != ReadResult::Lost)
             return PollResult::Answered;
     }
     return PollResult::Lost;
@@ -135,10 +135,13 @@ void RefreshSystemDetails()
 
 void RefreshPowerData()
 {
-    if (ReadPowerSchemes() && ReadPolicies() && ReadCurrentPowerSettings())
-        OnPowerRefreshed();
-    else
-        OnPowerRefreshFailed();
+    ReadResult result = ReadResult::Unreadable;
+    for (const Reader read : {ReadPowerSchemes, ReadPolicies, ReadCurrentPowerSettings}) {
+        result = read();
+        if (result == ReadResult::Lost)
+            break;
+    }
+    result == ReadResult::Lost ? OnPowerRefreshFailed() : OnPowerRefreshed(result);
     OnUi(mainView.selectCurrentScheme);
 }
 
