@@ -5,11 +5,12 @@
 #include "savings_bench.h"
 
 #include "base/handles.h"
-#include "console/state.h"
+#include "console/windows.h"
 #include "link/document.h"
 #include "link/exchange.h"
 #include "link/frame.h"
 #include "link/host_config.h"
+#include "link/system_details.h"
 #include "shell/program.h"
 #include "shell/window_table.h"
 #include "simulator/server.h"

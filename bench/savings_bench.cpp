@@ -4,11 +4,12 @@
 #include "measure.h"
 
 #include "base/text.h"
-#include "console/state.h"
+#include "console/windows.h"
 #include "link/document.h"
 #include "link/replies.h"
 #include "savings/event_walk.h"
 #include "savings/graph_view.h"
+#include "savings/saved_profile.h"
 #include "savings/shown_day.h"
 #include "shell/window_table.h"
 #include "ui/canvas.h"
@@ -63,7 +64,7 @@ void MeasureGraph()
         return;
     DayReport report;
     static_cast<void>(WalkDay(LongDay(), kNow, report));
-    shownDay = MakeShownDay(kDay, report, state.consumption);
+    shownDay = MakeShownDay(kDay, report, savedProfile);
     RefreshGraphPage();
     const HWND page = WindowOf(WindowId::SavingsGraph);
     ShowWindow(WindowOf(WindowId::Savings), SW_SHOWNORMAL);

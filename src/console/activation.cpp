@@ -1,8 +1,8 @@
 #include "console/activation.h"
 
 #include "base/text.h"
+#include "console/agent_records.h"
 #include "console/main_view.h"
-#include "console/state.h"
 #include "ui/boxes.h"
 
 namespace voltaro {
@@ -38,17 +38,17 @@ ReadResult ReadActivationStatus()
     Reply reply = Send(Plain(Operation::GetActivationStatus));
     if (!reply.Answered())
         return reply.Lost() ? ReadResult::Lost : ReadResult::Unreadable;
-    state.activationStatus = reply.Status();
+    agentRecords.activationStatus = reply.Status();
     if (mainView.repaint)
         mainView.repaint();
-    return state.activationStatus.empty() ? ReadResult::Unreadable : ReadResult::Read;
+    return agentRecords.activationStatus.empty() ? ReadResult::Unreadable : ReadResult::Read;
 }
 
 bool OpenGate(HWND owner, const wchar_t* caption)
 {
     if (ReadOrLose(ReadActivationStatus) == ReadResult::Lost)
         return false;
-    const Licence licence = LicenceOf(state.activationStatus);
+    const Licence licence = LicenceOf(agentRecords.activationStatus);
     if (licence != Licence::Active)
         Refuse(owner, caption, licence);
     return licence == Licence::Active;

@@ -1,8 +1,9 @@
 #include "console/agent_lost.h"
 
+#include "console/connection_state.h"
 #include "console/main_view.h"
-#include "console/state.h"
 #include "console/ui_calls.h"
+#include "console/windows.h"
 #include "ui/boxes.h"
 #include "ui/ui_thread.h"
 
@@ -27,14 +28,14 @@ void ShowLoss()
 
 void OnAgentLost()
 {
-    if (!state.connected.TestAndClear())
+    if (!connection.connected.TestAndClear())
         return;
-    state.detailsAnswered = false;
+    connection.detailsAnswered = false;
     if (OnUiThread())
         ShowLoss();
     else
         PostOnUi([] {
-            if (!state.connected) // else the user has reconnected before this came
+            if (!connection.connected) // else the user has reconnected before this came
                 ShowLoss();
         });
 }

@@ -1,16 +1,12 @@
 #include "console/agent_state.h"
 
 #include "console/agent_lost.h"
+#include "console/agent_records.h"
 #include "console/main_view.h"
 #include "console/ui_calls.h"
 
 namespace voltaro {
-namespace {
-
-// Sends a plain request and hands the answer's tree, when it has one, to `apply` on the user-interface thread; `apply`
-// says whether it could be read.
-template <class Apply>
-ReadResult ReadWith(Operation operation, Apply apply)
+ReadResult ReadWith(Operation operation, const std::function<bool(const Element& root)>& apply)
 {
     Reply reply = Send(Plain(operation));
     bool read = false;
@@ -21,22 +17,10 @@ ReadResult ReadWith(Operation operation, Apply apply)
     return read ? ReadResult::Read : ReadResult::Unreadable;
 }
 
-// A readable answer without a record is none: the windows cannot send a blank one back.
-template <class Record>
-bool ReadInto(Record& record, const Element& root)
-{
-    const auto read = ReadRecord<Record>(root);
-    if (read)
-        record = *read;
-    return read.has_value();
-}
-
-} // namespace
-
 ReadResult ReadPowerSchemes()
 {
     return ReadWith(Operation::GetPowerSchemes, [](const Element& root) {
-        state.schemes = ReadNames(root);
+        agentRecords.schemes = ReadNames(root);
         if (mainView.showSchemes)
             mainView.showSchemes();
         return true;
@@ -46,49 +30,31 @@ ReadResult ReadPowerSchemes()
 ReadResult ReadPolicies()
 {
     return ReadWith(Operation::GetPolicies, [](const Element& root) {
-        state.policies = ReadNames(root);
+        agentRecords.policies = ReadNames(root);
         return true;
     });
 }
 
 ReadResult ReadCurrentPowerSettings()
 {
-    return ReadWith(Operation::GetCurrentPowerSettings, [](const Element& root) {
-        const bool read = ReadInto(state.currentScheme, root);
-        if (read && mainView.selectCurrentScheme)
-            mainView.selectCurrentScheme();
-        return read;
-    });
+    const ReadResult result = ReadRecordInto(Operation::GetCurrentPowerSettings, agentRecords.currentScheme);
+    if (result == ReadResult::Read && mainView.selectCurrentScheme)
+        OnUi(mainView.selectCurrentScheme);
+    return result;
 }
 
 ReadResult ReadBatteryInfo()
 {
     return ReadWith(Operation::GetBatteryInfo, [](const Element& root) {
-        const std::wstring before(state.battery.Status());
-        state.battery = ReadBattery(root);
-        state.noBattery = IsWord(state.battery.Status(), kNoBattery);
+        const std::wstring before(agentRecords.battery.Status());
+        agentRecords.battery = ReadBattery(root);
+        agentRecords.noBattery = IsWord(agentRecords.battery.Status(), kNoBattery);
         if (mainView.showCharge)
             mainView.showCharge();
-        if (state.battery.Status() != before && mainView.repaint)
+        if (agentRecords.battery.Status() != before && mainView.repaint)
             mainView.repaint();
         return true;
     });
-}
-
-ReadResult ReadHostSettings()
-{
-    return ReadWith(Operation::GetHostSettings, [](const Element& root) { return ReadInto(state.host, root); });
-}
-
-ReadResult ReadProxySettings()
-{
-    return ReadWith(Operation::GetProxySettings, [](const Element& root) { return ReadInto(state.proxy, root); });
-}
-
-ReadResult ReadCurrentConsumption()
-{
-    return ReadWith(
-        Operation::GetCurrentConsumption, [](const Element& root) { return ReadInto(state.consumption, root); });
 }
 
 ReadResult ReadPatchDetails()

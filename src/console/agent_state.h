@@ -1,7 +1,9 @@
 #pragma once
 
 #include "console/agent.h"
-#include "console/state.h"
+
+#include <cstdint>
+#include <functional>
 
 namespace voltaro {
 
@@ -20,10 +22,23 @@ ReadResult ReadPowerSchemes(); // names, in the order received; also fills the m
 ReadResult ReadPolicies();
 ReadResult ReadCurrentPowerSettings(); // also selects the scheme in the main window's list
 ReadResult ReadBatteryInfo();          // shows the charge; repaints the main window when the status text changed
-ReadResult ReadHostSettings();
-ReadResult ReadProxySettings();
-ReadResult ReadCurrentConsumption();
-ReadResult ReadPatchDetails(); // asked at the load; nothing of the answer is used
+ReadResult ReadPatchDetails();         // asked at the load; nothing of the answer is used
+
+// Sends a plain request and hands the answer's tree, when it has one, to `apply` on the user-interface thread; `apply`
+// says whether it could be read.
+ReadResult ReadWith(Operation operation, const std::function<bool(const Element& root)>& apply);
+
+// Reads the record of an answer. A readable answer without one is none: no window can send a blank record back.
+template <class Record>
+ReadResult ReadRecordInto(Operation operation, Record& record)
+{
+    return ReadWith(operation, [&record](const Element& root) {
+        const auto read = ReadRecord<Record>(root);
+        if (read)
+            record = *read;
+        return read.has_value();
+    });
+}
 
 // Makes a read for a window that has no words of its own for a lost agent: OnAgentLost is called then.
 ReadResult ReadOrLose(Reader read);

@@ -2,7 +2,8 @@
 
 #include "base/ansi.h"
 #include "base/text.h"
-#include "console/state.h"
+#include "console/program_texts.h"
+#include "console/windows.h"
 #include "ui/boxes.h"
 
 namespace voltaro {
@@ -50,7 +51,8 @@ HelpViewer helpViewer = ShowTopic;
 
 std::wstring HelpTopic(const wchar_t* page)
 {
-    return Format(L"%ls\\docs\\help\\Voltaro_Help_SE.chm::/%ls", Widened(state.installDirectory.data()).c_str(), page);
+    return Format(
+        L"%ls\\docs\\help\\Voltaro_Help_SE.chm::/%ls", Widened(programTexts.installDirectory.data()).c_str(), page);
 }
 
 void OpenHelp(HWND owner, const wchar_t* page)

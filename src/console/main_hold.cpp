@@ -1,6 +1,6 @@
 #include "console/main_hold.h"
 
-#include "console/state.h"
+#include "console/windows.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,8 +1,8 @@
 #include "console/system_events.h"
 
 #include "console/agent.h"
-#include "console/state.h"
 #include "console/ui_calls.h"
+#include "console/windows.h"
 #include "ui/boxes.h"
 
 #include <utility>

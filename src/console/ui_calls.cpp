@@ -1,6 +1,6 @@
 #include "console/ui_calls.h"
 
-#include "console/state.h"
+#include "console/windows.h"
 #include "ui/ui_thread.h"
 
 #include <mutex>

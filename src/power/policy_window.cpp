@@ -1,9 +1,11 @@
 // The application sensor policy window: the rules of one policy. Opened from the scheme editor's strip.
 #include "power/policy_window.h"
 
+#include "console/agent_records.h"
 #include "console/agent_state.h"
 #include "console/change.h"
 #include "console/help.h"
+#include "console/windows.h"
 #include "power/names.h"
 #include "power/policy.h"
 #include "power/processor_strip.h"
@@ -179,7 +181,7 @@ void OnSave(HWND window)
     const bool isNew = edited.mode == PolicyMode::New;
     if (isNew) {
         const std::wstring name = TextOf(window, kNewPolicyName);
-        if (Refuse(window, kNewPolicyName, CheckNewPolicyName(name, state.policies), name))
+        if (Refuse(window, kNewPolicyName, CheckNewPolicyName(name, agentRecords.policies), name))
             return;
         edited.policy.name = name;
     }

@@ -3,8 +3,10 @@
 #include "power/processor_strip.h"
 
 #include "base/text.h"
+#include "console/agent_records.h"
 #include "console/agent_state.h"
 #include "console/change.h"
+#include "console/windows.h"
 #include "power/policy_window.h"
 #include "power/scheme_pages.h"
 #include "ui/boxes.h"
@@ -67,7 +69,7 @@ void OnDeletePolicy(HWND strip)
     const std::wstring policy = SelectedPolicy(strip);
     if (policy.empty())
         return;
-    if (EqualsIgnoreCase(policy, state.currentScheme.sensorPolicy))
+    if (EqualsIgnoreCase(policy, agentRecords.currentScheme.sensorPolicy))
         return Tell(editor, kPolicyInUse, Format(kPolicyInUse.text, policy.c_str()));
     if (!Ask(editor, kDeleteQuestion, Format(kDeleteQuestion.text, policy.c_str())))
         return;
@@ -101,7 +103,7 @@ void ShowPolicies(std::wstring_view selected)
     const HWND strip = WindowOf(WindowId::SchemeProcessor);
     const std::wstring former = SelectedText(strip, kPolicyList);
     std::vector<std::wstring> entries = {kNoPolicy};
-    entries.insert(entries.end(), state.policies.begin(), state.policies.end());
+    entries.insert(entries.end(), agentRecords.policies.begin(), agentRecords.policies.end());
     FillCombo(strip, kPolicyList, entries);
     // No selection stays so: the scheme names a policy that the agent did not list.
     if (SelectName(strip, kPolicyList, selected) < 0 && SelectName(strip, kPolicyList, former) < 0 && !former.empty())

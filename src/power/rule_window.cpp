@@ -3,7 +3,7 @@
 
 #include "base/text_rules.h"
 #include "console/help.h"
-#include "console/state.h"
+#include "console/windows.h"
 #include "power/policy.h"
 #include "power/scheme_window.h"
 #include "resources/resource_ids.h"

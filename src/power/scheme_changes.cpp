@@ -1,8 +1,8 @@
 #include "power/scheme_changes.h"
 
 #include "base/text.h"
+#include "console/agent_records.h"
 #include "console/change.h"
-#include "console/state.h"
 #include "ui/boxes.h"
 
 namespace voltaro {
@@ -44,7 +44,7 @@ bool CreateScheme(HWND editor, const PowerSchemeSettings& settings)
 
 bool DeleteScheme(HWND editor, const std::wstring& scheme)
 {
-    if (EqualsIgnoreCase(scheme, state.currentScheme.powerScheme)) {
+    if (EqualsIgnoreCase(scheme, agentRecords.currentScheme.powerScheme)) {
         Tell(editor, kActiveScheme, Format(kActiveScheme.text, scheme.c_str()));
         return false;
     }

@@ -2,7 +2,9 @@
 // processor strip to a scheme's settings.
 #include "power/scheme_pages.h"
 
-#include "console/state.h"
+#include "console/agent_records.h"
+#include "console/program_texts.h"
+#include "console/windows.h"
 #include "power/capabilities.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
@@ -91,8 +93,8 @@ HWND PageOf(SchemePage page)
 PowerCapabilities Capabilities()
 {
     std::vector<std::pair<std::wstring_view, std::wstring_view>> fields;
-    for (std::size_t i = 0; i < state.details.RowCount(DetailSection::PowerCapabilities); ++i) {
-        const NamedValue& row = state.details.Row(DetailSection::PowerCapabilities, i);
+    for (std::size_t i = 0; i < agentRecords.details.RowCount(DetailSection::PowerCapabilities); ++i) {
+        const NamedValue& row = agentRecords.details.Row(DetailSection::PowerCapabilities, i);
         fields.emplace_back(row.name, row.value);
     }
     return ReadPowerCapabilities(fields);
@@ -199,7 +201,7 @@ LRESULT MakePowerOffPage(HWND page)
     MakePage(page, kPowerOffControls);
     for (const int note : {kFirstNote, kSecondNote, kScriptFolder})
         SetFont(page, note, FontOf(13, 300));
-    SetText(page, kScriptFolder, state.binDirectory);
+    SetText(page, kScriptFolder, programTexts.binDirectory);
     return 0;
 }
 

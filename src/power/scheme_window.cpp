@@ -6,10 +6,13 @@
 #include "base/handles.h"
 #include "console/agent.h"
 #include "console/agent_lost.h"
+#include "console/agent_records.h"
 #include "console/background_refresh.h"
 #include "console/change.h"
+#include "console/connection_state.h"
 #include "console/help.h"
 #include "console/ui_calls.h"
+#include "console/windows.h"
 #include "power/names.h"
 #include "power/processor_strip.h"
 #include "power/scheme_changes.h"
@@ -105,8 +108,9 @@ void ShowScheme(HWND window, const std::wstring& scheme, const PowerSchemeSettin
 void ShowCurrentScheme(HWND window)
 {
     editor.isPicked = false;
-    const bool read = !state.currentScheme.powerScheme.empty();
-    ShowScheme(window, std::wstring(state.currentScheme.powerScheme), read ? state.currentScheme : InitialSettings());
+    const bool read = !agentRecords.currentScheme.powerScheme.empty();
+    ShowScheme(window, std::wstring(agentRecords.currentScheme.powerScheme),
+        read ? agentRecords.currentScheme : InitialSettings());
 }
 
 // Shows the lists, and the current settings or, if they could not be read, what was on screen.
@@ -115,7 +119,7 @@ void ShowAll(HWND window, bool keep, ReadResult current)
     editor.isNew = false;
     editor.isBusy = false;
     editor.isStale = current != ReadResult::Read;
-    FillCombo(window, kEditorScheme, state.schemes);
+    FillCombo(window, kEditorScheme, agentRecords.schemes);
     ShowPolicies();
     if (!keep || !editor.isStale)
         ShowCurrentScheme(window);
@@ -194,7 +198,7 @@ void OnSaveAndApply(HWND window)
 void OnSaveNewScheme(HWND window)
 {
     const std::wstring name = TextOf(window, kNewSchemeName);
-    if (Refuse(window, kNewSchemeName, CheckNewSchemeName(name, state.schemes), name))
+    if (Refuse(window, kNewSchemeName, CheckNewSchemeName(name, agentRecords.schemes), name))
         return;
     if (CreateScheme(window, SettingsFor(name)))
         ReadAndShow(window, kReload);
@@ -232,7 +236,7 @@ void OnRefresh(HWND window)
 {
     if (editor.isBusy)
         return;
-    if (!state.connected) { // the worker reads nothing then
+    if (!connection.connected) { // the worker reads nothing then
         ReadAndShow(window, kReload);
         return;
     }

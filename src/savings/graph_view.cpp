@@ -2,7 +2,7 @@
 // page of the savings window.
 #include "savings/graph_view.h"
 
-#include "console/state.h"
+#include "console/windows.h"
 #include "savings/report_style.h"
 #include "savings/shown_day.h"
 #include "ui/canvas.h"

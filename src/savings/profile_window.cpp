@@ -6,10 +6,11 @@
 #include "console/agent.h"
 #include "console/change.h"
 #include "console/help.h"
-#include "console/state.h"
+#include "console/windows.h"
 #include "savings/profile_form.h"
 #include "savings/profile_record.h"
 #include "savings/report_style.h"
+#include "savings/saved_profile.h"
 #include "savings/savings_window.h"
 #include "ui/boxes.h"
 #include "ui/commands.h"
@@ -96,9 +97,9 @@ bool ShowSaved(HWND window)
     const ProfileAnswer answer = AskForProfile(Operation::GetCurrentConsumption);
     if (!answer.answered)
         return false;
-    state.consumption = answer.record.value_or(state.consumption);
-    FillList(ControlOf(window, kSaved), ProfileRows(state.consumption));
-    ShowEntry(window, {.read = state.consumption, .known = answer.record.has_value()});
+    savedProfile = answer.record.value_or(savedProfile);
+    FillList(ControlOf(window, kSaved), ProfileRows(savedProfile));
+    ShowEntry(window, {.read = savedProfile, .known = answer.record.has_value()});
     RecomputeSavings();
     return true;
 }

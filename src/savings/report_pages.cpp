@@ -2,7 +2,7 @@
 // by their tables alone.
 #include "savings/report_pages.h"
 
-#include "console/state.h"
+#include "console/windows.h"
 #include "savings/day_texts.h"
 #include "savings/report.h"
 #include "savings/report_style.h"

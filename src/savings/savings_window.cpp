@@ -8,11 +8,12 @@
 #include "console/agent.h"
 #include "console/agent_state.h"
 #include "console/help.h"
-#include "console/state.h"
+#include "console/windows.h"
 #include "savings/day_texts.h"
 #include "savings/graph_view.h"
 #include "savings/profile_window.h"
 #include "savings/report_pages.h"
+#include "savings/saved_profile.h"
 #include "savings/shown_day.h"
 #include "ui/boxes.h"
 #include "ui/commands.h"
@@ -98,7 +99,7 @@ void TellOfDay(HWND window, const Box& box, const LocalTime& day)
 // The profile is read with all else when the console connects; where that failed it is tried again for each day.
 bool EnsureProfile()
 {
-    return state.consumption != PowerConsumptionData{} || ReadOrLose(ReadCurrentConsumption) != ReadResult::Lost;
+    return savedProfile != PowerConsumptionData{} || ReadOrLose(ReadSavedProfile) != ReadResult::Lost;
 }
 
 // Asks the agent about the day. Nothing when the product is not active or the agent is lost; both are told.
@@ -135,7 +136,7 @@ void OnShowPickedDay(HWND window)
     DayReport report;
     const std::optional<DayAnswer> answer = AskForDay(window, day, report);
     if (answer == DayAnswer::Report) {
-        shownDay = MakeShownDay(day, report, state.consumption);
+        shownDay = MakeShownDay(day, report, savedProfile);
         shownDay->soFar = RequestDate(day) == RequestDate(LocalNow());
     } else if (answer)
         shownDay.reset();
@@ -281,7 +282,7 @@ void RecomputeSavings()
 {
     if (shownDay) {
         const bool soFar = shownDay->soFar;
-        shownDay = MakeShownDay(shownDay->day, shownDay->report, state.consumption);
+        shownDay = MakeShownDay(shownDay->day, shownDay->report, savedProfile);
         shownDay->soFar = soFar;
     }
     RefreshPages();

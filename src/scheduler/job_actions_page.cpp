@@ -1,7 +1,8 @@
 // The "Actions" page of the job editor: what the job does to the machine.
 #include "scheduler/job_actions_page.h"
 
-#include "console/state.h"
+#include "console/agent_records.h"
+#include "console/windows.h"
 #include "scheduler/job_controls.h"
 #include "ui/commands.h"
 #include "ui/theme.h"
@@ -59,8 +60,8 @@ void ShowActions(const ScheduledJob& job)
     const HWND page = Page();
     SetChecked(page, kWakeUp, job.powerOn);
     SetChecked(page, kApplyScheme, job.applyScheme);
-    const std::wstring_view current = state.currentScheme.powerScheme;
-    ShowAmong(page, kScheme, state.schemes, job.applyScheme ? std::wstring_view(job.schemeName) : current);
+    const std::wstring_view current = agentRecords.currentScheme.powerScheme;
+    ShowAmong(page, kScheme, agentRecords.schemes, job.applyScheme ? std::wstring_view(job.schemeName) : current);
     SetChecked(page, kPowerOff, job.powerOff);
     const std::vector<std::wstring> types(std::begin(kPowerOffTypes), std::end(kPowerOffTypes));
     ShowAmong(page, kPowerOffType, types, job.powerOffType);

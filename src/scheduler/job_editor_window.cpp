@@ -5,7 +5,7 @@
 #include "base/local_clock.h"
 #include "base/text.h"
 #include "console/help.h"
-#include "console/state.h"
+#include "console/windows.h"
 #include "scheduler/job_actions_page.h"
 #include "scheduler/job_controls.h"
 #include "scheduler/job_rules.h"

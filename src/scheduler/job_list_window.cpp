@@ -9,7 +9,7 @@
 #include "console/agent.h"
 #include "console/change.h"
 #include "console/help.h"
-#include "console/state.h"
+#include "console/windows.h"
 #include "link/error_log.h"
 #include "scheduler/job_controls.h"
 #include "scheduler/job_document.h"

@@ -1,7 +1,7 @@
 // The "Tasks" page of the job editor: the list of programs, and the fields to add, change and delete one.
 #include "scheduler/job_tasks_page.h"
 
-#include "console/state.h"
+#include "console/windows.h"
 #include "scheduler/job_controls.h"
 #include "scheduler/job_rules.h"
 #include "scheduler/job_texts.h"

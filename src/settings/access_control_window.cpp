@@ -2,7 +2,7 @@
 // for administrators.
 #include "settings/access_control_window.h"
 
-#include "console/state.h"
+#include "console/windows.h"
 #include "resources/resource_ids.h"
 #include "settings/record_window.h"
 #include "settings/settings_rules.h"
@@ -66,7 +66,7 @@ constexpr RefusedField kRefusals[] = {
 constexpr RecordForm<HostSettings> kForm = {
     .read = Operation::GetHostSettings,
     .apply = Operation::ApplyHostSettings,
-    .record = &state.host,
+    .record = &hostSettings,
     .bindings = kBindings,
     .applyButton = kChange,
     .applied = {L"Restart Voltaro",
@@ -105,6 +105,11 @@ LRESULT CALLBACK AccessControlWindowProc(HWND window, UINT message, WPARAM w, LP
 void OpenAccessControlWindow(HWND)
 {
     OpenRecord<&kForm>(WindowOf(WindowId::AccessControl));
+}
+
+ReadResult ReadHostSettings()
+{
+    return ReadRecordInto(Operation::GetHostSettings, hostSettings);
 }
 
 } // namespace voltaro

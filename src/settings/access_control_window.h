@@ -1,6 +1,8 @@
 #pragma once
 
 #include "base/windows_api.h"
+#include "console/agent_state.h"
+#include "link/records.h"
 
 namespace voltaro {
 
@@ -10,5 +12,9 @@ LRESULT CALLBACK AccessControlWindowProc(HWND window, UINT message, WPARAM w, LP
 // What the main window's menu command calls: reads the record, fills the window and shows it. A lost agent is reported
 // and opens nothing.
 void OpenAccessControlWindow(HWND main);
+
+// The settings as the agent sent them last; read at the load too.
+inline HostSettings hostSettings;
+ReadResult ReadHostSettings();
 
 } // namespace voltaro

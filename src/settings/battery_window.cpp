@@ -2,7 +2,9 @@
 #include "settings/battery_window.h"
 
 #include "base/text.h"
+#include "console/agent_records.h"
 #include "console/agent_state.h"
+#include "console/windows.h"
 #include "resources/resource_ids.h"
 #include "settings/form_window.h"
 #include "settings/machine_texts.h"
@@ -68,7 +70,7 @@ void OpenBatteryWindow(HWND)
 
 void RefreshBatteryWindow()
 {
-    const BatteryInfo& battery = state.battery;
+    const BatteryInfo& battery = agentRecords.battery;
     SetText(Window(), kStatus, BatteryStatusLine(battery));
     SetText(Window(), kCharge, battery.Charge());
     SendMessageW(ControlOf(Window(), kBar), PBM_SETPOS, static_cast<WPARAM>(ChargePercent(battery)), 0);

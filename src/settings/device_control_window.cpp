@@ -1,7 +1,7 @@
 // System security: hardware and system features that the agent switches off on this machine. Opened from the main menu.
 #include "settings/device_control_window.h"
 
-#include "console/state.h"
+#include "console/windows.h"
 #include "settings/record_window.h"
 
 namespace voltaro {

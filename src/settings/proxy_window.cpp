@@ -1,7 +1,7 @@
 // Proxy connection: whether and how the agent goes out through a proxy server. Opened from the main menu.
 #include "settings/proxy_window.h"
 
-#include "console/state.h"
+#include "console/windows.h"
 #include "resources/resource_ids.h"
 #include "settings/record_window.h"
 #include "settings/settings_rules.h"
@@ -79,7 +79,7 @@ void EnableFields(HWND window)
 constexpr RecordForm<ProxySettings> kForm = {
     .read = Operation::GetProxySettings,
     .apply = Operation::ApplyProxySettings,
-    .record = &state.proxy,
+    .record = &proxySettings,
     .bindings = kBindings,
     .applyButton = kChange,
     .applied
@@ -115,6 +115,11 @@ LRESULT CALLBACK ProxyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 void OpenProxyWindow(HWND)
 {
     OpenRecord<&kForm>(WindowOf(WindowId::Proxy));
+}
+
+ReadResult ReadProxySettings()
+{
+    return ReadRecordInto(Operation::GetProxySettings, proxySettings);
 }
 
 } // namespace voltaro

@@ -1,7 +1,7 @@
 // Snooze settings: the warnings before a power-off and how long the user may put it off. Opened from the main menu.
 #include "settings/snooze_window.h"
 
-#include "console/state.h"
+#include "console/windows.h"
 #include "settings/record_window.h"
 #include "settings/settings_rules.h"
 

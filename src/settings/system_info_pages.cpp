@@ -2,6 +2,7 @@
 // values.
 #include "settings/system_info_pages.h"
 
+#include "console/agent_records.h"
 #include "resources/resource_ids.h"
 #include "settings/machine_texts.h"
 #include "ui/canvas.h"
@@ -98,7 +99,7 @@ LRESULT AnswerPage(const Page& page, HWND window, UINT message, WPARAM w, LPARAM
     case WM_PAINT: {
         const Canvas canvas(window);
         if (page.pictures)
-            DrawMachine(canvas.Dc(), state.details);
+            DrawMachine(canvas.Dc(), agentRecords.details);
         return 0;
     }
     default: return DefaultAnswer(window, message, w, l);
@@ -132,9 +133,9 @@ void FillSystemInfoPages()
 {
     for (const auto& row : kLists) {
         const HWND page = WindowOf(row.page);
-        FillList(ControlOf(page, row.list), state.details.RowCount(row.section),
+        FillList(ControlOf(page, row.list), agentRecords.details.RowCount(row.section),
             [section = row.section](std::size_t i, std::size_t column) {
-                const NamedValue& field = state.details.Row(section, i);
+                const NamedValue& field = agentRecords.details.Row(section, i);
                 return column == 0 ? field.name.c_str() : field.value.c_str();
             });
         InvalidateRect(page, &kPictures, FALSE);

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "console/state.h"
+#include "console/windows.h"
+#include "link/system_details.h"
 
 namespace voltaro {
 

@@ -3,9 +3,12 @@
 #include "settings/system_info_window.h"
 
 #include "console/agent_lost.h"
+#include "console/agent_records.h"
 #include "console/background_refresh.h"
+#include "console/connection_state.h"
 #include "console/main_hold.h"
 #include "console/ui_calls.h"
+#include "console/windows.h"
 #include "resources/resource_ids.h"
 #include "settings/form_window.h"
 #include "settings/machine_texts.h"
@@ -49,7 +52,7 @@ void SetBusy(bool on)
 
 void OnRefresh(HWND)
 {
-    if (busy || !state.connected)
+    if (busy || !connection.connected)
         return;
     SetBusy(true);
     RequestBackgroundRefresh(kRefreshSystemDetails);
@@ -57,7 +60,7 @@ void OnRefresh(HWND)
 
 void OnCopyAll(HWND window)
 {
-    CopyToClipboard(window, DetailsText(state.details));
+    CopyToClipboard(window, DetailsText(agentRecords.details));
 }
 
 void OnClose(HWND window)

@@ -6,7 +6,10 @@
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/agent_lost.h"
-#include "console/state.h"
+#include "console/agent_records.h"
+#include "console/agent_state.h"
+#include "console/program_texts.h"
+#include "console/windows.h"
 #include "resources/resource_ids.h"
 #include "shell/console_hold.h"
 #include "shell/letterhead.h"
@@ -91,10 +94,10 @@ void ShowAnswer(HWND window, Operation operation, std::span<const AnswerLine> li
 
 void Fill(HWND window, bool answered)
 {
-    SetText(window, kCaption, state.versionCaption);
+    SetText(window, kCaption, programTexts.versionCaption);
     SetText(window, kHost, ComputerName());
     SetText(window, kService, answered ? L"Running" : kNotAnswering);
-    SetText(window, kLicence, state.activationStatus.empty() ? kUnknown : state.activationStatus.c_str());
+    SetText(window, kLicence, agentRecords.activationStatus.empty() ? kUnknown : agentRecords.activationStatus.c_str());
     SetText(window, kLink, Format(L"<a>%ls</a>", kWebSiteHost));
     if (!answered)
         return; // nor would the other two be

@@ -4,7 +4,9 @@
 
 #include "base/text.h"
 #include "console/activation.h"
-#include "console/state.h"
+#include "console/agent_records.h"
+#include "console/agent_state.h"
+#include "console/windows.h"
 #include "shell/console_hold.h"
 #include "shell/letterhead.h"
 #include "ui/boxes.h"
@@ -77,9 +79,9 @@ FieldText KeyOf(const FieldText& typed)
 
 const wchar_t* StateText()
 {
-    if (state.activationStatus.empty())
+    if (agentRecords.activationStatus.empty())
         return L"The state of the license is not known.";
-    switch (LicenceOf(state.activationStatus)) {
+    switch (LicenceOf(agentRecords.activationStatus)) {
     case Licence::NotActivated: return L"Voltaro on '%ls' is not activated.";
     case Licence::Expired: return L"The license of Voltaro on '%ls' has expired.";
     case Licence::Active: break;

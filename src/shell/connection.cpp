@@ -2,13 +2,20 @@
 
 #include "base/timing.h"
 #include "console/activation.h"
+#include "console/agent_records.h"
 #include "console/agent_state.h"
+#include "console/connection_state.h"
 #include "console/main_hold.h"
+#include "console/windows.h"
+#include "savings/saved_profile.h"
+#include "settings/access_control_window.h"
+#include "settings/proxy_window.h"
 #include "settings/system_info_window.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/main_window.h"
 #include "shell/pause.h"
+#include "shell/tray.h"
 #include "ui/boxes.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
@@ -64,11 +71,11 @@ bool LoadSystemDetails()
 {
     Reply reply = Send(Plain(Operation::GetSystemDetails));
     SetProgress(Main(), 20);
-    state.detailsAnswered = reply.Answered();
-    if (!state.detailsAnswered)
+    connection.detailsAnswered = reply.Answered();
+    if (!connection.detailsAnswered)
         return false;
     Repaint(Main());
-    state.details.Read(reply.Root());
+    agentRecords.details.Read(reply.Root());
     FillSystemInfo();
     return true;
 }
@@ -93,8 +100,8 @@ void BecomeConnected()
     if (IsUserAnAdmin())
         EnableItem(MainMenuBar(), kPorts, true);
     ShowRunningState();
-    state.connected = true;
-    state.trayRestoreAllowed = true;
+    connection.connected = true;
+    trayRestoreAllowed = true;
     ApplyOccasion(Main(), Occasion::Loaded);
     Repaint(Main());
     SetProgress(Main(), 90);
@@ -110,7 +117,7 @@ void CheckAgentConnection()
         LoadConsoleData();
         return;
     }
-    state.detailsAnswered = false;
+    connection.detailsAnswered = false;
     Tell(nullptr, kNotResponding);
     ShowNotConnected();
 }
@@ -118,12 +125,12 @@ void CheckAgentConnection()
 void LoadConsoleData()
 {
     if (!LoadSystemDetails()) {
-        state.connected = false;
+        connection.connected = false;
         ShowNotConnected();
         return;
     }
     ReadBatteryInfo();
-    EnableItem(MainMenuBar(), kBatteryInfo, !state.noBattery);
+    EnableItem(MainMenuBar(), kBatteryInfo, !agentRecords.noBattery);
     if (ReadPowerSchemes() == ReadResult::Lost)
         Tell(Main(), kSchemesFailed);
     ShowNormalControls(Main());
@@ -136,7 +143,7 @@ void LoadConsoleData()
     BecomeConnected();
     ReadPauseStatus();
     SetProgress(Main(), 95);
-    ReadCurrentConsumption();
+    ReadSavedProfile();
     ReadPatchDetails();
     SetProgress(Main(), 100);
     ShowIdleView(Main());
@@ -150,7 +157,7 @@ void RefreshConsoleData(HWND main)
     } else {
         Tell(main, kSchemesFailed);
     }
-    SelectExact(main, kSchemeList, state.currentScheme.powerScheme);
+    SelectExact(main, kSchemeList, agentRecords.currentScheme.powerScheme);
     ReadBatteryInfo();
     ReadActivationStatus();
     ReadPauseStatus();
@@ -168,8 +175,8 @@ void RunCheck(HWND main)
 
 void OnReinitialize(HWND main)
 {
-    state.connected = false;
-    state.detailsAnswered = false;
+    connection.connected = false;
+    connection.detailsAnswered = false;
     Repaint(main);
     RunCheck(main);
     DrawMenuBar(main);

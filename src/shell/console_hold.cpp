@@ -1,6 +1,6 @@
 #include "shell/console_hold.h"
 
-#include "console/state.h"
+#include "console/windows.h"
 #include "shell/main_window.h"
 #include "ui/window_class.h"
 

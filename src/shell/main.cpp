@@ -1,6 +1,8 @@
 // The program: finds its installation, makes all windows and workers, checks the agent, then serves messages.
 #include "base/windows_api.h"
-#include "console/state.h"
+#include "console/connection_state.h"
+#include "console/program_texts.h"
+#include "console/windows.h"
 #include "shell/connection.h"
 #include "shell/main_menus.h"
 #include "shell/program.h"
@@ -43,7 +45,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int)
     AdoptUiThread();
     if (RestoreRunningConsole())
         return 0;
-    if (!ReadInstallPath(state.installDirectory)) {
+    if (!ReadInstallPath(programTexts.installDirectory)) {
         Tell(nullptr, kNoInstallation);
         return 0;
     }

@@ -1,7 +1,8 @@
 #include "base/computer_name.h"
 #include "base/text.h"
 #include "console/activation.h"
-#include "console/state.h"
+#include "console/agent_records.h"
+#include "console/connection_state.h"
 #include "resources/resource_ids.h"
 #include "shell/main_window.h"
 #include "ui/canvas.h"
@@ -79,7 +80,7 @@ void DrawIndicator(HDC dc, std::wstring_view text, const Indicator* rows, const 
 
 int LicencePicture()
 {
-    switch (LicenceOf(state.activationStatus)) {
+    switch (LicenceOf(agentRecords.activationStatus)) {
     case Licence::NotActivated: return IDB_LICENSE_INACTIVE;
     case Licence::Expired: return IDB_LICENSE_EXPIRED;
     case Licence::Active: break;
@@ -91,9 +92,9 @@ int LicencePicture()
 
 std::wstring HostLineText()
 {
-    if (state.connected)
+    if (connection.connected)
         return L"Hostname :" + ComputerName();
-    return state.detailsAnswered ? L"Initializing, please wait .." : L"Not initialized.";
+    return connection.detailsAnswered ? L"Initializing, please wait .." : L"Not initialized.";
 }
 
 void DrawMainWindow(HDC dc)
@@ -102,12 +103,13 @@ void DrawMainWindow(HDC dc)
         DrawPicture(dc, picture.resource, picture);
     if (!systemLooks.highContrast())
         DrawPicture(dc, kBanner.resource, kBanner);
-    if (!state.activationStatus.empty())
+    if (!agentRecords.activationStatus.empty())
         DrawPicture(dc, LicencePicture(), kLicencePicture);
-    if (state.connected) {
-        DrawIndicator(dc, state.battery.PowerSource(), kSources, kSourcePlace, kSourceText);
-        DrawIndicator(dc, state.battery.Status(), kBatteryStates, kBatteryPlace, kBatteryText);
-        DrawTextAt(dc, kRemainingText.x, kRemainingText.y, state.battery.RemainingTime(), FontOf(15, 400), kTextGreen);
+    if (connection.connected) {
+        DrawIndicator(dc, agentRecords.battery.PowerSource(), kSources, kSourcePlace, kSourceText);
+        DrawIndicator(dc, agentRecords.battery.Status(), kBatteryStates, kBatteryPlace, kBatteryText);
+        DrawTextAt(
+            dc, kRemainingText.x, kRemainingText.y, agentRecords.battery.RemainingTime(), FontOf(15, 400), kTextGreen);
     }
     for (const PaintedText& text : kTexts)
         DrawTextAt(dc, text.x, text.y, text.text, FontOf(15, 400), kTextGreen);

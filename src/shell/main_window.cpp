@@ -2,13 +2,16 @@
 #include "shell/main_window.h"
 
 #include "base/text.h"
+#include "console/agent_records.h"
 #include "console/agent_state.h"
 #include "console/change.h"
+#include "console/connection_state.h"
 #include "console/help.h"
 #include "console/main_hold.h"
 #include "console/main_view.h"
 #include "console/system_events.h"
 #include "console/ui_calls.h"
+#include "console/windows.h"
 #include "link/host_config.h"
 #include "power/scheme_window.h"
 #include "resources/resource_ids.h"
@@ -126,20 +129,20 @@ void EnableSet(HWND window)
 void SelectCurrentScheme()
 {
     const HWND window = WindowOf(WindowId::Main);
-    SelectExact(window, kSchemeList, state.currentScheme.powerScheme);
+    SelectExact(window, kSchemeList, agentRecords.currentScheme.powerScheme);
     EnableSet(window);
 }
 
 void ShowSchemes()
 {
-    FillCombo(WindowOf(WindowId::Main), kSchemeList, state.schemes);
+    FillCombo(WindowOf(WindowId::Main), kSchemeList, agentRecords.schemes);
     SelectCurrentScheme();
 }
 
 void ShowCharge()
 {
-    SetText(
-        WindowOf(WindowId::Main), kChargeLine, state.connected ? std::wstring(state.battery.Charge()) : std::wstring());
+    SetText(WindowOf(WindowId::Main), kChargeLine,
+        connection.connected ? std::wstring(agentRecords.battery.Charge()) : std::wstring());
 }
 
 // While a check runs the console is not ready, and repaints in its own steps.
@@ -210,7 +213,7 @@ LRESULT OnPaint(HWND window)
 
 void OnChange(HWND window)
 {
-    SelectExact(window, kSchemeList, state.currentScheme.powerScheme);
+    SelectExact(window, kSchemeList, agentRecords.currentScheme.powerScheme);
     Enable(window, kSchemeList, true);
     Show(window, kChange, false);
     Show(window, kSet, true);
@@ -267,7 +270,7 @@ void OnRefreshKey(HWND window)
 void OnHelp(HWND)
 {
     OpenHelp(GetDesktopWindow(), kHelpPage);
-    if (state.connected)
+    if (connection.connected)
         ShowNormalControls(WindowOf(WindowId::Main));
 }
 
@@ -282,7 +285,7 @@ void OnWebSite(HWND window)
 
 void ReadBatteryAfterPowerChange()
 {
-    if (!state.connected)
+    if (!connection.connected)
         return;
     if (ReadOrLose(ReadBatteryInfo) != ReadResult::Lost && IsWindowVisible(WindowOf(WindowId::Battery)))
         RefreshBatteryWindow();
@@ -386,7 +389,7 @@ void SetProgress(HWND window, int position)
 
 void ShowNormalControls(HWND window)
 {
-    SelectExact(window, kSchemeList, state.currentScheme.powerScheme);
+    SelectExact(window, kSchemeList, agentRecords.currentScheme.powerScheme);
     Enable(window, kSchemeList, false);
     Show(window, kSet, false);
     Show(window, kChange, true);

@@ -2,8 +2,10 @@
 
 #include "base/text.h"
 #include "console/activation.h"
-#include "console/state.h"
+#include "console/connection_state.h"
+#include "console/program_texts.h"
 #include "console/ui_calls.h"
+#include "console/windows.h"
 #include "resources/resource_ids.h"
 #include "shell/about.h"
 #include "shell/console_hold.h"
@@ -51,7 +53,7 @@ void EnableResumeItems(bool enabled)
 void HideConsole(HWND main)
 {
     if (!IsConsoleReady()) {
-        for (const HWND window : state.windows) {
+        for (const HWND window : windowHandles) {
             if (window == main || GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD)
                 continue;
             ShowWindow(window, SW_HIDE);
@@ -106,7 +108,7 @@ void PauseFor(HWND main, int hours)
     if (IsWord(*status, kFailure)) {
         Tell(main, kPauseFailed);
     } else if (IsWord(*status, kSuccess)) {
-        state.notPaused = false;
+        notPaused = false;
         Enable(main, kChange, false);
         HideConsole(main);
         CheckHours(hours);
@@ -133,7 +135,7 @@ void ShowPausedState()
     EnableItem(MainMenuBar(), kPauseNone, false);
     EnableResumeItems(true);
     EnableHours(false);
-    state.notPaused = false;
+    notPaused = false;
     ChangeTrayIcon(IDI_PAUSED, kPausedTooltip);
 }
 
@@ -144,16 +146,16 @@ void ShowRunningState()
     CheckHours(0);
     EnableHours(true);
     const HWND main = WindowOf(WindowId::Main);
-    if (state.connected) // else the load enables it
+    if (connection.connected) // else the load enables it
         Enable(main, kChange, true);
     SetTooltip(ControlOf(main, kResumeButton), {});
-    ChangeTrayIcon(IDI_RUNNING, state.trayTooltip);
+    ChangeTrayIcon(IDI_RUNNING, programTexts.trayTooltip);
 }
 
 void ApplyPauseStatus(std::wstring_view status)
 {
     if (EqualsIgnoreCase(status, L"Resumed")) {
-        state.notPaused = true;
+        notPaused = true;
         ShowRunningState();
         return;
     }

@@ -2,10 +2,14 @@
 
 #include "base/windows_api.h"
 #include "console/agent_state.h"
+#include "console/connection_state.h"
 
 #include <string_view>
 
 namespace voltaro {
+
+// The agent last reported that it runs; the status poller reads the battery only then.
+inline SharedFlag notPaused;
 
 // Asks the agent to pause for that many hours (1 to 5); after a success the console goes to the tray.
 void PauseFor(HWND main, int hours);

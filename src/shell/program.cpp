@@ -2,8 +2,10 @@
 
 #include "base/ansi.h"
 #include "base/text.h"
+#include "console/connection_state.h"
 #include "console/main_hold.h"
-#include "console/state.h"
+#include "console/program_texts.h"
+#include "console/windows.h"
 #include "shell/connection.h"
 #include "shell/main_menus.h"
 #include "ui/window_class.h"
@@ -12,9 +14,9 @@ namespace voltaro {
 
 void PrepareVersionTexts()
 {
-    state.binDirectory = Format(L"%lsbin", Widened(state.installDirectory.data()).c_str());
-    state.versionCaption = Format(L"Voltaro - Standard Edition  [ Version : %hs ]", kVersion);
-    state.trayTooltip = Format(L"Voltaro - Standard Edition  \n[ Version : %hs ]", kVersion);
+    programTexts.binDirectory = Format(L"%lsbin", Widened(programTexts.installDirectory.data()).c_str());
+    programTexts.versionCaption = Format(L"Voltaro - Standard Edition  [ Version : %hs ]", kVersion);
+    programTexts.trayTooltip = Format(L"Voltaro - Standard Edition  \n[ Version : %hs ]", kVersion);
 }
 
 void PrepareForCheck()
@@ -22,7 +24,7 @@ void PrepareForCheck()
     const HWND main = WindowOf(WindowId::Main);
     HoldMainWindow(HoldReason::Check, nullptr);
     ApplyOccasion(main, Occasion::StartUp);
-    state.connected = false;
+    connection.connected = false;
     Repaint(main);
 }
 

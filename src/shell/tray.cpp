@@ -3,7 +3,9 @@
 #include "base/fixed_text.h"
 #include "base/timing.h"
 #include "console/agent_state.h"
+#include "console/connection_state.h"
 #include "console/main_hold.h"
+#include "console/program_texts.h"
 #include "console/system_events.h"
 #include "console/ui_calls.h"
 #include "resources/resource_ids.h"
@@ -47,15 +49,15 @@ void TryToAdd()
 // As any click on the icon does; only while connected.
 void ReadBatteryWhenConnected()
 {
-    if (state.connected)
+    if (connection.connected)
         ReadOrLose(ReadBatteryInfo);
 }
 
 void OnClicked(HWND main)
 {
-    if (state.trayRestoreAllowed)
+    if (trayRestoreAllowed)
         RestoreFromTray(main);
-    if (!state.connected)
+    if (!connection.connected)
         return;
     ReadBatteryWhenConnected();
     ShowNormalControls(main);
@@ -93,7 +95,7 @@ void AddTrayIcon(HWND main)
     record.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
     record.uCallbackMessage = kTrayMessage;
     record.hIcon = TrayIcon(IDI_RUNNING);
-    PutTip(state.trayTooltip);
+    PutTip(programTexts.trayTooltip);
     // The task bar has fewer rights than a console that runs as administrator, and its message would not pass.
     ChangeWindowMessageFilterEx(main, TaskbarCreated(), MSGFLT_ALLOW, nullptr);
     TryToAdd();

@@ -14,6 +14,9 @@ void AddTrayIcon(HWND main);
 void ChangeTrayIcon(int iconResource, std::wstring_view tooltip);
 void RemoveTrayIcon();
 
+// Set for good by the first complete load: only then does a click on the icon restore the main window.
+inline bool trayRestoreAllowed = false;
+
 // Hides the main window; while the icon could not be added, minimises it, or nobody would find it again.
 void SendToTray(HWND main);
 

@@ -4,8 +4,8 @@
 #include "base/timing.h"
 #include "base/waiting.h"
 #include "console/agent.h"
-#include "console/state.h"
 #include "console/ui_calls.h"
+#include "console/windows.h"
 #include "shell/closing.h"
 #include "shell/console_hold.h"
 #include "shell/letterhead.h"
@@ -66,6 +66,7 @@ constexpr UpdateOutcome kByMessage[] = {
 
 // What the update worker is woken for.
 enum class UpdateMode : std::int32_t { None = 0, Check = 3 };
+std::atomic<std::int32_t> busyAnimation{0}; // 1: the bar is asked to move
 std::atomic<UpdateMode> updateMode{UpdateMode::None};
 
 HWND Window()
@@ -95,7 +96,7 @@ void ShowChecking(HWND window)
 
 void ShowOutcome(const UpdateOutcome& outcome, const std::wstring& message)
 {
-    state.updateBusy = false;
+    updateBusy = false;
     for (const int button : kButtons)
         Show(Window(), button, button == outcome.button);
     SetText(Window(), kTitle, outcome.title ? outcome.title : message);
@@ -159,9 +160,9 @@ void StartUpdateCheck(HWND)
     ShowChecking(Window());
     // A pause may have hidden the window in the middle of a check: that one is waited for, not made twice.
     if (!IsHeld(Operation::CheckForUpdates)) {
-        state.busyAnimation = 1;
+        busyAnimation = 1;
         updateMode = UpdateMode::Check;
-        state.updateBusy = true;
+        updateBusy = true;
         Wake(WorkerId::BusyAnimation);
         Wake(WorkerId::UpdateCheck);
     }
@@ -193,10 +194,10 @@ void RunUpdateCheck()
 
 void AnimateUpdateBar()
 {
-    if (state.busyAnimation != 1)
+    if (busyAnimation != 1)
         return;
-    state.busyAnimation = 0;
-    for (int position = 0; state.updateBusy; position = position == kBarEnd ? 0 : position + kBarStep) {
+    busyAnimation = 0;
+    for (int position = 0; updateBusy; position = position == kBarEnd ? 0 : position + kBarStep) {
         SetBar(position);
         if (threadWait(nullptr, timing.updateBarStep) == Waited::Ending)
             return;

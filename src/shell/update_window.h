@@ -1,11 +1,15 @@
 #pragma once
 
 #include "base/windows_api.h"
+#include "console/connection_state.h"
 
 namespace voltaro {
 
 // The window's procedure; the table of windows names it.
 LRESULT CALLBACK UpdateWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
+
+// A check is asked for or runs; the bar moves meanwhile.
+inline SharedFlag updateBusy;
 
 // Shows the update window and wakes the workers for one check.
 void StartUpdateCheck(HWND main);

@@ -187,7 +187,7 @@ bool CreateWindows()
 {
     for (const WindowRow& row : kWindows) {
         const HWND owner = row.owner == kNone ? nullptr : WindowOf(row.owner);
-        HWND& window = state.windows[static_cast<std::size_t>(row.id)];
+        HWND& window = windowHandles[static_cast<std::size_t>(row.id)];
         window = CreateWindowExW(row.extendedStyle, row.className, row.title, row.style, row.x, row.y, row.width,
             row.height, owner, nullptr, Instance(), nullptr);
         if (!window) {

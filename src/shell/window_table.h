@@ -1,6 +1,6 @@
 #pragma once
 
-#include "console/state.h"
+#include "console/windows.h"
 
 namespace voltaro {
 

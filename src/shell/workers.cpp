@@ -3,8 +3,10 @@
 #include "base/handles.h"
 #include "base/timing.h"
 #include "base/waiting.h"
+#include "console/agent_records.h"
 #include "console/agent_state.h"
 #include "console/background_refresh.h"
+#include "console/connection_state.h"
 #include "console/main_view.h"
 #include "console/ui_calls.h"
 #include "power/scheme_window.h"
@@ -96,10 +98,10 @@ PollResult ReadWithRetries(Reader read)
 
 PollResult Poll()
 {
-    if (!state.connected)
+    if (!connection.connected)
         return PollResult::Answered;
     const PollResult status = ReadWithRetries(ReadPauseStatus);
-    if (status != PollResult::Answered || !state.notPaused || state.noBattery)
+    if (status != PollResult::Answered || !notPaused || agentRecords.noBattery)
         return status;
     return ReadWithRetries(ReadBatteryInfo);
 }
@@ -128,7 +130,7 @@ void RefreshSystemDetails()
         return OnSystemInfoRefreshFailed();
     const Element* root = reply.Root();
     OnUi([root] {
-        state.details.Read(root);
+        agentRecords.details.Read(root);
         FillSystemInfo();
     });
 }
@@ -150,9 +152,9 @@ void Refresh()
 {
     const std::uint32_t requests = refreshRequests.exchange(0);
     if (requests & kRefreshSystemDetails)
-        state.connected ? RefreshSystemDetails() : OnSystemInfoRefreshFailed();
+        connection.connected ? RefreshSystemDetails() : OnSystemInfoRefreshFailed();
     if (requests & kRefreshPowerData)
-        state.connected ? RefreshPowerData() : OnPowerRefreshFailed();
+        connection.connected ? RefreshPowerData() : OnPowerRefreshFailed();
 }
 
 void Stop(Worker& worker)

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "base/text.h"
-#include "console/state.h"
+#include "console/connection_state.h"
+#include "console/windows.h"
 #include "power/policy_window.h"
 #include "power/processor_strip.h"
 #include "power/rule_window.h"
@@ -56,7 +57,7 @@ struct PowerProgram : ConsoleProgram {
         Agent().ClearRequests();
         Agent().ClearScripts();
         Agent().ClearFaults();
-        state.connected = true;
+        connection.connected = true;
         if (answer == kNoAnswer)
             Agent().SetFault(operation, {simulator::FaultKind::CloseAtOnce, {}});
         else
@@ -137,7 +138,7 @@ void ExpectAnswers(PowerProgram& program, const Change& change, Make make)
         program.boxes.ExpectAllSeen();
     }
     program.Agent().ClearFaults();
-    state.connected = true;
+    connection.connected = true;
 }
 
 } // namespace voltaro

@@ -1,3 +1,4 @@
+#include "console/connection_state.h"
 #include "console/help.h"
 #include "power/power_program.h"
 #include "shell/workers.h"
@@ -297,7 +298,7 @@ TEST(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
         EXPECT_FALSE(IsWindowEnabled(In(kEditor, kSaveAndApply)) || IsWindowEnabled(In(kEditor, kApplyScheme))
             || IsWindowEnabled(In(kEditor, kSaveNewScheme)));
         program.AnswerWith(L"GetPolicies", kNoStatus); // readable, without a name
-        state.connected = false;
+        connection.connected = false;
         program.Command(kEditor, kEditorRefresh);
         EXPECT_TRUE(IsWindowEnabled(In(kEditor, kSaveAndApply)) && IsWindowEnabled(In(kEditor, kSaveNewScheme)));
         EXPECT_EQ(EntriesOf(kStrip, kPolicyList), Names{L"(None)"});

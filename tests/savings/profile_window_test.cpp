@@ -1,4 +1,5 @@
 #include "savings/profile_window.h"
+#include "savings/saved_profile.h"
 
 #include "savings/profile_record.h"
 #include "savings/scripted_day.h"
@@ -73,7 +74,7 @@ TEST_F(ProfileWindowTest, OpensWithTheSavedProfileOrTheDefaultMonitorToLookAt)
     EXPECT_FALSE(IsOn(kEdit)) << "the record may be out of date";
     Click(IDCANCEL);
 
-    state.consumption = {};
+    savedProfile = {};
     m_program.Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::Status, {}});
     Open();
     EXPECT_EQ(SelectedText(m_window, kType) + L" " + SelectedText(m_window, kSize), L"LCD 17.00");
@@ -171,7 +172,7 @@ TEST_F(ProfileWindowTest, RefusedPowersAreToldAndEmptied)
 TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
 {
     Open();
-    shownDay = MakeShownDay({2024, 2, 29}, {{.poweredOn = 3600, .active = 3600}, {}, 0, 0}, state.consumption);
+    shownDay = MakeShownDay({2024, 2, 29}, {{.poweredOn = 3600, .active = 3600}, {}, 0, 0}, savedProfile);
     Click(kManual);
     EXPECT_EQ(Watts(), L"21.20 0.65");
     Choose(kType, L"LED");

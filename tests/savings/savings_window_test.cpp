@@ -1,3 +1,4 @@
+#include "savings/saved_profile.h"
 #include "savings/savings_window.h"
 
 #include "savings/scripted_day.h"
@@ -58,7 +59,7 @@ class SavingsWindowTest : public testing::Test {
 protected:
     SavingsWindowTest()
     {
-        state.consumption = RoundProfile();
+        savedProfile = RoundProfile();
         m_program.Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);
         m_program.Command(WindowId::Main, kSavingsReport);
     }
@@ -155,7 +156,7 @@ TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
 {
     const Operations kBoth = {L"GetActivationstatus", L"GetCurrentPowerConsumptionData", L"GetVLTEvents"};
     for (const bool readable : {false, true}) {
-        state.consumption = {};
+        savedProfile = {};
         if (!readable)
             m_program.Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::NotWellFormed, {}});
         Choose(2024, 2, 29);

@@ -1,3 +1,4 @@
+#include "console/connection_state.h"
 #include "scheduler/job_list_window.h"
 
 #include "base/computer_name.h"
@@ -108,7 +109,7 @@ TEST(JobListWindowTest, WhatIsNotStoredIsKept)
         expectKept({L"Save failed", L"expired"});
         program.Machine().licence = simulator::Licence::Activated;
         program.Agent().Stop();
-        state.connected = true;
+        connection.connected = true;
         expectKept({L"Connection Issue", {}});
         ASSERT_TRUE(program.Agent().Start(port));
     }
@@ -129,7 +130,7 @@ TEST(JobListWindowTest, OddAnswers)
         program.Do({{kList, L"Cancel"}});
         if (box != nullptr)
             program.boxes.Expect({{box, {}}});
-        state.connected = true;
+        connection.connected = true;
         program.Agent().SetFault(L"GetCurrentSchedulerSettings", {kind, {}});
         timing.transportSecond = kind == F::Silent ? 2 : 100; // nothing comes but the end of the wait
         program.Open();

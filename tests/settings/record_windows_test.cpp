@@ -1,5 +1,5 @@
 #include "base/text.h"
-#include "console/state.h"
+#include "console/windows.h"
 #include "settings/settings_rules.h"
 #include "shell/main_commands.h"
 #include "simulator/xml.h"

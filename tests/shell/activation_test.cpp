@@ -1,5 +1,5 @@
 #include "console/main_hold.h"
-#include "console/state.h"
+#include "console/windows.h"
 #include "shell/about.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"

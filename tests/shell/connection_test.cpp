@@ -1,5 +1,6 @@
 #include "base/timing.h"
 #include "console/agent_lost.h"
+#include "console/connection_state.h"
 #include "shell/connection.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
@@ -45,7 +46,7 @@ TEST(ConnectionTest, LoadsAndRefreshesInOrderAndTellsOfADeadAgentOnce)
     program.Load();
     EXPECT_EQ(program.TakeOperations(), kLoadOrder);
     const HWND main = WindowOf(WindowId::Main);
-    EXPECT_TRUE(state.connected);
+    EXPECT_TRUE(connection.connected);
     EXPECT_EQ(SelectedText(main, kSchemeList), L"Balanced");
     EXPECT_FALSE(IsWindowEnabled(ControlOf(main, kSchemeList)));
     EXPECT_EQ(RowCount(ControlOf(main, kSavingsList)), 5);
@@ -78,8 +79,8 @@ TEST(ConnectionTest, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSchemes
         const BoxScript boxes{box};
         program.Load();
         EXPECT_EQ(program.TakeOperations(), asked);
-        EXPECT_EQ(state.connected, asked == kLoadOrder);
-        if (state.connected)
+        EXPECT_EQ(connection.connected, asked == kLoadOrder);
+        if (connection.connected)
             break;
         EXPECT_EQ(HostLineText(), L"Not initialized.");
         EXPECT_FALSE(IsWindowEnabled(ControlOf(WindowOf(WindowId::Main), kStandby)));
@@ -102,7 +103,7 @@ TEST(ConnectionTest, OneLossOneBox)
             kResume, kSystemInfo, kPowerScheme, kJobScheduler, kSnooze, kSecurity, kSavingsReport, kActivate, kPorts}));
     EXPECT_EQ(RowCount(ControlOf(WindowOf(WindowId::Main), kSavingsList)), 0);
     program.Command(WindowId::Main, kReinitialize);
-    EXPECT_TRUE(state.connected);
+    EXPECT_TRUE(connection.connected);
     program.Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseMidFrame, {}});
     program.Command(WindowId::Main, kReinitialize);
     EXPECT_EQ(HostLineText(), L"Not initialized.");
@@ -126,7 +127,7 @@ TEST(ConnectionTest, PollsUntilTheAgentIsLost)
         EXPECT_EQ(polled[1], second);
         BoxScript boxes{{L"Connection Issue", {}}};
         program.Agent().SetFault(L"*", {FaultKind::CloseAtOnce, {}});
-        EXPECT_TRUE(WaitFor([] { return !state.connected; }));
+        EXPECT_TRUE(WaitFor([] { return !connection.connected; }));
         Pump();
         StopWorkers(StopOrder::MainWindowDestroyed);
     }

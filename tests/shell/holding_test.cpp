@@ -3,6 +3,7 @@
 #include "console/agent.h"
 #include "console/agent_lost.h"
 #include "console/background_refresh.h"
+#include "console/connection_state.h"
 #include "console/main_hold.h"
 #include "console/ui_calls.h"
 #include "shell/about.h"
@@ -102,15 +103,15 @@ TEST(OutcomeTest, EachIsToldInItsOwnWay)
         const Reply status = Exchange(Plain(Operation::GetActivationStatus));
         program.Command(WindowId::Main, kRefresh); // reads the status too
     }
-    EXPECT_TRUE(state.connected);
+    EXPECT_TRUE(connection.connected);
     const Reply unbuildable = SendOrLose(WithText(Operation::PauseStatus, L"text", std::wstring(300, L'x')));
     EXPECT_EQ(unbuildable.Result(), Outcome::NotSent);
-    EXPECT_TRUE(state.connected);
+    EXPECT_TRUE(connection.connected);
     program.Agent().Stop();
     const BoxScript boxes{
         {L"Connection Closed !", L"Please check if Voltaro Service is started ?"}, {L"Connection Issue", {}}};
     EXPECT_EQ(SendOrLose(Plain(Operation::GetSavingsTillDate)).Result(), Outcome::CannotConnect);
-    EXPECT_FALSE(state.connected);
+    EXPECT_FALSE(connection.connected);
 }
 
 TEST(WorkersTest, EndAtAnyPointOfARequest)

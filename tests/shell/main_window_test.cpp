@@ -1,3 +1,5 @@
+#include "console/agent_records.h"
+#include "console/connection_state.h"
 #include "shell/main_window.h"
 
 #include "shell/main_commands.h"
@@ -73,7 +75,7 @@ TEST_F(MainWindowTest, SetTellsEachRefusal)
     program.Agent().SetFault(L"ApplyPowerScheme", {FaultKind::CloseAtOnce, {}});
     BoxScript boxes{{L"Connection Issue", {}}};
     program.Command(WindowId::Main, kSet);
-    EXPECT_FALSE(state.connected);
+    EXPECT_FALSE(connection.connected);
 }
 
 TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
@@ -124,7 +126,7 @@ TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
     program.Agent().Stop();
     BoxScript boxes{{L"Restart now", {}, Answer::Yes}, {L"Closed Connection", L"type 'services.msc' press Enter."}};
     program.Command(WindowId::Main, kRestart);
-    EXPECT_TRUE(state.connected); // a quick action's failure does not disconnect
+    EXPECT_TRUE(connection.connected); // a quick action's failure does not disconnect
 }
 
 TEST_F(MainWindowTest, ClosesOnYesAndOnNoAnswerOnly)
@@ -165,9 +167,9 @@ TEST_F(MainWindowTest, AnswersPowerBroadcastsAndEndsOfTheSession)
     SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
     Pump();
     program.TakeOperations();
-    EXPECT_EQ(state.battery.PowerSource(), L"On Battery");
+    EXPECT_EQ(agentRecords.battery.PowerSource(), L"On Battery");
     EXPECT_EQ(TextOf(main, kChargeLine), L"12 %");
-    state.connected = false;
+    connection.connected = false;
     SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
     Pump();
     EXPECT_EQ(program.TakeOperations(), Operations{});

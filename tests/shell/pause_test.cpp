@@ -3,6 +3,7 @@
 #include "shell/about.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
+#include "shell/pause.h"
 #include "shell/tray.h"
 #include "support/box_script.h"
 #include "support/fake_tray.h"
@@ -90,7 +91,7 @@ TEST_F(PauseTest, ShowsEveryStatusThatTheAgentReports)
         SetAnswer(L"PauseStatus", row.status);
         program.Command(WindowId::Main, kRefresh);
         EXPECT_EQ(Look(), row.hours == 0 ? kRunning : kPausedFor[row.hours - 1]) << (row.status ? row.status : L"-");
-        EXPECT_EQ(state.notPaused, row.hours == 0);
+        EXPECT_EQ(notPaused, row.hours == 0);
         if (row.hours == 1) {
             EXPECT_EQ(ResumeTip().substr(0, 26), L"Paused for 1 hour, read at");
         }
@@ -105,11 +106,11 @@ TEST_F(PauseTest, AsksForTheHoursChosen)
         EXPECT_NE(program.LastRequest(L"Pause").find(Format(L"<duration>%d</duration>", hours)), std::wstring::npos);
         EXPECT_FALSE(IsWindowVisible(main));
         EXPECT_FALSE(IsWindowEnabled(ControlOf(main, kChange)));
-        EXPECT_FALSE(state.notPaused);
+        EXPECT_FALSE(notPaused);
         program.Command(WindowId::Main, hours % 2 ? kResume : kResumeButton);
         EXPECT_EQ(Look(), kRunning);
         EXPECT_TRUE(IsWindowEnabled(ControlOf(main, kChange)));
-        EXPECT_FALSE(state.notPaused); // until the next status is read
+        EXPECT_FALSE(notPaused); // until the next status is read
     }
 }
 

@@ -1,3 +1,4 @@
+#include "console/connection_state.h"
 #include "shell/tray.h"
 
 #include "base/timing.h"
@@ -89,7 +90,7 @@ TEST(TrayTest, WhatComesDuringARequestFollowsItOnce)
     shell.join();
     Pump();
     EXPECT_EQ(program.TakeOperations(), Operations(3, L"GetBatteryInfo"));
-    EXPECT_TRUE(state.connected);
+    EXPECT_TRUE(connection.connected);
 }
 
 int messagesDuringBox = 0;

@@ -4,6 +4,7 @@
 #include "shell/about.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
+#include "shell/update_window.h"
 #include "shell/workers.h"
 #include "support/box_script.h"
 #include "support/program.h"
@@ -34,7 +35,7 @@ protected:
     }
     bool WaitForOutcome() const
     {
-        return WaitFor([this] { return !Visible(kBar) && !state.updateBusy; });
+        return WaitFor([this] { return !Visible(kBar) && !updateBusy; });
     }
     void Script(const wchar_t* status, const wchar_t* message)
     {
@@ -112,7 +113,7 @@ TEST_F(UpdateTest, GoesOnWaitingAfterAnAnswerThatItDoesNotKnow)
         }));
         static_cast<void>(WaitServingWindows(nullptr, 100)); // what would follow the answer
         ExpectChecking();
-        EXPECT_TRUE(state.updateBusy);
+        EXPECT_TRUE(updateBusy);
         SendMessageW(window, WM_CLOSE, 0, 0);
         program.Command(WindowId::Update, IDOK);
         program.Command(WindowId::Update, IDCANCEL);

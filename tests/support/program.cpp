@@ -1,13 +1,22 @@
 #include "support/program.h"
+#include "console/agent_records.h"
+#include "console/connection_state.h"
+#include "console/program_texts.h"
 
 #include "base/timing.h"
 #include "console/background_refresh.h"
 #include "console/main_hold.h"
 #include "console/system_events.h"
 #include "link/host_config.h"
+#include "savings/saved_profile.h"
+#include "settings/access_control_window.h"
+#include "settings/proxy_window.h"
 #include "shell/connection.h"
 #include "shell/main_menus.h"
+#include "shell/pause.h"
 #include "shell/program.h"
+#include "shell/tray.h"
+#include "shell/update_window.h"
 #include "shell/window_table.h"
 #include "support/installation.h"
 #include "support/test_window.h"
@@ -20,6 +29,16 @@
 #include <memory>
 
 namespace voltaro {
+namespace {
+
+template <class State>
+void Renew(State& state)
+{
+    std::destroy_at(&state);
+    std::construct_at(&state);
+}
+
+} // namespace
 
 ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     : m_agent(scenario)
@@ -30,7 +49,7 @@ ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     timing = {100, 20, 480'000, 20, 20, 200};
     EXPECT_TRUE(m_agent.Start());
     Install(L"voltaro_test", m_agent.Port());
-    EXPECT_TRUE(ReadInstallPath(state.installDirectory));
+    EXPECT_TRUE(ReadInstallPath(programTexts.installDirectory));
     PrepareVersionTexts();
     static const bool registered = RegisterClasses();
     EXPECT_TRUE(registered);
@@ -41,13 +60,21 @@ ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
 ConsoleProgram::~ConsoleProgram()
 {
     for (std::size_t i = kWindowCount; i-- > 0;) {
-        if (IsWindow(state.windows[i]))
-            DestroyWindow(state.windows[i]);
+        if (IsWindow(windowHandles[i]))
+            DestroyWindow(windowHandles[i]);
     }
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) { } // the quit message too
-    std::destroy_at(&state);
-    std::construct_at(&state);
+    windowHandles = {};
+    connection.connected = false;
+    connection.detailsAnswered = false;
+    Renew(agentRecords);
+    Renew(hostSettings);
+    Renew(proxySettings);
+    Renew(savedProfile);
+    notPaused = false;
+    updateBusy = false;
+    trayRestoreAllowed = false;
     ReleaseAllHolders();
     ReleaseMainWindow(HoldReason::Check);
     refreshRequests = 0;

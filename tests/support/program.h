@@ -1,6 +1,6 @@
 #pragma once
 
-#include "console/state.h"
+#include "console/windows.h"
 #include "simulator/server.h"
 #include "ui/boxes.h"
 
