@@ -17,6 +17,5 @@ struct Timing {
     std::uint32_t trayRetry = 2'000; // until an icon that could not be added is tried again
     std::uint32_t workerEnd = 5'000; // how long a worker may take to end; it is not forced to
 };
-inline Timing timing;
 
 } // namespace voltaro

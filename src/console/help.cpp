@@ -1,6 +1,7 @@
 #include "console/help.h"
 
 #include "base/ansi.h"
+#include "base/platform_calls.h"
 #include "base/text.h"
 #include "console/program_texts.h"
 #include "console/windows.h"
@@ -47,8 +48,6 @@ void ShowTopic(HWND owner, const std::wstring& topic)
 
 } // namespace
 
-HelpViewer helpViewer = ShowTopic;
-
 std::wstring HelpTopic(const wchar_t* page)
 {
     return Format(
@@ -57,7 +56,7 @@ std::wstring HelpTopic(const wchar_t* page)
 
 void OpenHelp(HWND owner, const wchar_t* page)
 {
-    helpViewer(owner, HelpTopic(page));
+    (platformCalls.showHelp ? platformCalls.showHelp : ShowTopic)(owner, HelpTopic(page));
 }
 
 void CloseHelp()

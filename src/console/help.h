@@ -16,8 +16,4 @@ void CloseHelp();
 // The full topic: the help file below the installation directory, "::/" and the page.
 [[nodiscard]] std::wstring HelpTopic(const wchar_t* page);
 
-// The call to the help viewer; replaceable for tests.
-using HelpViewer = void (*)(HWND owner, const std::wstring& topic);
-extern HelpViewer helpViewer;
-
 } // namespace voltaro

@@ -1,7 +1,7 @@
 #include "link/transport.h"
 
 #include "base/handles.h"
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "base/waiting.h"
 #include "link/error_log.h"
 #include "link/frame.h"

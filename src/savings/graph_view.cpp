@@ -58,7 +58,7 @@ void DrawState(HDC dc, const GraphBox& box, GraphColour colour)
 {
     const RECT place = RectOf(box);
     FillRect(dc, &place, BrushOf(colour));
-    if (systemLooks.highContrast() && box.top < box.bottom)
+    if (HasHighContrast() && box.top < box.bottom)
         FrameRect(dc, &place, GetSysColorBrush(COLOR_WINDOWTEXT));
 }
 

@@ -1,6 +1,6 @@
 #include "shell/closing.h"
 
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "console/help.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
@@ -52,7 +52,7 @@ LRESULT OnMainDestroyed()
 {
     CloseHelp();
     EndWaits();
-    CloseDoor();
+    SuppressMessageBoxes();
     StopWorkers(StopOrder::MainWindowDestroyed);
     RemoveTrayIcon();
     DestroyMainMenus();
@@ -66,7 +66,7 @@ LRESULT OnQueryEndSession(LPARAM reason)
     if (reason & kStopsProgram) {
         CloseHelp();
         EndWaits();
-        CloseDoor();
+        SuppressMessageBoxes();
         StopWorkers(StopOrder::SessionEnds);
         RemoveTrayIcon();
         PostQuitMessage(0);

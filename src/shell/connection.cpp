@@ -1,6 +1,6 @@
 #include "shell/connection.h"
 
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "console/activation.h"
 #include "console/agent_records.h"
 #include "console/agent_state.h"

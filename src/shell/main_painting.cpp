@@ -101,7 +101,7 @@ void DrawMainWindow(HDC dc)
 {
     for (const PaintedBitmap& picture : kPictures)
         DrawPicture(dc, picture.resource, picture);
-    if (!systemLooks.highContrast())
+    if (!HasHighContrast())
         DrawPicture(dc, kBanner.resource, kBanner);
     if (!agentRecords.activationStatus.empty())
         DrawPicture(dc, LicencePicture(), kLicencePicture);

@@ -1,5 +1,6 @@
 #include "shell/quick_actions.h"
 
+#include "base/platform_calls.h"
 #include "base/text.h"
 #include "console/agent.h"
 #include "shell/main_commands.h"
@@ -131,7 +132,7 @@ void TellResult(HWND main, const QuickAction& action, const ActionResult& result
     }
     if (IsWord(result.word, kSuccess)) {
         if (action.operation == Operation::LockScreen)
-            lockThisScreen();
+            (platformCalls.lockScreen ? platformCalls.lockScreen : LockWithSystem)();
     } else if (IsWord(result.word, kFailure) && action.force.caption) {
         AskToForce(main, action, result.activities);
     } else {
@@ -154,8 +155,6 @@ void Run(HWND main, const QuickAction& action)
 }
 
 } // namespace
-
-ScreenLocker lockThisScreen = LockWithSystem;
 
 void RunQuickAction(HWND main, int command)
 {

@@ -13,8 +13,4 @@ void OnQuickAction(HWND main)
     RunQuickAction(main, Id);
 }
 
-// Locks the screen of this session; replaceable for tests.
-using ScreenLocker = void (*)();
-extern ScreenLocker lockThisScreen;
-
 } // namespace voltaro

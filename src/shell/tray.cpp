@@ -1,7 +1,7 @@
 #include "shell/tray.h"
 
 #include "base/fixed_text.h"
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "console/agent_state.h"
 #include "console/connection_state.h"
 #include "console/main_hold.h"

@@ -1,7 +1,7 @@
 // The update window: shows the outcome of an update check, which the agent makes. Opened by "Update Voltaro".
 #include "shell/update_window.h"
 
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "base/waiting.h"
 #include "console/agent.h"
 #include "console/ui_calls.h"

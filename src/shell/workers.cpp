@@ -1,7 +1,7 @@
 #include "shell/workers.h"
 
 #include "base/handles.h"
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "base/waiting.h"
 #include "console/agent_records.h"
 #include "console/agent_state.h"

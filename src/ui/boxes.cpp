@@ -82,7 +82,8 @@ Answer Open(HWND owner, const Box& box, const std::wstring& text, BoxButtons but
 {
     const HWND shownOwner = owner && IsWindowVisible(owner) && !IsIconic(owner) ? owner : nullptr;
     ++openBoxes;
-    const Answer answer = boxDoor({shownOwner, box.caption, text, box.icon, buttons, milliseconds});
+    const Answer answer = (platformCalls.showMessageBox ? platformCalls.showMessageBox : ShowBox)(
+        {shownOwner, box.caption, text, box.icon, buttons, milliseconds});
     --openBoxes;
     if (boxClosed)
         boxClosed();
@@ -91,16 +92,14 @@ Answer Open(HWND owner, const Box& box, const std::wstring& text, BoxButtons but
 
 } // namespace
 
-BoxDoor boxDoor = &ShowBox;
-
 int OpenBoxes()
 {
     return openBoxes;
 }
 
-void CloseDoor()
+void SuppressMessageBoxes()
 {
-    boxDoor = &AnswerUnseen;
+    platformCalls.showMessageBox = &AnswerUnseen;
 }
 
 void Tell(HWND owner, const Box& box)

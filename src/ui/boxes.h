@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/windows_api.h"
+#include "base/platform_calls.h"
 
 #include <cstdint>
 #include <string>
@@ -33,7 +33,7 @@ void Tell(HWND owner, const Box& box, const std::wstring& text);
 // was enabled before.
 [[nodiscard]] Answer AskFor(HWND owner, const Box& box, unsigned milliseconds);
 
-// What a box is about to show, as handed to the door.
+// What a box is about to show, as handed to platformCalls.showMessageBox.
 struct BoxCall {
     HWND owner;
     std::wstring caption;
@@ -48,10 +48,7 @@ struct BoxCall {
 // Called after every box. Windows enables a box's owner again, whoever else holds it disabled.
 inline void (*boxClosed)() = nullptr;
 
-// Every box goes through this door. Tests put a script in its place; at the end of the session it is closed with
-// CloseDoor, and later boxes answer at once (Ok, No or TimedOut) without being shown.
-using BoxDoor = Answer (*)(const BoxCall& call);
-extern BoxDoor boxDoor;
-void CloseDoor();
+// For the end of the session: from then on boxes are answered at once (Ok, No or TimedOut) without being shown.
+void SuppressMessageBoxes();
 
 } // namespace voltaro

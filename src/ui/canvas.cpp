@@ -104,7 +104,7 @@ void DrawTransparentBitmap(HDC dc, int resource, int x, int y, int width, int he
 {
     static const auto copy = reinterpret_cast<decltype(::TransparentBlt)*>(
         reinterpret_cast<void*>(SystemProcedure(L"msimg32.dll", "TransparentBlt")));
-    if (copy == nullptr || systemLooks.highContrast())
+    if (copy == nullptr || HasHighContrast())
         return DrawBitmap(dc, resource, x, y, width, height);
     WithBitmap(dc, resource, [=](HDC source, int sourceWidth, int sourceHeight) {
         copy(dc, x, y, width, height, source, 0, 0, sourceWidth, sourceHeight, kKeyColour);

@@ -291,7 +291,7 @@ void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
             NameForScreenReader(made, row.name);
         before = &row;
     }
-    if (systemLooks.highContrast())
+    if (HasHighContrast())
         RenewColours(window);
 }
 

@@ -30,11 +30,9 @@ std::optional<std::wstring> ChooseExistingFile(HWND owner, const FileDialog& dia
 
 } // namespace
 
-FileChooser chooseFile = &ChooseExistingFile;
-
 std::optional<std::wstring> ChooseFile(HWND owner, const FileDialog& dialog)
 {
-    auto path = chooseFile(owner, dialog);
+    auto path = (platformCalls.chooseFile ? platformCalls.chooseFile : ChooseExistingFile)(owner, dialog);
     if (path && path->size() > kMaxPath) {
         Tell(GetAncestor(owner, GA_ROOT), kPathTooLong);
         return std::nullopt;

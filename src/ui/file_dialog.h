@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/windows_api.h"
+#include "base/platform_calls.h"
 
 #include <optional>
 #include <string>
@@ -17,9 +17,5 @@ struct FileDialog {
 // Lets the user choose an existing file; the full path, or nothing when it was cancelled. A path that the agent cannot
 // use, longer than 259 units, is refused with a message box.
 [[nodiscard]] std::optional<std::wstring> ChooseFile(HWND owner, const FileDialog& dialog);
-
-// The platform's dialog behind ChooseFile. Replaceable for tests.
-using FileChooser = std::optional<std::wstring> (*)(HWND owner, const FileDialog& dialog);
-extern FileChooser chooseFile;
 
 } // namespace voltaro

@@ -1,5 +1,7 @@
 #include "ui/theme.h"
 
+#include "base/platform_calls.h"
+
 #include "base/handles.h"
 #include "ui/visual_style.h"
 #include "ui/window_class.h"
@@ -18,22 +20,6 @@ typename Guard::Handle Cached(std::map<Key, Guard>& cache, const Key& key, Make 
     if (!guard)
         guard.Reset(make());
     return guard.Get();
-}
-
-bool IsHighContrastOn()
-{
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0)
-        && (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
-MONITORINFO ScreenOf(HWND window)
-{
-    MONITORINFO screen{};
-    screen.cbSize = sizeof screen;
-    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
-    return screen;
 }
 
 // The system tells a program that leaves scaling to it the sizes of an unscaled screen, but for the time of a call.
@@ -78,7 +64,7 @@ void FollowContrast(HWND control)
 {
     const HWND part = IsGroupBox(control) ? control : ListView_GetHeader(control);
     if (part != nullptr)
-        (systemLooks.highContrast() ? LeaveVisualStyle : ReturnToVisualStyle)(part);
+        (HasHighContrast() ? LeaveVisualStyle : ReturnToVisualStyle)(part);
 }
 
 void ApplyColours(HWND control)
@@ -90,12 +76,30 @@ void ApplyColours(HWND control)
         ListView_SetTextBkColor(control, ShownGround(*ground));
     }
     if (const auto bar = KeptColour(control, kBarProperty))
-        SendMessageW(control, PBM_SETBARCOLOR, 0, systemLooks.highContrast() ? CLR_DEFAULT : *bar);
+        SendMessageW(control, PBM_SETBARCOLOR, 0, HasHighContrast() ? CLR_DEFAULT : *bar);
 }
 
 } // namespace
 
-SystemLooks systemLooks = {&IsHighContrastOn, &TabBodyColour, &ScreenOf, &TrayIconSize};
+bool HasHighContrast()
+{
+    if (platformCalls.hasHighContrast)
+        return platformCalls.hasHighContrast();
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0)
+        && (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+MONITORINFO ScreenOf(HWND window)
+{
+    if (platformCalls.screenOf)
+        return platformCalls.screenOf(window);
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+    return screen;
+}
 
 HFONT FontOf(int height, int weight)
 {
@@ -130,10 +134,10 @@ HBRUSH FaceBrush()
 
 HBRUSH GroundBrush(HWND window)
 {
-    if (GetPropW(window, kPageProperty) == nullptr || systemLooks.highContrast())
+    if (GetPropW(window, kPageProperty) == nullptr || HasHighContrast())
         return FaceBrush();
     if (!std::exchange(tabBodyKnown, true))
-        tabBodyShown = systemLooks.tabBody();
+        tabBodyShown = (platformCalls.tabBodyColour ? platformCalls.tabBodyColour : TabBodyColour)();
     return tabBodyShown ? BrushOf(*tabBodyShown) : FaceBrush();
 }
 
@@ -163,7 +167,7 @@ HICON SmallIcon(int resource)
 
 HICON TrayIcon(int resource)
 {
-    return IconOf(resource, systemLooks.trayIconSize());
+    return IconOf(resource, (platformCalls.trayIconSize ? platformCalls.trayIconSize : TrayIconSize)());
 }
 
 HICON LargeIcon(int resource)
@@ -174,17 +178,17 @@ HICON LargeIcon(int resource)
 
 COLORREF ShownOnFace(COLORREF text)
 {
-    return systemLooks.highContrast() ? GetSysColor(COLOR_BTNTEXT) : text;
+    return HasHighContrast() ? GetSysColor(COLOR_BTNTEXT) : text;
 }
 
 COLORREF ShownText(COLORREF text)
 {
-    return systemLooks.highContrast() ? GetSysColor(COLOR_WINDOWTEXT) : text;
+    return HasHighContrast() ? GetSysColor(COLOR_WINDOWTEXT) : text;
 }
 
 COLORREF ShownGround(COLORREF ground)
 {
-    return systemLooks.highContrast() ? GetSysColor(COLOR_WINDOW) : ground;
+    return HasHighContrast() ? GetSysColor(COLOR_WINDOW) : ground;
 }
 
 void SetListColours(HWND list, COLORREF text, COLORREF ground)

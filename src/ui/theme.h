@@ -29,14 +29,9 @@ inline constexpr COLORREF kKeyColour = RGB(236, 233, 216);
 [[nodiscard]] HICON TrayIcon(int resource);
 [[nodiscard]] HICON LargeIcon(int resource);
 
-// What the system and its user give for all programs. Tests put their own answers in its place.
-struct SystemLooks {
-    bool (*highContrast)();
-    std::optional<COLORREF> (*tabBody)(); // nothing where tab controls are drawn in the face colour
-    MONITORINFO (*screen)(HWND window);   // the one that holds most of the window
-    int (*trayIconSize)();
-};
-extern SystemLooks systemLooks;
+// What the system and its user give for all programs.
+[[nodiscard]] bool HasHighContrast();
+[[nodiscard]] MONITORINFO ScreenOf(HWND window); // with the work area that is left for windows
 
 // The product's colours as they are shown. With high contrast on the system's colours stand in their place, both of a
 // pair: text on the face colour, and text on a ground of its own.

@@ -59,7 +59,7 @@ void BringOnScreen(HWND window)
 {
     if (IsIconic(window))
         return;
-    const MONITORINFO screen = systemLooks.screen(window);
+    const MONITORINFO screen = ScreenOf(window);
     RECT place;
     GetWindowRect(window, &place);
     const LONG width = place.right - place.left;

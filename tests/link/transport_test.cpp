@@ -1,6 +1,6 @@
 #include "link/transport.h"
 
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "base/waiting.h"
 #include "link/document.h"
 #include "link/frame.h"

@@ -236,7 +236,7 @@ TEST(PolicyWindow, NamesAndListsAreChecked)
         {{L"", L"No Application name "},
             {L"a Tool.exe", L"Application name already in the list ", L"Application ' a Tool.exe ' already exists"}});
     static std::wstring chosen;
-    const FileChooser chooser = std::exchange(chooseFile, [](HWND, const FileDialog& dialog) {
+    const auto chooser = std::exchange(platformCalls.chooseFile, [](HWND, const FileDialog& dialog) {
         EXPECT_STREQ(dialog.title, L"Select an exe file");
         return std::optional(chosen);
     });
@@ -246,7 +246,7 @@ TEST(PolicyWindow, NamesAndListsAreChecked)
     EXPECT_EQ(TextOf(WindowOf(kRule), kRuleName), L"");
     chosen.erase(3, 1);
     program.Command(kRule, kRuleFile);
-    chooseFile = chooser;
+    platformCalls.chooseFile = chooser;
     EXPECT_EQ(TextOf(WindowOf(kRule), kRuleName), L"D.exe");
     program.Command(kRule, ID_RULE_CLEAR);
     EXPECT_EQ(TextOf(WindowOf(kRule), kRuleName), L"");

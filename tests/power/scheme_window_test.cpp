@@ -309,13 +309,13 @@ TEST(SchemeWindow, ModesAndTheWaysOut)
 {
     static int helps = 0;
     PowerProgram program;
-    const HelpViewer viewer = std::exchange(helpViewer, [](HWND, const std::wstring& topic) {
+    const auto viewer = std::exchange(platformCalls.showHelp, [](HWND, const std::wstring& topic) {
         helps += topic.ends_with(L"\\docs\\help\\Voltaro_Help_SE.chm::/advanced.htm") ? 1 : 100;
     });
     program.Command(kEditor, kEditorHelp);
     HELPINFO help{};
     SendMessageW(In(kDisplayPage, kDim), WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
-    helpViewer = viewer;
+    platformCalls.showHelp = viewer;
     EXPECT_EQ(helps, 2);
 
     SetForegroundWindow(WindowOf(kEditor));

@@ -175,10 +175,10 @@ TEST(JobEditorWindowTest, Keyboard)
     EXPECT_EQ(GetFocus(), Labelled(WindowOf(kEditor), L"Job Name :"));
     Press(VK_TAB, VK_CONTROL);
     EXPECT_TRUE(SelectedTab(Tabs()) == 1 && program.IsOpen(kTasks) && !program.IsOpen(kActions));
-    const FileChooser chooser = std::exchange(
-        chooseFile, [](HWND, const FileDialog&) { return std::optional<std::wstring>(L"C:\\from dialog.exe"); });
+    const auto chooser = std::exchange(platformCalls.chooseFile,
+        [](HWND, const FileDialog&) { return std::optional<std::wstring>(L"C:\\from dialog.exe"); });
     program.Do({{kTasks, L"..."}});
-    chooseFile = chooser;
+    platformCalls.chooseFile = chooser;
     Press(VK_RETURN); // in filled fields: adds the task
     EXPECT_EQ(CellOf(program.Tasks(), 2, 0), L"C:\\from dialog.exe");
     SetFocus(program.Tasks());

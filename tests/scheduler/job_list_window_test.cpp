@@ -2,7 +2,7 @@
 #include "scheduler/job_list_window.h"
 
 #include "base/computer_name.h"
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "console/help.h"
 #include "scheduler/scheduler_program.h"
 #include "support/element_line.h"
@@ -210,9 +210,9 @@ TEST(JobListWindowTest, KeyboardMouseAndClosing)
     SendMessageW(program.Jobs(), WM_MOUSEMOVE, 0, MAKELPARAM(cell.left + 5, cell.top + 5));
     EXPECT_STREQ(TooltipOf(program.Jobs()), L"This job is not enabled and does not run.");
     static std::wstring topic;
-    const HelpViewer viewer = std::exchange(helpViewer, [](HWND, const std::wstring& shown) { topic = shown; });
+    const auto viewer = std::exchange(platformCalls.showHelp, [](HWND, const std::wstring& shown) { topic = shown; });
     SendMessageW(WindowOf(kList), WM_HELP, 0, 0);
-    helpViewer = viewer;
+    platformCalls.showHelp = viewer;
     EXPECT_TRUE(topic.ends_with(L"\\docs\\help\\Voltaro_Help_SE.chm::/Job Scheduler.htm")) << topic;
 
     const ExpectedBox unsaved = {L"Changes not saved", L"Are you sure you want to cancel the changes?", Answer::No};

@@ -1,4 +1,4 @@
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "console/agent_lost.h"
 #include "console/connection_state.h"
 #include "shell/connection.h"

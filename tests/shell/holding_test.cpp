@@ -1,5 +1,5 @@
 // Who holds the main window, what a lost agent is told by, and how the workers end.
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "console/agent.h"
 #include "console/agent_lost.h"
 #include "console/background_refresh.h"
@@ -36,7 +36,7 @@ TEST(HoldingTest, AboutKeepsTheMainWindowThatItTookOverAnOpenBox)
     program.Agent().Stop();
     static int boxes = 0;
     boxes = 0;
-    boxDoor = [](const BoxCall& call) {
+    platformCalls.showMessageBox = [](const BoxCall& call) {
         if (call.caption == L"Connection Issue" && boxes++ == 0)
             SendMessageW(WindowOf(WindowId::Main), WM_COMMAND, kTrayAbout, 0);
         return Answer::Ok;
@@ -75,7 +75,7 @@ TEST(HoldingTest, ALossIsToldByABoxThatIsSeen)
     owners.clear();
     for (const bool hidden : {false, true}) {
         LoadedProgram program;
-        boxDoor = [](const BoxCall& call) {
+        platformCalls.showMessageBox = [](const BoxCall& call) {
             owners.push_back(call.owner);
             return Answer::Ok;
         };

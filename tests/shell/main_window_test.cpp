@@ -82,7 +82,7 @@ TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
 {
     static int locked = 0;
     locked = 0;
-    lockThisScreen = [] { ++locked; };
+    platformCalls.lockScreen = [] { ++locked; };
     {
         const BoxScript boxes{{L"Log off now",
             L"Are you sure you want to Log off from this system.\nPress 'Yes' to continue..", Answer::No}};

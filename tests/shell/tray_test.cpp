@@ -1,7 +1,7 @@
 #include "console/connection_state.h"
 #include "shell/tray.h"
 
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "console/ui_calls.h"
 #include "shell/main_commands.h"
 #include "support/box_script.h"
@@ -121,7 +121,7 @@ TEST(TrayTest, WhatComesWhileABoxIsOpenFollowsItOnce)
     LoadedProgram program;
     programOfBox = &program;
     messagesDuringBox = 0;
-    boxDoor = OpenForAWhile;
+    platformCalls.showMessageBox = OpenForAWhile;
     program.Command(WindowId::Main, kTrayClose);
     EXPECT_LT(messagesDuringBox, 100);
     EXPECT_EQ(program.TakeOperations(), Operations(2, L"GetBatteryInfo")); // one for the clicks, one for the power

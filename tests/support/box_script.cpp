@@ -47,7 +47,7 @@ Answer AnswerFromScript(const BoxCall& call)
 BoxScript::BoxScript(std::initializer_list<ExpectedBox> boxes)
     : m_boxes(boxes)
     , m_outer(std::exchange(script, this))
-    , m_door(std::exchange(boxDoor, &AnswerFromScript))
+    , m_before(std::exchange(platformCalls.showMessageBox, &AnswerFromScript))
 {
     std::erase_if(m_boxes, [](const ExpectedBox& box) { return box.caption.empty(); });
 }
@@ -56,7 +56,7 @@ BoxScript::~BoxScript()
 {
     ExpectAllSeen();
     script = m_outer;
-    boxDoor = m_door;
+    platformCalls.showMessageBox = m_before;
 }
 
 void BoxScript::Expect(std::initializer_list<ExpectedBox> boxes)

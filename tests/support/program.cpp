@@ -3,7 +3,7 @@
 #include "console/connection_state.h"
 #include "console/program_texts.h"
 
-#include "base/timing.h"
+#include "base/platform_calls.h"
 #include "console/background_refresh.h"
 #include "console/main_hold.h"
 #include "console/system_events.h"
@@ -42,7 +42,6 @@ void Renew(State& state)
 
 ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     : m_agent(scenario)
-    , m_door(boxDoor)
 {
     AdoptUiThread();
     AllowWaits();
@@ -79,9 +78,8 @@ ConsoleProgram::~ConsoleProgram()
     ReleaseMainWindow(HoldReason::Check);
     refreshRequests = 0;
     static_cast<void>(TakeEvents());
-    boxDoor = m_door;
+    platformCalls = m_calls;
     boxClosed = nullptr;
-    timing = Timing();
     AllowWaits();
 }
 

@@ -47,7 +47,7 @@ public:
 
 private:
     simulator::AgentServer m_agent;
-    BoxDoor m_door;
+    PlatformCalls m_calls = platformCalls; // as they were before
 };
 
 // The program once it has loaded; the requests of the load are forgotten.

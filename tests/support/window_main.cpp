@@ -22,7 +22,7 @@ int main(int count, char** arguments)
 {
     SetUnhandledExceptionFilter(&OnCrash);
     InitCommonControls();
-    voltaro::boxDoor = &voltaro::FailOnBox;
+    voltaro::platformCalls.showMessageBox = &voltaro::FailOnBox;
     testing::InitGoogleTest(&count, arguments);
     return RUN_ALL_TESTS();
 }

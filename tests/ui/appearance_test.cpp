@@ -24,14 +24,14 @@ public:
         for (std::size_t i = 0; i < std::size(kIndices); ++i)
             m_before[i] = GetSysColor(kIndices[i]);
         if (high)
-            systemLooks.highContrast = [] { return true; };
+            platformCalls.hasHighContrast = [] { return true; };
         constexpr COLORREF kDark[] = {kFace, kOnFace, kGround, kText};
         SetSysColors(4, kIndices, kDark);
         Pump();
     }
     ~Contrast()
     {
-        systemLooks = m_looks;
+        platformCalls = m_looks;
         SetSysColors(4, kIndices, m_before);
         Pump();
     }
@@ -40,7 +40,7 @@ public:
 
 private:
     static constexpr int kIndices[] = {COLOR_3DFACE, COLOR_BTNTEXT, COLOR_WINDOW, COLOR_WINDOWTEXT};
-    SystemLooks m_looks = systemLooks;
+    PlatformCalls m_looks = platformCalls;
     COLORREF m_before[4] = {};
 };
 
@@ -155,11 +155,11 @@ TEST(HighContrast, PaintedWindowsFollowTheSystemLiveAndBack)
         look(true);
     }
     look(false);
-    const auto before = systemLooks;
-    systemLooks.highContrast = [] { return true; };
+    const auto before = platformCalls;
+    platformCalls.hasHighContrast = [] { return true; };
     SendMessageW(WindowOf(WindowId::Savings), WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
     EXPECT_EQ(ListView_GetBkColor(durations), GetSysColor(COLOR_WINDOW)) << "told by the setting alone";
-    systemLooks = before;
+    platformCalls = before;
     SendMessageW(WindowOf(WindowId::Savings), WM_THEMECHANGED, 0, 0);
     EXPECT_EQ(ListView_GetBkColor(durations), RGB(247, 247, 247));
 }
@@ -167,8 +167,10 @@ TEST(HighContrast, PaintedWindowsFollowTheSystemLiveAndBack)
 TEST(SmallScreen, EveryWindowOpensInReach)
 {
     const ConsoleProgram program;
-    const SystemLooks before = systemLooks;
-    systemLooks.screen = [](HWND) { return MONITORINFO{sizeof(MONITORINFO), {0, 0, 800, 600}, {0, 0, 800, 560}, 0}; };
+    const PlatformCalls before = platformCalls;
+    platformCalls.screenOf = [](HWND) {
+        return MONITORINFO{sizeof(MONITORINFO), {0, 0, 800, 600}, {0, 0, 800, 560}, 0};
+    };
     constexpr POINT kPlaces[] = {{700, 300}, {-3000, -50}};
     for (std::size_t i = 0; i < kWindowCount; ++i) {
         const HWND window = WindowOf(WindowRowOf(i).id);
@@ -183,15 +185,15 @@ TEST(SmallScreen, EveryWindowOpensInReach)
         EXPECT_LE(place.bottom, place.bottom - place.top <= 560 ? 560 : 600) << WindowRowOf(i).title;
         ShowWindow(window, SW_HIDE);
     }
-    systemLooks = before;
+    platformCalls = before;
 }
 
 TEST(TabPages, TakeTheColourOfTheTabsBody)
 {
     const LoadedProgram program;
     OpenSavingsWindow(WindowOf(WindowId::Main));
-    const SystemLooks before = systemLooks;
-    systemLooks.tabBody = []() -> std::optional<COLORREF> { return RGB(250, 249, 248); };
+    const PlatformCalls before = platformCalls;
+    platformCalls.tabBodyColour = []() -> std::optional<COLORREF> { return RGB(250, 249, 248); };
     const HWND window = WindowOf(WindowId::Savings), page = WindowOf(WindowId::SavingsTotals);
     SendMessageW(window, WM_THEMECHANGED, 0, 0);
     const HDC dc = GetDC(nullptr);
@@ -202,7 +204,7 @@ TEST(TabPages, TakeTheColourOfTheTabsBody)
     EXPECT_EQ(behind(page), BrushOf(RGB(250, 249, 248)));
     EXPECT_EQ(behind(window), FaceBrush());
     ReleaseDC(nullptr, dc);
-    systemLooks = before;
+    platformCalls = before;
     SendMessageW(window, WM_THEMECHANGED, 0, 0);
 }
 

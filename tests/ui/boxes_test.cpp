@@ -13,12 +13,11 @@ namespace {
 constexpr Box kQuestion{L"Close ?", L"Do you want to close?", BoxIcon::Information, BoxButtons::YesNo};
 
 // The door as the program has it; the test program's own stands in front of it by the time a test runs.
-const BoxDoor realDoor = boxDoor;
 
 class RealBox : public testing::Test {
 protected:
-    RealBox() { boxDoor = realDoor; }
-    ~RealBox() override { boxDoor = &FailOnBox; }
+    RealBox() { platformCalls.showMessageBox = nullptr; }
+    ~RealBox() override { platformCalls.showMessageBox = &FailOnBox; }
 
     // Presses a button of the box as soon as it is there.
     static void PressLater(int button)
@@ -83,7 +82,7 @@ TEST_F(RealBox, TheEndOfTheProgramIsNotTakenForATimeOut)
 
 TEST_F(RealBox, AClosedDoorAnswersUnseen)
 {
-    CloseDoor();
+    SuppressMessageBoxes();
     Tell(nullptr, {L"Failed", L"Never shown."});
     EXPECT_FALSE(Ask(nullptr, kQuestion));
     EXPECT_EQ(AskFor(nullptr, kQuestion, 5000), Answer::TimedOut);
