@@ -90,7 +90,7 @@ TEST_F(GraphPageTest, RepaintsLeaveNothingBehind)
     };
     repaint();
     const std::set<WORD> before = FreeGdiPlaces();
-    for (int i = 0; i < 2000; ++i)
+    for (int i = 0; i < 200; ++i)
         repaint();
     int others = 0;
     for (const WORD place : FreeGdiPlaces())

@@ -26,7 +26,7 @@ TEST(JobEditorWindowTest, RefusesWhatIsWrong)
     program.Do({{kList, L"Add Job.."}});
     expectRefused({kEditor, L"Job Name :", L"nightly BACKUP"}, L"Save",
         {L"Job with name already in the list ", L"Job with name ' nightly BACKUP ' already exists"});
-    TurnTo(Tabs(), 1);
+    ClickTab(Tabs(), 1);
     program.AddTask(L"C:\\a.exe");
     expectRefused({kTasks, L".exe/.bat File Path :", L"C:\\A.EXE"}, L"Add Task",
         {L"Application exe already in the list ", L"Application ' C:\\A.EXE ' already exists"});

@@ -81,8 +81,7 @@ TEST_F(ActivationTest, TellsWhatTheAgentAnswers)
     }
     for (const auto& [reply, text] : {std::pair(L"Not Activated", L"Voltaro is still not activated."),
              std::pair(L"SUCCESS", L"Voltaro is activated now."), std::pair(L"", L"Could not activate Voltaro.")}) {
-        program.Agent().ScriptReply(
-            L"ActivateLicense", std::wstring(L"<vltp><response><status>") + reply + L"</status></response></vltp>");
+        program.AnswerWith(L"ActivateLicense", reply);
         BoxScript boxes{{*text == L'V' && text[11] == L'a' ? L"Voltaro activated" : L"Activation Failed", text}};
         Activate(L"abcdEFGH12345678");
     }
@@ -90,22 +89,6 @@ TEST_F(ActivationTest, TellsWhatTheAgentAnswers)
     BoxScript boxes{{L"Connection Issue", {}}};
     Activate(L"abcdEFGH12345678");
     EXPECT_EQ(TextOf(window, kKey), L"abcdEFGH12345678");
-}
-
-TEST(LicenceTest, RefusesAChangeOnceAndSendsNothing)
-{
-    for (const auto& [scenario, text] : {std::pair(L"notactivated", L"'Localhost' is not activated."),
-             std::pair(L"expired", L"'Localhost' has expired.")}) {
-        LoadedProgram program(*simulator::FindScenario(scenario));
-        BoxScript boxes{{L"Unable to Set Scheme", text}};
-        program.Command(WindowId::Main, kChange);
-        program.Choose(WindowId::Main, 5001, L"MaxPowerSaver");
-        program.Command(WindowId::Main, kSet);
-        EXPECT_EQ(program.TakeOperations(), Operations{L"GetActivationstatus"});
-        boxes.Expect({{L"Unable to pause", text}});
-        program.Command(WindowId::Main, kPauseOneHour);
-        EXPECT_EQ(program.TakeOperations(), (Operations{L"Pause", L"GetActivationstatus"}));
-    }
 }
 
 TEST(AboutTest, OpensWithAndWithoutAnAgent)

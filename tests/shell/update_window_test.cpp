@@ -1,4 +1,5 @@
 #include "base/text.h"
+#include "base/timing.h"
 #include "console/main_hold.h"
 #include "link/exchange.h"
 #include "shell/about.h"
@@ -38,7 +39,7 @@ protected:
     }
     void Script(const wchar_t* status, const wchar_t* message)
     {
-        program.Agent().ScriptReply(
+        program.AnswerWith(
             L"CheckForUpdates", Format(L"<vltp><response><s>%ls</s><m>%ls</m></response></vltp>", status, message));
     }
     void ExpectChecking() const
@@ -124,7 +125,8 @@ TEST_F(UpdateTest, GoesOnWaitingAfterAnAnswerThatItDoesNotKnow)
 
 TEST_F(UpdateTest, TheTrayMenuWorksWhileItChecks)
 {
-    program.Agent().SetFault(L"CheckForUpdates", {FaultKind::Late, L"1500"});
+    timing.transportSecond = 10'000; // the check hangs until the agent ends
+    program.Agent().SetFault(L"CheckForUpdates", {FaultKind::Silent, {}});
     program.Command(WindowId::Main, kUpdate);
     program.Command(WindowId::Main, kTrayAbout);
     ASSERT_NE(AboutWindow(), nullptr);
@@ -139,11 +141,12 @@ TEST_F(UpdateTest, TheTrayMenuWorksWhileItChecks)
     program.Command(WindowId::Main, kTrayVoltaro);
     program.Command(WindowId::Main, kUpdate); // the check that still runs is not made twice
     ExpectChecking();
+    EXPECT_TRUE(program.TakeOperations().empty());
+    program.Agent().Stop();
     ASSERT_TRUE(WaitForOutcome());
     EXPECT_EQ(Buttons(), L"ok");
     program.Command(WindowId::Update, IDOK);
     ExpectIdle();
-    EXPECT_TRUE(program.TakeOperations().empty());
 }
 
 TEST_F(UpdateTest, ClosesTheProgramForAnUpdate)

@@ -6,7 +6,6 @@
 #include "support/pixels.h"
 #include "support/program.h"
 #include "support/test_window.h"
-#include "ui/tabs.h"
 #include "ui/theme.h"
 
 #include <gtest/gtest.h>
@@ -91,7 +90,7 @@ void ShowADay()
     const HWND window = WindowOf(WindowId::Savings);
     OpenSavingsWindow(WindowOf(WindowId::Main));
     RecomputeSavings();
-    TurnTo(FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr), 2);
+    ClickTab(FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr), 2);
 }
 
 TEST(HighContrast, EveryTextOfEveryWindowIsInTheSystemsColours)
