@@ -116,21 +116,6 @@ TEST(TransportTest, EndsWithItsThread)
     threadWait = WaitPlainly;
 }
 
-TEST(TransportTest, TheFrameOnTheWire)
-{
-    AgentServer agent;
-    ASSERT_TRUE(agent.Start());
-    FieldText response;
-    const std::wstring request = StatusRequest();
-    EXPECT_EQ(ServiceRequest(Member::StatusCheck, request.c_str(), response, agent.Port()), Outcome::Answered);
-    const auto received = agent.Requests();
-    ASSERT_EQ(received.size(), 1U);
-    EXPECT_EQ(received[0].text, request);
-    wchar_t digits[9] = {};
-    _snwprintf(digits, 9, L"%08d", static_cast<int>(request.size() * 2 + 18));
-    EXPECT_EQ(received[0].header, digits);
-}
-
 // The platform's own counter is always 0 under Wine, so every handle answers for itself.
 int OpenHandles()
 {

@@ -1,16 +1,12 @@
 #pragma once
 
-#include "console/state.h"
 #include "power/policy_window.h"
 #include "power/processor_strip.h"
 #include "power/rule_window.h"
 #include "power/scheme_form.h"
 #include "power/scheme_window.h"
-#include "support/box_script.h"
 #include "support/program.h"
 #include "support/refusals.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
 
 namespace voltaro {
 

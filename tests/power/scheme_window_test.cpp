@@ -1,7 +1,6 @@
 #include "console/help.h"
 #include "power/power_program.h"
 #include "shell/workers.h"
-#include "support/labelled.h"
 #include "ui/menus.h"
 #include "ui/tabs.h"
 #include "ui/tooltip.h"
@@ -332,7 +331,7 @@ TEST(SchemeWindow, RefreshesInTheBackground)
     EXPECT_EQ(program.TakeOperations(), kReload);
     EXPECT_EQ(ShownIn(kDisplayPage, kDim), L"After 5 Mins");
     program.boxes.Expect({{L"Connection Issue", L"is not responding"}});
-    program.Agent().SetFault(L"GetPolicies", {simulator::FaultKind::CloseAtOnce, {}});
+    program.Agent().SetFault(L"GetPolicies", {FaultKind::CloseAtOnce, {}});
     program.Choose(kDisplayPage, kDim, L"After 20 Mins");
     refresh();
     EXPECT_EQ(ShownIn(kDisplayPage, kDim), L"After 20 Mins");

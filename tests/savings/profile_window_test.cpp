@@ -3,21 +3,13 @@
 #include "savings/profile_record.h"
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
-#include "shell/main_commands.h"
 #include "simulator/xml.h"
-#include "support/box_script.h"
 #include "support/program.h"
-#include "ui/controls.h"
-#include "ui/list_view.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 // clang-format off
 enum Id : int { kSaved = 101, kInbuilt, kBranded, kOthers, kNote, kType, kSize, kMonitorOn, kMonitorOff, kCpuMax,

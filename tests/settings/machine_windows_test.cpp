@@ -1,18 +1,9 @@
 #include "resources/resource_ids.h"
-#include "shell/main_commands.h"
 #include "shell/workers.h"
-#include "support/box_script.h"
-#include "support/labelled.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/list_view.h"
-
-#include <gtest/gtest.h>
 
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 HWND Field(WindowId window, const wchar_t* label)
 {

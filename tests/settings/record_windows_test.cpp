@@ -1,22 +1,13 @@
 #include "base/text.h"
-#include "console/state.h"
 #include "settings/settings_rules.h"
-#include "shell/main_commands.h"
 #include "simulator/xml.h"
-#include "support/box_script.h"
-#include "support/labelled.h"
 #include "support/program.h"
-#include "ui/controls.h"
 #include "ui/navigation.h"
-
-#include <gtest/gtest.h>
 
 #include <functional>
 
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 // The windows that edit a record, and what they say.
 struct Editor {

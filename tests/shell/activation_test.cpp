@@ -1,21 +1,13 @@
 #include "console/main_hold.h"
-#include "console/state.h"
+#include "console/ui_calls.h"
 #include "shell/about.h"
-#include "shell/main_commands.h"
 #include "shell/main_menus.h"
-#include "support/box_script.h"
 #include "support/program.h"
-#include "ui/controls.h"
-#include "ui/list_view.h"
 #include "ui/menus.h"
 #include "ui/theme.h"
 
-#include <gtest/gtest.h>
-
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 constexpr int kStateLine = 8601, kFields = 8602, kKey = 8603, kActivateButton = 8604;
 
@@ -117,9 +109,13 @@ TEST(AboutTest, OpensWithAndWithoutAnAgent)
         program.Command(WindowId::Main, kSystemInfo);
         program.Command(WindowId::Main, kTrayAbout);
         EXPECT_FALSE(IsConsoleReady());
+        SendMessageW(WindowOf(WindowId::Main), kTrayMessage, 9013, WM_LBUTTONUP);
+        Pump();
+        EXPECT_EQ(GetForegroundWindow(), AboutWindow()) << "the newest holder";
         const HWND first = systemInfoClosesFirst ? WindowOf(WindowId::SystemInfo) : AboutWindow();
         const HWND second = systemInfoClosesFirst ? AboutWindow() : WindowOf(WindowId::SystemInfo);
         SendMessageW(first, WM_COMMAND, IDCANCEL, 0);
+        EXPECT_EQ(FrontWindow(), second);
         EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
         SendMessageW(second, WM_COMMAND, IDCANCEL, 0);
         EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)) && IsConsoleReady());

@@ -6,23 +6,15 @@
 #include "console/main_hold.h"
 #include "console/ui_calls.h"
 #include "shell/about.h"
-#include "shell/main_commands.h"
 #include "shell/main_window.h"
 #include "shell/workers.h"
-#include "support/box_script.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
 
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 bool IsMainFree()
 {
@@ -46,25 +38,6 @@ TEST(HoldingTest, AboutKeepsTheMainWindowThatItTookOverAnOpenBox)
     EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
     EXPECT_FALSE(IsConsoleReady());
     SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
-    EXPECT_TRUE(IsMainFree());
-}
-
-TEST(HoldingTest, TheNewestHolderComesToTheFront)
-{
-    LoadedProgram program;
-    EXPECT_EQ(FrontWindow(), WindowOf(WindowId::Main));
-    program.Command(WindowId::Main, kSystemInfo);
-    EXPECT_EQ(FrontWindow(), WindowOf(WindowId::SystemInfo));
-    EXPECT_TRUE(IsConsoleReady());
-    program.Command(WindowId::Main, kTrayAbout);
-    EXPECT_EQ(FrontWindow(), AboutWindow());
-    SendMessageW(WindowOf(WindowId::Main), kTrayMessage, 9013, WM_LBUTTONUP);
-    Pump();
-    EXPECT_EQ(GetForegroundWindow(), AboutWindow());
-    SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
-    EXPECT_EQ(FrontWindow(), WindowOf(WindowId::SystemInfo));
-    EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
-    SendMessageW(WindowOf(WindowId::SystemInfo), WM_CLOSE, 0, 0);
     EXPECT_TRUE(IsMainFree());
 }
 

@@ -1,20 +1,12 @@
 #include "shell/main_window.h"
 
-#include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/quick_actions.h"
-#include "support/box_script.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
 #include "ui/menus.h"
-
-#include <gtest/gtest.h>
 
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 std::wstring Reply(const wchar_t* fields)
 {

@@ -1,17 +1,12 @@
 #include "base/text.h"
 #include "power/processor_strip.h"
 #include "shell/about.h"
-#include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/tray.h"
-#include "support/box_script.h"
 #include "support/fake_tray.h"
 #include "support/program.h"
-#include "ui/controls.h"
 #include "ui/menus.h"
 #include "ui/tooltip.h"
-
-#include <gtest/gtest.h>
 
 namespace voltaro {
 namespace {

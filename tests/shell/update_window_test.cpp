@@ -3,22 +3,14 @@
 #include "console/main_hold.h"
 #include "link/exchange.h"
 #include "shell/about.h"
-#include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/workers.h"
-#include "support/box_script.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
 #include "ui/menus.h"
 #include "ui/waiting.h"
 
-#include <gtest/gtest.h>
-
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 constexpr int kBar = 6016, kTitle = 8501, kDetail = 8502, kCloseVoltaro = 8504, kOk = 8505;
 constexpr const wchar_t* kWait = L"Please wait, Voltaro is checking for updates...";

@@ -1,3 +1,5 @@
+#include "base/text.h"
+#include "simulator/events.h"
 #include "simulator/frame.h"
 #include "simulator/machine.h"
 #include "simulator/xml.h"
@@ -102,71 +104,31 @@ TEST(AgentMachineTest, RefusesWrongRequests)
     }
 }
 
-// What is stored is read back; the element changed must be checked for its kind.
-TEST(AgentMachineTest, ReadsBackWhatWasStored)
+// Each store refuses a value of the wrong kind and elements in another order, and keeps what it had.
+TEST(AgentMachineTest, RefusesWrongRecords)
 {
-    // clang-format off
-    const struct { const wchar_t *read, *store; std::size_t changed; const wchar_t *value, *wrong; } kCases[] = {
-        {L"GetSnoozeSettings", L"ApplySnoozeSettings", 4, L"60", L"1 Hour"},
-        {L"GetCurrentProxySettings", L"ApplyProxySettings", 1, L"a&b<c>", nullptr},
-        {L"GetCurrenthostsettings", L"ApplyHostSettings", 1, L"65535", L"65536"},
-        {L"GetCurrentDeviceSettings", L"ApplyDeviceSettings", 4, L"na", L"Maybe"},
-        {L"GetCurrentPowerConsumptionData", L"ApplyPowerConsumptionData", 3, L"999.99", L"1000"},
-        {L"GetCurrentpowersettings", L"ApplyPowerSettings", 1, L"Maximum", L"Fast"},
-        {L"GetCurrentpowersettings", L"ApplyPowerSettings", 18, L"99", L"100"},
-        {L"GetCurrentpowersettings", L"ApplyPowerSettings", 16, L"Nightly_Backup", L"Nowhere"},
-    };
-    // clang-format on
+    const std::tuple<const wchar_t*, const wchar_t*, std::size_t, const wchar_t*> kCases[]
+        = {{L"GetSnoozeSettings", L"ApplySnoozeSettings", 4, L"1 Hour"},
+            {L"GetCurrentProxySettings", L"ApplyProxySettings", 0, L"1"},
+            {L"GetCurrenthostsettings", L"ApplyHostSettings", 1, L"65536"},
+            {L"GetCurrentDeviceSettings", L"ApplyDeviceSettings", 4, L"Maybe"},
+            {L"GetCurrentPowerConsumptionData", L"ApplyPowerConsumptionData", 3, L"1000"},
+            {L"GetCurrentpowersettings", L"ApplyPowerSettings", 18, L"100"},
+            {L"GetCurrentpowersettings", L"ApplyPowerSettings", 16, L"Nowhere"}};
     Machine machine = MachineOf(L"manyjobs");
-    for (const auto& row : kCases) {
-        Element details = DetailsOf(Ask(machine, row.read));
-        details.children[row.changed].text = row.value;
-        EXPECT_EQ(StatusOf(Ask(machine, row.store, Written(details))), L"Success") << row.store;
-        EXPECT_EQ(DetailsOf(Ask(machine, row.read)), details) << row.read;
-        Element swapped = details, wrong = details;
+    for (const auto& [read, store, changed, wrong] : kCases) {
+        const Element details = DetailsOf(Ask(machine, read));
+        EXPECT_EQ(StatusOf(Ask(machine, store, Written(details))), L"Success") << store;
+        Element swapped = details, other = details;
         std::swap(swapped.children[0], swapped.children[1]);
-        wrong.children[row.wrong != nullptr ? row.changed : 0].text = row.wrong != nullptr ? row.wrong : L"1";
-        for (const Element& refused : {swapped, wrong})
-            EXPECT_EQ(StatusOf(Ask(machine, row.store, Written(refused))), L"Failure") << row.store;
-        EXPECT_EQ(DetailsOf(Ask(machine, row.read)), details) << row.read;
+        other.children[changed].text = wrong;
+        for (const Element& refused : {swapped, other})
+            EXPECT_EQ(StatusOf(Ask(machine, store, Written(refused))), L"Failure") << store;
+        EXPECT_EQ(DetailsOf(Ask(machine, read)), details) << read;
     }
-    const Element jobs = DetailsOf(Ask(machine, L"GetCurrentSchedulerSettings"));
-    Element broken = jobs;
+    Element broken = DetailsOf(Ask(machine, L"GetCurrentSchedulerSettings"));
     At(broken, {2, 4, 2, 0}).children.pop_back(); // a task without its end
     EXPECT_EQ(StatusOf(Ask(machine, L"ApplySchedulerSettings", Written(broken))), L"Failure");
-    EXPECT_EQ(DetailsOf(Ask(machine, L"GetCurrentSchedulerSettings")), jobs);
-    EXPECT_EQ(StatusOf(Ask(machine, L"ApplySchedulerSettings", L"<details>\n\t\t</details>")), L"Success");
-    EXPECT_TRUE(DetailsOf(Ask(machine, L"GetCurrentSchedulerSettings")).children.empty());
-}
-
-TEST(AgentMachineTest, SchemesAndPoliciesComeAndGo)
-{
-    Machine machine = MachineOf(L"battery");
-    Element scheme = DetailsOf(Ask(machine, L"QueryPowerScheme", L"<scheme>Office_Hours</scheme>"));
-    scheme.children[0].text = L"Night";
-    Element policy = DetailsOf(Ask(machine, L"QueryPolicy", L"<PolicyName>presentations</PolicyName>"));
-    policy.children[0].text = L"Talks";
-    // clang-format off
-    const struct { const wchar_t* operation; std::wstring body; bool passes; } kSteps[] = {
-        {L"CreateScheme", Written(scheme), true}, {L"CreateScheme", Written(scheme), false}, // already there
-        {L"ApplyPowerScheme", L"<scheme>Nowhere</scheme>", false},
-        {L"ApplyPowerScheme", L"<scheme>NIGHT</scheme>", true},
-        {L"DeleteScheme", L"<scheme>night</scheme>", false}, // active
-        {L"DeletePolicy", L"<policy>presentations</policy>", false}, // in use by the active scheme
-        {L"ApplyPowerScheme", L"<scheme>Baseline</scheme>", true}, {L"DeleteScheme", L"<scheme>Minimum</scheme>", true},
-        {L"DeletePolicy", L"<policy>presentations</policy>", true},
-        {L"DeletePolicy", L"<policy>presentations</policy>", false},
-        {L"SetPolicySettings", Written(policy), false}, // not there yet
-        {L"CreatePolicy", Written(policy), true}, {L"SetPolicySettings", Written(policy), true},
-    };
-    // clang-format on
-    for (const auto& [operation, body, passes] : kSteps)
-        EXPECT_EQ(StatusOf(Ask(machine, operation, body)), passes ? L"Success" : L"Failure") << operation << body;
-    EXPECT_EQ(Summary(Ask(machine, L"GetPowerSchemes")), L"d5 Balanced .. Night");
-    EXPECT_EQ(Summary(Ask(machine, L"GetPolicies")), L"d2 Nightly_Backup .. Talks");
-    scheme.children[16].text.Clear(); // its policy is gone
-    EXPECT_EQ(DetailsOf(Ask(machine, L"QueryPowerScheme", L"<scheme>Night</scheme>")), scheme);
-    EXPECT_EQ(ChildText(DetailsOf(Ask(machine, L"GetCurrentpowersettings")), 0), L"Baseline");
 }
 
 TEST(AgentMachineTest, PausesAndActsAndActivates)
@@ -192,15 +154,8 @@ TEST(AgentMachineTest, PausesAndActsAndActivates)
     EXPECT_EQ(StatusOf(Ask(limited, L"standby")), L"Standby Not Support");
     EXPECT_EQ(StatusOf(Ask(limited, L"hibernate")), L"Hibernation Not Support");
     EXPECT_EQ(Summary(Ask(paused, L"PauseStatus")), L"d1 3");
-    for (const wchar_t* word : {L"Not Activated", L"License Expired"}) {
-        Machine unlicensed = MachineOf(word[0] == L'N' ? L"notactivated" : L"expired");
-        EXPECT_EQ(StatusOf(Ask(unlicensed, L"GetActivationstatus")), word);
-        EXPECT_EQ(StatusOf(Ask(unlicensed, L"DeleteScheme", L"<scheme>Minimum</scheme>")), word);
-        EXPECT_EQ(StatusOf(Ask(unlicensed, L"Pause", L"<duration>1</duration>")), word);
-        EXPECT_EQ(Summary(Ask(unlicensed, L"GetPowerSchemes")), L"d5 Balanced .. Office_Hours");
-        Ask(unlicensed, L"ActivateLicense", L"<ActivationKey>HX4F-20VT-7K3M-99QA</ActivationKey>");
-        EXPECT_EQ(StatusOf(Ask(unlicensed, L"DeleteScheme", L"<scheme>Minimum</scheme>")), L"Success");
-    }
+    Machine expired = MachineOf(L"expired");
+    EXPECT_EQ(StatusOf(Ask(expired, L"DeleteScheme", L"<scheme>Minimum</scheme>")), L"License Expired");
 }
 
 // The console's buffers are fixed. The fullest answers come within a twentieth of them.
@@ -229,6 +184,60 @@ TEST(AgentMachineTest, AnswersFitTheirReaders)
             EXPECT_TRUE(!fullest || bytes > row.limit * 19 / 20) << row.operation << bytes;
         }
     }
+}
+
+// The time of a time line, which is expected to be of that date; empty for a duration.
+std::wstring TimeOf(const std::wstring& line, const DateTime& date)
+{
+    if (line.starts_with(L"Duratn"))
+        return {};
+    EXPECT_EQ(line.substr(6, 14), Format(L" # %04d/%02d/%02d ", date.year, date.month, date.day));
+    EXPECT_TRUE(line.size() == 28 && line[22] == L':' && line[25] == L':') << line;
+    return line.substr(20);
+}
+
+TEST(AgentEventsTest, EveryDayIsWellFormed)
+{
+    for (int number = 0; number < 12 * 28; ++number) {
+        const DateTime date{2025, number / 28 + 1, number % 28 + 1, 0};
+        const std::vector<std::wstring> lines = EventsOf(date, kNow);
+        ASSERT_EQ(lines, EventsOf(date, kNow));
+        ASSERT_TRUE(lines.size() >= 12 && lines.size() <= 60);
+        EXPECT_EQ(lines[lines.size() - 2].substr(0, 9) + lines.back().substr(0, 9), L"Pwrcon # Pwrsav # ");
+        std::wstring last, open; // the code of the state that has begun
+        for (std::size_t i = 0; i + 2 < lines.size(); ++i) {
+            const std::wstring code = lines[i].substr(0, 6);
+            EXPECT_TRUE(code != L"Istime" || open.empty()) << lines[i];
+            EXPECT_TRUE(code != L"Ietime" || open == L"Istime") << lines[i];
+            open = code == L"Istime" ? code : code == L"Ietime" ? L"" : open;
+            const std::wstring time = TimeOf(lines[i], date);
+            EXPECT_TRUE(time.empty() || (time >= last && time < L"24")) << lines[i];
+            last = std::max(last, time);
+        }
+        EXPECT_EQ(open, L"");
+    }
+}
+
+TEST(AgentEventsTest, TodayEndsNowAndTomorrowIsEmpty)
+{
+    const std::vector<std::wstring> today = EventsOf(kNow, kNow);
+    const std::vector<std::wstring> whole = EventsOf(kNow, {2026, 11, 22, 0});
+    ASSERT_GT(today.size(), 2u);
+    ASSERT_LT(today.size(), whole.size());
+    for (std::size_t i = 0; i + 2 < today.size(); ++i) {
+        EXPECT_EQ(today[i], whole[i]);
+        EXPECT_LE(TimeOf(today[i], kNow), L"12:00:00");
+    }
+    EXPECT_TRUE(EventsOf({2026, 11, 22, 0}, kNow).empty());
+}
+
+TEST(AgentEventsTest, ReadsDays)
+{
+    const std::optional<DateTime> leapDay = ParseMonthDayYear(L"02292024");
+    ASSERT_TRUE(leapDay);
+    EXPECT_EQ(DayOf(*leapDay).time_since_epoch().count(), 19782);
+    for (const wchar_t* wrong : {L"02292025", L"13012025", L"00012025", L"1012025", L"010120255", L"0101202x", L""})
+        EXPECT_FALSE(ParseMonthDayYear(wrong)) << wrong;
 }
 
 } // namespace

@@ -11,11 +11,7 @@
 #include "shell/program.h"
 #include "shell/window_table.h"
 #include "support/installation.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
 #include "ui/ui_thread.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <memory>
@@ -132,7 +128,7 @@ void ConsoleProgram::AnswerWith(std::wstring_view operation, std::wstring_view a
     m_agent.ClearFaults();
     state.connected = true;
     if (answer == kNoAnswer)
-        m_agent.SetFault(operation, {simulator::FaultKind::CloseAtOnce, {}});
+        m_agent.SetFault(operation, {FaultKind::CloseAtOnce, {}});
     else if (answer.starts_with(L'<'))
         m_agent.ScriptReply(operation, answer);
     else

@@ -1,8 +1,16 @@
 #pragma once
 
+// The program in a test, and what the tests of its windows use throughout.
 #include "console/state.h"
+#include "shell/main_commands.h"
 #include "simulator/server.h"
 #include "support/box_script.h"
+#include "support/labelled.h"
+#include "support/test_window.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
+
+#include <gtest/gtest.h>
 
 #include <functional>
 #include <string>
@@ -10,6 +18,8 @@
 #include <vector>
 
 namespace voltaro {
+
+using simulator::FaultKind;
 
 using Operations = std::vector<std::wstring>;
 
