@@ -35,7 +35,7 @@ TEST(SystemInfoTest, TheLoadFillsAllPagesAndCopyAllTakesThem)
     program.Command(WindowId::Main, kSystemInfo);
     EXPECT_EQ(program.TakeOperations(), Operations{});
     EXPECT_TRUE(program.IsOpen(WindowId::SystemInfoCpu) && !program.IsOpen(WindowId::SystemInfoOs));
-    ClickTab(FindWindowExW(WindowOf(WindowId::SystemInfo), nullptr, WC_TABCONTROLW, nullptr), 1);
+    ClickTab(FindWindowExW(WindowOf(WindowId::SystemInfo), nullptr, WC_TABCONTROLW, nullptr), 2);
     EXPECT_TRUE(program.IsOpen(WindowId::SystemInfoOs) && !program.IsOpen(WindowId::SystemInfoCpu));
     EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
     program.Command(WindowId::SystemInfo, GetDlgCtrlID(Field(WindowId::SystemInfo, L"Copy all")));
