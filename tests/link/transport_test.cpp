@@ -121,7 +121,7 @@ int OpenHandles()
 {
     int count = 0;
     DWORD flags = 0;
-    for (ULONG_PTR handle = 4; handle < 0x10000; handle += 4)
+    for (ULONG_PTR handle = 4; handle < 0x2000; handle += 4)
         count += GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags);
     return count;
 }
