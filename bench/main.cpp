@@ -1,8 +1,6 @@
 // Benchmarks of the console against the simulated agent. Each figure is a ratio of medians of interleaved rounds; the
 // program never fails on them.
-#include "bare_document.h"
 #include "measure.h"
-#include "savings_bench.h"
 
 #include "base/handles.h"
 #include "console/windows.h"
@@ -14,11 +12,13 @@
 #include "shell/program.h"
 #include "shell/window_table.h"
 #include "simulator/server.h"
+#include "support/installation.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
 #include "ui/ui_thread.h"
 #include "ui/window_class.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -173,45 +173,31 @@ std::size_t PrivateBytes(const UniqueHandle& process)
     return memory.PrivateUsage ? memory.PrivateUsage : memory.PagefileUsage;
 }
 
-bool HasAnswered(simulator::AgentServer& agent, const wchar_t* operation)
-{
-    for (const simulator::ReceivedRequest& request : agent.Requests()) {
-        if (request.operation == operation)
-            return true;
-    }
-    return false;
-}
-
-void WriteInstallation(int port)
-{
-    const std::filesystem::path root = std::filesystem::temp_directory_path() / "voltaro_bench";
-    std::filesystem::create_directories(root / "conf");
-    std::FILE* file = _wfopen((root / "conf" / "hconfig.xml").c_str(), L"wb");
-    std::fprintf(file, "<Hostsettings><Localhost>Yes</Localhost><TCPPort>%d</TCPPort></Hostsettings>", port);
-    std::fclose(file);
-    SetEnvironmentVariableW(L"VOLTARO_HOME", (root.wstring() + L"\\").c_str());
-}
-
 void MeasureStart(simulator::AgentServer& agent, const std::filesystem::path& self, double bareExchange)
 {
     constexpr double kExchanges = 13; // of the check and the load
     const std::filesystem::path console = self.parent_path().parent_path() / "bin" / "VoltaroConsoleSE.exe";
-    WriteInstallation(agent.Port());
+    Install(L"voltaro_bench", agent.Port());
     std::size_t memory = 0;
-    const auto medians = Medians({[&] {
-                                      agent.ClearRequests();
-                                      const UniqueHandle process = StartProcess(console.wstring());
-                                      while (!HasAnswered(agent, L"GetPatchDetails"))
-                                          Sleep(1);
-                                      memory = PrivateBytes(process);
-                                      EndProcess(process);
-                                  },
-                                     [&] {
-                                         const UniqueHandle ready(CreateEventW(nullptr, TRUE, FALSE, kSkeletonReady));
-                                         const UniqueHandle process = StartProcess(self.wstring() + L" --skeleton");
-                                         WaitForSingleObject(ready.Get(), 20'000);
-                                         EndProcess(process);
-                                     }},
+    const auto medians = Medians(
+        {[&] {
+             agent.ClearRequests();
+             const UniqueHandle process = StartProcess(console.wstring());
+             const auto hasAnswered = [&] {
+                 return std::ranges::count(agent.Requests(), L"GetPatchDetails", &simulator::ReceivedRequest::operation)
+                     > 0;
+             };
+             while (!hasAnswered())
+                 Sleep(1);
+             memory = PrivateBytes(process);
+             EndProcess(process);
+         },
+            [&] {
+                const UniqueHandle ready(CreateEventW(nullptr, TRUE, FALSE, kSkeletonReady));
+                const UniqueHandle process = StartProcess(self.wstring() + L" --skeleton");
+                WaitForSingleObject(ready.Get(), 20'000);
+                EndProcess(process);
+            }},
         7);
     PrintRatio("start to connected / 1.15 x skeleton + 2.5 x bare exchanges", medians[0],
         1.15 * medians[1] + 2.5 * kExchanges * bareExchange, 1.0);

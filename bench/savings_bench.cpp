@@ -1,6 +1,3 @@
-#include "savings_bench.h"
-
-#include "bare_document.h"
 #include "measure.h"
 
 #include "base/text.h"

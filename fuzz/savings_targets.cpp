@@ -68,19 +68,6 @@ void RunEvents(Bytes& bytes)
     (void)IdlePatternRows(day.histogram, made.profile);
 }
 
-// The graph of durations that no walk gives.
-void RunGraph(Bytes& bytes)
-{
-    DayDurations durations;
-    std::int64_t* const fields[] = {&durations.poweredOn, &durations.offTotal, &durations.active, &durations.idle,
-        &durations.idleWithoutSavings, &durations.dim, &durations.monitorOff, &durations.standby, &durations.hibernate,
-        &durations.off, &durations.shutdown, &durations.hibernateUponIdle};
-    for (std::int64_t* field : fields)
-        *field = bytes.Next() % 4 == 0 ? bytes.Number() : bytes.Number() % kDaySeconds;
-    CheckGraph(LayOutGraph(durations, bytes.Text()));
-    Require(DurationRows(durations).size() > 1);
-}
-
 // A profile shown, edited and sent; what was not edited goes as it was read.
 void RunProfile(Bytes& bytes)
 {

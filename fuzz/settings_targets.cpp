@@ -1,10 +1,14 @@
+#include "base/text.h"
 #include "fuzz/targets.h"
 #include "power/capabilities.h"
 #include "power/names.h"
 #include "power/policy.h"
 #include "power/scheme_form.h"
+#include "scheduler/job_document.h"
 #include "scheduler/job_rules.h"
+#include "scheduler/job_texts.h"
 #include "settings/settings_rules.h"
+#include "simulator/jobs.h"
 
 namespace voltaro::fuzz {
 namespace {
@@ -27,6 +31,9 @@ void CheckTwice(Record record, std::size_t (*check)(Record&, const Record&))
     const Record complete = record;
     Require(check(record, complete) == kNoFault && record == complete);
 }
+
+constexpr const wchar_t* kJobNames[] = {L"Job_", L"Schedule_", L"Frequency_", L"Action_", L"PowerOff_", L"RunTask_",
+    L"APP_", L"PowerOn", L"ApplyScheme", L"PowerOff", L"RunTask_x", L""};
 
 } // namespace
 
@@ -71,6 +78,28 @@ void RunSettings(Bytes& bytes)
     }
     (void)HibernateList(bytes.Next() % 2 == 0, stored, shown);
     (void)MonitorOffList(stored, shown);
+}
+
+// Damaged job lists, read and written; the times and dates of jobs.
+void RunJobs(Bytes& bytes)
+{
+    if (bytes.Next() % 8 == 0) {
+        const std::wstring text = bytes.Value();
+        if (const auto time = ParseTime(text))
+            Require(ParseTime(TimeText(*time)) == time);
+        if (const auto date = ParseDate(text))
+            Require(ParseDate(DateText(*date)) == date);
+    }
+    Element details = simulator::InitialJobs(bytes.Next() % 4);
+    Damage(details, bytes, kJobNames);
+    const ReadJobs read = ReadJobList(details);
+    for (const ScheduledJob& job : read.jobs) {
+        Require(!job.name.empty() && !JobRow(job)[3].empty() && !NextRunText(job, {2024, 2, 28, 12}).empty());
+        for (const ScheduledTask& task : job.tasks)
+            Require(!task.path.empty() && !TaskRow(task)[0].empty());
+    }
+    const ReadJobs again = ReadJobList(BuildJobList(read.jobs));
+    Require(again.jobs == read.jobs && again.droppedJobs == 0 && again.droppedTasks == 0);
 }
 
 } // namespace voltaro::fuzz

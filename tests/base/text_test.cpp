@@ -25,24 +25,11 @@ TEST(FixedTextTest, NeverCutsThroughASurrogatePair)
 
 TEST(TextTest, LeadingNumbers)
 {
-    const struct {
-        const wchar_t* text;
-        std::int32_t number;
-    } kCases[] = {
-        {L"4916", 4916},
-        {L"  4916", 4916},
-        {L"4916x", 4916},
-        {L"x4916", 0},
-        {L"", 0},
-        {L"   ", 0},
-        {L"-7", -7},
-        {L"00000218", 218},
-        {L"99999999999999999999", 2147483647},
-        {L"-99999999999", -2147483647 - 1},
-        {L"+5", 5},
-    };
-    for (const auto& row : kCases)
-        EXPECT_EQ(LeadingNumber(row.text), row.number) << row.text;
+    const std::pair<const wchar_t*, std::int32_t> kCases[]
+        = {{L"4916", 4916}, {L"  4916", 4916}, {L"4916x", 4916}, {L"x4916", 0}, {L"", 0}, {L"   ", 0}, {L"-7", -7},
+            {L"00000218", 218}, {L"99999999999999999999", 2147483647}, {L"-99999999999", -2147483647 - 1}, {L"+5", 5}};
+    for (const auto& [text, number] : kCases)
+        EXPECT_EQ(LeadingNumber(text), number) << text;
 }
 
 TEST(TextTest, ComparesWithoutCase)

@@ -1,6 +1,5 @@
 #include "link/document.h"
 
-#include "base/text.h"
 #include "link/requests.h"
 
 #include <gtest/gtest.h>
@@ -9,28 +8,6 @@
 
 namespace voltaro {
 namespace {
-
-// The platform ends lines with CR LF and keeps the quotes of the processing instruction.
-TEST(DocumentTest, SerialisesTheEnvelopeWithItsIndentation)
-{
-    const Element pause = RequestElement(WithText(Operation::Pause, L"duration", L"3"), L"{ID}");
-    EXPECT_EQ(Replaced(*SerialiseRequest(pause), L"\r\n", L"\n"), LR"(<?xml version='1.0'?>
-<vltp version="1.0">
-	<request>
-		<MessageId>{ID}</MessageId>
-		<operation>Pause</operation>
-		<duration>3</duration>
-	</request>
-</vltp>
-)");
-    const Element nested = RequestElement(
-        {Operation::ApplySnoozeSettings, {{L"details", {}, {TextElement(L"A", L"<&\x20AC"), {L"B", {}, {}}}}}}, L"");
-    EXPECT_EQ(*SerialiseRequest(nested),
-        L"<?xml version='1.0'?>\r\n<vltp "
-        L"version=\"1.0\">\r\n\t<request>\r\n\t\t<MessageId/>\r\n\t\t<operation>ApplySnoozeSettings"
-        L"</operation>\r\n\t\t<details>\r\n\t\t\t<A>&lt;&amp;\x20AC</A>\r\n\t\t\t<B/></details>\r\n\t</request>\r\n</"
-        L"vltp>\r\n");
-}
 
 TEST(DocumentTest, IdentifiersAreFreshGuids)
 {

@@ -2,35 +2,12 @@
 
 #include "base/installation.h"
 #include "base/text.h"
-#include "base/windows_api.h"
+#include "support/installation.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
 namespace voltaro {
 namespace {
-
-// An installation whose host configuration holds these bytes; none when null.
-class Installation {
-public:
-    explicit Installation(const char* configuration)
-    {
-        wchar_t folder[MAX_PATH] = {};
-        GetTempPathW(MAX_PATH, folder);
-        const std::wstring root = std::wstring(folder) + L"voltaro_conf\\";
-        CreateDirectoryW(root.c_str(), nullptr);
-        CreateDirectoryW((root + L"conf").c_str(), nullptr);
-        const std::wstring path = root + L"conf\\hconfig.xml";
-        DeleteFileW(path.c_str());
-        if (configuration) {
-            std::FILE* file = _wfopen(path.c_str(), L"wb");
-            std::fputs(configuration, file);
-            std::fclose(file);
-        }
-        SetEnvironmentVariableW(L"VOLTARO_HOME", root.c_str());
-    }
-};
 
 TEST(HostConfigTest, ChoosesTheElementsByPosition)
 {
@@ -55,7 +32,7 @@ TEST(HostConfigTest, ChoosesTheElementsByPosition)
         {"\xFF\xFE<\0!\0", L"", L""},
     };
     for (const auto& row : kCases) {
-        const Installation installation(row.configuration);
+        Install(L"voltaro_conf", row.configuration);
         HostConfigText port;
         HostConfigText second;
         EXPECT_TRUE(TcpPortGetter(port, second));

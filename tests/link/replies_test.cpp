@@ -60,15 +60,6 @@ TEST(RepliesTest, PoliciesKeepEveryRuleAndItsTextsByNumber)
     EXPECT_FALSE(ReadPolicy(Texts(L"details", {})));
 }
 
-TEST(RepliesTest, BatteryFieldsHaveTheirPlaces)
-{
-    const BatteryInfo battery = ReadBattery(Texts(L"response", {L"On AC", L"Charging", L"87 %", L"1 Hr", L"LION"}));
-    EXPECT_EQ(battery.PowerSource(), L"On AC");
-    EXPECT_EQ(battery.Charge(), L"87 %");
-    EXPECT_EQ(battery.rows.size(), 5U);
-    EXPECT_EQ(ReadBattery(Texts(L"response", {})).Status(), L"");
-}
-
 TEST(SystemDetailsTest, GroupsEndInASeparatorRow)
 {
     const Element adapter = Texts(L"Adapter", {L"1", L"2", L"3"});

@@ -6,13 +6,8 @@
 #include "link/frame.h"
 #include "link/requests.h"
 #include "simulator/server.h"
-#include "support/test_window.h"
-#include "ui/ui_thread.h"
 
 #include <gtest/gtest.h>
-
-#include <atomic>
-#include <thread>
 
 namespace voltaro {
 namespace {
@@ -121,27 +116,12 @@ TEST(TransportTest, EndsWithItsThread)
     threadWait = WaitPlainly;
 }
 
-TEST(TransportTest, TheFrameOnTheWire)
-{
-    AgentServer agent;
-    ASSERT_TRUE(agent.Start());
-    FieldText response;
-    const std::wstring request = StatusRequest();
-    EXPECT_EQ(ServiceRequest(Member::StatusCheck, request.c_str(), response, agent.Port()), Outcome::Answered);
-    const auto received = agent.Requests();
-    ASSERT_EQ(received.size(), 1U);
-    EXPECT_EQ(received[0].text, request);
-    wchar_t digits[9] = {};
-    _snwprintf(digits, 9, L"%08d", static_cast<int>(request.size() * 2 + 18));
-    EXPECT_EQ(received[0].header, digits);
-}
-
 // The platform's own counter is always 0 under Wine, so every handle answers for itself.
 int OpenHandles()
 {
     int count = 0;
     DWORD flags = 0;
-    for (ULONG_PTR handle = 4; handle < 0x10000; handle += 4)
+    for (ULONG_PTR handle = 4; handle < 0x2000; handle += 4)
         count += GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags);
     return count;
 }
@@ -158,43 +138,11 @@ TEST(TransportTest, KeepsHandles)
         return OpenHandles();
     };
     const int before = handlesAfter(20, Outcome::Answered);
-    EXPECT_LE(handlesAfter(1000, Outcome::Answered), before + 10); // the simulator's own threads come and go
+    EXPECT_LE(handlesAfter(200, Outcome::Answered), before + 10); // the simulator's own threads come and go
     agent.SetFault(kOperation, {FaultKind::CloseAtOnce, {}});
-    EXPECT_LE(handlesAfter(200, Outcome::ClosedByAgent), before + 10); // the one failure that closes its socket
+    EXPECT_LE(handlesAfter(100, Outcome::ClosedByAgent), before + 10); // the one failure that closes its socket
     agent.SetFault(kOperation, {FaultKind::HugeLength, {}});
-    EXPECT_LE(handlesAfter(1000, Outcome::Damaged), before + 1020); // any other leaves its socket, and nothing else
-}
-
-TEST(TransportTest, WindowsStayAliveWhileARequestHangs)
-{
-    AllowWaits();
-    AgentServer agent;
-    ASSERT_TRUE(agent.Start());
-    agent.ScriptReply(kOperation, std::wstring(250, L'x'));
-    const Fault hanging[] = {{FaultKind::Late, L"2000"}, {FaultKind::ByteByByte, L"1"}};
-    for (const Fault& fault : hanging) {
-        agent.SetFault(kOperation, fault);
-        AdoptUiThread();
-        const TestWindow window;
-        std::atomic<bool> done = false;
-        int probes = 0;
-        int answered = 0;
-        std::thread prober([&] {
-            for (Sleep(60); !done && probes < 20; Sleep(40)) {
-                DWORD_PTR result = 0;
-                ++probes;
-                answered += SendMessageTimeoutW(window.Get(), WM_NULL, 0, 0, SMTO_NORMAL, 50, &result) != 0 ? 1 : 0;
-            }
-        });
-        FieldText response;
-        EXPECT_EQ(
-            ServiceRequest(Member::StatusCheck, StatusRequest().c_str(), response, agent.Port()), Outcome::Answered);
-        done = true;
-        prober.join();
-        threadWait = WaitPlainly;
-        EXPECT_GE(probes, 10);
-        EXPECT_GE(answered, probes - 1) << "the last one may come after the answer";
-    }
+    EXPECT_LE(handlesAfter(100, Outcome::Damaged), before + 120); // any other leaves its socket, and nothing else
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "power/power_program.h"
 #include "resources/resource_ids.h"
 #include "ui/file_dialog.h"
-#include "ui/list_view.h"
 
 namespace voltaro {
 namespace {
@@ -13,11 +12,6 @@ constexpr WindowId kStrip = WindowId::SchemeProcessor;
 HWND List()
 {
     return ControlOf(WindowOf(kPolicy), kRuleList);
-}
-
-void Click(WindowId window, int id)
-{
-    SendMessageW(ControlOf(WindowOf(window), id), BM_CLICK, 0, 0);
 }
 
 void AddRule(PowerProgram& program, std::wstring_view name, std::wstring_view description = {})
@@ -54,7 +48,7 @@ TEST(PolicyWindow, SendsANewPolicyAndShowsItInTheEditor)
     program.Command(kPolicy, kAddRule);
     program.Type(kRule, kRuleName, L"Chess.exe");
     program.Type(kRule, kRuleDescription, L"Tea & thought");
-    SendMessageW(ControlOf(WindowOf(kRule), kFirstRuleCheck + 3), BM_CLICK, 0, 0); // lock screen
+    program.Click(kRule, kFirstRuleCheck + 3); // lock screen
     program.Command(kRule, kSaveRule);
     program.Agent().ClearRequests();
     program.Command(kPolicy, kSavePolicy);
@@ -93,7 +87,7 @@ TEST(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     EXPECT_TRUE(program.IsOpen(kRule));
     EXPECT_EQ(TextOf(WindowOf(kRule), kModifiedName), L"MeetingRoom.exe");
     program.Type(kRule, kRuleDescription, L"Calls");
-    SendMessageW(ControlOf(WindowOf(kRule), kFirstRuleCheck), BM_CLICK, 0, 0);
+    program.Click(kRule, kFirstRuleCheck);
     program.Command(kRule, kSaveRule); // its own name is no obstacle
     EXPECT_EQ(RowOf(1),
         (Names{L"MeetingRoom.exe", L"Calls", L"Disabled", L"No", L"No", L"No", L"yes", L"No", L"No", L"No", L"No"}));
@@ -132,7 +126,7 @@ TEST(PolicyWindow, AnswersDecideWhatIsShownAndReadAgain)
 {
     PowerProgram program;
     const auto expectAnswers = [&](const wchar_t* operation, const ExpectedBox& failed, auto open) {
-        ExpectAnswers(program, {operation, nullptr, failed, {L"GetPolicies"}}, [&] {
+        program.ExpectAnswers({operation, nullptr, failed, {L"GetPolicies"}}, [&] {
             if (!program.IsOpen(kPolicy))
                 open();
             program.Agent().ClearRequests();
@@ -182,7 +176,7 @@ TEST(PolicyWindow, MoreRulesAndLongerTextsThanAllowedAreShownAndKept)
     AddRule(program, L"Last.exe", std::wstring(1000, L'd'));
     SelectRow(List(), 1);
     program.Command(kPolicy, kModifyRule);
-    Click(kRule, kFirstRuleCheck);
+    program.Click(kRule, kFirstRuleCheck);
     program.Command(kRule, kSaveRule);
     program.Command(kPolicy, kSavePolicy);
     const std::vector<Element> saved = program.Machine().policies[0].children;

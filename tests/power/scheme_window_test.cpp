@@ -6,8 +6,6 @@
 #include "ui/tabs.h"
 #include "ui/tooltip.h"
 
-#include <algorithm>
-
 namespace voltaro {
 namespace {
 
@@ -23,7 +21,7 @@ HWND In(WindowId window, int id)
 
 bool IsShown(int id)
 {
-    return (GetWindowLongW(In(kEditor, id), GWL_STYLE) & WS_VISIBLE) != 0;
+    return voltaro::IsShown(In(kEditor, id));
 }
 
 std::wstring ShownIn(WindowId window, int id)
@@ -58,11 +56,6 @@ bool IsATipShown()
     return tip != nullptr;
 }
 
-void Click(WindowId window, int id)
-{
-    SendMessageW(In(window, id), BM_CLICK, 0, 0);
-}
-
 // A value of a scheme as the agent holds it.
 std::wstring Held(PowerProgram& program, const wchar_t* scheme, const wchar_t* element)
 {
@@ -86,15 +79,15 @@ TEST(SchemeWindow, SendsWhatTheControlsShow)
     EXPECT_EQ(EntriesOf(kDisplayPage, kMonitorOff).front(), L"After 1 Hr");
     program.Choose(kDisplayPage, kMonitorOff, L"After 7 Hrs");
     program.Choose(kDisplayPage, kLock, L"After 1 Min");
-    Click(kDisplayPage, kScreenSaverOff);
+    program.Click(kDisplayPage, kScreenSaverOff);
     program.Choose(kPowerOffPage, kHardDisk, L"After 3 Mins");
     program.Choose(kPowerOffPage, kSchemeLogOff, L"After 13 Hrs");
     program.Choose(kPowerOffPage, kStandbyTime, L"After 14 Hrs");
     program.Choose(kPowerOffPage, kHibernateTime, L"After 15 Hrs");
-    Click(kPowerOffPage, kShutdownChoice);
+    program.Click(kPowerOffPage, kShutdownChoice);
     program.Choose(kPowerOffPage, kShutdownTime, L"After 5 Mins");
     for (const int check : {kResumePassword, kScript, kDownloads, kPrinter, kCpuLoadCheck})
-        Click(kPowerOffPage, check);
+        program.Click(kPowerOffPage, check);
     EXPECT_FALSE(IsWindowEnabled(In(kPowerOffPage, kCpuLoad)));
     program.Choose(kPowerOffPage, kCpuLoad, L"99"); // sent although its condition is off
     program.Choose(kStrip, kProcessorSpeed, L"Maximum");
@@ -118,6 +111,12 @@ TEST(SchemeWindow, SendsWhatTheControlsShow)
 
     program.Choose(kEditor, kEditorScheme, L"Night_shift");
     program.ExpectSent(L"QueryPowerScheme", L"<scheme>Night_shift</scheme>");
+    EXPECT_EQ(ShownIn(kDisplayPage, kMonitorOff) + ShownIn(kDisplayPage, kLock), L"After 7 HrsAfter 1 Min");
+    EXPECT_EQ(ShownIn(kPowerOffPage, kSchemeLogOff) + ShownIn(kPowerOffPage, kStandbyTime)
+            + ShownIn(kPowerOffPage, kHibernateTime) + ShownIn(kPowerOffPage, kShutdownTime),
+        L"After 13 HrsAfter 14 HrsAfter 15 HrsAfter 5 Mins");
+    EXPECT_EQ(SendMessageW(In(kDisplayPage, kWorkingBrightness), TBM_GETPOS, 0, 0), 8);
+    EXPECT_EQ(SendMessageW(In(kDisplayPage, kIdleBrightness), TBM_GETPOS, 0, 0), 1);
     program.Command(kEditor, kSaveAndApply);
     program.ExpectSent(L"ApplyPowerSettings", settings);
     EXPECT_EQ(SelectedText(WindowOf(WindowId::Main), 5001), L"Night_shift");
@@ -149,24 +148,24 @@ TEST(SchemeWindow, AnswersDecideWhatIsShownAndReadAgain)
 {
     PowerProgram program;
     const ExpectedBox notSaved = {L"Save failed", L"Failed to save settings."};
-    ExpectAnswers(program,
+    program.ExpectAnswers(
         {L"ApplyPowerSettings", nullptr, notSaved, kAfterSaving, {}, {L"Permission denied", L"Access denied."}},
         [&] { program.Command(kEditor, kSaveAndApply); });
-    ExpectAnswers(program,
+    program.ExpectAnswers(
         {L"ApplyPowerScheme", nullptr, {L"Set scheme failed ", L"Unable to Set."}, kCurrent, kCurrent}, // may be active
         [&] { program.Command(kEditor, kApplyScheme); });
-    ExpectAnswers(program, {L"CreateScheme", nullptr, notSaved, kReload}, [&] {
+    program.ExpectAnswers({L"CreateScheme", nullptr, notSaved, kReload}, [&] {
         program.Command(kEditor, kNewScheme);
         program.Type(kEditor, kNewSchemeName, L"Mine");
         program.Command(kEditor, kSaveNewScheme);
     });
-    ExpectAnswers(program,
+    program.ExpectAnswers(
         {L"DeleteScheme", L"Delete Scheme", {L"Delete failed ", L"Could not delete the scheme."}, kReload}, [&] {
             SelectExact(WindowOf(kEditor), kEditorScheme, L"Minimum");
             program.Command(kEditor, kDeleteScheme);
         });
     program.Choose(kStrip, kPolicyList, L"Presentations");
-    ExpectAnswers(program,
+    program.ExpectAnswers(
         {L"DeletePolicy", L"Delete Policy", {L"Delete failed ", L"Could not delete the policy."}, {L"GetPolicies"}},
         [&] { program.Command(kStrip, kDeletePolicy); });
 }
@@ -190,44 +189,6 @@ TEST(SchemeWindow, WhatIsActiveIsNotDeleted)
     program.Command(kStrip, kDeletePolicy);
     for (const std::wstring& operation : program.TakeOperations())
         EXPECT_TRUE(!operation.starts_with(L"Delete")) << operation;
-}
-
-TEST(SchemeWindow, EveryChoiceComesBackFromTheAgent)
-{
-    // The second stage of a pair follows its first: its list starts one step later with each round. In round 15 the
-    // monitor is never turned off, and the lock has no choice.
-    constexpr struct {
-        WindowId page;
-        int control, whole; // the size of its whole list
-        bool follows = false;
-    } kRows[] = {{kDisplayPage, kDim, 16}, {kDisplayPage, kMonitorOff, 16, true}, {kDisplayPage, kLock, 10},
-        {kPowerOffPage, kHardDisk, 14}, {kPowerOffPage, kSchemeLogOff, 22}, {kPowerOffPage, kStandbyTime, 22},
-        {kPowerOffPage, kHibernateTime, 22, true}, {kPowerOffPage, kShutdownTime, 22}, {kStrip, kProcessorSpeed, 3}};
-    PowerProgram program;
-    for (int round = 0; round < 22; ++round) {
-        SCOPED_TRACE(round);
-        Names texts;
-        for (const auto& row : kRows) {
-            const int at = round % row.whole, cut = row.follows && at + 1 < row.whole ? at : 0;
-            const int count = ComboBox_GetCount(In(row.page, row.control));
-            EXPECT_TRUE(count == row.whole - cut || (row.control == kLock && round == 15)) << row.control;
-            SelectIndex(WindowOf(row.page), row.control, std::min(at - cut, count - 1));
-            program.Command(row.page, row.control, CBN_SELCHANGE);
-            texts.push_back(ShownIn(row.page, row.control));
-        }
-        const std::wstring load = std::to_wstring(round * 99 / 21);
-        program.Choose(kPowerOffPage, kCpuLoad, load);
-        Slide(kWorkingBrightness, round % 9);
-        Slide(kIdleBrightness, 8 - round % 9);
-        program.Command(kEditor, kSaveAndApply);
-        for (std::size_t i = 0; i < std::size(kRows); ++i)
-            EXPECT_EQ(ShownIn(kRows[i].page, kRows[i].control), texts[i]);
-        EXPECT_EQ(ShownIn(kPowerOffPage, kCpuLoad), load);
-        EXPECT_EQ(SendMessageW(In(kDisplayPage, kWorkingBrightness), TBM_GETPOS, 0, 0), round % 9);
-        EXPECT_EQ(SendMessageW(In(kDisplayPage, kIdleBrightness), TBM_GETPOS, 0, 0), 8 - round % 9);
-    }
-    program.Choose(kDisplayPage, kMonitorOff, L"Never");
-    EXPECT_EQ(EntriesOf(kDisplayPage, kLock), Names{L"Never"});
 }
 
 TEST(SchemeWindow, AMachineThatCannotSleepShowsDisabled)
@@ -323,6 +284,8 @@ TEST(SchemeWindow, ModesAndTheWaysOut)
     Press(VK_TAB, VK_CONTROL);
     EXPECT_EQ(SelectedTab(In(kEditor, kSchemeTab)), 1);
     EXPECT_TRUE(program.IsOpen(kPowerOffPage) && !program.IsOpen(kDisplayPage));
+    ClickTab(In(kEditor, kSchemeTab), 0);
+    EXPECT_TRUE(program.IsOpen(kDisplayPage) && !program.IsOpen(kPowerOffPage));
     program.Choose(kDisplayPage, kDim, L"After 20 Mins");
     program.Command(kEditor, kNewScheme);
     EXPECT_TRUE(IsShown(kNewSchemeName) && IsShown(kSaveNewScheme));
@@ -369,7 +332,7 @@ TEST(SchemeWindow, RefreshesInTheBackground)
     EXPECT_EQ(program.TakeOperations(), kReload);
     EXPECT_EQ(ShownIn(kDisplayPage, kDim), L"After 5 Mins");
     program.boxes.Expect({{L"Connection Issue", L"is not responding"}});
-    program.Agent().SetFault(L"GetPolicies", {simulator::FaultKind::CloseAtOnce, {}});
+    program.Agent().SetFault(L"GetPolicies", {FaultKind::CloseAtOnce, {}});
     program.Choose(kDisplayPage, kDim, L"After 20 Mins");
     refresh();
     EXPECT_EQ(ShownIn(kDisplayPage, kDim), L"After 20 Mins");

@@ -50,23 +50,12 @@ TEST(TimeoutsTest, EveryChoiceOfEveryListBothWays)
 
 TEST(TimeoutsTest, NumbersThatNoChoiceHas)
 {
-    const struct {
-        Choices choices;
-        const wchar_t* stored;
-        const wchar_t* shown;
-    } kRows[] = {
-        {kDimChoices, L"1", L"After 2 Mins"},
-        {kDimChoices, L"4", L"After 5 Mins"},
-        {kDimChoices, L"90", L"After 2 Hrs"},
-        {kDimChoices, L"361", L"Never"},
-        {kLockChoices, L"45", L"Never"},
-        {kHibernateChoices, L"005", L"After 10 Mins"},
-        {kBrightnessSteps, L"120", L"128"},
-        {kBrightnessSteps, L"255", L"128"},
-        {kCpuLoads, L"150", L"99"},
-    };
-    for (const auto& row : kRows)
-        EXPECT_STREQ(ShownText(row.choices, row.stored), row.shown);
+    const std::tuple<Choices, const wchar_t*, const wchar_t*> kRows[] = {{kDimChoices, L"1", L"After 2 Mins"},
+        {kDimChoices, L"4", L"After 5 Mins"}, {kDimChoices, L"90", L"After 2 Hrs"}, {kDimChoices, L"361", L"Never"},
+        {kLockChoices, L"45", L"Never"}, {kHibernateChoices, L"005", L"After 10 Mins"},
+        {kBrightnessSteps, L"120", L"128"}, {kBrightnessSteps, L"255", L"128"}, {kCpuLoads, L"150", L"99"}};
+    for (const auto& [choices, stored, shown] : kRows)
+        EXPECT_STREQ(ShownText(choices, stored), shown);
 }
 
 TEST(SchemeFormTest, WhatIsStoredForWhatIsShown)
@@ -95,36 +84,30 @@ TEST(SchemeFormTest, WhatIsStoredForWhatIsShown)
 
 TEST(LevelsTest, BrightnessSteps)
 {
-    constexpr int kSteps[] = {0, 15, 30, 45, 60, 75, 90, 105, 128};
-    for (std::size_t i = 0; i < std::size(kSteps); ++i)
-        EXPECT_EQ(ShownChoice(kBrightnessSteps, kSteps[i]), i);
+    for (std::size_t i = 0; const int step : {0, 15, 30, 45, 60, 75, 90, 105, 128})
+        EXPECT_EQ(ShownChoice(kBrightnessSteps, step), i++);
 }
 
 TEST(LinkedListsTest, WhatTheSecondListHoldsAndSelects)
 {
-    const struct {
-        ComboList list;
-        std::size_t size;
-        const wchar_t* first;
-        std::size_t selected;
-    } kRows[] = {
-        {MonitorOffList(L"After 45 Mins", L"After 3 Mins"), 8, L"After 1 Hr", 0},
-        {MonitorOffList(L"After 10 Mins", L"After 45 Mins"), 13, L"After 15 Mins", 4},
-        {MonitorOffList(L"Never", L"After 10 Mins"), 16, L"After 3 Mins", 2},
-        {HibernateList(true, L"After 10 Mins", L"After 20 Mins"), 21, L"After 15 Mins", 1},
-        {LockList(L"Never", L"After 5 Mins"), 1, L"Never", 0},
-        {LockList(L"After 7 Hrs", L"After 5 Mins"), 10, L"After 1 Min", 3},
-        {StandbyList(true, L"After 10 Mins"), 22, L"After 5 Mins", 1},
-        {StandbyList(false, L"After 10 Mins"), 1, L"Disabled", 0},
-        {HibernateList(false, L"After 10 Mins", L"Never"), 1, L"Disabled", 0},
-        {HibernateList(true, L"Disabled", L"After 20 Mins"), 22, L"After 10 Mins", 2},
-        {HibernateList(true, L"Never", L"Disabled"), 22, L"After 10 Mins", 0},
-        {HibernateList(true, L"After 14 Hrs", L"Never"), 2, L"After 15 Hrs", 1},
-    };
-    for (const auto& row : kRows) {
-        EXPECT_EQ(row.list.choices.size(), row.size);
-        EXPECT_STREQ(row.list.choices[0].text, row.first);
-        EXPECT_EQ(row.list.selected, row.selected);
+    // The list, how many choices it has, the first and which one is selected.
+    const std::tuple<ComboList, std::size_t, const wchar_t*, std::size_t> kRows[]
+        = {{MonitorOffList(L"After 45 Mins", L"After 3 Mins"), 8, L"After 1 Hr", 0},
+            {MonitorOffList(L"After 10 Mins", L"After 45 Mins"), 13, L"After 15 Mins", 4},
+            {MonitorOffList(L"Never", L"After 10 Mins"), 16, L"After 3 Mins", 2},
+            {HibernateList(true, L"After 10 Mins", L"After 20 Mins"), 21, L"After 15 Mins", 1},
+            {LockList(L"Never", L"After 5 Mins"), 1, L"Never", 0},
+            {LockList(L"After 7 Hrs", L"After 5 Mins"), 10, L"After 1 Min", 3},
+            {StandbyList(true, L"After 10 Mins"), 22, L"After 5 Mins", 1},
+            {StandbyList(false, L"After 10 Mins"), 1, L"Disabled", 0},
+            {HibernateList(false, L"After 10 Mins", L"Never"), 1, L"Disabled", 0},
+            {HibernateList(true, L"Disabled", L"After 20 Mins"), 22, L"After 10 Mins", 2},
+            {HibernateList(true, L"Never", L"Disabled"), 22, L"After 10 Mins", 0},
+            {HibernateList(true, L"After 14 Hrs", L"Never"), 2, L"After 15 Hrs", 1}};
+    for (const auto& [list, size, first, selected] : kRows) {
+        EXPECT_EQ(list.choices.size(), size);
+        EXPECT_STREQ(list.choices[0].text, first);
+        EXPECT_EQ(list.selected, selected);
     }
 }
 

@@ -122,19 +122,25 @@ TEST_F(ConsoleTest, ClosesByItselfWhenTheQuestionIsNotAnswered)
 
 TEST_F(ConsoleTest, StaysAliveAndEndsWithTheSessionDuringAHungRequest)
 {
-    const Console console;
-    ASSERT_TRUE(WaitFor(IsConnected, 20'000));
-    HangIn(kRefresh, L"GetPowerSchemes");
-    int answered = 0;
-    for (int i = 0; i < 20; ++i) {
-        answered += SendMessageTimeoutW(MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 50, nullptr) != 0 ? 1 : 0;
-        Sleep(20);
+    const std::tuple<int, const wchar_t*, LPARAM> kRows[]
+        = {{kRefresh, L"GetPowerSchemes", static_cast<LPARAM>(ENDSESSION_LOGOFF)},
+            {kUpdate, L"CheckForUpdates", ENDSESSION_CLOSEAPP}};
+    for (const auto& [command, operation, reason] : kRows) {
+        agent.ClearFaults();
+        const Console console;
+        ASSERT_TRUE(WaitFor(IsConnected, 20'000));
+        HangIn(command, operation);
+        int answered = 0;
+        for (int i = 0; i < 20; ++i) {
+            answered += SendMessageTimeoutW(MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 50, nullptr) != 0 ? 1 : 0;
+            Sleep(20);
+        }
+        EXPECT_EQ(answered, 20);
+        for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION})
+            SendMessageTimeoutW(MainWindow(), message, TRUE, reason, SMTO_NORMAL, 2'000, nullptr);
+        EXPECT_EQ(console.ExitCode(2'000), 0);
+        ExpectNoIcon();
     }
-    EXPECT_EQ(answered, 20);
-    SendMessageTimeoutW(
-        MainWindow(), WM_QUERYENDSESSION, 0, static_cast<LPARAM>(ENDSESSION_LOGOFF), SMTO_NORMAL, 2'000, nullptr);
-    EXPECT_EQ(console.ExitCode(2'000), 0);
-    ExpectNoIcon();
 }
 
 TEST_F(ConsoleTest, ClosesDuringAnUpdateCheck)
@@ -146,17 +152,6 @@ TEST_F(ConsoleTest, ClosesDuringAnUpdateCheck)
     HWND box = nullptr;
     ASSERT_TRUE(WaitFor([&] { return (box = FindWindowW(L"#32770", L"Close Voltaro Console ?")) != nullptr; }, 3'000));
     PostMessageW(box, WM_COMMAND, IDYES, 0);
-    EXPECT_EQ(console.ExitCode(2'000), 0);
-    ExpectNoIcon();
-}
-
-TEST_F(ConsoleTest, EndsWithTheSessionDuringAnUpdateCheck)
-{
-    const Console console;
-    ASSERT_TRUE(WaitFor(IsConnected, 20'000));
-    HangIn(kUpdate, L"CheckForUpdates");
-    for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION})
-        SendMessageTimeoutW(MainWindow(), message, TRUE, ENDSESSION_CLOSEAPP, SMTO_NORMAL, 2'000, nullptr);
     EXPECT_EQ(console.ExitCode(2'000), 0);
     ExpectNoIcon();
 }

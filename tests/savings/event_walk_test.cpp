@@ -6,8 +6,6 @@
 
 #include <array>
 #include <bit>
-#include <numeric>
-#include <random>
 #include <string>
 
 namespace voltaro {
@@ -159,45 +157,6 @@ TEST(EventLinesTest, CutsLinesAndReadsPowerFigures)
              {L"Pwrcon # +2.", 2}, {L"Pwrcon # -1.5e1", -15}, {L"Pwrcon # 1e999", kLargest}, {L"Pwrcon # -1e-999", 0},
              {L"Pwrcon # nan", 0}, {L"Pwrcon # +-1", 0}, {L"Pwrcon 5", 0}, {L"Pwrconx # 5", 0}})
         EXPECT_EQ(ScanPowerLine(line).kilowattHours, figure) << line;
-}
-
-// A line of any code at any time, perhaps damaged.
-std::wstring RandomLine(std::mt19937& random)
-{
-    constexpr std::wstring_view kCodes = L"IstimeIetimeDstimeDetimeMstimeMetimeQstimeQetimeSbtimeSetimeDuratnHstime"
-                                         L"HetimeQhtimeQHetmeQptimeQUptmeQAgtmeSdtimeSUptmeDuratnXxtime";
-    const auto number = [&random](unsigned below) { return std::to_wstring(random() % below); };
-    const std::wstring code(kCodes.substr(random() % 22 * 6, 6));
-    if (code == L"Duratn")
-        return code + L" # " + number(200);
-    return code + L" # 2024/05/" + number(40) + L" " + number(25) + L":" + number(61) + L":" + number(60);
-}
-
-TEST(EventWalkTest, WhatHoldsForEveryDay)
-{
-    std::mt19937 random(20240506);
-    std::vector<EventLine> pool(2000);
-    for (EventLine& line : pool)
-        line = RandomLine(random);
-    std::vector<EventLine> lines;
-    for (int i = 0; i < 100'000; ++i) {
-        lines.clear();
-        for (auto count = random() % 10; count > 0; --count)
-            lines.push_back(pool[random() % pool.size()]);
-        const LocalTime now = {2024, 5, static_cast<int>(random() % 31 + 1), static_cast<int>(random() % 24), 30, 15};
-        const bool isToday
-            = !lines.empty() && ScanTimeLine(lines[0]).stamp.day == now.day && ScanTimeLine(lines[0]).stamp.month == 5;
-        DayReport report;
-        ASSERT_TRUE(WalkDay(lines, now, report));
-        const auto& [d, h, consumed, saved] = report;
-        ASSERT_EQ(d.poweredOn + d.offTotal, isToday ? now.hour * 3600 + 1815 : 86400);
-        ASSERT_EQ(d.poweredOn, d.active + d.idleWithoutSavings + d.standby + d.monitorOff + d.dim);
-        ASSERT_TRUE(d.active == d.activeAgain && d.offTotal == d.hibernate + d.off);
-        for (const auto& [part, whole] : {std::pair(d.timedStandby, d.standby), {d.hibernateUponIdle, d.hibernate},
-                 {d.shutdown, d.off}, {0, d.dim}, {0, d.monitorOff}, {0, d.idleWithoutSavings}})
-            ASSERT_TRUE(part >= 0 && part <= whole);
-        ASSERT_EQ(std::accumulate(h.seconds.begin(), h.seconds.end(), std::int64_t{0}), h.totalSeconds);
-    }
 }
 
 } // namespace

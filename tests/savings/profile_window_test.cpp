@@ -4,21 +4,13 @@
 #include "savings/profile_record.h"
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
-#include "shell/main_commands.h"
 #include "simulator/xml.h"
-#include "support/box_script.h"
 #include "support/program.h"
-#include "ui/controls.h"
-#include "ui/list_view.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 // clang-format off
 enum Id : int { kSaved = 101, kInbuilt, kBranded, kOthers, kNote, kType, kSize, kMonitorOn, kMonitorOff, kCpuMax,
@@ -204,20 +196,22 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
 
 TEST_F(ProfileWindowTest, RefusalsOfTheAgentLeaveTheFieldsAsTheyAre)
 {
-    const std::tuple<const wchar_t*, simulator::Fault, ExpectedBox> kRows[]
-        = {{L"GetActivationstatus", {FaultKind::Status, L"Not Activated"}, {L"Unable to Set", L"is not activated"}},
-            {L"ApplyPowerConsumptionData", {FaultKind::Status, L"failure"}, {L"Error", L"Unable to Set"}},
-            {L"ApplyPowerConsumptionData", {FaultKind::CloseAtOnce, {}}, {L"Connection Issue", L""}}};
+    constexpr const wchar_t* kCaption = L"Power Consumption Settings";
     Open();
-    Click(kEdit);
-    ClickRadio(kBranded);
-    for (const auto& [operation, fault, box] : kRows) {
-        m_program.Agent().SetFault(operation, fault);
-        const BoxScript boxes{box};
+    m_program.TakeOperations();
+    const Change change = {.operation = L"ApplyPowerConsumptionData",
+        .question = nullptr,
+        .failed = {L"Error", L"Unable to Set"},
+        .readAfterSuccess = {L"GetCurrentPowerConsumptionData"},
+        .done = {kCaption, {}},
+        .unlicensed = L"Unable to Set"};
+    m_program.ExpectAnswers(change, [&] {
+        if (!IsOn(kSave))
+            Click(kEdit);
+        ClickRadio(kBranded);
         Click(kSave);
-        EXPECT_TRUE(IsOn(kSave) && IsChecked(m_window, kBranded));
-        m_program.Agent().ClearFaults();
-    }
+        EXPECT_TRUE(!IsOn(kSave) || IsChecked(m_window, kBranded));
+    });
 }
 
 } // namespace

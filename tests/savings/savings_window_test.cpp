@@ -3,23 +3,13 @@
 
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
-#include "shell/main_commands.h"
-#include "support/box_script.h"
-#include "support/labelled.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
-#include "ui/list_view.h"
 #include "ui/waiting.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 constexpr int kPicker = 101;
 const Operations kOneDay = {L"GetActivationstatus", L"GetVLTEvents"};

@@ -1,5 +1,6 @@
 #include "scheduler/job_editor_window.h"
 
+#include "base/text.h"
 #include "scheduler/scheduler_program.h"
 #include "support/element_line.h"
 #include "ui/file_dialog.h"
@@ -26,7 +27,7 @@ TEST(JobEditorWindowTest, RefusesWhatIsWrong)
     program.Do({{kList, L"Add Job.."}});
     expectRefused({kEditor, L"Job Name :", L"nightly BACKUP"}, L"Save",
         {L"Job with name already in the list ", L"Job with name ' nightly BACKUP ' already exists"});
-    TurnTo(Tabs(), 1);
+    ClickTab(Tabs(), 1);
     program.AddTask(L"C:\\a.exe");
     expectRefused({kTasks, L".exe/.bat File Path :", L"C:\\A.EXE"}, L"Add Task",
         {L"Application exe already in the list ", L"Application ' C:\\A.EXE ' already exists"});
@@ -134,19 +135,15 @@ TEST(JobEditorWindowTest, KeepsWhatNoChoiceHas)
     SchedulerProgram program;
     program.Do({{kList, L"Cancel"}});
     const std::wstring longText(300, L'x');
-    program.Agent().ScriptReply(L"GetCurrentSchedulerSettings",
-        L"<vltp><response><details><Job_1><Name>Odd</Name><Description>" + longText
-            + L"</Description><EnabledFlag>on</EnabledFlag><Schedule_1>"
-              L"<StartTime>1:02:3</StartTime><StartDate>5</StartDate><EndDate>31</"
-              L"EndDate><Frequency_1><JobStart>Monthly"
-              L"</JobStart><Jan>Yes</Jan></Frequency_1></Schedule_1><Action_1><ApplyScheme>Gone</"
-              L"ApplyScheme><PowerOff_1>"
-              L"<type>Restart</type><idlefor>07</idlefor><AppSensor>Yes</AppSensor></"
-              L"PowerOff_1><RunTask_1><APP_11><Path>"
-            + longText
-            + L".exe</Path><Parameters/><RDelay>045</RDelay><REndTime>late</REndTime></APP_11></RunTask_1></Action_1></"
-              L"Job_1>"
-              L"</details></response></vltp>");
+    program.AnswerWith(L"GetCurrentSchedulerSettings",
+        Replaced(
+            L"<vltp><response><details><Job_1><Name>Odd</Name><Description>*</Description><EnabledFlag>on</EnabledFlag>"
+            L"<Schedule_1><StartTime>1:02:3</StartTime><StartDate>5</StartDate><EndDate>31</EndDate><Frequency_1>"
+            L"<JobStart>Monthly</JobStart><Jan>Yes</Jan></Frequency_1></Schedule_1><Action_1><ApplyScheme>Gone"
+            L"</ApplyScheme><PowerOff_1><type>Restart</type><idlefor>07</idlefor><AppSensor>Yes</AppSensor>"
+            L"</PowerOff_1><RunTask_1><APP_11><Path>*.exe</Path><Parameters/><RDelay>045</RDelay><REndTime>late"
+            L"</REndTime></APP_11></RunTask_1></Action_1></Job_1></details></response></vltp>",
+            L"*", longText));
     program.Open();
     EXPECT_EQ(program.Row(program.Jobs(), 0), L"Odd\t" + longText + L"\t1:02:3\tMonthly\t1\tRestart\t10 Mins");
     program.Edit(0);

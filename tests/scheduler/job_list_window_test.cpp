@@ -2,7 +2,6 @@
 #include "scheduler/job_list_window.h"
 
 #include "base/computer_name.h"
-#include "base/platform_calls.h"
 #include "console/help.h"
 #include "scheduler/scheduler_program.h"
 #include "support/element_line.h"
@@ -99,9 +98,8 @@ TEST(JobListWindowTest, WhatIsNotStoredIsKept)
             EXPECT_EQ(JobNames(program, false), L"Morning wake up,Nightly backup,Quarter closing,Kept");
             EXPECT_TRUE(program.IsOpen(kList));
         };
-        for (const wchar_t* status : {L"<status>failure</status>", L"<status>Permission denied</status>", L""}) {
-            program.Agent().ScriptReply(
-                L"ApplySchedulerSettings", std::wstring(L"<vltp><response>") + status + L"</response></vltp>");
+        for (const wchar_t* status : {L"failure", L"Permission denied", kNoStatus}) {
+            program.AnswerWith(L"ApplySchedulerSettings", status);
             expectKept({L"Save failed", L"Unable to save the scheduled jobs."});
         }
         program.Agent().ClearScripts();
@@ -120,22 +118,15 @@ TEST(JobListWindowTest, WhatIsNotStoredIsKept)
 // An answer without a list opens nothing: an empty list on the screen would be stored with the next job.
 TEST(JobListWindowTest, OddAnswers)
 {
-    using F = simulator::FaultKind;
-    constexpr wchar_t kBad[] = L"Job Scheduler", kLost[] = L"Connection Issue";
-    const std::pair<F, const wchar_t*> kRows[]
-        = {{F::None, nullptr}, {F::NotWellFormed, kBad}, {F::Doctype, kBad}, {F::Status, kBad},
-            {F::ManyElements, kLost}, {F::Silent, kLost}, {F::CloseMidFrame, kLost}, {F::HugeLength, kLost}};
     SchedulerProgram program;
-    for (const auto& [kind, box] : kRows) {
+    for (const auto& [answer, box] :
+        {std::pair(kMalformed, L"Job Scheduler"), {L"Failure", L"Job Scheduler"}, {kNoAnswer, L"Connection Issue"}}) {
         program.Do({{kList, L"Cancel"}});
-        if (box != nullptr)
-            program.boxes.Expect({{box, {}}});
-        connection.connected = true;
-        program.Agent().SetFault(L"GetCurrentSchedulerSettings", {kind, {}});
-        timing.transportSecond = kind == F::Silent ? 2 : 100; // nothing comes but the end of the wait
+        program.boxes.Expect({{box, {}}});
+        program.AnswerWith(L"GetCurrentSchedulerSettings", answer);
         program.Open();
         program.boxes.ExpectAllSeen();
-        EXPECT_EQ(program.IsOpen(kList), box == nullptr) << static_cast<int>(kind);
+        EXPECT_FALSE(program.IsOpen(kList));
     }
     program.Agent().ClearFaults();
     for (const wchar_t* answer : {L"<details/>", L"<status>Success</status>", L""}) {

@@ -1,5 +1,6 @@
 #include "scheduler/job_rules.h"
 
+#include "scheduler/job_texts.h"
 #include "support/refusals.h"
 
 namespace voltaro {
@@ -43,6 +44,81 @@ TEST(JobRulesTest, TaskPaths)
     EXPECT_EQ(CheckTaskPath(L"C:\\Tools\\clean.exe", job, EditMode::Update), nullptr);
 }
 // clang-format on
+
+TEST(JobChoicesTest, EveryChoiceBothWays)
+{
+    constexpr std::int32_t kIdleness[] = {2, 3, 4, 5, 10, 15, 20, 30, 45, 60, 120, 180, 240, 300, 360};
+    constexpr std::int32_t kRepeat[] = {5, 10, 15, 30, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720};
+    const auto check = [](Choices choices, std::span<const std::int32_t> minutes, const wchar_t* hour) {
+        ASSERT_EQ(choices.size(), minutes.size());
+        for (std::size_t i = 0; i < choices.size(); ++i) {
+            EXPECT_EQ(ShownChoice(choices, minutes[i]), i);
+            const bool hours = minutes[i] >= 60;
+            const std::wstring unit = !hours ? L" Mins" : minutes[i] == 60 ? hour : hour + std::wstring(L"s");
+            EXPECT_EQ(choices[i].text, std::to_wstring(hours ? minutes[i] / 60 : minutes[i]) + unit);
+        }
+    };
+    check(kIdlenessChoices, kIdleness, L" Hr");
+    check(kRepeatChoices, kRepeat, L" Hour");
+}
+
+TEST(JobTextsTest, TimesAndDates)
+{
+    EXPECT_EQ(TimeText(std::chrono::hours(8) + std::chrono::minutes(5)) + L" " + DateText(DateOf({2024, 2, 29})),
+        L"08:05:00 2024-02-29");
+    EXPECT_TRUE(ParseTime(L"08:05:09") == std::chrono::seconds(8 * 3600 + 5 * 60 + 9));
+    EXPECT_TRUE(ParseDate(L"2024-02-29") == DateOf({2024, 2, 29}));
+    for (const wchar_t* text :
+        {L"", L"08:05", L"24:00:00", L"08:60:00", L"08:05:60", L"08:05:00:00", L"-1:05:00", L"::", L"99999999999:0:0"})
+        EXPECT_FALSE(ParseTime(text)) << text;
+    for (const wchar_t* text : {L"NULL", L"2023-02-29", L"2024-13-01", L"2024-00-10", L"2024-04-31", L"2024-04-0"})
+        EXPECT_FALSE(ParseDate(text)) << text;
+}
+
+// Asked on Wednesday the 28th of February 2024 at noon.
+TEST(JobTextsTest, NextRuns)
+{
+    using K = ScheduleKind;
+    constexpr wchar_t kNever[] = L"This job does not run again.", kUnknown[] = L"The next run is not known.";
+    const struct {
+        K kind;
+        const wchar_t *startTime, *date; // OnDate; "first-last" for Monthly
+        std::vector<std::size_t> chosen; // week days, Sunday 0; months, January 0
+        const wchar_t* text;             // "*" for "Next run: "
+    } kRows[] = {
+        // clang-format off
+        {K::Daily, L"12:00:01", L"", {}, L"*today at 12:00:01"},
+        {K::Daily, L"12:00:00", L"", {}, L"*tomorrow at 12:00:00"},
+        {K::Daily, L"", L"", {}, kUnknown}, {K::OnDate, L"13:00:00", L"2024-02-28", {}, L"*today at 13:00:00"},
+        {K::OnDate, L"11:00:00", L"2024-02-28", {}, kNever}, {K::OnDate, L"11:00:00", L"2023-12-31", {}, kNever},
+        {K::OnDate, L"11:00:00", L"2055-01-01", {}, L"*Friday, 2055-01-01 at 11:00:00"},
+        {K::OnDate, L"11:00:00", L"garbage", {}, kUnknown}, {K::Weekly, L"11:00:00", L"", {}, kNever},
+        {K::Weekly, L"11:00:00", L"", {3}, L"*Wednesday, 2024-03-06 at 11:00:00"},
+        {K::Weekly, L"11:00:00", L"", {0, 5}, L"*Friday, 2024-03-01 at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"01-31", {1}, L"*tomorrow at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"01-28", {1}, L"*Saturday, 2025-02-01 at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"31-31", {3, 4}, L"*Friday, 2024-05-31 at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"30-31", {1}, kNever}, {K::Monthly, L"11:00:00", L"20-10", {0}, kUnknown},
+        // clang-format on
+    };
+    for (const auto& row : kRows) {
+        ScheduledJob job;
+        job.enabled = true;
+        job.kind = row.kind;
+        job.startTime = row.startTime;
+        job.startDate = row.date;
+        if (row.kind == K::Monthly) {
+            job.startDate = std::wstring_view(row.date).substr(0, 2);
+            job.endDate = std::wstring_view(row.date).substr(3);
+        }
+        for (const std::size_t i : row.chosen)
+            (row.kind == K::Weekly ? job.weekDays[i] : job.months[i]) = true;
+        const std::wstring text = row.text[0] == L'*' ? L"Next run: " + std::wstring(row.text + 1) : row.text;
+        EXPECT_EQ(NextRunText(job, {2024, 2, 28, 12}), text) << row.date;
+        job.enabled = false;
+        EXPECT_EQ(NextRunText(job, {2024, 2, 28, 12}), L"This job is not enabled and does not run.");
+    }
+}
 
 } // namespace
 } // namespace voltaro

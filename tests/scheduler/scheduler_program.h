@@ -1,12 +1,7 @@
 #pragma once
 
 #include "scheduler/job_controls.h"
-#include "shell/main_commands.h"
-#include "support/box_script.h"
-#include "support/labelled.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/list_view.h"
 
 namespace voltaro {
 

@@ -1,22 +1,13 @@
 #include "base/text.h"
-#include "console/windows.h"
 #include "settings/settings_rules.h"
-#include "shell/main_commands.h"
 #include "simulator/xml.h"
-#include "support/box_script.h"
-#include "support/labelled.h"
 #include "support/program.h"
-#include "ui/controls.h"
 #include "ui/navigation.h"
-
-#include <gtest/gtest.h>
 
 #include <functional>
 
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 // The windows that edit a record, and what they say.
 struct Editor {
@@ -57,14 +48,9 @@ protected:
         const BoxScript boxes{box};
         m_program.Command(m_editor->window, IdOf(m_editor->button));
     }
-    // The platform's document writes each line end of the text as CR LF. "|" stands for the start of a detail's line.
     void ExpectSent(const std::wstring& details)
     {
-        const std::wstring expected = std::wstring(L"<?xml version='1.0'?>\n<vltp version=\"1.0\">\n\t<request>"
-                                                   L"\n\t\t<MessageId>{ID}</MessageId>\n\t\t<operation>")
-            + m_editor->apply + L"</operation>\n\t\t<details>" + Replaced(details, L"|", L"\n\t\t\t")
-            + L"</details>\n\t</request>\n</vltp>\n";
-        EXPECT_EQ(m_program.LastRequest(m_editor->apply), Replaced(expected, L"\n", L"\r\n"));
+        m_program.ExpectSent(m_editor->apply, L"<details>" + details + L"</details>");
     }
 
     // The record as the agent sends it and gets it back when nobody edits it.
@@ -138,6 +124,9 @@ TEST_F(RecordWindows, ProxyTravelsWholeAndItsFieldsFollowTheirSwitches)
     expectEnabled(true, true);
     Check(L"Use Authentication", false);
     expectEnabled(true, false);
+    Apply({m_editor->done, {}});
+    ExpectSent(Replaced(before, L"Authentication>Yes", L"Authentication>No")
+        + L"|<Password/>|<SavePassword>No</SavePassword>");
     Check(L"Use Authentication", true);
     Check(L"Connect Via Proxy Server", false);
     expectEnabled(false, false);
@@ -273,30 +262,18 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
 
 TEST_F(RecordWindows, TellWhatTheAgentAnswered)
 {
-    constexpr const wchar_t* kGate = L"GetActivationstatus";
     for (const Editor& editor : kEditors) {
-        SCOPED_TRACE(editor.apply);
-        const Operations applied = {kGate, editor.apply, editor.read}, refused = {kGate, editor.apply};
-        // clang-format off
-        const struct { const wchar_t* operation; simulator::Fault fault; ExpectedBox box; Operations sent; } kRows[] = {
-            {editor.apply, {FaultKind::Status, L"success"}, {editor.done, L""}, applied},
-            {editor.apply, {FaultKind::Status, L"Permission denied"}, {editor.failed, editor.failure}, refused},
-            {editor.apply, {FaultKind::Garbage, {}}, {editor.failed, editor.failure}, refused},
-            {editor.apply, {FaultKind::Status, L"License Expired"},
-                {L"Unable to Set", L"The license of Voltaro on"}, {kGate, editor.apply, kGate}},
-            {kGate, {FaultKind::Status, L"Not Activated"},
-                {L"Unable to Set", L"'Localhost' is not activated."}, {kGate}},
-            {editor.apply, {FaultKind::CloseAtOnce, {}}, {L"Connection Issue", L""}, refused},
-        };
-        // clang-format on
-        for (const auto& row : kRows) {
-            m_program.Agent().ClearFaults();
+        const Change change = {.operation = editor.apply,
+            .question = nullptr,
+            .failed = {editor.failed, editor.failure},
+            .readAfterSuccess = {editor.read},
+            .done = {editor.done, {}},
+            .unlicensed = L"Unable to Set"};
+        m_program.ExpectAnswers(change, [&] {
             Open(editor);
-            m_program.Agent().SetFault(row.operation, row.fault);
-            Apply(row.box);
-            EXPECT_EQ(m_program.TakeOperations(), row.sent) << row.fault.argument;
+            m_program.Command(editor.window, IdOf(editor.button));
             EXPECT_TRUE(IsOn(editor.button));
-        }
+        });
         m_program.Command(WindowId::Main, kReinitialize);
     }
 }

@@ -1,21 +1,13 @@
 #include "console/main_hold.h"
-#include "console/windows.h"
+#include "console/ui_calls.h"
 #include "shell/about.h"
-#include "shell/main_commands.h"
 #include "shell/main_menus.h"
-#include "support/box_script.h"
 #include "support/program.h"
-#include "ui/controls.h"
-#include "ui/list_view.h"
 #include "ui/menus.h"
 #include "ui/theme.h"
 
-#include <gtest/gtest.h>
-
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 constexpr int kStateLine = 8601, kFields = 8602, kKey = 8603, kActivateButton = 8604;
 
@@ -81,8 +73,7 @@ TEST_F(ActivationTest, TellsWhatTheAgentAnswers)
     }
     for (const auto& [reply, text] : {std::pair(L"Not Activated", L"Voltaro is still not activated."),
              std::pair(L"SUCCESS", L"Voltaro is activated now."), std::pair(L"", L"Could not activate Voltaro.")}) {
-        program.Agent().ScriptReply(
-            L"ActivateLicense", std::wstring(L"<vltp><response><status>") + reply + L"</status></response></vltp>");
+        program.AnswerWith(L"ActivateLicense", reply);
         BoxScript boxes{{*text == L'V' && text[11] == L'a' ? L"Voltaro activated" : L"Activation Failed", text}};
         Activate(L"abcdEFGH12345678");
     }
@@ -90,22 +81,6 @@ TEST_F(ActivationTest, TellsWhatTheAgentAnswers)
     BoxScript boxes{{L"Connection Issue", {}}};
     Activate(L"abcdEFGH12345678");
     EXPECT_EQ(TextOf(window, kKey), L"abcdEFGH12345678");
-}
-
-TEST(LicenceTest, RefusesAChangeOnceAndSendsNothing)
-{
-    for (const auto& [scenario, text] : {std::pair(L"notactivated", L"'Localhost' is not activated."),
-             std::pair(L"expired", L"'Localhost' has expired.")}) {
-        LoadedProgram program(*simulator::FindScenario(scenario));
-        BoxScript boxes{{L"Unable to Set Scheme", text}};
-        program.Command(WindowId::Main, kChange);
-        program.Choose(WindowId::Main, 5001, L"MaxPowerSaver");
-        program.Command(WindowId::Main, kSet);
-        EXPECT_EQ(program.TakeOperations(), Operations{L"GetActivationstatus"});
-        boxes.Expect({{L"Unable to pause", text}});
-        program.Command(WindowId::Main, kPauseOneHour);
-        EXPECT_EQ(program.TakeOperations(), (Operations{L"Pause", L"GetActivationstatus"}));
-    }
 }
 
 TEST(AboutTest, OpensWithAndWithoutAnAgent)
@@ -134,9 +109,13 @@ TEST(AboutTest, OpensWithAndWithoutAnAgent)
         program.Command(WindowId::Main, kSystemInfo);
         program.Command(WindowId::Main, kTrayAbout);
         EXPECT_FALSE(IsConsoleReady());
+        SendMessageW(WindowOf(WindowId::Main), kTrayMessage, 9013, WM_LBUTTONUP);
+        Pump();
+        EXPECT_EQ(GetForegroundWindow(), AboutWindow()) << "the newest holder";
         const HWND first = systemInfoClosesFirst ? WindowOf(WindowId::SystemInfo) : AboutWindow();
         const HWND second = systemInfoClosesFirst ? AboutWindow() : WindowOf(WindowId::SystemInfo);
         SendMessageW(first, WM_COMMAND, IDCANCEL, 0);
+        EXPECT_EQ(FrontWindow(), second);
         EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
         SendMessageW(second, WM_COMMAND, IDCANCEL, 0);
         EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)) && IsConsoleReady());

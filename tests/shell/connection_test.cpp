@@ -2,25 +2,16 @@
 #include "console/agent_lost.h"
 #include "console/connection_state.h"
 #include "shell/connection.h"
-#include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/main_window.h"
 #include "shell/workers.h"
-#include "support/box_script.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
-#include "ui/list_view.h"
 #include "ui/menus.h"
-
-#include <gtest/gtest.h>
 
 #include <set>
 
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 const Operations kLoadOrder
     = {L"GetSystemstatus", L"GetSystemDetails", L"GetBatteryInfo", L"GetPowerSchemes", L"GetPolicies",

@@ -3,13 +3,8 @@
 
 #include "base/platform_calls.h"
 #include "console/ui_calls.h"
-#include "shell/main_commands.h"
-#include "support/box_script.h"
 #include "support/fake_tray.h"
 #include "support/program.h"
-#include "support/test_window.h"
-
-#include <gtest/gtest.h>
 
 #include <thread>
 
@@ -78,7 +73,7 @@ TEST(TrayTest, WhatComesDuringARequestFollowsItOnce)
 {
     LoadedProgram program;
     const HWND main = WindowOf(WindowId::Main);
-    program.Agent().SetFault(L"GetBatteryInfo", {simulator::FaultKind::Late, L"200"});
+    program.Agent().SetFault(L"GetBatteryInfo", {FaultKind::Late, L"200"});
     std::thread shell([main] {
         Sleep(50);
         for (int i = 0; i < 10; ++i) {

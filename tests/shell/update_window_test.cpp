@@ -1,24 +1,17 @@
+#include "base/platform_calls.h"
 #include "base/text.h"
 #include "console/main_hold.h"
 #include "link/exchange.h"
 #include "shell/about.h"
-#include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/update_window.h"
 #include "shell/workers.h"
-#include "support/box_script.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
 #include "ui/menus.h"
 #include "ui/waiting.h"
 
-#include <gtest/gtest.h>
-
 namespace voltaro {
 namespace {
-
-using simulator::FaultKind;
 
 constexpr int kBar = 6016, kTitle = 8501, kDetail = 8502, kCloseVoltaro = 8504, kOk = 8505;
 constexpr const wchar_t* kWait = L"Please wait, Voltaro is checking for updates...";
@@ -39,7 +32,7 @@ protected:
     }
     void Script(const wchar_t* status, const wchar_t* message)
     {
-        program.Agent().ScriptReply(
+        program.AnswerWith(
             L"CheckForUpdates", Format(L"<vltp><response><s>%ls</s><m>%ls</m></response></vltp>", status, message));
     }
     void ExpectChecking() const
@@ -125,7 +118,8 @@ TEST_F(UpdateTest, GoesOnWaitingAfterAnAnswerThatItDoesNotKnow)
 
 TEST_F(UpdateTest, TheTrayMenuWorksWhileItChecks)
 {
-    program.Agent().SetFault(L"CheckForUpdates", {FaultKind::Late, L"1500"});
+    timing.transportSecond = 10'000; // the check hangs until the agent ends
+    program.Agent().SetFault(L"CheckForUpdates", {FaultKind::Silent, {}});
     program.Command(WindowId::Main, kUpdate);
     program.Command(WindowId::Main, kTrayAbout);
     ASSERT_NE(AboutWindow(), nullptr);
@@ -140,11 +134,12 @@ TEST_F(UpdateTest, TheTrayMenuWorksWhileItChecks)
     program.Command(WindowId::Main, kTrayVoltaro);
     program.Command(WindowId::Main, kUpdate); // the check that still runs is not made twice
     ExpectChecking();
+    EXPECT_TRUE(program.TakeOperations().empty());
+    program.Agent().Stop();
     ASSERT_TRUE(WaitForOutcome());
     EXPECT_EQ(Buttons(), L"ok");
     program.Command(WindowId::Update, IDOK);
     ExpectIdle();
-    EXPECT_TRUE(program.TakeOperations().empty());
 }
 
 TEST_F(UpdateTest, ClosesTheProgramForAnUpdate)

@@ -1,5 +1,9 @@
 #include "simulator/faults.h"
+
+#include "base/text.h"
 #include "simulator/frame.h"
+#include "simulator/options.h"
+#include "simulator/xml.h"
 
 #include <gtest/gtest.h>
 
@@ -15,11 +19,6 @@ Delivery Faulted(const wchar_t* fault, const std::wstring* script = nullptr)
     const std::optional<Fault> parsed = ParseFault(fault);
     EXPECT_TRUE(parsed) << fault;
     return Deliver(kResponse, script, parsed.value_or(Fault{}));
-}
-
-std::wstring HeaderOf(const Delivery& delivery)
-{
-    return UnitsOf(delivery.bytes.substr(0, kHeaderBytes));
 }
 
 std::wstring TextOf(const Delivery& delivery)
@@ -38,35 +37,15 @@ TEST(AgentFrameTest, LengthsInBytes)
         EXPECT_EQ(FrameLength(BytesOf(digits)), length) << digits;
 }
 
-TEST(AgentFaultTest, EveryKindDoesWhatItSays)
+TEST(AgentFaultTest, KindsAreNamedInTheirOrder)
 {
-    EXPECT_EQ(Faulted(L"none").bytes, FrameOf(kDocument));
-    // What is sent and its header; how it ends; the size of the pieces, the delay before and the pause between them.
-    // clang-format off
-    using enum Ending;
-    const struct {
-        const wchar_t* fault; std::size_t bytes; const wchar_t* header; Ending ending;
-        std::size_t pieceSize = 0; int delayMs = 0, pauseMs = 0;
-    } kCases[] = {
-        {L"refuse", 0, L"", Reset}, {L"close", 0, L"", Close}, {L"silent", 0, L"", Hang},
-        {L"close-mid-frame",     113, L"00000226", Close}, {L"close-mid-frame:20",   20, L"00000226", Close},
-        {L"wrong-length",        226, L"00000290", Close}, {L"close-mid-frame:9999", 226, L"00000226", Close},
-        {L"wrong-length:-26",    226, L"00000200", Close}, {L"wrong-length:-9999",   226, L"00000000", Close},
-        {L"huge-length",         226, L"99999999", Close}, {L"late:30",      226, L"00000226", Orderly, 0, 30, 0},
-        {L"Slow:50",    226, L"00000226", Orderly, 29, 0, 50}, {L"byte-by-byte", 226, L"00000226", Orderly, 1},
-        {L"no-nul",              224, L"00000224", Orderly}, {L"garbage:41", 100, L"00000100", Orderly},
-        {L"status:Not Activated", 216, L"00000216", Orderly},
-    };
-    // clang-format on
-    for (const auto& row : kCases) {
-        const Delivery sent = Faulted(row.fault);
-        EXPECT_EQ(std::tuple(sent.bytes.size(), HeaderOf(sent)), std::tuple(row.bytes, row.header)) << row.fault;
-        EXPECT_EQ(std::tuple(sent.pieceSize, sent.delayMs, sent.pauseMs),
-            std::tuple(row.pieceSize, row.delayMs, row.pauseMs));
-        EXPECT_EQ(sent.ending, row.ending) << row.fault;
-    }
+    for (std::size_t kind = 0; kind < FaultInfos().size(); ++kind)
+        EXPECT_EQ(ParseFault(FaultInfos()[kind].name)->kind, static_cast<FaultKind>(kind));
     for (const wchar_t* unknown : {L"", L"explode", L"slo", L":5"})
         EXPECT_FALSE(ParseFault(unknown)) << unknown;
+    // What is sent beyond either end of the document.
+    EXPECT_EQ(Faulted(L"close-mid-frame:9999").bytes.size(), 226u);
+    EXPECT_EQ(UnitsOf(Faulted(L"wrong-length:-9999").bytes.substr(0, kHeaderBytes)), L"00000000");
 }
 
 TEST(AgentFaultTest, ChangesTheDocument)
@@ -89,6 +68,61 @@ TEST(AgentFaultTest, ChangesTheDocument)
     const std::wstring script = L"any & thing";
     EXPECT_EQ(TextOf(Faulted(L"none", &script)), script);
     EXPECT_EQ(TextOf(Faulted(L"long-texts", &script)), script); // a script has no elements to grow
+}
+
+std::optional<Options> Parsed(const std::vector<const wchar_t*>& arguments)
+{
+    return ParseOptions(arguments);
+}
+
+TEST(AgentOptionsTest, ReadsEveryOption)
+{
+    const std::optional<Options> all = Parsed({L"--port", L"65535", L"--log", L"a.log", L"--scenario", L"Desktop",
+        L"--fault", L"*=late:30", L"--fault", L"Pause=status:a=b"});
+    ASSERT_TRUE(all);
+    EXPECT_EQ(std::tuple(all->port, all->log, std::wstring(all->scenario->name)),
+        std::tuple(65535, std::wstring(L"a.log"), std::wstring(L"desktop")));
+    ASSERT_EQ(all->faults.size(), 2u);
+    EXPECT_EQ(all->faults[0].operation + all->faults[0].fault.argument, L"*30");
+    EXPECT_EQ(all->faults[1].operation + all->faults[1].fault.argument, L"Pausea=b");
+    const std::vector<const wchar_t*> kWrong[] = {{L"--help"}, {L"--port"}, {L"--port", L"0"}, {L"--port", L"65536"},
+        {L"--port", L"80x"}, {L"--log", L""}, {L"--scenario", L"none"}, {L"--fault", L"*"}, {L"--fault", L"*=explode"},
+        {L"--fault", L"pause=late"}, {L"--other", L"1"}};
+    for (const auto& wrong : kWrong)
+        EXPECT_FALSE(Parsed(wrong)) << wrong.back();
+}
+
+TEST(AgentXmlTest, RefusesWhatNoRequestNeeds)
+{
+    // clang-format off
+    const struct { const wchar_t *text, *why; } kCases[] = {
+        {L"text", L"an element is missing at unit 0"}, {L"<a", L"the tag is not closed at unit 2"},
+        {L"<a>", L"the document breaks off at unit 3"}, {L"<a></b>", L"the end tag does not match at unit 6"},
+        {L"<a></a><b/>", L"something follows the root element at unit 7"},
+        {L"<a>x<b/></a>", L"there is text beside elements at unit 12"},
+        {L"<a><b x='1'/></a>", L"only the root has attributes at unit 6"},
+        {L"<!DOCTYPE a [<!ENTITY e 'x'>]><a>&e;</a>", L"a name is missing at unit 1"},
+        {L"<a>&e;</a>", L"the entity is not known at unit 3"},
+        {L"<a>&#0;</a>", L"the reference is no character at unit 7"},
+    };
+    // clang-format on
+    for (const auto& row : kCases)
+        EXPECT_EQ(ParseXml(row.text).error, row.why) << row.text;
+    const wchar_t half[] = {L'<', L'a', L'>', 0xD83D, L'<', L'/', L'a', L'>', 0};
+    EXPECT_NE(ParseXml(half).error, L"");
+
+    const std::wstring deep = Replaced(std::wstring(100'000, L'a'), L"a", L"<a>");
+    EXPECT_EQ(ParseXml(deep).error, L"the elements are nested too deeply at unit 51");
+}
+
+TEST(AgentXmlTest, WritesWhatADocumentMayHold)
+{
+    const wchar_t text[] = {L'<', L'&', L'>', 0x01, L'\t', L'\r', 0xD83D, 0xDE00, 0xD83D, L'x', 0xFFFF, 0xE9, 0};
+    EXPECT_EQ(EscapedText(text), L"&lt;&amp;&gt;\t&#13;\xD83D\xDE00x\xE9");
+    const Element response{L"response", {}, {TextElement(L"status", L"a & b"), {L"details", {}, {}}}};
+    EXPECT_EQ(ReplyText(response),
+        L"<?xml version=\"1.0\"?><vltp version=\"1.0\"><response><status>a &amp; b</status><details></details>"
+        L"</response></vltp>");
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+#include "base/text.h"
+#include "simulator/events.h"
 #include "simulator/frame.h"
 #include "simulator/machine.h"
 #include "simulator/xml.h"
@@ -65,33 +67,6 @@ std::wstring Summary(const Outcome& outcome)
         + (count > 1 ? L" .. " + std::wstring(ChildText(holder, count - 1)) : L"");
 }
 
-TEST(AgentMachineTest, AnswersWhatItIsAsked)
-{
-    constexpr wchar_t kDone[] = L"1 Success", kNothing[] = L"2 Failure .. No power action is waiting.";
-    // clang-format off
-    const struct { const wchar_t *operation, *summary, *field = nullptr, *text = L""; } kCases[] = {
-        {L"GetSystemstatus", L"2 Success .. Running"}, {L"GetBatteryInfo", L"9 On AC .. 214 of 1000 full cycles"},
-        {L"GetVoltaroInfo", L"d4 1.06.006.000 .. Running"}, {L"GetPatchDetails", L"d3 1.06.006.000 .. Installed"},
-        {L"GetVoltaroSavingsTillDate", L"d5 2026-11-21 .. 246.999 kWh"}, {L"GetActivationstatus", L"1 Activated"},
-        {L"CheckForUpdates", L"2 Failure .. You are already using the latest version of Voltaro."},
-        {L"GetManualPowerConsumptionData", L"d13 Yes .. Fieldbook 14 G3"}, {L"PauseStatus", L"d1 Resumed"},
-        {L"GetAutoPowerConsumptionData", L"d13 No .. Fieldbook 14 G3"}, {L"Resume", kDone}, {L"standby", kDone},
-        {L"GetVLTEvents", L"2 Failure .. That day has not come yet.", L"fordate", L"11222026"},
-        {L"GetVLTEvents", L"2 Failure .. fordate must be a day as MMDDYYYY.", L"fordate", L"22112026"},
-        {L"ActivateLicense", L"2 Failure .. The activation key is not valid.", L"ActivationKey", L"0000-0000"},
-        {L"GetLicenseInfo", L"d6 Activated .. 2028-11-02"}, {L"GetSystemDetails", L"d6  .. ", L"type", L"Refresh"},
-        {L"hibernate", kDone}, {L"shutdown", kDone}, {L"logoff", kDone, L"monitoroff", L"No"},
-        {L"LockScreen", kDone, L"monitoroff", L"Yes"}, {L"success", kNothing}, {L"failure", kNothing},
-    };
-    // clang-format on
-    Machine machine = MachineOf(L"battery");
-    for (const auto& row : kCases) {
-        const std::wstring body = row.field != nullptr ? Written(TextElement(row.field, row.text)) : L"";
-        EXPECT_EQ(Summary(Ask(machine, row.operation, body)), row.summary) << row.operation;
-    }
-    EXPECT_GT(DetailsOf(Ask(machine, L"GetVLTEvents", L"<fordate>11202026</fordate>")).children.size(), 15u);
-}
-
 TEST(AgentMachineTest, RefusesWrongRequests)
 {
     const std::wstring good = Request(L"Pause", L"<duration>3</duration>");
@@ -111,6 +86,8 @@ TEST(AgentMachineTest, RefusesWrongRequests)
         {Request(L"Pause", L"<duration>6</duration>"), L"duration must be 1 to 5."},
         {Request(L"Pause", L"<duration><x/></duration>"), L"duration must hold only text."},
         {Request(L"logoff", L"<monitoroff>1</monitoroff>"), L"monitoroff must be Yes or No."},
+        {Request(L"GetVLTEvents", L"<fordate>22112026</fordate>"), L"fordate must be a day as MMDDYYYY."},
+        {Request(L"success"), L"No power action is waiting."},
         {Request(L"CreatePolicy", L"<details><PolicyName>P</PolicyName></details>"),
             L"details has 1 elements, expected were 2 to 51."},
         {Request(L"ApplySchedulerSettings", L"<details>x</details>"), L"details must not hold text."},
@@ -127,71 +104,31 @@ TEST(AgentMachineTest, RefusesWrongRequests)
     }
 }
 
-// What is stored is read back; the element changed must be checked for its kind.
-TEST(AgentMachineTest, ReadsBackWhatWasStored)
+// Each store refuses a value of the wrong kind and elements in another order, and keeps what it had.
+TEST(AgentMachineTest, RefusesWrongRecords)
 {
-    // clang-format off
-    const struct { const wchar_t *read, *store; std::size_t changed; const wchar_t *value, *wrong; } kCases[] = {
-        {L"GetSnoozeSettings", L"ApplySnoozeSettings", 4, L"60", L"1 Hour"},
-        {L"GetCurrentProxySettings", L"ApplyProxySettings", 1, L"a&b<c>", nullptr},
-        {L"GetCurrenthostsettings", L"ApplyHostSettings", 1, L"65535", L"65536"},
-        {L"GetCurrentDeviceSettings", L"ApplyDeviceSettings", 4, L"na", L"Maybe"},
-        {L"GetCurrentPowerConsumptionData", L"ApplyPowerConsumptionData", 3, L"999.99", L"1000"},
-        {L"GetCurrentpowersettings", L"ApplyPowerSettings", 1, L"Maximum", L"Fast"},
-        {L"GetCurrentpowersettings", L"ApplyPowerSettings", 18, L"99", L"100"},
-        {L"GetCurrentpowersettings", L"ApplyPowerSettings", 16, L"Nightly_Backup", L"Nowhere"},
-    };
-    // clang-format on
+    const std::tuple<const wchar_t*, const wchar_t*, std::size_t, const wchar_t*> kCases[]
+        = {{L"GetSnoozeSettings", L"ApplySnoozeSettings", 4, L"1 Hour"},
+            {L"GetCurrentProxySettings", L"ApplyProxySettings", 0, L"1"},
+            {L"GetCurrenthostsettings", L"ApplyHostSettings", 1, L"65536"},
+            {L"GetCurrentDeviceSettings", L"ApplyDeviceSettings", 4, L"Maybe"},
+            {L"GetCurrentPowerConsumptionData", L"ApplyPowerConsumptionData", 3, L"1000"},
+            {L"GetCurrentpowersettings", L"ApplyPowerSettings", 18, L"100"},
+            {L"GetCurrentpowersettings", L"ApplyPowerSettings", 16, L"Nowhere"}};
     Machine machine = MachineOf(L"manyjobs");
-    for (const auto& row : kCases) {
-        Element details = DetailsOf(Ask(machine, row.read));
-        details.children[row.changed].text = row.value;
-        EXPECT_EQ(StatusOf(Ask(machine, row.store, Written(details))), L"Success") << row.store;
-        EXPECT_EQ(DetailsOf(Ask(machine, row.read)), details) << row.read;
-        Element swapped = details, wrong = details;
+    for (const auto& [read, store, changed, wrong] : kCases) {
+        const Element details = DetailsOf(Ask(machine, read));
+        EXPECT_EQ(StatusOf(Ask(machine, store, Written(details))), L"Success") << store;
+        Element swapped = details, other = details;
         std::swap(swapped.children[0], swapped.children[1]);
-        wrong.children[row.wrong != nullptr ? row.changed : 0].text = row.wrong != nullptr ? row.wrong : L"1";
-        for (const Element& refused : {swapped, wrong})
-            EXPECT_EQ(StatusOf(Ask(machine, row.store, Written(refused))), L"Failure") << row.store;
-        EXPECT_EQ(DetailsOf(Ask(machine, row.read)), details) << row.read;
+        other.children[changed].text = wrong;
+        for (const Element& refused : {swapped, other})
+            EXPECT_EQ(StatusOf(Ask(machine, store, Written(refused))), L"Failure") << store;
+        EXPECT_EQ(DetailsOf(Ask(machine, read)), details) << read;
     }
-    const Element jobs = DetailsOf(Ask(machine, L"GetCurrentSchedulerSettings"));
-    Element broken = jobs;
+    Element broken = DetailsOf(Ask(machine, L"GetCurrentSchedulerSettings"));
     At(broken, {2, 4, 2, 0}).children.pop_back(); // a task without its end
     EXPECT_EQ(StatusOf(Ask(machine, L"ApplySchedulerSettings", Written(broken))), L"Failure");
-    EXPECT_EQ(DetailsOf(Ask(machine, L"GetCurrentSchedulerSettings")), jobs);
-    EXPECT_EQ(StatusOf(Ask(machine, L"ApplySchedulerSettings", L"<details>\n\t\t</details>")), L"Success");
-    EXPECT_TRUE(DetailsOf(Ask(machine, L"GetCurrentSchedulerSettings")).children.empty());
-}
-
-TEST(AgentMachineTest, SchemesAndPoliciesComeAndGo)
-{
-    Machine machine = MachineOf(L"battery");
-    Element scheme = DetailsOf(Ask(machine, L"QueryPowerScheme", L"<scheme>Office_Hours</scheme>"));
-    scheme.children[0].text = L"Night";
-    Element policy = DetailsOf(Ask(machine, L"QueryPolicy", L"<PolicyName>presentations</PolicyName>"));
-    policy.children[0].text = L"Talks";
-    // clang-format off
-    const struct { const wchar_t* operation; std::wstring body; bool passes; } kSteps[] = {
-        {L"CreateScheme", Written(scheme), true}, {L"CreateScheme", Written(scheme), false}, // already there
-        {L"ApplyPowerScheme", L"<scheme>Nowhere</scheme>", false},
-        {L"ApplyPowerScheme", L"<scheme>NIGHT</scheme>", true},
-        {L"DeleteScheme", L"<scheme>night</scheme>", false}, // active
-        {L"DeletePolicy", L"<policy>presentations</policy>", false}, // in use by the active scheme
-        {L"ApplyPowerScheme", L"<scheme>Baseline</scheme>", true}, {L"DeleteScheme", L"<scheme>Minimum</scheme>", true},
-        {L"DeletePolicy", L"<policy>presentations</policy>", true},
-        {L"DeletePolicy", L"<policy>presentations</policy>", false},
-        {L"SetPolicySettings", Written(policy), false}, // not there yet
-        {L"CreatePolicy", Written(policy), true}, {L"SetPolicySettings", Written(policy), true},
-    };
-    // clang-format on
-    for (const auto& [operation, body, passes] : kSteps)
-        EXPECT_EQ(StatusOf(Ask(machine, operation, body)), passes ? L"Success" : L"Failure") << operation << body;
-    EXPECT_EQ(Summary(Ask(machine, L"GetPowerSchemes")), L"d5 Balanced .. Night");
-    EXPECT_EQ(Summary(Ask(machine, L"GetPolicies")), L"d2 Nightly_Backup .. Talks");
-    scheme.children[16].text.Clear(); // its policy is gone
-    EXPECT_EQ(DetailsOf(Ask(machine, L"QueryPowerScheme", L"<scheme>Night</scheme>")), scheme);
-    EXPECT_EQ(ChildText(DetailsOf(Ask(machine, L"GetCurrentpowersettings")), 0), L"Baseline");
 }
 
 TEST(AgentMachineTest, PausesAndActsAndActivates)
@@ -217,15 +154,8 @@ TEST(AgentMachineTest, PausesAndActsAndActivates)
     EXPECT_EQ(StatusOf(Ask(limited, L"standby")), L"Standby Not Support");
     EXPECT_EQ(StatusOf(Ask(limited, L"hibernate")), L"Hibernation Not Support");
     EXPECT_EQ(Summary(Ask(paused, L"PauseStatus")), L"d1 3");
-    for (const wchar_t* word : {L"Not Activated", L"License Expired"}) {
-        Machine unlicensed = MachineOf(word[0] == L'N' ? L"notactivated" : L"expired");
-        EXPECT_EQ(StatusOf(Ask(unlicensed, L"GetActivationstatus")), word);
-        EXPECT_EQ(StatusOf(Ask(unlicensed, L"DeleteScheme", L"<scheme>Minimum</scheme>")), word);
-        EXPECT_EQ(StatusOf(Ask(unlicensed, L"Pause", L"<duration>1</duration>")), word);
-        EXPECT_EQ(Summary(Ask(unlicensed, L"GetPowerSchemes")), L"d5 Balanced .. Office_Hours");
-        Ask(unlicensed, L"ActivateLicense", L"<ActivationKey>HX4F-20VT-7K3M-99QA</ActivationKey>");
-        EXPECT_EQ(StatusOf(Ask(unlicensed, L"DeleteScheme", L"<scheme>Minimum</scheme>")), L"Success");
-    }
+    Machine expired = MachineOf(L"expired");
+    EXPECT_EQ(StatusOf(Ask(expired, L"DeleteScheme", L"<scheme>Minimum</scheme>")), L"License Expired");
 }
 
 // The console's buffers are fixed. The fullest answers come within a twentieth of them.
@@ -256,19 +186,58 @@ TEST(AgentMachineTest, AnswersFitTheirReaders)
     }
 }
 
-TEST(AgentMachineTest, CrowdedMachineExceedsEveryCount)
+// The time of a time line, which is expected to be of that date; empty for a duration.
+std::wstring TimeOf(const std::wstring& line, const DateTime& date)
 {
-    Machine machine = MachineOf(L"crowded");
-    const auto count = [&](const wchar_t* operation, const wchar_t* body = L"") {
-        return DetailsOf(Ask(machine, operation, body)).children.size();
-    };
-    EXPECT_EQ(count(L"GetPowerSchemes"), 205u);
-    EXPECT_EQ(count(L"GetPolicies"), 202u);
-    EXPECT_EQ(count(L"QueryPolicy", L"<PolicyName>Presentations</PolicyName>"), 1u + 52);
-    EXPECT_EQ(count(L"QueryPowerScheme", L"<scheme>T9</scheme>"), 21u);
-    EXPECT_EQ(count(L"GetCurrentSchedulerSettings"), 12u);
-    EXPECT_EQ(machine.State().jobs.children[1].children[4].children.back().children.size(), 9u);
-    EXPECT_EQ(Ask(machine, L"GetBatteryInfo").response.children.size(), 30u);
+    if (line.starts_with(L"Duratn"))
+        return {};
+    EXPECT_EQ(line.substr(6, 14), Format(L" # %04d/%02d/%02d ", date.year, date.month, date.day));
+    EXPECT_TRUE(line.size() == 28 && line[22] == L':' && line[25] == L':') << line;
+    return line.substr(20);
+}
+
+TEST(AgentEventsTest, EveryDayIsWellFormed)
+{
+    for (int number = 0; number < 12 * 28; ++number) {
+        const DateTime date{2025, number / 28 + 1, number % 28 + 1, 0};
+        const std::vector<std::wstring> lines = EventsOf(date, kNow);
+        ASSERT_EQ(lines, EventsOf(date, kNow));
+        ASSERT_TRUE(lines.size() >= 12 && lines.size() <= 60);
+        EXPECT_EQ(lines[lines.size() - 2].substr(0, 9) + lines.back().substr(0, 9), L"Pwrcon # Pwrsav # ");
+        std::wstring last, open; // the code of the state that has begun
+        for (std::size_t i = 0; i + 2 < lines.size(); ++i) {
+            const std::wstring code = lines[i].substr(0, 6);
+            EXPECT_TRUE(code != L"Istime" || open.empty()) << lines[i];
+            EXPECT_TRUE(code != L"Ietime" || open == L"Istime") << lines[i];
+            open = code == L"Istime" ? code : code == L"Ietime" ? L"" : open;
+            const std::wstring time = TimeOf(lines[i], date);
+            EXPECT_TRUE(time.empty() || (time >= last && time < L"24")) << lines[i];
+            last = std::max(last, time);
+        }
+        EXPECT_EQ(open, L"");
+    }
+}
+
+TEST(AgentEventsTest, TodayEndsNowAndTomorrowIsEmpty)
+{
+    const std::vector<std::wstring> today = EventsOf(kNow, kNow);
+    const std::vector<std::wstring> whole = EventsOf(kNow, {2026, 11, 22, 0});
+    ASSERT_GT(today.size(), 2u);
+    ASSERT_LT(today.size(), whole.size());
+    for (std::size_t i = 0; i + 2 < today.size(); ++i) {
+        EXPECT_EQ(today[i], whole[i]);
+        EXPECT_LE(TimeOf(today[i], kNow), L"12:00:00");
+    }
+    EXPECT_TRUE(EventsOf({2026, 11, 22, 0}, kNow).empty());
+}
+
+TEST(AgentEventsTest, ReadsDays)
+{
+    const std::optional<DateTime> leapDay = ParseMonthDayYear(L"02292024");
+    ASSERT_TRUE(leapDay);
+    EXPECT_EQ(DayOf(*leapDay).time_since_epoch().count(), 19782);
+    for (const wchar_t* wrong : {L"02292025", L"13012025", L"00012025", L"1012025", L"010120255", L"0101202x", L""})
+        EXPECT_FALSE(ParseMonthDayYear(wrong)) << wrong;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "ui/window_class.h"
 
+#include <cstddef>
 #include <cstring>
 
 namespace voltaro {
@@ -14,13 +15,7 @@ struct WireCall {
     UINT flags;
     UINT callback;
     wchar_t tooltip[128];
-    DWORD state[2];
-    wchar_t info[256];
-    UINT timeout;
-    wchar_t infoTitle[64];
-    DWORD infoFlags;
-    GUID guid;
-    UINT icon[4]; // width, height, planes, bits per pixel
+    std::byte rest[8 + 512 + 4 + 128 + 4 + 16 + 16]; // state, balloon, identifier, the icon's size
 };
 
 } // namespace

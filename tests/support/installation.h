@@ -7,19 +7,28 @@
 
 namespace voltaro {
 
-// An installation, in a folder of that name for temporary files, whose host configuration names that port; every
-// console that starts from now on reads it.
-inline void Install(const std::wstring& name, int port)
+// An installation, in a folder of that name for temporary files, whose host configuration holds these bytes (null:
+// there is none); every console that starts from now on reads it.
+inline void Install(const std::wstring& name, const char* configuration)
 {
     wchar_t folder[MAX_PATH] = {};
     GetTempPathW(MAX_PATH, folder);
-    const std::wstring root = folder + name + L"\\";
+    const std::wstring root = folder + name + L"\\", path = root + L"conf\\hconfig.xml";
     CreateDirectoryW(root.c_str(), nullptr);
     CreateDirectoryW((root + L"conf").c_str(), nullptr);
-    std::FILE* file = _wfopen((root + L"conf\\hconfig.xml").c_str(), L"wb");
-    std::fprintf(file, "<Hostsettings><Localhost>Yes</Localhost><TCPPort>%d</TCPPort></Hostsettings>", port);
-    std::fclose(file);
+    DeleteFileW(path.c_str());
+    if (std::FILE* file = configuration ? _wfopen(path.c_str(), L"wb") : nullptr) {
+        std::fputs(configuration, file);
+        std::fclose(file);
+    }
     SetEnvironmentVariableW(L"VOLTARO_HOME", root.c_str());
+}
+
+// The same with the port that the agent listens on.
+inline void Install(const std::wstring& name, int port)
+{
+    const std::string number = std::to_string(port);
+    Install(name, ("<Hostsettings><Localhost>Yes</Localhost><TCPPort>" + number + "</TCPPort></Hostsettings>").c_str());
 }
 
 } // namespace voltaro

@@ -2,6 +2,7 @@
 
 #include "ui/canvas.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <set>
 #include <vector>
@@ -37,6 +38,14 @@ public:
         int count = 0;
         for (int x = fromX; x < toX; ++x)
             count += At(x, y) == colour;
+        return count;
+    }
+    // The same for an area, as far as it is in the bitmap.
+    [[nodiscard]] int CountIn(COLORREF colour, const RECT& area) const
+    {
+        int count = 0;
+        for (int y = std::max<int>(area.top, 0); y < std::min<int>(area.bottom, m_height); ++y)
+            count += CountOf(colour, std::max<int>(area.left, 0), std::min<int>(area.right, m_width), y);
         return count;
     }
 

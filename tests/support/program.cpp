@@ -4,6 +4,7 @@
 #include "console/program_texts.h"
 
 #include "base/platform_calls.h"
+#include "base/text.h"
 #include "console/background_refresh.h"
 #include "console/main_hold.h"
 #include "console/system_events.h"
@@ -19,11 +20,7 @@
 #include "shell/update_window.h"
 #include "shell/window_table.h"
 #include "support/installation.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
 #include "ui/ui_thread.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <memory>
@@ -105,6 +102,11 @@ void ConsoleProgram::Type(WindowId window, int id, std::wstring_view text)
     Pump();
 }
 
+void ConsoleProgram::Click(WindowId window, int id)
+{
+    SendMessageW(ControlOf(WindowOf(window), id), BM_CLICK, 0, 0);
+}
+
 void ConsoleProgram::Choose(WindowId window, int id, std::wstring_view entry)
 {
     EXPECT_GE(SelectExact(WindowOf(window), id, entry), 0) << std::wstring(entry);
@@ -134,6 +136,69 @@ std::wstring ConsoleProgram::LastRequest(std::wstring_view operation)
     if (at != std::wstring::npos && text.size() > at + kTag + kIdentifier)
         text.replace(at + kTag, kIdentifier, L"{ID}");
     return text;
+}
+
+void ConsoleProgram::ExpectSent(const std::wstring& operation, const std::wstring& fields)
+{
+    const std::wstring expected = L"<?xml version='1.0'?>\n<vltp version=\"1.0\">\n\t<request>\n\t\t<MessageId>{ID}"
+                                  L"</MessageId>\n\t\t<operation>"
+        + operation + L"</operation>\n\t\t" + Replaced(fields, L"|", L"\n\t\t\t") + L"\n\t</request>\n</vltp>\n";
+    EXPECT_EQ(LastRequest(operation), Replaced(expected, L"\n", L"\r\n"));
+}
+
+void ConsoleProgram::AnswerWith(std::wstring_view operation, std::wstring_view answer)
+{
+    m_agent.ClearRequests();
+    m_agent.ClearScripts();
+    m_agent.ClearFaults();
+    connection.connected = true;
+    if (answer == kNoAnswer)
+        m_agent.SetFault(operation, {FaultKind::CloseAtOnce, {}});
+    else if (answer.starts_with(L'<'))
+        m_agent.ScriptReply(operation, answer);
+    else
+        m_agent.ScriptReply(
+            operation, L"<vltp><response><status>" + std::wstring(answer) + L"</status></response></vltp>");
+}
+
+void ConsoleProgram::ExpectAnswers(const Change& change, const std::function<void()>& make)
+{
+    const std::wstring gate = L"GetActivationstatus", operation = change.operation;
+    const std::wstring& unlicensed = change.unlicensed.empty() ? change.failed.caption : change.unlicensed;
+    const auto sent = [&](Operations readAgain) {
+        readAgain.insert(readAgain.begin(), {gate, operation});
+        return readAgain;
+    };
+    const ExpectedBox& odd = change.lenient ? change.done : change.failed;
+    const ExpectedBox& denied = change.denied.caption.empty() ? odd : change.denied;
+    const Operations readAfterOdd = change.lenient ? change.readAfterSuccess : Operations();
+    const Operations readAfterDenied = change.lenient ? change.readAfterSuccess : change.readAfterOthers;
+    const struct {
+        const std::wstring& operation;
+        const wchar_t* answer;
+        ExpectedBox box;
+        Operations asked;
+    } rows[] = {
+        {operation, L"Failure", change.failed, sent({})},
+        {operation, L"Permission denied", denied, sent(readAfterDenied)},
+        {operation, kNoStatus, odd, sent(readAfterOdd)},
+        {operation, L"Success", change.done, sent(change.readAfterSuccess)},
+        {operation, L"success", change.done, sent(change.readAfterSuccess)},
+        {operation, L"Not Activated", {unlicensed, L"'Localhost' is not activated."}, sent({gate})},
+        {gate, L"License Expired", {unlicensed, L"The license of Voltaro on 'Localhost' has expired."}, {gate}},
+        {operation, kMalformed, odd, sent(readAfterOdd)},
+        {operation, kNoAnswer, {L"Connection Issue", L"is not responding"}, sent({})},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(operation + L" " + row.answer);
+        AnswerWith(row.operation, row.answer);
+        const ExpectedBox question = {change.question ? change.question : L"", L"Are you sure", Answer::Yes};
+        const BoxScript boxes{question, row.box};
+        make();
+        EXPECT_EQ(TakeOperations(), row.asked);
+    }
+    m_agent.ClearFaults();
+    connection.connected = true;
 }
 
 } // namespace voltaro

@@ -1,16 +1,43 @@
 #pragma once
 
+// The program in a test, and what the tests of its windows use throughout.
 #include "console/windows.h"
+#include "shell/main_commands.h"
 #include "simulator/server.h"
-#include "ui/boxes.h"
+#include "support/box_script.h"
+#include "support/labelled.h"
+#include "support/test_window.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
 
+#include <gtest/gtest.h>
+
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace voltaro {
 
+using simulator::FaultKind;
+
 using Operations = std::vector<std::wstring>;
+
+inline constexpr wchar_t kMalformed[] = L"<vltp><response><status>Success",
+                         kNoStatus[] = L"<vltp><response></response></vltp>", kNoAnswer[] = L"no answer";
+
+// A change that is sent to the agent, and what its answers lead to.
+struct Change {
+    const wchar_t* operation;
+    const wchar_t* question; // asked first and answered with Yes; null for none
+    ExpectedBox failed;
+    Operations readAfterSuccess;
+    Operations readAfterOthers{}; // after an answer that says neither
+    ExpectedBox denied{};         // the box for "Permission denied", if it has one of its own
+    ExpectedBox done{};           // the box that tells of success, if there is one
+    std::wstring unlicensed{};    // the caption for a refusal for want of a licence; empty: that of `failed`
+    bool lenient = false;         // whatever is not "Failure" counts as done
+};
 
 // The whole program in a test: all 29 windows created hidden, against a simulated agent in a thread of its own. Waits
 // are shortened (a transport second lasts 100 ms). Nothing is loaded until Load. Everything is as it was before when it
@@ -36,6 +63,8 @@ public:
     void Command(WindowId window, int id, int notification = 0);
     // Puts text into an edit as typing or pasting does (the window hears of the change).
     void Type(WindowId window, int id, std::wstring_view text);
+    // Clicks a button.
+    static void Click(WindowId window, int id);
     // Chooses an entry of a combo box by its text and tells the window.
     void Choose(WindowId window, int id, std::wstring_view entry);
 
@@ -44,6 +73,13 @@ public:
     // The last request of that operation as the agent received it, its identifier replaced by "{ID}"; empty when there
     // was none. Line ends are as on the wire.
     [[nodiscard]] std::wstring LastRequest(std::wstring_view operation);
+    // Expects the last request of an operation in the usual envelope. "|" stands for the start of a detail's line.
+    void ExpectSent(const std::wstring& operation, const std::wstring& fields);
+
+    // Answers the operation so, whatever it asks: with a document, a status word or kNoAnswer; any other as usual.
+    void AnswerWith(std::wstring_view operation, std::wstring_view answer);
+    // Makes the change once for each answer: expects its box, and what is read again.
+    void ExpectAnswers(const Change& change, const std::function<void()>& make);
 
 private:
     simulator::AgentServer m_agent;

@@ -80,4 +80,13 @@ void Press(WORD key, WORD modifier, WORD secondModifier)
     SetKeyboardState(before.data());
 }
 
+void ClickTab(HWND tab, int index)
+{
+    RECT caption{};
+    TabCtrl_GetItemRect(tab, index, &caption);
+    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP})
+        PostMessageW(tab, message, 0, MAKELPARAM(caption.left + 5, caption.top + 5));
+    Pump();
+}
+
 } // namespace voltaro

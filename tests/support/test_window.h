@@ -35,4 +35,7 @@ bool WaitFor(const std::function<bool()>& condition, unsigned milliseconds = 20'
 // and serves what follows.
 void Press(WORD key, WORD modifier = 0, WORD secondModifier = 0);
 
+// Turns to a page as the user does, by a click on its tab, and serves what follows.
+void ClickTab(HWND tab, int index);
+
 } // namespace voltaro

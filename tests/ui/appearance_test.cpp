@@ -2,14 +2,9 @@
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
 #include "shell/window_table.h"
-#include "support/labelled.h"
 #include "support/pixels.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/tabs.h"
 #include "ui/theme.h"
-
-#include <gtest/gtest.h>
 
 namespace voltaro {
 namespace {
@@ -67,10 +62,7 @@ int CountIn(const Pixels& pixels, HWND window, HWND control, COLORREF colour)
     RECT place;
     GetWindowRect(control, &place);
     MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
-    int count = 0;
-    for (LONG y = std::max(place.top, 0L); y < std::min<LONG>(place.bottom, pixels.Height()); ++y)
-        count += pixels.CountOf(colour, std::max(place.left, 0L), std::min<LONG>(place.right, pixels.Width()), y);
-    return count;
+    return pixels.CountIn(colour, place);
 }
 
 // Texts that a window colours for its controls: labels, captions of groups, check boxes and radios, read-only fields.
@@ -91,7 +83,7 @@ void ShowADay()
     const HWND window = WindowOf(WindowId::Savings);
     OpenSavingsWindow(WindowOf(WindowId::Main));
     RecomputeSavings();
-    TurnTo(FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr), 2);
+    ClickTab(FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr), 2);
 }
 
 TEST(HighContrast, EveryTextOfEveryWindowIsInTheSystemsColours)
@@ -132,10 +124,7 @@ TEST(HighContrast, PaintedWindowsFollowTheSystemLiveAndBack)
         const Pixels seen = Seen(main);
         EXPECT_EQ(CountIn(seen, main, list, kProductGreen) > 1000, !high);
         EXPECT_EQ(CountIn(seen, main, list, kText) > 50, high);
-        int notice = 0;
-        for (int y = 470; y < 500; ++y)
-            notice += seen.CountOf(high ? kOnFace : kTextGreen, 165, 490, y);
-        EXPECT_GT(notice, 50) << "the notice at the foot";
+        EXPECT_GT(seen.CountIn(high ? kOnFace : kTextGreen, {165, 470, 490, 500}), 50) << "the notice at the foot";
         ShowWindow(WindowOf(WindowId::Savings), SW_SHOWNA);
         const Pixels page = Seen(graph);
         EXPECT_EQ(page.At(140, 150), high ? kGround : RGB(252, 252, 252));
@@ -143,10 +132,7 @@ TEST(HighContrast, PaintedWindowsFollowTheSystemLiveAndBack)
         EXPECT_EQ(page.At(49, 300), high ? kText : RGB(0, 0, 0)) << "axis";
         EXPECT_EQ(CountIn(page, graph, durations, high ? kText : RGB(0, 0, 0)) > 100, true);
         EXPECT_EQ(CountIn(page, graph, durations, RGB(247, 247, 247)) > 1000, !high);
-        int title = 0;
-        for (int y = 15; y < 31; ++y)
-            title += page.CountOf(high ? kOnFace : RGB(83, 83, 83), 380, 600, y);
-        EXPECT_GT(title, 50);
+        EXPECT_GT(page.CountIn(high ? kOnFace : RGB(83, 83, 83), {380, 15, 600, 31}), 50) << "title";
         ShowWindow(graph, SW_SHOWNA);
     };
     look(false);

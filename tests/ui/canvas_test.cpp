@@ -1,8 +1,6 @@
 #include "ui/canvas.h"
 
-#include "support/pixels.h"
 #include "support/test_window.h"
-#include "ui/clipboard.h"
 #include "ui/controls.h"
 #include "ui/theme.h"
 
@@ -19,26 +17,6 @@ COLORREF PixelOnScreen(HWND window, int x, int y)
     const COLORREF colour = GetPixel(dc, x, y);
     ReleaseDC(window, dc);
     return colour;
-}
-
-void FillRed(HDC dc, void*)
-{
-    const RECT part{10, 10, 300, 200};
-    FillRect(dc, &part, BrushOf(kRed));
-}
-
-TEST(Canvas, RendersOntoTheFaceColourAndCopies)
-{
-    const UniqueBitmap bitmap = RenderBitmap(320, 220, &FillRed, nullptr);
-    EXPECT_EQ(Pixels(bitmap.Get()).At(5, 5), GetSysColor(COLOR_3DFACE));
-    EXPECT_EQ(Pixels(bitmap.Get()).At(50, 50), kRed);
-    ASSERT_TRUE(CopyToClipboard(nullptr, bitmap.Get()));
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    BITMAP copied{};
-    GetObjectW(GetClipboardData(CF_BITMAP), sizeof copied, &copied);
-    CloseClipboard();
-    EXPECT_EQ(copied.bmWidth, 320);
-    EXPECT_EQ(Pixels(bitmap.Get()).At(50, 50), kRed) << "the clipboard has a copy, not the bitmap";
 }
 
 TEST(Canvas, PaintsAroundControlsButUnderGroupBoxes)

@@ -3,7 +3,6 @@
 #include "support/labelled.h"
 #include "support/test_window.h"
 #include "ui/theme.h"
-#include "ui/tooltip.h"
 
 #include <gtest/gtest.h>
 
@@ -111,18 +110,6 @@ TEST_F(Controls, FocusLeavesAControlThatIsDisabledOrHiddenAndComesBack)
     FocusOn(m_all.Get(), 112);
     Enable(m_all.Get(), 104, true);
     EXPECT_EQ(GetFocus(), Of(112)) << "the user has gone elsewhere";
-}
-
-TEST_F(Controls, TooltipTextFollowsAndIsFreedWithTheControl)
-{
-    const HWND button = Of(116);
-    SetTooltip(button, L"Lock Screen");
-    for (const std::wstring& text : {std::wstring(500, L'x'), std::wstring(), std::wstring(L"Again")}) {
-        SetTooltip(button, text);
-        EXPECT_EQ(TooltipOf(button), text);
-    }
-    DestroyWindow(button);
-    EXPECT_STREQ(TooltipOf(button), L"");
 }
 
 TEST_F(Controls, AChosenRadioClearsItsOwnGroupOnly)

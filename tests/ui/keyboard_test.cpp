@@ -1,11 +1,6 @@
-#include "shell/main_commands.h"
 #include "shell/window_table.h"
-#include "support/labelled.h"
 #include "support/program.h"
-#include "support/test_window.h"
 #include "ui/tabs.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
