@@ -4,19 +4,15 @@
 #include "console/agent_lost.h"
 #include "console/agent_state.h"
 #include "console/change.h"
-#include "console/help.h"
+#include "console/window_tables.h"
 #include "power/names.h"
 #include "power/policy.h"
 #include "power/processor_strip.h"
 #include "power/rule_window.h"
 #include "power/scheme_window.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
 #include "ui/list_view.h"
-#include "ui/navigation.h"
 #include "ui/refusals.h"
-#include "ui/theme.h"
 #include "ui/window_class.h"
 
 namespace voltaro {
@@ -81,9 +77,9 @@ std::optional<std::size_t> SelectedRule()
     return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
 }
 
-void ShowButtons()
+void ShowButtons(HWND window)
 {
-    Enable(Window(), kRuleButtons, SelectedRule().has_value());
+    Enable(window, kRuleButtons, SelectedRule().has_value());
 }
 
 void ShowRules()
@@ -91,7 +87,7 @@ void ShowRules()
     const auto& rules = edited.policy.rules;
     FillList(List(), rules.size(),
         [&](std::size_t row, std::size_t column) { return (rules[row].*kRuleColumns[column]).c_str(); });
-    ShowButtons();
+    ShowButtons(Window());
 }
 
 void Open(PolicyMode mode, ApplicationSensorPolicy policy)
@@ -132,13 +128,11 @@ bool TellRefusal(HWND window, const Refusal* refusal)
 
 // --- handlers ---
 
-LRESULT OnCreate(HWND window)
+void OnCreate(HWND window)
 {
     edited = Edited();
-    CreateControls(window, kControls, WindowFont());
     LimitText(window, kNewPolicyName, kMaxNameLength);
     SetColumns(ControlOf(window, kRuleList), kColumns);
-    return 0;
 }
 
 void OnTyping(HWND window)
@@ -170,11 +164,6 @@ void OnDeleteRule(HWND)
         SelectRow(List(), static_cast<int>(*selected) - 1);
 }
 
-void Close(HWND window)
-{
-    HideFromOwner(window);
-}
-
 void OnSave(HWND window)
 {
     const bool isNew = edited.mode == PolicyMode::New;
@@ -193,7 +182,7 @@ void OnSave(HWND window)
         return;
     if (!IsWord(*status, kSuccess))
         return Tell(window, failed);
-    Close(window);
+    HideFromOwner(window);
     if (ReadPolicies())
         ShowPolicies(isNew ? std::wstring_view(edited.policy.name) : std::wstring_view());
     else
@@ -210,28 +199,18 @@ void OnEnter(HWND window)
 
 constexpr Command kCommands[] = {
     {IDOK, OnEnter},
-    {IDCANCEL, Close},
+    {IDCANCEL, HideFromOwner},
     {kNewPolicyName, OnTyping, EN_CHANGE},
     {kAddRule, OnAddRule},
     {kModifyRule, OnModifyRule},
     {kDeleteRule, OnDeleteRule},
     {kSavePolicy, OnSave},
+    {kRuleList, ShowButtons, LVN_ITEMCHANGED},
+    {kRuleList, OnModifyRule, NM_DBLCLK},
+    {kRuleList, OnDeleteRule, kDeleteKey},
 };
 
-LRESULT OnNotify(HWND window, LPARAM l)
-{
-    const auto* header = reinterpret_cast<const NMHDR*>(l);
-    if (header->idFrom != kRuleList)
-        return 0;
-    if (header->code == static_cast<UINT>(LVN_ITEMCHANGED))
-        ShowButtons();
-    else if (header->code == static_cast<UINT>(NM_DBLCLK))
-        OnModifyRule(window);
-    else if (header->code == static_cast<UINT>(LVN_KEYDOWN)
-        && reinterpret_cast<const NMLVKEYDOWN*>(l)->wVKey == VK_DELETE)
-        OnDeleteRule(window);
-    return 0;
-}
+constexpr WindowTables kTables = {kControls, kCommands, kSchemeHelpPage, OnCreate};
 
 } // namespace
 
@@ -258,17 +237,7 @@ void OpenPolicy(const std::wstring& name)
 
 LRESULT CALLBACK PolicyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    if (IsSentToDisabled(window, message))
-        return 0;
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
-    case WM_NOTIFY: return OnNotify(window, l);
-    case WM_HELP: OpenHelp(window, kSchemeHelpPage); return TRUE;
-    case WM_CLOSE: Close(window); return 0;
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

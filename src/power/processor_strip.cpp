@@ -6,13 +6,10 @@
 #include "console/agent_lost.h"
 #include "console/agent_state.h"
 #include "console/change.h"
+#include "console/window_tables.h"
 #include "power/policy_window.h"
 #include "power/scheme_pages.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
-#include "ui/theme.h"
-#include "ui/window_class.h"
 
 namespace voltaro {
 namespace {
@@ -91,14 +88,14 @@ constexpr Command kCommands[] = {
     {kDeletePolicy, OnDeletePolicy},
 };
 
-LRESULT OnCreate(HWND strip)
+void OnCreate(HWND strip)
 {
-    CreateControls(strip, kControls, WindowFont());
     FillCombo(
         strip, kProcessorSpeed, std::vector<std::wstring>(std::begin(kProcessorSpeeds), std::end(kProcessorSpeeds)));
     ClipToRows(strip, kStripTop, kStripBottom);
-    return 0;
 }
+
+constexpr WindowTables kTables = {kControls, kCommands, nullptr, OnCreate};
 
 } // namespace
 
@@ -125,14 +122,7 @@ void EnablePolicyButtons(bool enabled)
 
 LRESULT CALLBACK SchemeProcessorProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND:
-        if (IsWindowEnabled(GetParent(window))) // not while the policy window is open over the editor
-            Dispatch(kCommands, window, w);
-        return 0;
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

@@ -3,12 +3,10 @@
 #include "power/scheme_pages.h"
 
 #include "console/state.h"
+#include "console/window_tables.h"
 #include "power/capabilities.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
 #include "ui/theme.h"
 #include "ui/tooltip.h"
-#include "ui/window_class.h"
 
 #include <algorithm>
 #include <array>
@@ -176,36 +174,35 @@ void SetFont(HWND page, int control, HFONT font)
     SendMessageW(ControlOf(page, control), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
-LRESULT MakePage(HWND page, std::span<const Control> rows)
+void MakePage(HWND page)
 {
-    CreateControls(page, rows, WindowFont());
     SetFont(page, kHeading, FontOf(15, 600));
     ClipToRows(page, 0, kSchemePageBottom);
-    return 0;
 }
 
-LRESULT MakeDisplayPage(HWND page)
+void MakeDisplayPage(HWND page)
 {
-    MakePage(page, kDisplayControls);
+    MakePage(page);
     for (const int slider : {kWorkingBrightness, kIdleBrightness}) {
         SendMessageW(ControlOf(page, slider), TBM_SETRANGE, FALSE, MAKELPARAM(0, std::size(kBrightnessSteps) - 1));
         SendMessageW(ControlOf(page, slider), TBM_SETPAGESIZE, 0, 1);
     }
-    return 0;
 }
 
-LRESULT MakePowerOffPage(HWND page)
+void MakePowerOffPage(HWND page)
 {
-    MakePage(page, kPowerOffControls);
+    MakePage(page);
     for (const int note : {kFirstNote, kSecondNote, kScriptFolder})
         SetFont(page, note, FontOf(13, 300));
     SetText(page, kScriptFolder, state.binDirectory);
-    return 0;
 }
 
 // While the thumb is dragged its value stands above it.
-LRESULT OnSlide(HWND page, WPARAM w, HWND slider)
+std::optional<LRESULT> OnSlide(HWND page, UINT message, WPARAM w, LPARAM l)
 {
+    if (message != WM_HSCROLL)
+        return std::nullopt;
+    const HWND slider = reinterpret_cast<HWND>(l);
     for (const SchemeField& field : kSchemeForm) {
         if (field.shown == Shown::Step && field.control == GetDlgCtrlID(slider))
             ShowStep(page, field);
@@ -224,6 +221,9 @@ constexpr Command kPowerOffCommands[] = {
     {kShutdownChoice, OnPowerOffChoice},
     {kCpuLoadCheck, OnCpuLoadCheck},
 };
+
+constexpr WindowTables kDisplayPage = {kDisplayControls, kDisplayCommands, nullptr, MakeDisplayPage, OnSlide};
+constexpr WindowTables kPowerOffPage = {kPowerOffControls, kPowerOffCommands, nullptr, MakePowerOffPage};
 
 } // namespace
 
@@ -271,21 +271,12 @@ void EnableSettings(bool enabled)
 
 LRESULT CALLBACK SchemeDisplayProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    switch (message) {
-    case WM_CREATE: return MakeDisplayPage(window);
-    case WM_COMMAND: Dispatch(kDisplayCommands, window, w); return 0;
-    case WM_HSCROLL: return OnSlide(window, w, reinterpret_cast<HWND>(l));
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kDisplayPage, window, message, w, l);
 }
 
 LRESULT CALLBACK SchemePowerOffProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    switch (message) {
-    case WM_CREATE: return MakePowerOffPage(window);
-    case WM_COMMAND: Dispatch(kPowerOffCommands, window, w); return 0;
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kPowerOffPage, window, message, w, l);
 }
 
 } // namespace voltaro

@@ -5,19 +5,14 @@
 #include "base/text.h"
 #include "console/agent.h"
 #include "console/change.h"
-#include "console/help.h"
 #include "console/state.h"
+#include "console/window_tables.h"
 #include "savings/profile_form.h"
 #include "savings/profile_record.h"
 #include "savings/report_style.h"
 #include "savings/savings_window.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
 #include "ui/list_view.h"
-#include "ui/navigation.h"
-#include "ui/theme.h"
-#include "ui/window_class.h"
 
 #include <optional>
 #include <string>
@@ -147,11 +142,6 @@ void OnSave(HWND window)
     static_cast<void>(ShowSaved(window));
 }
 
-void OnCancel(HWND window)
-{
-    ShowWindow(window, SW_HIDE);
-}
-
 constexpr Command kCommands[] = {
     {kInbuilt, OnKindWithoutSize},
     {kBranded, OnKindWithoutSize},
@@ -162,18 +152,18 @@ constexpr Command kCommands[] = {
     {kAuto, OnAuto},
     {kEdit, OnEdit},
     {kSave, OnSave},
-    {kCancel, OnCancel},
+    {kCancel, HideWindow},
     {IDOK, OnSave},
-    {IDCANCEL, OnCancel},
+    {IDCANCEL, HideWindow},
 };
 
-LRESULT OnCreate(HWND window)
+void OnCreate(HWND window)
 {
-    CreateControls(window, kControls, WindowFont());
     PrepareReportList(ControlOf(window, kSaved), kColumns);
     PrepareProfileFields(window);
-    return 0;
 }
+
+constexpr WindowTables kTables = {kControls, kCommands, L"powercalculations.htm", OnCreate};
 
 } // namespace
 
@@ -191,18 +181,7 @@ void OpenProfileWindow(HWND)
 
 LRESULT CALLBACK ProfileWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND:
-        if (Dispatch(kCommands, window, w))
-            return 0;
-        break;
-    case WM_CLOSE: OnCancel(window); return 0;
-    case WM_HELP: OpenHelp(window, L"powercalculations.htm"); return TRUE;
-    default: break;
-    }
-    return DefaultAnswer(window, message, w, l);
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

@@ -6,8 +6,8 @@
 #include "console/background_refresh.h"
 #include "console/main_hold.h"
 #include "console/ui_calls.h"
+#include "console/window_tables.h"
 #include "resources/resource_ids.h"
-#include "settings/form_window.h"
 #include "settings/machine_texts.h"
 #include "settings/system_info_pages.h"
 #include "ui/clipboard.h"
@@ -65,7 +65,7 @@ void OnClose(HWND window)
     if (!IsWindowVisible(window))
         return;
     ReleaseMainWindow(HoldReason::SystemInfo); // first, else another program's window would come to the front
-    HideForm(window);
+    HideWindow(window);
     SetForegroundWindow(FrontWindow());
 }
 
@@ -79,7 +79,7 @@ constexpr Command kCommands[] = {
     {IDCANCEL, OnClose},
 };
 
-constexpr FormTables kTables = {kControls, kCommands, L"System Info.htm"};
+constexpr WindowTables kTables = {kControls, kCommands, L"System Info.htm"};
 
 // The pages are made after their window.
 void BindPages(HWND tab)
@@ -98,8 +98,6 @@ void BindPages(HWND tab)
 
 LRESULT CALLBACK SystemInfoWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->code == static_cast<UINT>(TCN_SELCHANGE))
-        TurnToSelected(ControlOf(window, kTab));
     return AnswerFromTables(kTables, window, message, w, l);
 }
 

@@ -13,7 +13,7 @@ void DrawLetterhead(HDC dc)
     DrawTextAt(dc, 553, 55, L"TM", WindowFont(), kTextGreen);
 }
 
-std::optional<LRESULT> AnswerLetterhead(HWND window, UINT message, WPARAM w)
+std::optional<LRESULT> AnswerLetterhead(HWND window, UINT message, WPARAM w, LPARAM)
 {
     switch (message) {
     case WM_PAINT: DrawLetterhead(Canvas(window).Dc()); return 0;
