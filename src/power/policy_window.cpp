@@ -56,7 +56,7 @@ constexpr Box kUnreadable = {L"Application Sensor Policy", L"Could not read the 
 constexpr Box kCreateFailed = {L"Failed to save ", L"Unable to save new policy settings"};
 
 struct Edited {
-    PolicyMode mode = PolicyMode::New;
+    EditMode mode = EditMode::Add;
     ApplicationSensorPolicy policy;
 };
 Edited edited;
@@ -90,10 +90,10 @@ void ShowRules()
     ShowButtons(Window());
 }
 
-void Open(PolicyMode mode, ApplicationSensorPolicy policy)
+void Open(EditMode mode, ApplicationSensorPolicy policy)
 {
     const HWND window = Window();
-    const bool isNew = mode == PolicyMode::New;
+    const bool isNew = mode == EditMode::Add;
     edited = {mode, std::move(policy)};
     SetText(window, kPolicyName, edited.policy.name);
     SetText(window, kNewPolicyName, {});
@@ -166,7 +166,7 @@ void OnDeleteRule(HWND)
 
 void OnSave(HWND window)
 {
-    const bool isNew = edited.mode == PolicyMode::New;
+    const bool isNew = edited.mode == EditMode::Add;
     if (isNew) {
         const std::wstring name = TextOf(window, kNewPolicyName);
         if (Refuse(window, kNewPolicyName, CheckNewPolicyName(name, state.policies), name))
@@ -216,7 +216,7 @@ constexpr WindowTables kTables = {kControls, kCommands, kSchemeHelpPage, OnCreat
 
 void OpenNewPolicy()
 {
-    Open(PolicyMode::New, {});
+    Open(EditMode::Add, {});
 }
 
 void OpenPolicy(const std::wstring& name)
@@ -230,9 +230,9 @@ void OpenPolicy(const std::wstring& name)
             policy = ReadPolicy(*root);
     }
     if (!policy)
-        return Tell(WindowOf(WindowId::Scheme), kUnreadable, Format(kUnreadable.text, name.c_str()));
+        return Tell(WindowOf(WindowId::Scheme), kUnreadable, WithName(kUnreadable.text, name));
     policy->name = name; // as the list of policies spells it
-    Open(PolicyMode::Existing, std::move(*policy));
+    Open(EditMode::Update, std::move(*policy));
 }
 
 LRESULT CALLBACK PolicyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)

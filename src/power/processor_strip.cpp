@@ -66,8 +66,8 @@ void OnDeletePolicy(HWND strip)
     if (policy.empty())
         return;
     if (EqualsIgnoreCase(policy, state.currentScheme.sensorPolicy))
-        return Tell(editor, kPolicyInUse, Format(kPolicyInUse.text, policy.c_str()));
-    if (!Ask(editor, kDeleteQuestion, Format(kDeleteQuestion.text, policy.c_str())))
+        return Tell(editor, kPolicyInUse, WithName(kPolicyInUse.text, policy));
+    if (!Ask(editor, kDeleteQuestion, WithName(kDeleteQuestion.text, policy)))
         return;
     const auto status
         = AnswerToChange(editor, kDeleteFailed.caption, WithText(Operation::DeletePolicy, L"policy", policy));

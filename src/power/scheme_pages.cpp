@@ -152,7 +152,7 @@ void ShowField(const SchemeField& field, const std::wstring& shown)
         break;
     case Shown::Choice: FillChoices(page, field.control, field.choices, ChoiceIndex(field.choices, shown)); break;
     case Shown::Name: SelectName(page, field.control, shown); break;
-    case Shown::Check: SetChecked(page, field.control, shown == L"Yes"); break;
+    case Shown::Check: SetChecked(page, field.control, IsYes(shown)); break;
     }
 }
 
@@ -163,7 +163,7 @@ std::wstring FieldShown(const SchemeField& field)
         return field.choices[static_cast<std::size_t>(SendMessageW(ControlOf(page, field.control), TBM_GETPOS, 0, 0))]
             .text;
     if (field.shown == Shown::Check)
-        return IsChecked(page, field.control) ? L"Yes" : L"No";
+        return YesNo(IsChecked(page, field.control));
     return SelectedText(page, field.control);
 }
 

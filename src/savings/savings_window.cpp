@@ -88,7 +88,7 @@ void RefreshPages()
 
 void TellOfDay(HWND window, const Box& box, const LocalTime& day)
 {
-    Tell(window, box, Format(box.text, PickerDate(day).c_str()));
+    Tell(window, box, WithName(box.text, PickerDate(day)));
 }
 
 // The profile is read with all else when the console connects; where that failed it is tried again for each day.

@@ -216,7 +216,7 @@ void OnModify(HWND window)
 void OnDelete(HWND window)
 {
     const auto job = SelectedJob(window);
-    if (!job || !Ask(window, kDeleteJob, Replaced(kDeleteJob.text, L"%ls", session.jobs[*job].name)))
+    if (!job || !Ask(window, kDeleteJob, WithName(kDeleteJob.text, session.jobs[*job].name)))
         return;
     session.jobs.erase(session.jobs.begin() + static_cast<std::ptrdiff_t>(*job));
     session.deleted = true;
@@ -226,7 +226,7 @@ void OnDelete(HWND window)
 
 void OnRemoveAll(HWND window)
 {
-    if (Ask(window, kDeleteAll, Replaced(kDeleteAll.text, L"%ls", ComputerName())))
+    if (Ask(window, kDeleteAll, WithName(kDeleteAll.text, ComputerName())))
         StoreJobs(window, {});
 }
 

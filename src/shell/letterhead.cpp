@@ -3,6 +3,7 @@
 #include "resources/resource_ids.h"
 #include "ui/canvas.h"
 #include "ui/theme.h"
+#include "ui/window_class.h"
 
 namespace voltaro {
 
@@ -20,9 +21,7 @@ std::optional<LRESULT> AnswerLetterhead(HWND window, UINT message, WPARAM w, LPA
     case WM_ERASEBKGND: return 1;
     case WM_PRINTCLIENT: {
         const auto dc = reinterpret_cast<HDC>(w);
-        RECT client;
-        GetClientRect(window, &client);
-        FillRect(dc, &client, FaceBrush());
+        FillWithGround(window, dc);
         DrawLetterhead(dc);
         return 0;
     }

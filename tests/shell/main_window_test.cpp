@@ -1,5 +1,6 @@
 #include "shell/main_window.h"
 
+#include "console/help.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/quick_actions.h"
@@ -144,6 +145,20 @@ TEST_F(MainWindowTest, NamesTheHelpFileThatIsMissing)
     program.Command(WindowId::Main, kTrayHelp);
     EXPECT_TRUE(IsWindowEnabled(GetDesktopWindow()));
     SendMessageW(WindowOf(WindowId::Snooze), WM_HELP, 0, 0);
+}
+
+TEST_F(MainWindowTest, F1OpensThePageOfTheWindow)
+{
+    static std::wstring topic;
+    const HelpViewer viewer = std::exchange(helpViewer, [](HWND, const std::wstring& shown) { topic = shown; });
+    constexpr std::pair<WindowId, std::wstring_view> kPages[]
+        = {{WindowId::Activation, L"::/activation.htm"}, {WindowId::Update, L"::/update.htm"},
+            {WindowId::Profile, L"::/powercalculations.htm"}, {WindowId::Rule, L"::/advanced.htm"}};
+    for (const auto& [window, page] : kPages) {
+        SendMessageW(WindowOf(window), WM_HELP, 0, 0);
+        EXPECT_TRUE(topic.ends_with(page)) << topic;
+    }
+    helpViewer = viewer;
 }
 
 TEST_F(MainWindowTest, AnswersPowerBroadcastsAndEndsOfTheSession)
