@@ -74,4 +74,19 @@ std::wstring Replaced(std::wstring_view text, std::wstring_view what, std::wstri
     return result;
 }
 
+std::wstring WithName(std::wstring_view text, std::wstring_view name)
+{
+    return Replaced(text, L"%ls", name);
+}
+
+bool IsYes(std::wstring_view flag)
+{
+    return EqualsIgnoreCase(flag, L"Yes");
+}
+
+const wchar_t* YesNo(bool yes)
+{
+    return yes ? L"Yes" : L"No";
+}
+
 } // namespace voltaro

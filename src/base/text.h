@@ -45,7 +45,13 @@ namespace voltaro {
 // their meaning is the same in every C library.
 [[nodiscard]] std::wstring Format(const wchar_t* format, ...);
 
-// Replaces every occurrence of `what`; for texts with a place holder.
+// Replaces every occurrence of `what`.
 [[nodiscard]] std::wstring Replaced(std::wstring_view text, std::wstring_view what, std::wstring_view with);
+// A text with a name in the place of its "%ls".
+[[nodiscard]] std::wstring WithName(std::wstring_view text, std::wstring_view name);
+
+// Switches of a record: "Yes" or "No"; letter case does not count when they are read.
+[[nodiscard]] bool IsYes(std::wstring_view flag);
+[[nodiscard]] const wchar_t* YesNo(bool yes);
 
 } // namespace voltaro

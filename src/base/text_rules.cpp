@@ -12,7 +12,7 @@ const Refusal* FirstBroken(std::span<const TextRule> rules, std::wstring_view te
 
 std::wstring RefusalText(const Refusal& refusal, std::wstring_view input)
 {
-    return Replaced(refusal.text, L"%ls", input);
+    return WithName(refusal.text, input);
 }
 
 bool IsEmpty(std::wstring_view text)

@@ -22,6 +22,10 @@ struct TextRule {
 // The text to show: with the refused input in its place where the refusal names it.
 [[nodiscard]] std::wstring RefusalText(const Refusal& refusal, std::wstring_view input);
 
+// Whether an editor adds a record or changes one that is in the list. Only an added one is compared with the others: a
+// changed record must not be refused for its own name.
+enum class EditMode { Add, Update };
+
 // Conditions shared by the tables. A blank is U+0020 alone.
 [[nodiscard]] bool IsEmpty(std::wstring_view text);
 [[nodiscard]] bool BeginsWithBlank(std::wstring_view text);

@@ -61,9 +61,9 @@ const Refusal* CheckRuleName(std::wstring_view name, std::span<const Application
     return std::ranges::any_of(rules, SameNameAs(name), &ApplicationRule::applicationName) ? &kRuleTaken : nullptr;
 }
 
-const Refusal* CheckRules(std::span<const ApplicationRule> rules, PolicyMode mode)
+const Refusal* CheckRules(std::span<const ApplicationRule> rules, EditMode mode)
 {
-    const bool isNew = mode == PolicyMode::New;
+    const bool isNew = mode == EditMode::Add;
     if (rules.empty())
         return isNew ? &kNoRulesInNew : &kNoRules;
     if (rules.size() > kMaxRules)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/refusal.h"
+#include "base/text_rules.h"
 #include "link/records.h"
 
 #include <cstddef>
@@ -45,7 +45,6 @@ void SetRuleChecked(ApplicationRule& rule, std::size_t check, bool checked);
 [[nodiscard]] const Refusal* CheckRuleName(std::wstring_view name, std::span<const ApplicationRule> rules);
 
 // "Save" of the policy window: one to kMaxRules rules. The texts for a new policy spell "cann't"; users know them so.
-enum class PolicyMode { New, Existing };
-[[nodiscard]] const Refusal* CheckRules(std::span<const ApplicationRule> rules, PolicyMode mode);
+[[nodiscard]] const Refusal* CheckRules(std::span<const ApplicationRule> rules, EditMode mode);
 
 } // namespace voltaro

@@ -4,7 +4,7 @@
 #include "console/agent_records.h"
 #include "console/agent_state.h"
 #include "console/change.h"
-#include "console/help.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "power/names.h"
 #include "power/policy.h"
@@ -12,12 +12,8 @@
 #include "power/rule_window.h"
 #include "power/scheme_window.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
 #include "ui/list_view.h"
-#include "ui/navigation.h"
 #include "ui/refusals.h"
-#include "ui/theme.h"
 #include "ui/window_class.h"
 
 namespace voltaro {
@@ -61,7 +57,7 @@ constexpr Box kUnreadable = {L"Application Sensor Policy", L"Could not read the 
 constexpr Box kCreateFailed = {L"Failed to save ", L"Unable to save new policy settings"};
 
 struct Edited {
-    PolicyMode mode = PolicyMode::New;
+    EditMode mode = EditMode::Add;
     ApplicationSensorPolicy policy;
 };
 Edited edited;
@@ -82,9 +78,9 @@ std::optional<std::size_t> SelectedRule()
     return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
 }
 
-void ShowButtons()
+void ShowButtons(HWND window)
 {
-    Enable(Window(), kRuleButtons, SelectedRule().has_value());
+    Enable(window, kRuleButtons, SelectedRule().has_value());
 }
 
 void ShowRules()
@@ -92,13 +88,13 @@ void ShowRules()
     const auto& rules = edited.policy.rules;
     FillList(List(), rules.size(),
         [&](std::size_t row, std::size_t column) { return (rules[row].*kRuleColumns[column]).c_str(); });
-    ShowButtons();
+    ShowButtons(Window());
 }
 
-void Open(PolicyMode mode, ApplicationSensorPolicy policy)
+void Open(EditMode mode, ApplicationSensorPolicy policy)
 {
     const HWND window = Window();
-    const bool isNew = mode == PolicyMode::New;
+    const bool isNew = mode == EditMode::Add;
     edited = {mode, std::move(policy)};
     SetText(window, kPolicyName, edited.policy.name);
     SetText(window, kNewPolicyName, {});
@@ -133,13 +129,11 @@ bool TellRefusal(HWND window, const Refusal* refusal)
 
 // --- handlers ---
 
-LRESULT OnCreate(HWND window)
+void OnCreate(HWND window)
 {
     edited = Edited();
-    CreateControls(window, kControls, WindowFont());
     LimitText(window, kNewPolicyName, kMaxNameLength);
     SetColumns(ControlOf(window, kRuleList), kColumns);
-    return 0;
 }
 
 void OnTyping(HWND window)
@@ -171,14 +165,9 @@ void OnDeleteRule(HWND)
         SelectRow(List(), static_cast<int>(*selected) - 1);
 }
 
-void Close(HWND window)
-{
-    HideFromOwner(window);
-}
-
 void OnSave(HWND window)
 {
-    const bool isNew = edited.mode == PolicyMode::New;
+    const bool isNew = edited.mode == EditMode::Add;
     if (isNew) {
         const std::wstring name = TextOf(window, kNewPolicyName);
         if (Refuse(window, kNewPolicyName, CheckNewPolicyName(name, agentRecords.policies), name))
@@ -191,7 +180,7 @@ void OnSave(HWND window)
     const Operation operation = isNew ? Operation::CreatePolicy : Operation::SetPolicySettings;
     if (SubmitChange(window, {failed.caption, failed}, WithPolicy(operation, edited.policy)) != ChangeResult::Done)
         return;
-    Close(window);
+    HideFromOwner(window);
     if (ReadOrLose(ReadPolicies) != ReadResult::Lost)
         ShowPolicies(isNew ? std::wstring_view(edited.policy.name) : std::wstring_view());
 }
@@ -206,34 +195,24 @@ void OnEnter(HWND window)
 
 constexpr Command kCommands[] = {
     {IDOK, OnEnter},
-    {IDCANCEL, Close},
+    {IDCANCEL, HideFromOwner},
     {kNewPolicyName, OnTyping, EN_CHANGE},
     {kAddRule, OnAddRule},
     {kModifyRule, OnModifyRule},
     {kDeleteRule, OnDeleteRule},
     {kSavePolicy, OnSave},
+    {kRuleList, ShowButtons, LVN_ITEMCHANGED},
+    {kRuleList, OnModifyRule, NM_DBLCLK},
+    {kRuleList, OnDeleteRule, kDeleteKey},
 };
 
-LRESULT OnNotify(HWND window, LPARAM l)
-{
-    const auto* header = reinterpret_cast<const NMHDR*>(l);
-    if (header->idFrom != kRuleList)
-        return 0;
-    if (header->code == static_cast<UINT>(LVN_ITEMCHANGED))
-        ShowButtons();
-    else if (header->code == static_cast<UINT>(NM_DBLCLK))
-        OnModifyRule(window);
-    else if (header->code == static_cast<UINT>(LVN_KEYDOWN)
-        && reinterpret_cast<const NMLVKEYDOWN*>(l)->wVKey == VK_DELETE)
-        OnDeleteRule(window);
-    return 0;
-}
+constexpr WindowTables kTables = {kControls, kCommands, kSchemeHelpPage, OnCreate};
 
 } // namespace
 
 void OpenNewPolicy()
 {
-    Open(PolicyMode::New, {});
+    Open(EditMode::Add, {});
 }
 
 void OpenPolicy(const std::wstring& name)
@@ -247,24 +226,14 @@ void OpenPolicy(const std::wstring& name)
             policy = ReadPolicy(*root);
     }
     if (!policy)
-        return Tell(WindowOf(WindowId::Scheme), kUnreadable, Format(kUnreadable.text, name.c_str()));
+        return Tell(WindowOf(WindowId::Scheme), kUnreadable, WithName(kUnreadable.text, name));
     policy->name = name; // as the list of policies spells it
-    Open(PolicyMode::Existing, std::move(*policy));
+    Open(EditMode::Update, std::move(*policy));
 }
 
 LRESULT CALLBACK PolicyWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    if (IsSentToDisabled(window, message))
-        return 0;
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
-    case WM_NOTIFY: return OnNotify(window, l);
-    case WM_HELP: OpenHelp(window, kSchemeHelpPage); return TRUE;
-    case WM_CLOSE: Close(window); return 0;
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

@@ -6,14 +6,11 @@
 #include "console/agent_records.h"
 #include "console/agent_state.h"
 #include "console/change.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "power/policy_window.h"
 #include "power/scheme_pages.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
-#include "ui/theme.h"
-#include "ui/window_class.h"
 
 namespace voltaro {
 namespace {
@@ -70,8 +67,8 @@ void OnDeletePolicy(HWND strip)
     if (policy.empty())
         return;
     if (EqualsIgnoreCase(policy, agentRecords.currentScheme.sensorPolicy))
-        return Tell(editor, kPolicyInUse, Format(kPolicyInUse.text, policy.c_str()));
-    if (!Ask(editor, kDeleteQuestion, Format(kDeleteQuestion.text, policy.c_str())))
+        return Tell(editor, kPolicyInUse, WithName(kPolicyInUse.text, policy));
+    if (!Ask(editor, kDeleteQuestion, WithName(kDeleteQuestion.text, policy)))
         return;
     const ChangeTexts texts{kDeleteFailed.caption, kDeleteFailed};
     if (SubmitChange(editor, texts, WithText(Operation::DeletePolicy, L"policy", policy)) != ChangeResult::Done)
@@ -87,14 +84,14 @@ constexpr Command kCommands[] = {
     {kDeletePolicy, OnDeletePolicy},
 };
 
-LRESULT OnCreate(HWND strip)
+void OnCreate(HWND strip)
 {
-    CreateControls(strip, kControls, WindowFont());
     FillCombo(
         strip, kProcessorSpeed, std::vector<std::wstring>(std::begin(kProcessorSpeeds), std::end(kProcessorSpeeds)));
     ClipToRows(strip, kStripTop, kStripBottom);
-    return 0;
 }
+
+constexpr WindowTables kTables = {kControls, kCommands, nullptr, OnCreate};
 
 } // namespace
 
@@ -121,14 +118,7 @@ void EnablePolicyButtons(bool enabled)
 
 LRESULT CALLBACK SchemeProcessorProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND:
-        if (IsWindowEnabled(GetParent(window))) // not while the policy window is open over the editor
-            Dispatch(kCommands, window, w);
-        return 0;
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

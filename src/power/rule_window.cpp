@@ -2,18 +2,14 @@
 #include "power/rule_window.h"
 
 #include "base/text_rules.h"
-#include "console/help.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "power/policy.h"
 #include "power/scheme_window.h"
 #include "resources/resource_ids.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
 #include "ui/file_dialog.h"
-#include "ui/navigation.h"
 #include "ui/refusals.h"
-#include "ui/theme.h"
 #include "ui/tooltip.h"
 #include "ui/window_class.h"
 
@@ -99,14 +95,12 @@ ApplicationRule RuleOnScreen(HWND window)
 
 // --- handlers ---
 
-LRESULT OnCreate(HWND window)
+void OnCreate(HWND window)
 {
     edited = Edited();
-    CreateControls(window, kControls, WindowFont());
     for (const int edit : {kRuleName, kRuleDescription})
         LimitText(window, edit, ApplicationRule::kEditLimit);
     SetTooltip(ControlOf(window, kRuleFile), kChooseExecutable.title);
-    return 0;
 }
 
 // "Clear" empties the fields; the name of a rule that is being modified is not one of them.
@@ -127,28 +121,25 @@ void OnChooseFile(HWND window)
     FocusOn(window, kRuleName);
 }
 
-void Close(HWND window)
-{
-    HideFromOwner(window);
-}
-
 void OnSave(HWND window)
 {
     const ApplicationRule rule = RuleOnScreen(window);
     const std::wstring name(rule.applicationName);
     if (!edited.place && Refuse(window, kRuleName, CheckRuleName(name, edited.rules), name))
         return;
-    Close(window);
+    HideFromOwner(window);
     edited.accepted(rule, edited.place);
 }
 
 constexpr Command kCommands[] = {
     {IDOK, OnSave},
-    {IDCANCEL, Close},
+    {IDCANCEL, HideFromOwner},
     {kRuleFile, OnChooseFile},
     {kSaveRule, OnSave},
     {ID_RULE_CLEAR, OnClear},
 };
+
+constexpr WindowTables kTables = {kControls, kCommands, kSchemeHelpPage, OnCreate};
 
 } // namespace
 
@@ -170,16 +161,7 @@ void OpenRuleWindow(std::span<const ApplicationRule> rules, std::optional<std::s
 
 LRESULT CALLBACK RuleWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    if (IsSentToDisabled(window, message))
-        return 0;
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
-    case WM_HELP: OpenHelp(window, kSchemeHelpPage); return TRUE;
-    case WM_CLOSE: Close(window); return 0;
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

@@ -5,9 +5,6 @@
 namespace voltaro {
 namespace {
 
-constexpr const wchar_t* kYes = L"Yes";
-constexpr const wchar_t* kNo = L"No";
-
 // A name in the spelling of its list, where the list is fixed.
 std::wstring ShownName(const SchemeField& field, std::wstring_view stored)
 {
@@ -30,7 +27,7 @@ std::wstring ShownSetting(const SchemeField& field, std::wstring_view stored)
     case Shown::Name: return ShownName(field, stored);
     case Shown::Check: break;
     }
-    return EqualsIgnoreCase(stored, kYes) ? kYes : kNo;
+    return YesNo(IsYes(stored));
 }
 
 std::wstring StoredSetting(const SchemeField& field, std::wstring_view shown, const LoadedSetting& loaded)

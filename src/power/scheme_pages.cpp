@@ -4,13 +4,11 @@
 
 #include "console/agent_records.h"
 #include "console/program_texts.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "power/capabilities.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
 #include "ui/theme.h"
 #include "ui/tooltip.h"
-#include "ui/window_class.h"
 
 #include <algorithm>
 #include <array>
@@ -156,7 +154,7 @@ void ShowField(const SchemeField& field, const std::wstring& shown)
         break;
     case Shown::Choice: FillChoices(page, field.control, field.choices, ChoiceIndex(field.choices, shown)); break;
     case Shown::Name: SelectName(page, field.control, shown); break;
-    case Shown::Check: SetChecked(page, field.control, shown == L"Yes"); break;
+    case Shown::Check: SetChecked(page, field.control, IsYes(shown)); break;
     }
 }
 
@@ -167,7 +165,7 @@ std::wstring FieldShown(const SchemeField& field)
         return field.choices[static_cast<std::size_t>(SendMessageW(ControlOf(page, field.control), TBM_GETPOS, 0, 0))]
             .text;
     if (field.shown == Shown::Check)
-        return IsChecked(page, field.control) ? L"Yes" : L"No";
+        return YesNo(IsChecked(page, field.control));
     return SelectedText(page, field.control);
 }
 
@@ -178,36 +176,35 @@ void SetFont(HWND page, int control, HFONT font)
     SendMessageW(ControlOf(page, control), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
-LRESULT MakePage(HWND page, std::span<const Control> rows)
+void MakePage(HWND page)
 {
-    CreateControls(page, rows, WindowFont());
     SetFont(page, kHeading, FontOf(15, 600));
     ClipToRows(page, 0, kSchemePageBottom);
-    return 0;
 }
 
-LRESULT MakeDisplayPage(HWND page)
+void MakeDisplayPage(HWND page)
 {
-    MakePage(page, kDisplayControls);
+    MakePage(page);
     for (const int slider : {kWorkingBrightness, kIdleBrightness}) {
         SendMessageW(ControlOf(page, slider), TBM_SETRANGE, FALSE, MAKELPARAM(0, std::size(kBrightnessSteps) - 1));
         SendMessageW(ControlOf(page, slider), TBM_SETPAGESIZE, 0, 1);
     }
-    return 0;
 }
 
-LRESULT MakePowerOffPage(HWND page)
+void MakePowerOffPage(HWND page)
 {
-    MakePage(page, kPowerOffControls);
+    MakePage(page);
     for (const int note : {kFirstNote, kSecondNote, kScriptFolder})
         SetFont(page, note, FontOf(13, 300));
     SetText(page, kScriptFolder, programTexts.binDirectory);
-    return 0;
 }
 
 // While the thumb is dragged its value stands above it.
-LRESULT OnSlide(HWND page, WPARAM w, HWND slider)
+std::optional<LRESULT> OnSlide(HWND page, UINT message, WPARAM w, LPARAM l)
 {
+    if (message != WM_HSCROLL)
+        return std::nullopt;
+    const HWND slider = reinterpret_cast<HWND>(l);
     for (const SchemeField& field : kSchemeForm) {
         if (field.shown == Shown::Step && field.control == GetDlgCtrlID(slider))
             ShowStep(page, field);
@@ -226,6 +223,9 @@ constexpr Command kPowerOffCommands[] = {
     {kShutdownChoice, OnPowerOffChoice},
     {kCpuLoadCheck, OnCpuLoadCheck},
 };
+
+constexpr WindowTables kDisplayPage = {kDisplayControls, kDisplayCommands, nullptr, MakeDisplayPage, OnSlide};
+constexpr WindowTables kPowerOffPage = {kPowerOffControls, kPowerOffCommands, nullptr, MakePowerOffPage};
 
 } // namespace
 
@@ -273,21 +273,12 @@ void EnableSettings(bool enabled)
 
 LRESULT CALLBACK SchemeDisplayProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    switch (message) {
-    case WM_CREATE: return MakeDisplayPage(window);
-    case WM_COMMAND: Dispatch(kDisplayCommands, window, w); return 0;
-    case WM_HSCROLL: return OnSlide(window, w, reinterpret_cast<HWND>(l));
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kDisplayPage, window, message, w, l);
 }
 
 LRESULT CALLBACK SchemePowerOffProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    switch (message) {
-    case WM_CREATE: return MakePowerOffPage(window);
-    case WM_COMMAND: Dispatch(kPowerOffCommands, window, w); return 0;
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kPowerOffPage, window, message, w, l);
 }
 
 } // namespace voltaro

@@ -10,23 +10,18 @@
 #include "console/background_refresh.h"
 #include "console/change.h"
 #include "console/connection_state.h"
-#include "console/help.h"
 #include "console/ui_calls.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "power/names.h"
 #include "power/processor_strip.h"
 #include "power/scheme_changes.h"
 #include "power/scheme_pages.h"
 #include "power/scheme_reading.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
 #include "ui/menus.h"
-#include "ui/navigation.h"
 #include "ui/refusals.h"
 #include "ui/tabs.h"
-#include "ui/theme.h"
 #include "ui/waiting.h"
-#include "ui/window_class.h"
 
 namespace voltaro {
 namespace {
@@ -146,14 +141,12 @@ void Close(HWND window)
 
 // --- handlers ---
 
-LRESULT OnCreate(HWND window)
+void OnCreate(HWND window)
 {
     editor = Editor();
     editor.closed = UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    CreateControls(window, kControls, WindowFont());
     LimitText(window, kNewSchemeName, kMaxNameLength);
     SetMenu(window, BuildMenuBar(kMenu, std::size(kMenu)).Release()); // destroyed with the window
-    return 0;
 }
 
 void OnPickScheme(HWND window)
@@ -252,11 +245,6 @@ void OnRefreshKey(HWND window)
         OnRefresh(window);
 }
 
-void OnHelp(HWND window)
-{
-    OpenHelp(window, kSchemeHelpPage);
-}
-
 void OnOk(HWND window)
 {
     Close(window);
@@ -290,19 +278,21 @@ constexpr Command kCommands[] = {
     {kDeleteScheme,  OnDeleteScheme},
     {kEditorOk,      OnOk},
     {kNewScheme,     OnNewScheme},
-    {kEditorHelp,    OnHelp},
+    {kEditorHelp,    ShowHelp},
     {kEditorRefresh, OnRefresh},
     {kRefreshKey,    OnRefreshKey},
 };
 // clang-format on
 
-LRESULT OnNotify(HWND window, LPARAM l)
+std::optional<LRESULT> OnMessage(HWND, UINT message, WPARAM, LPARAM)
 {
-    const auto* header = reinterpret_cast<const NMHDR*>(l);
-    if (header->code == static_cast<UINT>(TCN_SELCHANGE))
-        TurnToSelected(ControlOf(window, kSchemeTab));
-    return 0;
+    if (message != WM_SETCURSOR || !editor.isBusy)
+        return std::nullopt;
+    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    return TRUE;
 }
+
+constexpr WindowTables kTables = {kControls, kCommands, kSchemeHelpPage, OnCreate, OnMessage};
 
 // The pages are made after the editor, so they are bound at the first opening.
 void BindPages(HWND window)
@@ -360,23 +350,7 @@ void OnPowerRefreshFailed()
 
 LRESULT CALLBACK SchemeWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    if (IsSentToDisabled(window, message))
-        return 0;
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
-    case WM_NOTIFY: return OnNotify(window, l);
-    case WM_HELP: OnHelp(window); return TRUE;
-    case WM_CLOSE: OnCancel(window); return 0;
-    case WM_SETCURSOR:
-        if (!editor.isBusy)
-            break;
-        SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-        return TRUE;
-    default: break;
-    }
-    return DefaultAnswer(window, message, w, l);
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

@@ -24,13 +24,6 @@ enum SchemeWindowControl : int {
 
 inline constexpr const wchar_t* kSchemeHelpPage = L"advanced.htm"; // of the editor and what it opens
 
-// Whether a message would close or change a window that is disabled: WM_CLOSE, commands and notifications can be sent
-// to it all the same, while the window or box over it works on its data.
-[[nodiscard]] inline bool IsSentToDisabled(HWND window, UINT message)
-{
-    return !IsWindowEnabled(window) && (message == WM_CLOSE || message == WM_COMMAND || message == WM_NOTIFY);
-}
-
 // The editor's messages.
 LRESULT CALLBACK SchemeWindowProc(HWND window, UINT message, WPARAM w, LPARAM l);
 

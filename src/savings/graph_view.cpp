@@ -192,9 +192,9 @@ LRESULT OnCreate(HWND window)
     return 0;
 }
 
-LRESULT OnPrint(HWND window, WPARAM w, LPARAM l)
+LRESULT OnPrint(HWND window, WPARAM w)
 {
-    static_cast<void>(DefaultAnswer(window, WM_PRINTCLIENT, w, l)); // fills the background
+    FillWithGround(window, reinterpret_cast<HDC>(w));
     DrawPage(reinterpret_cast<HDC>(w));
     return 0;
 }
@@ -236,7 +236,7 @@ LRESULT CALLBACK GraphPageProc(HWND window, UINT message, WPARAM w, LPARAM l)
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: Canvas(window, CurrentPicture(window)); return 0;
     case WM_SYSCOLORCHANGE: DrawAnew(window); return DefaultAnswer(window, message, w, l);
-    case WM_PRINTCLIENT: return OnPrint(window, w, l);
+    case WM_PRINTCLIENT: return OnPrint(window, w);
     case WM_RBUTTONUP: OnCopyPicture(window); return 0;
     case WM_TIMER: ShowCopyNote(window, false); return 0;
     default: return DefaultAnswer(window, message, w, l);

@@ -5,7 +5,7 @@
 #include "base/text.h"
 #include "console/agent.h"
 #include "console/change.h"
-#include "console/help.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "savings/profile_form.h"
 #include "savings/profile_record.h"
@@ -13,12 +13,7 @@
 #include "savings/saved_profile.h"
 #include "savings/savings_window.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
 #include "ui/list_view.h"
-#include "ui/navigation.h"
-#include "ui/theme.h"
-#include "ui/window_class.h"
 
 #include <optional>
 #include <string>
@@ -146,11 +141,6 @@ void OnSave(HWND window)
     static_cast<void>(ShowSaved(window));
 }
 
-void OnCancel(HWND window)
-{
-    ShowWindow(window, SW_HIDE);
-}
-
 constexpr Command kCommands[] = {
     {kInbuilt, OnKindWithoutSize},
     {kBranded, OnKindWithoutSize},
@@ -161,18 +151,18 @@ constexpr Command kCommands[] = {
     {kAuto, OnAuto},
     {kEdit, OnEdit},
     {kSave, OnSave},
-    {kCancel, OnCancel},
+    {kCancel, HideWindow},
     {IDOK, OnSave},
-    {IDCANCEL, OnCancel},
+    {IDCANCEL, HideWindow},
 };
 
-LRESULT OnCreate(HWND window)
+void OnCreate(HWND window)
 {
-    CreateControls(window, kControls, WindowFont());
     PrepareReportList(ControlOf(window, kSaved), kColumns);
     PrepareProfileFields(window);
-    return 0;
 }
+
+constexpr WindowTables kTables = {kControls, kCommands, L"powercalculations.htm", OnCreate};
 
 } // namespace
 
@@ -190,18 +180,7 @@ void OpenProfileWindow(HWND)
 
 LRESULT CALLBACK ProfileWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND:
-        if (Dispatch(kCommands, window, w))
-            return 0;
-        break;
-    case WM_CLOSE: OnCancel(window); return 0;
-    case WM_HELP: OpenHelp(window, L"powercalculations.htm"); return TRUE;
-    default: break;
-    }
-    return DefaultAnswer(window, message, w, l);
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

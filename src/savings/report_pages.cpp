@@ -143,7 +143,7 @@ LRESULT AnswerPage(const ReportPage& page, HWND window, UINT message, WPARAM w, 
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: DrawPage(Canvas(window).Dc(), page); return 0;
     case WM_PRINTCLIENT:
-        static_cast<void>(DefaultAnswer(window, message, w, l)); // fills the background
+        FillWithGround(window, reinterpret_cast<HDC>(w));
         DrawPage(reinterpret_cast<HDC>(w), page);
         return 0;
     default: return DefaultAnswer(window, message, w, l);

@@ -7,7 +7,7 @@
 #include "console/activation.h"
 #include "console/agent.h"
 #include "console/agent_state.h"
-#include "console/help.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "savings/day_texts.h"
 #include "savings/graph_view.h"
@@ -16,12 +16,7 @@
 #include "savings/saved_profile.h"
 #include "savings/shown_day.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
-#include "ui/navigation.h"
 #include "ui/tabs.h"
-#include "ui/theme.h"
-#include "ui/window_class.h"
 
 #include <optional>
 #include <string>
@@ -93,7 +88,7 @@ void RefreshPages()
 
 void TellOfDay(HWND window, const Box& box, const LocalTime& day)
 {
-    Tell(window, box, Format(box.text, PickerDate(day).c_str()));
+    Tell(window, box, WithName(box.text, PickerDate(day)));
 }
 
 // The profile is read with all else when the console connects; where that failed it is tried again for each day.
@@ -189,48 +184,70 @@ void OnSettings(HWND window)
     OpenProfileWindow(window);
 }
 
-void OnHelp(HWND window)
-{
-    OpenHelp(window, L"powercalculations.htm");
-}
-
 void OnCancel(HWND window)
 {
     StopWaiting(window);
     ShowWindow(window, SW_HIDE);
 }
 
+void OnDatePicked(HWND window)
+{
+    ShowPickedDaySoon(window, kRestMs);
+}
+
+void OnCalendarOpened(HWND window)
+{
+    WatchCalendarIn(window, GetParent(DateTime_GetMonthCal(ControlOf(window, kPicker))));
+}
+
+void OnCalendarClosed(HWND window)
+{
+    if (dayWaits)
+        ShowPickedDaySoon(window, USER_TIMER_MINIMUM);
+}
+
 constexpr Command kCommands[] = {
     {kSettings, OnSettings},
-    {kHelp, OnHelp},
+    {kHelp, ShowHelp},
+    {kPicker, OnDatePicked, DTN_DATETIMECHANGE},
+    {kPicker, OnCalendarOpened, DTN_DROPDOWN},
+    {kPicker, OnCalendarClosed, DTN_CLOSEUP},
     {IDOK, OnShowPickedDay},
     {kRefreshKey, OnShowPickedDay},
     {IDCANCEL, OnCancel},
 };
 
-LRESULT OnCreate(HWND window)
+void OnCreate(HWND window)
 {
-    CreateControls(window, kControls, WindowFont());
     DateTime_SetFormat(ControlOf(window, kPicker), L"d'/'MM'/'yyyy");
     WatchCalendarIn(window, ControlOf(window, kPicker));
     StopWaiting(window);
     chosenDay.reset();
     shownDay.reset();
+}
+
+// Up to the end of today: days in the future have no events.
+void RenewRange(HWND window)
+{
+    SYSTEMTIME range[2]{};
+    range[1] = SystemTimeOf(LocalNow());
+    range[1].wHour = 23;
+    range[1].wMinute = 59;
+    range[1].wSecond = 59;
+    DateTime_SetRange(ControlOf(window, kPicker), GDTR_MAX, range);
+}
+
+std::optional<LRESULT> OnMessage(HWND window, UINT message, WPARAM w, LPARAM)
+{
+    if (message == WM_ACTIVATE && LOWORD(w) != WA_INACTIVE)
+        RenewRange(window); // a window left open over midnight
+    if (message != WM_TIMER)
+        return std::nullopt;
+    OnTimer(window);
     return 0;
 }
 
-LRESULT OnNotify(HWND window, const NMHDR& header)
-{
-    if (header.idFrom == kTab && header.code == TCN_SELCHANGE)
-        TurnToSelected(header.hwndFrom);
-    else if (header.idFrom == kPicker && header.code == DTN_DATETIMECHANGE)
-        ShowPickedDaySoon(window, kRestMs);
-    else if (header.idFrom == kPicker && header.code == DTN_DROPDOWN)
-        WatchCalendarIn(window, GetParent(DateTime_GetMonthCal(header.hwndFrom)));
-    else if (header.idFrom == kPicker && header.code == DTN_CLOSEUP && dayWaits)
-        ShowPickedDaySoon(window, USER_TIMER_MINIMUM);
-    return 0;
-}
+constexpr WindowTables kTables = {kControls, kCommands, L"powercalculations.htm", OnCreate, OnMessage};
 
 void BindPages(HWND window)
 {
@@ -243,17 +260,6 @@ void BindPages(HWND window)
         {kTabCaptions[2], WindowOf(WindowId::SavingsGraph)},
     };
     SetTabs(tab, pages);
-}
-
-// Up to the end of today: days in the future have no events.
-void RenewRange(HWND window)
-{
-    SYSTEMTIME range[2]{};
-    range[1] = SystemTimeOf(LocalNow());
-    range[1].wHour = 23;
-    range[1].wMinute = 59;
-    range[1].wSecond = 59;
-    DateTime_SetRange(ControlOf(window, kPicker), GDTR_MAX, range);
 }
 
 void PickDay(HWND window, const LocalTime& day)
@@ -290,24 +296,7 @@ void RecomputeSavings()
 
 LRESULT CALLBACK SavingsWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND:
-        if (Dispatch(kCommands, window, w))
-            return 0;
-        break;
-    case WM_NOTIFY: return OnNotify(window, *reinterpret_cast<const NMHDR*>(l));
-    case WM_ACTIVATE:
-        if (LOWORD(w) != WA_INACTIVE)
-            RenewRange(window); // a window left open over midnight
-        break;
-    case WM_TIMER: OnTimer(window); return 0;
-    case WM_CLOSE: OnCancel(window); return 0;
-    case WM_HELP: OnHelp(window); return TRUE;
-    default: break;
-    }
-    return DefaultAnswer(window, message, w, l);
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

@@ -35,7 +35,7 @@ public:
     StoredFlag& operator=(bool set)
     {
         if (set != bool(*this))
-            text = set ? L"Yes" : L"No";
+            text = YesNo(set);
         return *this;
     }
     friend bool operator==(const StoredFlag&, const StoredFlag&) = default;

@@ -2,11 +2,9 @@
 #include "scheduler/job_actions_page.h"
 
 #include "console/agent_records.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "scheduler/job_controls.h"
-#include "ui/commands.h"
-#include "ui/theme.h"
-#include "ui/window_class.h"
 
 #include <algorithm>
 #include <iterator>
@@ -53,6 +51,8 @@ void EnableFields(HWND page)
 
 constexpr Command kCommands[] = {{kApplyScheme, EnableFields}, {kPowerOff, EnableFields}};
 
+constexpr WindowTables kTables = {kControls, kCommands, nullptr};
+
 } // namespace
 
 void ShowActions(const ScheduledJob& job)
@@ -86,15 +86,7 @@ void CollectActions(ScheduledJob& job)
 
 LRESULT CALLBACK JobActionsPageProc(HWND page, UINT message, WPARAM w, LPARAM l)
 {
-    switch (message) {
-    case WM_CREATE: CreateControls(page, kControls, WindowFont()); return 0;
-    case WM_COMMAND:
-        if (Dispatch(kCommands, page, w))
-            return 0;
-        break;
-    default: break;
-    }
-    return DefaultAnswer(page, message, w, l);
+    return AnswerFromTables(kTables, page, message, w, l);
 }
 
 } // namespace voltaro

@@ -4,7 +4,7 @@
 
 #include "base/local_clock.h"
 #include "base/text.h"
-#include "console/help.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "scheduler/job_actions_page.h"
 #include "scheduler/job_controls.h"
@@ -12,12 +12,8 @@
 #include "scheduler/job_tasks_page.h"
 #include "scheduler/job_texts.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
-#include "ui/navigation.h"
 #include "ui/refusals.h"
 #include "ui/tabs.h"
-#include "ui/theme.h"
-#include "ui/window_class.h"
 
 #include <span>
 #include <vector>
@@ -296,8 +292,8 @@ void OnSave(HWND window)
         FocusOnTaskPath();
         return;
     }
-    Store(job);
     Close(window);
+    Store(job);
 }
 
 void OnEnter(HWND window)
@@ -335,16 +331,11 @@ constexpr Command kCommands[] = {
 
 void OnCreate(HWND window)
 {
-    CreateControls(window, kControls, WindowFont());
     LimitText(window, kName, kMaxJobName);
     LimitText(window, kDescription, kMaxDescription);
 }
 
-void OnNotify(const NMHDR& notice)
-{
-    if (notice.idFrom == kTabs && notice.code == static_cast<UINT>(TCN_SELCHANGE))
-        TurnToSelected(notice.hwndFrom);
-}
+constexpr WindowTables kTables = {kControls, kCommands, kJobHelpPage, OnCreate};
 
 } // namespace
 
@@ -368,19 +359,7 @@ void OpenJobEditor(ScheduledJobs& jobs, std::size_t position, void (*stored)(std
 
 LRESULT CALLBACK JobEditorWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    switch (message) {
-    case WM_CREATE: OnCreate(window); return 0;
-    case WM_COMMAND:
-        if (Dispatch(kCommands, window, w))
-            return 0;
-        break;
-    case WM_NOTIFY: OnNotify(*reinterpret_cast<const NMHDR*>(l)); return 0;
-    case WM_HELP: OpenHelp(window, kJobHelpPage); return TRUE;
-    case WM_CLOSE: OnCancel(window); return 0;
-    default: break;
-    }
-    return DefaultAnswer(window, message, w, l);
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

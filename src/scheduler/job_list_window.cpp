@@ -8,7 +8,7 @@
 #include "console/activation.h"
 #include "console/agent.h"
 #include "console/change.h"
-#include "console/help.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "link/error_log.h"
 #include "scheduler/job_controls.h"
@@ -16,12 +16,9 @@
 #include "scheduler/job_editor_window.h"
 #include "scheduler/job_texts.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
 #include "ui/list_view.h"
-#include "ui/navigation.h"
 #include "ui/row_tips.h"
 #include "ui/theme.h"
-#include "ui/window_class.h"
 
 #include <algorithm>
 #include <optional>
@@ -198,7 +195,7 @@ void OnModify(HWND window)
 void OnDelete(HWND window)
 {
     const auto job = SelectedJob(window);
-    if (!job || !Ask(window, kDeleteJob, Replaced(kDeleteJob.text, L"%ls", session.jobs[*job].name)))
+    if (!job || !Ask(window, kDeleteJob, WithName(kDeleteJob.text, session.jobs[*job].name)))
         return;
     session.jobs.erase(session.jobs.begin() + static_cast<std::ptrdiff_t>(*job));
     session.deleted = true;
@@ -208,7 +205,7 @@ void OnDelete(HWND window)
 
 void OnRemoveAll(HWND window)
 {
-    if (Ask(window, kDeleteAll, Replaced(kDeleteAll.text, L"%ls", ComputerName())))
+    if (Ask(window, kDeleteAll, WithName(kDeleteAll.text, ComputerName())))
         StoreJobs(window, {});
 }
 
@@ -251,12 +248,14 @@ constexpr Command kCommands[] = {
     {kCancel, OnCancel},
     {IDOK, OnEnter},
     {IDCANCEL, OnCancel},
+    {kJobs, EnableButtons, LVN_ITEMCHANGED},
+    {kJobs, OnModify, NM_DBLCLK},
+    {kJobs, OnDelete, kDeleteKey},
 };
 
 void OnCreate(HWND window)
 {
     session = {};
-    CreateControls(window, kControls, WindowFont());
     SendMessageW(ControlOf(window, kTitle), WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(18, 500)), FALSE);
     SendMessageW(ControlOf(window, kHost), EM_SETREADONLY, TRUE, 0);
     SetText(window, kTitle, kTitleText + ComputerName());
@@ -267,20 +266,7 @@ void OnCreate(HWND window)
     SetRowTips(ListOf(window), TipOf);
 }
 
-void OnNotify(HWND window, const NMHDR& notice)
-{
-    if (notice.idFrom != kJobs)
-        return;
-    switch (notice.code) {
-    case static_cast<UINT>(LVN_ITEMCHANGED): EnableButtons(window); break;
-    case static_cast<UINT>(NM_DBLCLK): OnModify(window); break;
-    case static_cast<UINT>(LVN_KEYDOWN):
-        if (reinterpret_cast<const NMLVKEYDOWN&>(notice).wVKey == VK_DELETE)
-            OnDelete(window);
-        break;
-    default: break;
-    }
-}
+constexpr WindowTables kTables = {kControls, kCommands, kJobHelpPage, OnCreate};
 
 } // namespace
 
@@ -303,23 +289,7 @@ void OpenJobListWindow(HWND main)
 
 LRESULT CALLBACK JobListWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    switch (message) {
-    case WM_CREATE: OnCreate(window); return 0;
-    case WM_COMMAND:
-        // The editor writes into the list: messages that other programs send meanwhile must not change or close it.
-        if (!IsWindowEnabled(window) || Dispatch(kCommands, window, w))
-            return 0;
-        break;
-    case WM_NOTIFY: OnNotify(window, *reinterpret_cast<const NMHDR*>(l)); return 0;
-    case WM_HELP: OpenHelp(window, kJobHelpPage); return TRUE;
-    case WM_CLOSE:
-        if (IsWindowEnabled(window))
-            OnCancel(window);
-        return 0;
-    default: break;
-    }
-    return DefaultAnswer(window, message, w, l);
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

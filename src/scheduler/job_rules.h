@@ -7,10 +7,6 @@
 
 namespace voltaro {
 
-// Whether an editor adds a record or changes one that is in the list. Only an added one is compared with the others: a
-// changed record must not be refused for its own name.
-enum class EditMode { Add, Update };
-
 // Each check returns the refusal of the first rule that fails, or null. Show it with RefusalText(*refusal, name).
 
 // "Save" (Add) and "Update" of the job editor. `jobs` is the list as it stands.

@@ -1,18 +1,16 @@
 // The "Tasks" page of the job editor: the list of programs, and the fields to add, change and delete one.
 #include "scheduler/job_tasks_page.h"
 
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "scheduler/job_controls.h"
 #include "scheduler/job_rules.h"
 #include "scheduler/job_texts.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
 #include "ui/file_dialog.h"
 #include "ui/list_view.h"
 #include "ui/refusals.h"
-#include "ui/theme.h"
 #include "ui/tooltip.h"
-#include "ui/window_class.h"
 
 #include <algorithm>
 #include <string>
@@ -191,31 +189,20 @@ constexpr Command kCommands[] = {
     {kAdd, OnAdd},
     {kUpdate, OnUpdate},
     {kDelete, OnDelete},
+    {kTasks, EnableFields, LVN_ITEMCHANGED},
+    {kTasks, OnEdit, NM_DBLCLK},
+    {kTasks, OnDelete, kDeleteKey},
 };
 
 void OnCreate(HWND page)
 {
-    CreateControls(page, kControls, WindowFont());
     SetColumns(ListOf(page), kColumns);
     SetTooltip(ControlOf(page, kBrowse), L"Choose a file");
     LimitText(page, kPath, kMaxTaskText);
     LimitText(page, kParameters, kMaxTaskText);
 }
 
-void OnNotify(HWND page, const NMHDR& notice)
-{
-    if (notice.idFrom != kTasks)
-        return;
-    switch (notice.code) {
-    case static_cast<UINT>(LVN_ITEMCHANGED): EnableFields(page); break;
-    case static_cast<UINT>(NM_DBLCLK): OnEdit(page); break;
-    case static_cast<UINT>(LVN_KEYDOWN):
-        if (reinterpret_cast<const NMLVKEYDOWN&>(notice).wVKey == VK_DELETE)
-            OnDelete(page);
-        break;
-    default: break;
-    }
-}
+constexpr WindowTables kTables = {kControls, kCommands, nullptr, OnCreate};
 
 } // namespace
 
@@ -261,16 +248,7 @@ void FocusOnTaskPath()
 
 LRESULT CALLBACK JobTasksPageProc(HWND page, UINT message, WPARAM w, LPARAM l)
 {
-    switch (message) {
-    case WM_CREATE: OnCreate(page); return 0;
-    case WM_COMMAND:
-        if (Dispatch(kCommands, page, w))
-            return 0;
-        break;
-    case WM_NOTIFY: OnNotify(page, *reinterpret_cast<const NMHDR*>(l)); return 0;
-    default: break;
-    }
-    return DefaultAnswer(page, message, w, l);
+    return AnswerFromTables(kTables, page, message, w, l);
 }
 
 } // namespace voltaro

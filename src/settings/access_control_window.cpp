@@ -80,12 +80,12 @@ constexpr RecordForm<HostSettings> kForm = {
 
 constexpr Command kCommands[] = {
     {kChange, ApplyRecord<&kForm>},
-    {kCancel, HideForm},
+    {kCancel, HideWindow},
     {ID_ACCESS_CONTROL_REFRESH, RefreshRecord<&kForm>},
     {ID_ACCESS_CONTROL_HELP, ShowHelp},
     {kRefreshKey, RefreshRecordByKey<&kForm>},
     {IDOK, ApplyRecord<&kForm>},
-    {IDCANCEL, HideForm},
+    {IDCANCEL, HideWindow},
 };
 
 void ShowLocalAddress(HWND window)
@@ -93,7 +93,7 @@ void ShowLocalAddress(HWND window)
     SendMessageW(ControlOf(window, kLocalAddress), IPM_SETADDRESS, 0, MAKEIPADDRESS(127, 0, 0, 1));
 }
 
-constexpr FormTables kTables = {kControls, kCommands, L"access control.htm", ShowLocalAddress};
+constexpr WindowTables kTables = {kControls, kCommands, L"access control.htm", ShowLocalAddress};
 
 } // namespace
 

@@ -4,9 +4,9 @@
 #include "base/text.h"
 #include "console/agent_records.h"
 #include "console/agent_state.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "resources/resource_ids.h"
-#include "settings/form_window.h"
 #include "settings/machine_texts.h"
 #include "ui/list_view.h"
 
@@ -42,8 +42,8 @@ void OnRefresh(HWND)
 constexpr Command kCommands[] = {
     {ID_BATTERY_REFRESH, OnRefresh},
     {kRefreshKey, OnRefresh},
-    {IDOK, HideForm},
-    {IDCANCEL, HideForm},
+    {IDOK, HideWindow},
+    {IDCANCEL, HideWindow},
 };
 
 void MakeList(HWND window)
@@ -51,7 +51,7 @@ void MakeList(HWND window)
     SetColumns(ControlOf(window, kList), kColumns);
 }
 
-constexpr FormTables kTables = {kControls, kCommands, L"battery info.htm", MakeList};
+constexpr WindowTables kTables = {kControls, kCommands, L"battery info.htm", MakeList};
 
 } // namespace
 

@@ -69,12 +69,12 @@ constexpr RecordForm<DeviceSettings> kForm = {
 
 constexpr Command kCommands[] = {
     {kApply, ApplyRecord<&kForm>},
-    {kCancel, HideForm},
+    {kCancel, HideWindow},
     {IDOK, ApplyRecord<&kForm>},
-    {IDCANCEL, HideForm},
+    {IDCANCEL, HideWindow},
 };
 
-constexpr FormTables kTables = {kControls, kCommands, L"system security.htm"};
+constexpr WindowTables kTables = {kControls, kCommands, L"system security.htm"};
 
 } // namespace
 

@@ -95,15 +95,15 @@ constexpr Command kCommands[] = {
     {kUseAuthentication, EnableFields},
     {kSavePassword, EnableFields},
     {kChange, ApplyRecord<&kForm>},
-    {kCancel, HideForm},
+    {kCancel, HideWindow},
     {ID_PROXY_REFRESH, RefreshRecord<&kForm>},
     {ID_PROXY_HELP, ShowHelp},
     {kRefreshKey, RefreshRecordByKey<&kForm>},
     {IDOK, ApplyRecord<&kForm>},
-    {IDCANCEL, HideForm},
+    {IDCANCEL, HideWindow},
 };
 
-constexpr FormTables kTables = {kControls, kCommands, L"proxy settings.htm", EnableFields};
+constexpr WindowTables kTables = {kControls, kCommands, L"proxy settings.htm", EnableFields};
 
 } // namespace
 

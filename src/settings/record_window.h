@@ -3,7 +3,7 @@
 #include "base/choices.h"
 #include "console/agent.h"
 #include "console/change.h"
-#include "settings/form_window.h"
+#include "console/window_tables.h"
 #include "ui/boxes.h"
 
 #include <cstdint>

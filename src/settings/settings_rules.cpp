@@ -36,16 +36,6 @@ bool IsNo(std::wstring_view flag)
 
 } // namespace
 
-bool IsYes(std::wstring_view flag)
-{
-    return EqualsIgnoreCase(flag, L"Yes");
-}
-
-const wchar_t* YesNo(bool yes)
-{
-    return yes ? L"Yes" : L"No";
-}
-
 std::size_t CheckHostSettings(HostSettings& edited, const HostSettings& asRead)
 {
     const std::size_t fault = CheckPort(edited.tcpPort, asRead.tcpPort, kTcpPortBlank, kTcpPortOutOfRange);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/choices.h"
+#include "base/text.h"
 #include "link/records.h"
 
 #include <cstddef>
@@ -9,10 +10,6 @@
 #include <string_view>
 
 namespace voltaro {
-
-// Switches of a record: "Yes" or "No"; letter case does not count when they are read.
-[[nodiscard]] bool IsYes(std::wstring_view flag);
-[[nodiscard]] const wchar_t* YesNo(bool yes);
 
 // A check completes an edited record to what is sent and gives the number of its first fault; 0 stands for none. What
 // equals the text as it was read stays so.

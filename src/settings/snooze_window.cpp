@@ -69,9 +69,9 @@ constexpr Command kCommands[] = {
     {kIdleAlert, EnableLists},
     {kSchedulerAlert, EnableLists},
     {kChange, ApplyRecord<&kForm>},
-    {kCancel, HideForm},
+    {kCancel, HideWindow},
     {IDOK, ApplyRecord<&kForm>},
-    {IDCANCEL, HideForm},
+    {IDCANCEL, HideWindow},
 };
 
 void FillLists(HWND window)
@@ -83,7 +83,7 @@ void FillLists(HWND window)
     EnableLists(window);
 }
 
-constexpr FormTables kTables = {kControls, kCommands, L"snooze.htm", FillLists};
+constexpr WindowTables kTables = {kControls, kCommands, L"snooze.htm", FillLists};
 
 } // namespace
 

@@ -8,9 +8,9 @@
 #include "console/connection_state.h"
 #include "console/main_hold.h"
 #include "console/ui_calls.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "resources/resource_ids.h"
-#include "settings/form_window.h"
 #include "settings/machine_texts.h"
 #include "settings/system_info_pages.h"
 #include "ui/clipboard.h"
@@ -68,7 +68,7 @@ void OnClose(HWND window)
     if (!IsWindowVisible(window))
         return;
     ReleaseMainWindow(HoldReason::SystemInfo); // first, else another program's window would come to the front
-    HideForm(window);
+    HideWindow(window);
     SetForegroundWindow(FrontWindow());
 }
 
@@ -82,7 +82,7 @@ constexpr Command kCommands[] = {
     {IDCANCEL, OnClose},
 };
 
-constexpr FormTables kTables = {kControls, kCommands, L"System Info.htm"};
+constexpr WindowTables kTables = {kControls, kCommands, L"System Info.htm"};
 
 // The pages are made after their window.
 void BindPages(HWND tab)
@@ -101,8 +101,6 @@ void BindPages(HWND tab)
 
 LRESULT CALLBACK SystemInfoWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->code == static_cast<UINT>(TCN_SELCHANGE))
-        TurnToSelected(ControlOf(window, kTab));
     return AnswerFromTables(kTables, window, message, w, l);
 }
 

@@ -144,29 +144,29 @@ void OnDestroyed()
     EnableItem(TrayMenu(), kTrayAbout, true);
 }
 
-INT_PTR OnNotify(const NMHDR& notice)
+void OnLink(HWND)
 {
-    if (notice.idFrom == kLink && (notice.code == NM_CLICK || notice.code == NM_RETURN))
-        SendMessageW(WindowOf(WindowId::Main), WM_COMMAND, kWebSite, 0);
-    return TRUE;
+    SendMessageW(WindowOf(WindowId::Main), WM_COMMAND, kWebSite, 0);
 }
 
 constexpr Command kCommands[] = {
     {IDOK, OnClose},
     {IDCANCEL, OnClose},
+    {kLink, OnLink, NM_CLICK},
+    {kLink, OnLink, NM_RETURN},
 };
 
 INT_PTR CALLBACK AboutProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     NavigateWith(window);
-    if (AnswerLetterhead(window, message, w)) {
+    if (AnswerLetterhead(window, message, w, l)) {
         SetWindowLongPtrW(window, DWLP_MSGRESULT, message == WM_ERASEBKGND);
         return TRUE;
     }
     switch (message) {
     case WM_INITDIALOG: OnInit(window); return TRUE;
     case WM_COMMAND: return Dispatch(kCommands, window, w);
-    case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(l));
+    case WM_NOTIFY: return Dispatch(kCommands, window, *reinterpret_cast<const NMHDR*>(l));
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:
     case WM_SETTINGCHANGE:

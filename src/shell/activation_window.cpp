@@ -6,16 +6,13 @@
 #include "console/activation.h"
 #include "console/agent_records.h"
 #include "console/agent_state.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "shell/console_hold.h"
 #include "shell/letterhead.h"
 #include "ui/boxes.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
 #include "ui/list_view.h"
-#include "ui/navigation.h"
 #include "ui/secret_text.h"
-#include "ui/theme.h"
 #include "ui/window_class.h"
 
 #include <algorithm>
@@ -134,12 +131,10 @@ void RefuseKey(HWND window, const Box& box)
 
 // --- handlers ---
 
-LRESULT OnCreate(HWND window)
+void OnCreate(HWND window)
 {
-    CreateControls(window, kControls, WindowFont());
     SetColumns(ControlOf(window, kFields), kColumns);
     LimitText(window, kKey, kMaxKeyUnits);
-    return 0;
 }
 
 void OnActivate(HWND window)
@@ -176,6 +171,8 @@ constexpr Command kCommands[] = {
     {IDCANCEL, OnClose},
 };
 
+constexpr WindowTables kTables = {kControls, kCommands, L"activation.htm", OnCreate, AnswerLetterhead};
+
 } // namespace
 
 void OpenActivationWindow(HWND)
@@ -189,15 +186,7 @@ void OpenActivationWindow(HWND)
 
 LRESULT CALLBACK ActivationWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    if (const auto painted = AnswerLetterhead(window, message, w))
-        return *painted;
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
-    case WM_CLOSE: OnClose(window); return 0;
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

@@ -3,6 +3,7 @@
 #include "resources/resource_ids.h"
 #include "ui/canvas.h"
 #include "ui/theme.h"
+#include "ui/window_class.h"
 
 namespace voltaro {
 
@@ -13,16 +14,14 @@ void DrawLetterhead(HDC dc)
     DrawTextAt(dc, 553, 55, L"TM", WindowFont(), kTextGreen);
 }
 
-std::optional<LRESULT> AnswerLetterhead(HWND window, UINT message, WPARAM w)
+std::optional<LRESULT> AnswerLetterhead(HWND window, UINT message, WPARAM w, LPARAM)
 {
     switch (message) {
     case WM_PAINT: DrawLetterhead(Canvas(window).Dc()); return 0;
     case WM_ERASEBKGND: return 1;
     case WM_PRINTCLIENT: {
         const auto dc = reinterpret_cast<HDC>(w);
-        RECT client;
-        GetClientRect(window, &client);
-        FillRect(dc, &client, FaceBrush());
+        FillWithGround(window, dc);
         DrawLetterhead(dc);
         return 0;
     }

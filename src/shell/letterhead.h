@@ -11,6 +11,6 @@ namespace voltaro {
 void DrawLetterhead(HDC dc);
 
 // Serves the painting messages of a window that shows nothing else behind its controls. Nothing for other messages.
-[[nodiscard]] std::optional<LRESULT> AnswerLetterhead(HWND window, UINT message, WPARAM w);
+[[nodiscard]] std::optional<LRESULT> AnswerLetterhead(HWND window, UINT message, WPARAM w, LPARAM l);
 
 } // namespace voltaro

@@ -276,11 +276,8 @@ void OnHelp(HWND)
 
 void OnWebSite(HWND window)
 {
-    // The shell may want its own kind of apartment for the call.
-    const bool entered = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+    // In the apartment that this thread has entered to name its controls.
     ShellExecuteW(window, L"open", Format(L"http://%ls", kWebSiteHost).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-    if (entered)
-        CoUninitialize();
 }
 
 void ReadBatteryAfterPowerChange()
@@ -309,9 +306,7 @@ void ServeEvents(HWND window)
 // What a themed control asks for when it paints the window's part under itself.
 void PrintClient(HWND window, HDC dc)
 {
-    RECT client;
-    GetClientRect(window, &client);
-    FillRect(dc, &client, FaceBrush());
+    FillWithGround(window, dc);
     DrawMainWindow(dc);
 }
 

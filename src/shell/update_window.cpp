@@ -5,14 +5,12 @@
 #include "base/waiting.h"
 #include "console/agent.h"
 #include "console/ui_calls.h"
+#include "console/window_tables.h"
 #include "console/windows.h"
 #include "shell/closing.h"
 #include "shell/console_hold.h"
 #include "shell/letterhead.h"
 #include "shell/workers.h"
-#include "ui/commands.h"
-#include "ui/controls.h"
-#include "ui/navigation.h"
 #include "ui/theme.h"
 #include "ui/window_class.h"
 
@@ -118,12 +116,10 @@ void SetBar(int position)
 
 // --- handlers ---
 
-LRESULT OnCreate(HWND window)
+void OnCreate(HWND window)
 {
-    CreateControls(window, kControls, WindowFont());
     SetBarColour(ControlOf(window, kBar), kBarColour);
     SendDlgItemMessageW(window, kBar, PBM_SETRANGE, 0, MAKELPARAM(0, kBarEnd));
-    return 0;
 }
 
 void OnOk(HWND window)
@@ -152,6 +148,15 @@ constexpr Command kCommands[] = {
     {kCloseVoltaro, OnCloseVoltaro},
     {IDOK, OnEnter},
 };
+
+std::optional<LRESULT> OnMessage(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    if (message == WM_DESTROY)
+        PostQuitMessage(0);
+    return AnswerLetterhead(window, message, w, l);
+}
+
+constexpr WindowTables kTables = {kControls, kCommands, L"update.htm", OnCreate, OnMessage};
 
 } // namespace
 
@@ -207,16 +212,7 @@ void AnimateUpdateBar()
 
 LRESULT CALLBACK UpdateWindowProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
-    NavigateWith(window);
-    if (const auto painted = AnswerLetterhead(window, message, w))
-        return *painted;
-    switch (message) {
-    case WM_CREATE: return OnCreate(window);
-    case WM_COMMAND: Dispatch(kCommands, window, w); return 0;
-    case WM_CLOSE: return 0; // the title bar's close does nothing (meant)
-    case WM_DESTROY: PostQuitMessage(0); return 0;
-    default: return DefaultAnswer(window, message, w, l);
-    }
+    return AnswerFromTables(kTables, window, message, w, l);
 }
 
 } // namespace voltaro

@@ -19,14 +19,6 @@ LRESULT GroundBehindText(HWND window, HDC dc)
     return reinterpret_cast<LRESULT>(GroundBrush(window));
 }
 
-// Themed check boxes and frames ask their parent for the background behind them.
-void FillWithGround(HWND window, HDC dc)
-{
-    RECT client;
-    GetClientRect(window, &client);
-    FillRect(dc, &client, GroundBrush(window));
-}
-
 bool IsChildWindow(HWND window)
 {
     return (GetWindowLongW(window, GWL_STYLE) & WS_CHILD) != 0;
@@ -111,7 +103,9 @@ LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l)
         if (HIWORD(w) == 0) // not minimised
             KeepFocus(window, LOWORD(w) != WA_INACTIVE);
         return 0;
-    case WM_PRINTCLIENT: FillWithGround(window, reinterpret_cast<HDC>(w)); return 0;
+    case WM_PRINTCLIENT: // themed check boxes and frames ask their parent for the background behind them
+        FillWithGround(window, reinterpret_cast<HDC>(w));
+        return 0;
     case WM_HELP:
         if (!IsChildWindow(window))
             return TRUE; // else Windows hands it on to the owner, whose help would open
@@ -119,6 +113,13 @@ LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l)
     default: break;
     }
     return DefWindowProcW(window, message, w, l);
+}
+
+void FillWithGround(HWND window, HDC dc)
+{
+    RECT client;
+    GetClientRect(window, &client);
+    FillRect(dc, &client, GroundBrush(window));
 }
 
 void Repaint(HWND window, bool erase)

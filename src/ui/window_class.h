@@ -13,6 +13,9 @@ namespace voltaro {
 // colours are followed; no window opens off the screen; the focus comes back to the field it left.
 [[nodiscard]] LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l);
 
+// Fills a window's client area with what lies behind its controls.
+void FillWithGround(HWND window, HDC dc);
+
 // Repaints a window at once; with `erase` its background and its controls too.
 void Repaint(HWND window, bool erase = false);
 

@@ -76,7 +76,7 @@ TEST(PolicyTest, RuleNames)
 
 TEST(PolicyTest, TooManyRulesInANewPolicy)
 {
-    EXPECT_STREQ(CheckRules(std::vector<ApplicationRule>(51), PolicyMode::New)->text,
+    EXPECT_STREQ(CheckRules(std::vector<ApplicationRule>(51), EditMode::Add)->text,
         L"Application's list cann't contain more than 50 application names.");
 }
 

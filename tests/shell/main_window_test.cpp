@@ -2,6 +2,7 @@
 #include "console/connection_state.h"
 #include "shell/main_window.h"
 
+#include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/quick_actions.h"
 #include "support/program.h"
@@ -121,6 +122,20 @@ TEST_F(MainWindowTest, NamesTheHelpFileThatIsMissing)
     program.Command(WindowId::Main, kTrayHelp);
     EXPECT_TRUE(IsWindowEnabled(GetDesktopWindow()));
     SendMessageW(WindowOf(WindowId::Snooze), WM_HELP, 0, 0);
+}
+
+TEST_F(MainWindowTest, F1OpensThePageOfTheWindow)
+{
+    static std::wstring topic;
+    const auto viewer = std::exchange(platformCalls.showHelp, [](HWND, const std::wstring& shown) { topic = shown; });
+    constexpr std::pair<WindowId, std::wstring_view> kPages[]
+        = {{WindowId::Activation, L"::/activation.htm"}, {WindowId::Update, L"::/update.htm"},
+            {WindowId::Profile, L"::/powercalculations.htm"}, {WindowId::Rule, L"::/advanced.htm"}};
+    for (const auto& [window, page] : kPages) {
+        SendMessageW(WindowOf(window), WM_HELP, 0, 0);
+        EXPECT_TRUE(topic.ends_with(page)) << topic;
+    }
+    platformCalls.showHelp = viewer;
 }
 
 TEST_F(MainWindowTest, AnswersPowerBroadcastsAndEndsOfTheSession)
