@@ -9,6 +9,7 @@
 #include "power/policy_window.h"
 #include "power/scheme_pages.h"
 #include "ui/boxes.h"
+#include "ui/combo_box.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/theme.h"

@@ -4,6 +4,7 @@
 
 #include "console/state.h"
 #include "power/capabilities.h"
+#include "ui/combo_box.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/theme.h"

@@ -15,6 +15,7 @@
 #include "power/scheme_changes.h"
 #include "power/scheme_pages.h"
 #include "power/scheme_reading.h"
+#include "ui/combo_box.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/menus.h"

@@ -3,6 +3,7 @@
 #include "savings/monitor_table.h"
 #include "savings/profile_record.h"
 #include "ui/boxes.h"
+#include "ui/combo_box.h"
 #include "ui/controls.h"
 
 #include <iterator>

@@ -3,6 +3,7 @@
 
 #include "console/state.h"
 #include "scheduler/job_controls.h"
+#include "ui/combo_box.h"
 #include "ui/commands.h"
 #include "ui/theme.h"
 #include "ui/window_class.h"

@@ -4,6 +4,7 @@
 #include "console/state.h"
 #include "settings/record_window.h"
 #include "settings/settings_rules.h"
+#include "ui/combo_box.h"
 
 namespace voltaro {
 namespace {

@@ -10,6 +10,7 @@
 #include "shell/main_window.h"
 #include "shell/pause.h"
 #include "ui/boxes.h"
+#include "ui/combo_box.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
 #include "ui/menus.h"

@@ -35,6 +35,7 @@
 #include "shell/window_table.h"
 #include "ui/boxes.h"
 #include "ui/canvas.h"
+#include "ui/combo_box.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"

@@ -1,6 +1,7 @@
 #include "console/help.h"
 #include "power/power_program.h"
 #include "shell/workers.h"
+#include "ui/combo_box.h"
 #include "ui/menus.h"
 #include "ui/tabs.h"
 #include "ui/tooltip.h"

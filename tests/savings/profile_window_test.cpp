@@ -7,6 +7,7 @@
 #include "simulator/xml.h"
 #include "support/box_script.h"
 #include "support/program.h"
+#include "ui/combo_box.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
 

@@ -8,6 +8,7 @@
 #include "support/box_script.h"
 #include "support/program.h"
 #include "support/test_window.h"
+#include "ui/combo_box.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
 #include "ui/menus.h"

@@ -2,6 +2,7 @@
 
 #include "support/labelled.h"
 #include "support/test_window.h"
+#include "ui/combo_box.h"
 #include "ui/theme.h"
 #include "ui/tooltip.h"
 
