@@ -147,6 +147,12 @@ void OnSave(HWND window)
     static_cast<void>(ShowSaved(window));
 }
 
+void OnRefreshKey(HWND window)
+{
+    if (!IsEntryEdited(window) || Ask(window, kDiscardChanges))
+        static_cast<void>(ShowSaved(window));
+}
+
 void OnCancel(HWND window)
 {
     ShowWindow(window, SW_HIDE);
@@ -163,6 +169,7 @@ constexpr Command kCommands[] = {
     {kEdit, OnEdit},
     {kSave, OnSave},
     {kCancel, OnCancel},
+    {kRefreshKey, OnRefreshKey},
     {IDOK, OnSave},
     {IDCANCEL, OnCancel},
 };

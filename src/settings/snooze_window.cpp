@@ -71,6 +71,7 @@ constexpr Command kCommands[] = {
     {kSchedulerAlert, EnableLists},
     {kChange, ApplyRecord<&kForm>},
     {kCancel, HideForm},
+    {kRefreshKey, RefreshRecordByKey<&kForm>},
     {IDOK, ApplyRecord<&kForm>},
     {IDCANCEL, HideForm},
 };

@@ -244,7 +244,7 @@ void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
         const RECT place{row.x, row.y, row.x + row.width, row.y + row.height};
         const HWND made = Create(window, ShapeOf(row), StyleOf(row, before), row.text, place, row.id, font);
         Furnish(made, row.kind);
-        if (row.name != nullptr && IsPush(row))
+        if (row.name != nullptr && (IsPush(row) || row.kind == Kind::TabStopGroupBox))
             NameForScreenReader(made, row.name);
         before = &row;
     }
