@@ -109,7 +109,7 @@ protected:
             if (!shown || !emission || !ListView_GetItemRect(list, RowCount(list) - 1, &last, LVIR_LABEL))
                 continue;
             SendMessageW(list, WM_MOUSEMOVE, 0, MAKELPARAM(last.left + 2, last.top + 2));
-            EXPECT_STREQ(TooltipOf(list), L"Saved power (kWh) x 700.00 Grams");
+            EXPECT_STREQ(TooltipOf(list), L"Saved power (kWh) x 700 Grams");
         }
     }
 
