@@ -48,7 +48,8 @@ void OpenAsWideAs(HWND combo, std::span<const std::wstring> entries)
         widest = std::max(widest, size.cx);
     }
     constexpr LONG kMargins = 8; // pixels
-    SendMessageW(combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + kMargins + GetSystemMetrics(SM_CXVSCROLL)), 0);
+    const LONG width = widest + kMargins + GetSystemMetrics(SM_CXVSCROLL);
+    SendMessageW(combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
 }
 
 } // namespace
