@@ -25,16 +25,16 @@ ChangeResult SubmitChange(HWND owner, const ChangeTexts& texts, const Request& r
         Reply reply = SendOrLose(request);
         if (reply.Lost() || reply.Result() == Outcome::Ending)
             return ChangeResult::NotMade;
-        status = reply.Status(); // none when it could not be sent
+        status = reply.Result() == Outcome::NotSent ? kFailure : reply.Status();
     }
     if (IsWord(status, kSuccess))
         return ChangeResult::Done;
     if (IsLicenceRefusal(owner, texts.refused, status))
         return ChangeResult::NotMade;
-    const bool unclear = !status.empty() && !IsWord(status, kFailure);
-    if (!unclear || !texts.onlyFailureFails)
+    const bool failed = IsWord(status, kFailure) || (status.empty() && !texts.onlyFailureFails);
+    if (failed || !texts.onlyFailureFails)
         Tell(owner, FailureBox(texts, status));
-    return unclear ? ChangeResult::Unclear : ChangeResult::Failed;
+    return failed ? ChangeResult::Failed : ChangeResult::Unclear;
 }
 
 } // namespace voltaro

@@ -19,7 +19,7 @@ struct ChangeTexts {
     const wchar_t* refused;
     Box failed;
     std::span<const WordBox> words = {}; // instead of `failed`
-    bool onlyFailureFails = false;       // a word that is neither "Success" nor "Failure" shows no box
+    bool onlyFailureFails = false;       // whatever else is answered counts as Unclear and shows no box
 };
 
 // What became of a change; the user has been told of everything but Done.

@@ -11,6 +11,11 @@
 #include "power/policy_window.h"
 #include "power/scheme_pages.h"
 #include "ui/boxes.h"
+#include "ui/combo_box.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
+#include "ui/theme.h"
+#include "ui/window_class.h"
 
 namespace voltaro {
 namespace {

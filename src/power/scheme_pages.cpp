@@ -7,6 +7,9 @@
 #include "console/window_tables.h"
 #include "console/windows.h"
 #include "power/capabilities.h"
+#include "ui/combo_box.h"
+#include "ui/commands.h"
+#include "ui/controls.h"
 #include "ui/theme.h"
 #include "ui/tooltip.h"
 

@@ -3,6 +3,7 @@
 #include "savings/monitor_table.h"
 #include "savings/profile_record.h"
 #include "ui/boxes.h"
+#include "ui/combo_box.h"
 #include "ui/controls.h"
 
 #include <iterator>
@@ -21,7 +22,8 @@ static_assert(std::size(kWattFields) == std::size(kWattSlots));
 
 constexpr Box kRefusedWatts = {kWattRefusalCaption.data(), L""};
 
-ProfileEntry entry; // in the fields
+ProfileEntry entry;               // in the fields
+PowerConsumptionData shownFields; // as they were filled
 
 MonitorKind ChosenKind(HWND window)
 {
@@ -120,6 +122,12 @@ void ShowEntry(HWND window, const ProfileEntry& shown)
     if (!HasTypeAndSize(kind)) // its fields are grey, so whatever the record holds must not be refused there
         ShowMonitorWatts(window, kNoWatts, kNoWatts);
     EnableFields(window);
+    shownFields = FieldsShown(window);
+}
+
+bool IsEntryEdited(HWND window)
+{
+    return entry.editable && FieldsShown(window) != shownFields;
 }
 
 void EditEntry(HWND window)

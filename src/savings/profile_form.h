@@ -48,6 +48,9 @@ void ShowEntry(HWND window, const ProfileEntry& entry);
 // Makes the fields editable as they stand.
 void EditEntry(HWND window);
 
+// Whether the user has changed the fields since they were filled.
+[[nodiscard]] bool IsEntryEdited(HWND window);
+
 // Gives the first field that takes a power the focus.
 void FocusOnPowers(HWND window);
 

@@ -141,6 +141,12 @@ void OnSave(HWND window)
     static_cast<void>(ShowSaved(window));
 }
 
+void OnRefreshKey(HWND window)
+{
+    if (!IsEntryEdited(window) || Ask(window, kDiscardChanges))
+        static_cast<void>(ShowSaved(window));
+}
+
 constexpr Command kCommands[] = {
     {kInbuilt, OnKindWithoutSize},
     {kBranded, OnKindWithoutSize},
@@ -152,6 +158,7 @@ constexpr Command kCommands[] = {
     {kEdit, OnEdit},
     {kSave, OnSave},
     {kCancel, HideWindow},
+    {kRefreshKey, OnRefreshKey},
     {IDOK, OnSave},
     {IDCANCEL, HideWindow},
 };

@@ -5,6 +5,10 @@
 #include "console/window_tables.h"
 #include "console/windows.h"
 #include "scheduler/job_controls.h"
+#include "ui/combo_box.h"
+#include "ui/commands.h"
+#include "ui/theme.h"
+#include "ui/window_class.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,6 +1,7 @@
 #include "scheduler/job_controls.h"
 
 #include "base/local_clock.h"
+#include "ui/combo_box.h"
 
 #include <algorithm>
 #include <vector>

@@ -12,6 +12,9 @@
 #include "scheduler/job_tasks_page.h"
 #include "scheduler/job_texts.h"
 #include "ui/boxes.h"
+#include "ui/combo_box.h"
+#include "ui/commands.h"
+#include "ui/navigation.h"
 #include "ui/refusals.h"
 #include "ui/tabs.h"
 

@@ -7,6 +7,8 @@
 #include "scheduler/job_rules.h"
 #include "scheduler/job_texts.h"
 #include "ui/boxes.h"
+#include "ui/combo_box.h"
+#include "ui/commands.h"
 #include "ui/file_dialog.h"
 #include "ui/list_view.h"
 #include "ui/refusals.h"

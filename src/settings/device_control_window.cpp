@@ -70,6 +70,7 @@ constexpr RecordForm<DeviceSettings> kForm = {
 constexpr Command kCommands[] = {
     {kApply, ApplyRecord<&kForm>},
     {kCancel, HideWindow},
+    {kRefreshKey, RefreshRecordByKey<&kForm>},
     {IDOK, ApplyRecord<&kForm>},
     {IDCANCEL, HideWindow},
 };

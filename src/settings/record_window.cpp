@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "console/change.h"
 #include "settings/settings_rules.h"
+#include "ui/combo_box.h"
 #include "ui/secret_text.h"
 
 #include <vector>

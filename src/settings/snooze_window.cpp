@@ -4,6 +4,7 @@
 #include "console/windows.h"
 #include "settings/record_window.h"
 #include "settings/settings_rules.h"
+#include "ui/combo_box.h"
 
 namespace voltaro {
 namespace {
@@ -70,6 +71,7 @@ constexpr Command kCommands[] = {
     {kSchedulerAlert, EnableLists},
     {kChange, ApplyRecord<&kForm>},
     {kCancel, HideWindow},
+    {kRefreshKey, RefreshRecordByKey<&kForm>},
     {IDOK, ApplyRecord<&kForm>},
     {IDCANCEL, HideWindow},
 };

@@ -17,6 +17,7 @@
 #include "shell/pause.h"
 #include "shell/tray.h"
 #include "ui/boxes.h"
+#include "ui/combo_box.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
 #include "ui/menus.h"

@@ -37,6 +37,7 @@
 #include "shell/window_table.h"
 #include "ui/boxes.h"
 #include "ui/canvas.h"
+#include "ui/combo_box.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
@@ -52,24 +53,25 @@ namespace {
 
 // clang-format off
 constexpr Control kControls[] = {
+    // The keyboard begins where Enter does no harm; from there it goes in reading order.
     // kind                 id                   text                                x    y    w    h
-    {Kind::ListView,         kSavingsList,       L"Main List01",                     160, 325, 330, 140, kPlain, L"Savings till date"},
     {Kind::GroupBox,         kSchemeGroup,       L"Current Active Power Scheme",     105,  30, 385,  70},
     {Kind::SortedCombo,      kSchemeList,        L"",                                120,  60, 245, 150, kPlain, L"Power scheme"},
-    {Kind::PlainEdit,        kHostLine,          L"",                                 15, 195, 475,  16, kNoTabStop, L"Host"},
+    {Kind::DefaultPush,      kChange,            L"Change",                          380,  60,  95,  25},
+    {Kind::DefaultPush,      kSet,               L"Set",                             380,  60,  95,  25, kHidden},
     {Kind::CentredPlainEdit, kChargeLine,        L"",                                220, 108,  50,  16, kNoTabStop, L"Battery charge"},
+    {Kind::PlainEdit,        kHostLine,          L"",                                 15, 195, 475,  16, kNoTabStop, L"Host"},
     {Kind::TabStopGroupBox,  kActionsGroup,      L"Quick Power Options",              15, 220, 475,  95},
-    {Kind::TabStopGroupBox,  kInnerGroup,        L"",                                 20, 225, 465,  85},
+    {Kind::TabStopGroupBox,  kInnerGroup,        L"",                                 20, 225, 465,  85, kPlain, L"Actions"},
     {Kind::BitmapPush,       kLockScreen,        L"Lock Screen",                      42, 245,  41,  41},
     {Kind::BitmapPush,       kLogOff,            L"LogOff",                          118, 245,  41,  41},
     {Kind::BitmapPush,       kStandby,           L"Standby",                         195, 245,  41,  41},
     {Kind::BitmapPush,       kHibernate,         L"Hibernate",                       270, 245,  41,  41},
     {Kind::BitmapPush,       kShutdown,          L"Shutdown",                        346, 245,  41,  41},
     {Kind::BitmapPush,       kRestart,           L"Restart",                         422, 245,  41,  41},
-    {Kind::DefaultPush,      kChange,            L"Change",                          380,  60,  95,  25},
-    {Kind::DefaultPush,      kExitToTray,        L"Exit to Tray",                    390,   4, 100,  22},
-    {Kind::DefaultPush,      kSet,               L"Set",                             380,  60,  95,  25, kHidden},
+    {Kind::ListView,         kSavingsList,       L"Main List01",                     160, 325, 330, 140, kPlain, L"Savings till date"},
     {Kind::DefaultBitmapPush, kResumeButton,     L"Resume",                          105,   4,  95,  22},
+    {Kind::DefaultPush,      kExitToTray,        L"Exit to Tray",                    390,   4, 100,  22},
     {Kind::SmoothProgress,   kProgressBar,       L"",                                 50, 140, 346,  23, kHidden, L"Progress"},
     {Kind::Progress,         kSecondProgressBar, L"",                                 40, 230, 425,  20, kHidden, L"Progress"},
 };

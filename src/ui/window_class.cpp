@@ -45,22 +45,17 @@ void KeepFocus(HWND window, bool active)
     GiveFocus(TakesFocus(window, field) ? field : window);
 }
 
-// A window opens where Windows or its table puts it, or where it was left, but within the work area of its screen; one
-// that is too high for that takes the room of the task bar too. Its caption can always be reached.
+// A window opens where Windows or its table puts it, or where it was left, but within the work area of its screen. One
+// that is too large for that stands at the area's top and left: its caption can be reached, and moved from there.
 void BringOnScreen(HWND window)
 {
     if (IsIconic(window))
         return;
-    const MONITORINFO screen = ScreenOf(window);
+    const RECT room = ScreenOf(window).rcWork;
     RECT place;
     GetWindowRect(window, &place);
-    const LONG width = place.right - place.left;
-    const LONG height = place.bottom - place.top;
-    RECT room = screen.rcWork;
-    if (height > room.bottom - room.top || width > room.right - room.left)
-        room = screen.rcMonitor;
-    const LONG x = std::max(std::min(place.left, room.right - width), room.left);
-    const LONG y = std::max(std::min(place.top, room.bottom - height), room.top);
+    const LONG x = std::max(std::min(place.left, room.right - (place.right - place.left)), room.left);
+    const LONG y = std::max(std::min(place.top, room.bottom - (place.bottom - place.top)), room.top);
     if (x != place.left || y != place.top)
         SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

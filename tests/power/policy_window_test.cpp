@@ -1,5 +1,6 @@
 #include "power/power_program.h"
 #include "resources/resource_ids.h"
+#include "ui/combo_box.h"
 #include "ui/file_dialog.h"
 
 namespace voltaro {

@@ -1,7 +1,7 @@
 #include "console/connection_state.h"
-#include "console/help.h"
 #include "power/power_program.h"
 #include "shell/workers.h"
+#include "ui/combo_box.h"
 #include "ui/menus.h"
 #include "ui/tabs.h"
 #include "ui/tooltip.h"
@@ -268,17 +268,7 @@ TEST(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
 
 TEST(SchemeWindow, ModesAndTheWaysOut)
 {
-    static int helps = 0;
     PowerProgram program;
-    const auto viewer = std::exchange(platformCalls.showHelp, [](HWND, const std::wstring& topic) {
-        helps += topic.ends_with(L"\\docs\\help\\Voltaro_Help_SE.chm::/advanced.htm") ? 1 : 100;
-    });
-    program.Command(kEditor, kEditorHelp);
-    HELPINFO help{};
-    SendMessageW(In(kDisplayPage, kDim), WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
-    platformCalls.showHelp = viewer;
-    EXPECT_EQ(helps, 2);
-
     SetForegroundWindow(WindowOf(kEditor));
     SetFocus(In(kEditor, kEditorScheme));
     Press(VK_TAB, VK_CONTROL);

@@ -6,6 +6,11 @@
 #include "savings/shown_day.h"
 #include "simulator/xml.h"
 #include "support/program.h"
+#include "ui/combo_box.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
+#include "ui/navigation.h"
+#include <gtest/gtest.h>
 
 #include <algorithm>
 
@@ -102,6 +107,17 @@ TEST_F(ProfileWindowTest, ChoicesOfMonitor)
     }
     ClickRadio(kOthers);
     EXPECT_EQ(Watts(), L"141.00 3.50");
+
+    m_program.TakeOperations();
+    BoxScript boxes{{L"Refresh", {}, Answer::No}};
+    Click(kRefreshKey);
+    EXPECT_TRUE(m_program.TakeOperations().empty());
+    boxes.Expect({{L"Refresh", {}, Answer::Yes}});
+    Click(kRefreshKey);
+    EXPECT_EQ(SelectedText(m_window, kSize) + L" " + Text(kCpuOff), L"17.00 0.85") << "what the agent has";
+    Click(kEdit);
+    Click(kRefreshKey); // nothing was typed
+    EXPECT_FALSE(IsOn(kSave));
 }
 
 TEST_F(ProfileWindowTest, AnUntouchedRecordGoesBackAsItCame)

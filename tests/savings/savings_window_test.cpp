@@ -4,6 +4,10 @@
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
 #include "support/program.h"
+#include "support/test_window.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
+#include "ui/tooltip.h"
 #include "ui/waiting.h"
 
 #include <algorithm>
@@ -94,6 +98,12 @@ protected:
             std::erase(text, L'\r');
             std::replace(text.begin(), text.end(), L'\n', L'|');
             EXPECT_TRUE(!shown || text == row.text) << text;
+            RECT last;
+            const bool emission = row.text.ends_with(L"Grams|") || row.text.ends_with(L"Grams\t|");
+            if (!shown || !emission || !ListView_GetItemRect(list, RowCount(list) - 1, &last, LVIR_LABEL))
+                continue;
+            SendMessageW(list, WM_MOUSEMOVE, 0, MAKELPARAM(last.left + 2, last.top + 2));
+            EXPECT_STREQ(TooltipOf(list), L"Saved power (kWh) x 700 Grams");
         }
     }
 

@@ -2,7 +2,6 @@
 #include "scheduler/job_list_window.h"
 
 #include "base/computer_name.h"
-#include "console/help.h"
 #include "scheduler/scheduler_program.h"
 #include "support/element_line.h"
 #include "ui/tooltip.h"
@@ -200,11 +199,6 @@ TEST(JobListWindowTest, KeyboardMouseAndClosing)
     ListView_GetItemRect(program.Jobs(), 2, &cell, LVIR_LABEL);
     SendMessageW(program.Jobs(), WM_MOUSEMOVE, 0, MAKELPARAM(cell.left + 5, cell.top + 5));
     EXPECT_STREQ(TooltipOf(program.Jobs()), L"This job is not enabled and does not run.");
-    static std::wstring topic;
-    const auto viewer = std::exchange(platformCalls.showHelp, [](HWND, const std::wstring& shown) { topic = shown; });
-    SendMessageW(WindowOf(kList), WM_HELP, 0, 0);
-    platformCalls.showHelp = viewer;
-    EXPECT_TRUE(topic.ends_with(L"\\docs\\help\\Voltaro_Help_SE.chm::/Job Scheduler.htm")) << topic;
 
     const ExpectedBox unsaved = {L"Changes not saved", L"Are you sure you want to cancel the changes?", Answer::No};
     program.boxes.Expect({{L"Delete Job", L"'Nightly backup'", Answer::Yes}, unsaved, unsaved});

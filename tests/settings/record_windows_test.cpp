@@ -134,23 +134,29 @@ TEST_F(RecordWindows, ProxyTravelsWholeAndItsFieldsFollowTheirSwitches)
 
 TEST_F(RecordWindows, F5AsksBeforeItOverwritesWhatWasTyped)
 {
-    constexpr const wchar_t* kLabels[] = {L"TCP Port :", L"Port No      :"};
+    constexpr const wchar_t* kLabels[]
+        = {L"TCP Port :", L"Port No      :", L"Enable snooze alert for Scheduled Power OFFs :", L"Disable Wake On LAN"};
     for (std::size_t i = 0; i < std::size(kLabels); ++i) {
         Open(kEditors[i]);
         const Operations read{m_editor->read};
-        const std::wstring before = Shown(kLabels[i]);
+        const auto shown = [&] {
+            return Shown(kLabels[i]) + (IsChecked(WindowOf(m_editor->window), IdOf(kLabels[i])) ? L"+" : L"");
+        };
+        const std::wstring before = shown();
         const auto press = [&] { m_program.Command(m_editor->window, kRefreshKey); };
-        press();
-        EXPECT_EQ(m_program.TakeOperations(), read);
-        Type(kLabels[i], L"9");
+        if (ClassOf(Field(kLabels[i])) == WC_BUTTONW)
+            Check(kLabels[i], !before.ends_with(L'+'));
+        else
+            Type(kLabels[i], L"9");
+        const std::wstring edited = shown();
         BoxScript boxes{{L"Refresh", {}, Answer::No}};
         press();
         EXPECT_TRUE(m_program.TakeOperations().empty());
-        EXPECT_EQ(Shown(kLabels[i]), L"9");
+        EXPECT_EQ(shown(), edited);
         boxes.Expect({{L"Refresh", {}, Answer::Yes}});
         press();
         EXPECT_EQ(m_program.TakeOperations(), read);
-        EXPECT_EQ(Shown(kLabels[i]), before);
+        EXPECT_EQ(shown(), before);
     }
 }
 

@@ -6,6 +6,10 @@
 #include "shell/main_window.h"
 #include "shell/workers.h"
 #include "support/program.h"
+#include "support/test_window.h"
+#include "ui/combo_box.h"
+#include "ui/controls.h"
+#include "ui/list_view.h"
 #include "ui/menus.h"
 
 #include <set>

@@ -6,6 +6,9 @@
 #include "shell/main_menus.h"
 #include "shell/quick_actions.h"
 #include "support/program.h"
+#include "support/test_window.h"
+#include "ui/combo_box.h"
+#include "ui/controls.h"
 #include "ui/menus.h"
 
 namespace voltaro {

@@ -20,6 +20,9 @@
 #include "shell/update_window.h"
 #include "shell/window_table.h"
 #include "support/installation.h"
+#include "support/test_window.h"
+#include "ui/combo_box.h"
+#include "ui/controls.h"
 #include "ui/ui_thread.h"
 
 #include <algorithm>

@@ -168,7 +168,7 @@ TEST(SmallScreen, EveryWindowOpensInReach)
         RECT place;
         GetWindowRect(window, &place);
         EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= 800) << WindowRowOf(i).title;
-        EXPECT_LE(place.bottom, place.bottom - place.top <= 560 ? 560 : 600) << WindowRowOf(i).title;
+        EXPECT_TRUE(place.bottom <= 560 || place.top == 0) << WindowRowOf(i).title;
         ShowWindow(window, SW_HIDE);
     }
     platformCalls = before;

@@ -2,6 +2,7 @@
 
 #include "support/labelled.h"
 #include "support/test_window.h"
+#include "ui/combo_box.h"
 #include "ui/theme.h"
 
 #include <gtest/gtest.h>
@@ -141,6 +142,9 @@ TEST_F(Controls, ComboSelectsTheExactEntryOnly)
     EXPECT_EQ(SelectedIndex(window, 110), -1);
     EXPECT_EQ(SelectedText(window, 110), L"");
     EXPECT_EQ(SelectExact(window, 111, L"Minimum"), 4) << "sorted: empty, the three B, Minimum";
+    const std::wstring wide[] = {std::wstring(60, L'W'), L"short"};
+    FillCombo(window, 110, wide);
+    EXPECT_GT(SendMessageW(Of(110), CB_GETDROPPEDWIDTH, 0, 0), 500) << "the list shows its longest entry whole";
     FillCombo(window, 111, {});
     EXPECT_EQ(SelectExact(window, 111, L"Minimum"), -1);
     EXPECT_EQ(SelectExact(window, 99, L"Minimum"), -1) << "no such control";

@@ -1,5 +1,12 @@
+#include "shell/about.h"
+#include "shell/main_commands.h"
+#include "shell/update_window.h"
 #include "shell/window_table.h"
+#include "shell/workers.h"
+#include "support/labelled.h"
 #include "support/program.h"
+#include "support/test_window.h"
+#include "ui/controls.h"
 #include "ui/tabs.h"
 
 #include <algorithm>
@@ -7,18 +14,34 @@
 namespace voltaro {
 namespace {
 
-// A window and the main window's command that opens it; 0: it is shown as it is.
+// A window, what opens it (a command of the main window, a button of another one), its help page, whether F5 reads at
+// once what it shows, and the key that closes it. Count stands for the about box.
 struct Opened {
-    WindowId window;
+    WindowId window, opener;
     int command;
+    const wchar_t *button, *page;
+    bool reads = false;
+    WORD closes = VK_ESCAPE;
 };
 // clang-format off
 constexpr Opened kOpened[] = {
-    {WindowId::SystemInfo, kSystemInfo}, {WindowId::Scheme, kPowerScheme}, {WindowId::Policy, 0}, {WindowId::Rule, 0},
-    {WindowId::JobList, kJobScheduler}, {WindowId::JobEditor, 0}, {WindowId::DeviceControl, kSecurity},
-    {WindowId::AccessControl, kPorts}, {WindowId::Snooze, kSnooze}, {WindowId::Proxy, kProxy},
-    {WindowId::Battery, kBatteryInfo}, {WindowId::Savings, kSavingsReport}, {WindowId::Profile, 0},
-    {WindowId::Activation, kActivate},
+    {WindowId::Main,          WindowId::Main,            0,              nullptr,       L"Main Window.htm", false, 0},
+    {WindowId::SystemInfo,    WindowId::Main,            kSystemInfo,    nullptr,       L"System Info.htm"},
+    {WindowId::Scheme,        WindowId::Main,            kPowerScheme,   nullptr,       L"advanced.htm"},
+    {WindowId::Policy,        WindowId::Scheme,          0,              L"New ..",     L"advanced.htm"},
+    {WindowId::Rule,          WindowId::Policy,          0,              L"Add Rule..", L"advanced.htm"},
+    {WindowId::JobList,       WindowId::Main,            kJobScheduler,  nullptr,       L"Job Scheduler.htm"},
+    {WindowId::JobEditor,     WindowId::JobList,         0,              L"Add Job..",  L"Job Scheduler.htm"},
+    {WindowId::DeviceControl, WindowId::Main,            kSecurity,      nullptr,       L"system security.htm", true},
+    {WindowId::AccessControl, WindowId::Main,            kPorts,         nullptr,       L"access control.htm", true},
+    {WindowId::Snooze,        WindowId::Main,            kSnooze,        nullptr,       L"snooze.htm", true},
+    {WindowId::Proxy,         WindowId::Main,            kProxy,         nullptr,       L"proxy settings.htm", true},
+    {WindowId::Battery,       WindowId::Main,            kBatteryInfo,   nullptr,       L"battery info.htm", true},
+    {WindowId::Savings,       WindowId::Main,            kSavingsReport, nullptr,       L"powercalculations.htm"},
+    {WindowId::Profile,       WindowId::Savings,         0,              L"&Power Consumption Settings", L"powercalculations.htm", true},
+    {WindowId::Activation,    WindowId::Main,            kActivate,      nullptr,       L""},
+    {WindowId::Update,        WindowId::Main,            kUpdate,        nullptr,       L"", false, VK_RETURN},
+    {WindowId::Count,         WindowId::Main,            kAbout,         nullptr,       L"Main Window.htm"},
 };
 // clang-format on
 
@@ -45,7 +68,7 @@ std::wstring NameOf(HWND control)
 {
     const std::wstring text = WindowText(control);
     const bool speaks = ClassOf(control) == WC_BUTTONW || ClassOf(control) == WC_LINK;
-    if (speaks && text != L"...")
+    if (speaks && !text.empty() && text != L"...")
         return text;
     const HWND before = GetWindow(control, GW_HWNDPREV);
     return before != nullptr && ClassOf(before) == WC_STATICW ? WindowText(before) : std::wstring();
@@ -59,30 +82,33 @@ HWND Reached(const std::vector<HWND>& stops)
     return at != stops.end() ? *at : nullptr;
 }
 
-class EveryWindow : public testing::TestWithParam<Opened> { };
-
-TEST_P(EveryWindow, IsWalkedByTabKnowsItsNamesAndClosesByEsc)
+// Whether a reader who has come to one control looks for the other one next: inside it, below it or on its right.
+bool IsReadAfter(HWND from, HWND to)
 {
-    LoadedProgram program;
-    const HWND main = WindowOf(WindowId::Main), window = WindowOf(GetParam().window);
-    ShowWindow(main, SW_SHOW);
-    if (GetParam().command != 0)
-        program.Command(WindowId::Main, GetParam().command);
-    else
-        ShowWindow(window, SW_SHOW);
-    SetForegroundWindow(window);
-    Pump();
+    RECT a, b;
+    GetWindowRect(from, &a);
+    GetWindowRect(to, &b);
+    const bool inside = b.left >= a.left && b.top >= a.top && b.right <= a.right && b.bottom <= a.bottom;
+    return inside || b.top >= (a.top + a.bottom) / 2 || b.left >= a.right || !PagesOf(to).empty();
+}
+
+// By Tab through all stops and back to the first.
+void WalkStops(HWND window)
+{
     const std::vector<HWND> stops = StopsOf(window);
-    ASSERT_FALSE(stops.empty());
     const HWND first = Reached(stops);
     ASSERT_NE(first, nullptr) << "the focus opens on a control, not on " << ClassOf(GetFocus());
     std::vector<HWND> walked;
+    std::wstring backwards; // once around leads back once
     do {
         walked.push_back(Reached(stops));
         Press(VK_TAB);
+        if (Reached(stops) != nullptr && !IsReadAfter(walked.back(), Reached(stops)))
+            backwards += L"|" + NameOf(walked.back()) + L" to " + NameOf(Reached(stops));
     } while (Reached(stops) != first && walked.size() <= stops.size());
     EXPECT_EQ(Reached(stops), first) << "no trap";
     EXPECT_EQ(walked.size(), stops.size());
+    EXPECT_LE(std::ranges::count(backwards, L'|'), 1) << backwards;
     const auto placeOf = [&](HWND control) { return std::ranges::find(walked, control) - walked.begin(); };
     for (const HWND stop : stops) {
         EXPECT_EQ(std::ranges::count(walked, stop), 1) << NameOf(stop) << " " << ClassOf(stop);
@@ -93,11 +119,79 @@ TEST_P(EveryWindow, IsWalkedByTabKnowsItsNamesAndClosesByEsc)
             EXPECT_TRUE(!IsWindowVisible(page) || !IsStop(field) || after == 1) << "tab control, then its page";
         }
     }
-    if (GetParam().command == 0)
+}
+
+class EveryWindow : public testing::TestWithParam<Opened> {
+protected:
+    EveryWindow()
+    {
+        EXPECT_TRUE(GetParam().window != WindowId::Update || StartWorkers());
+        topic.clear();
+        platformCalls.showHelp = [](HWND, const std::wstring& shown) { topic = shown; };
+        ShowWindow(WindowOf(WindowId::Main), SW_SHOW);
+        SetForegroundWindow(WindowOf(WindowId::Main));
+        FocusOn(WindowOf(WindowId::Main), kChange);
+    }
+    ~EveryWindow() override
+    {
+        platformCalls.showHelp = m_viewer;
+        if (GetParam().window == WindowId::Update)
+            StopWorkers(StopOrder::MainWindowDestroyed);
+    }
+
+    static HWND Find(WindowId window) { return window != WindowId::Count ? WindowOf(window) : AboutWindow(); }
+
+    // Opens it by the keyboard where a button does; gives where the focus was.
+    HWND Open(const Opened& row)
+    {
+        if (row.button != nullptr) {
+            Open(*std::ranges::find(kOpened, row.opener, &Opened::window));
+            for (const HWND stop : StopsOf(Find(row.opener))) {
+                if (NameOf(stop) == row.button)
+                    GiveFocus(stop);
+            }
+        }
+        const HWND from = GetFocus();
+        if (row.button != nullptr)
+            Press(VK_RETURN);
+        else if (row.command != 0)
+            m_program.Command(WindowId::Main, row.command);
+        EXPECT_TRUE(WaitFor([] { return !updateBusy; }));
+        EXPECT_TRUE(IsWindowVisible(Find(row.window)));
+        return from;
+    }
+
+    static inline std::wstring topic;
+    decltype(PlatformCalls::showHelp) m_viewer = platformCalls.showHelp;
+    LoadedProgram m_program;
+};
+
+TEST_P(EveryWindow, IsDrivenByTheKeyboardAlone)
+{
+    const HWND from = Open(GetParam());
+    const HWND window = Find(GetParam().window), tab = FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr);
+    m_program.TakeOperations();
+    int page = 0;
+    do {
+        WalkStops(window);
+        Press(VK_TAB, VK_CONTROL);
+        page += tab != nullptr ? 1 : 0;
+        EXPECT_EQ(tab != nullptr ? SelectedTab(tab) : 0, tab != nullptr ? page % TabCtrl_GetItemCount(tab) : 0);
+    } while (tab != nullptr && SelectedTab(tab) != 0 && page < 9);
+    for (const DWORD up : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}})
+        keybd_event(VK_F1, 0, up, 0);
+    Pump();
+    const std::wstring help = std::wstring(L"\\docs\\help\\Voltaro_Help_SE.chm::/") + GetParam().page;
+    EXPECT_TRUE(*GetParam().page == L'\0' ? topic.empty() : topic.ends_with(help)) << topic;
+    if (GetParam().reads) {
+        Press(VK_F5);
+        EXPECT_EQ(m_program.TakeOperations().size(), 1U);
+    }
+    if (GetParam().closes == 0)
         return;
-    Press(VK_ESCAPE);
+    Press(GetParam().closes);
     EXPECT_FALSE(IsWindowVisible(window));
-    EXPECT_TRUE(IsWindowEnabled(main));
+    EXPECT_EQ(GetFocus(), from) << "back where it was opened";
 }
 
 INSTANTIATE_TEST_SUITE_P(Keyboard, EveryWindow, testing::ValuesIn(kOpened),

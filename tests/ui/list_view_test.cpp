@@ -2,7 +2,9 @@
 
 #include "support/test_window.h"
 #include "ui/controls.h"
+#include "ui/row_tips.h"
 #include "ui/theme.h"
+#include "ui/tooltip.h"
 
 #include <gtest/gtest.h>
 
@@ -96,6 +98,32 @@ TEST_F(List, KeysCopyTheChosenRowAndAllRowsAndAClickChoosesOne)
         PostMessageW(m_list, message, 0, MAKELPARAM(row.left + 2, row.top + 2));
     Pump();
     EXPECT_EQ(OnlySelectedRow(m_list), 2) << "a click chooses one again";
+    PostMessageW(m_list, WM_CHAR, L's', 0); // the letter of "Select all", for the menu
+    PostMessageW(m_list, WM_KEYDOWN, VK_ESCAPE, 0);
+    SendMessageW(m_list, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_list), -1);
+    EXPECT_EQ(ListView_GetSelectedCount(m_list), 3U);
+}
+
+TEST_F(List, ACellThatIsCutOffShowsItsWholeTextAboveTheRowsOwn)
+{
+    const std::wstring longText(40, L'W');
+    const std::vector<std::wstring> rows[] = {{longText, L"v"}, {L"n", longText}};
+    const struct {
+        int row, column;
+        RowTip tip;
+        std::wstring shown;
+    } kRows[] = {{0, 0, [](HWND, int) { return std::wstring(); }, longText},
+        {0, 0, [](HWND, int) { return std::wstring(L"why"); }, longText + L"\r\nwhy"},
+        {1, 0, [](HWND, int) { return std::wstring(L"why"); }, L"why"},
+        {1, 1, [](HWND, int) { return std::wstring(); }, longText}};
+    FillList(m_list, rows);
+    for (const auto& row : kRows) {
+        SetRowTips(m_list, row.tip);
+        RECT cell;
+        ListView_GetSubItemRect(m_list, row.row, row.column, LVIR_LABEL, &cell);
+        SendMessageW(m_list, WM_MOUSEMOVE, 0, MAKELPARAM(cell.left + 2, cell.top + 2));
+        EXPECT_EQ(TooltipOf(m_list), row.shown);
+    }
 }
 
 } // namespace
