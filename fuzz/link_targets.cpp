@@ -83,7 +83,7 @@ void RunReplies(Bytes& bytes)
 {
     static const std::vector<Element> kAnswers = [] {
         simulator::MachineState state = simulator::Machine().State();
-        std::vector<Element> answers = {simulator::ResponseWith(agentRecords.policies[0])};
+        std::vector<Element> answers = {simulator::ResponseWith(state.policies[0])};
         for (const simulator::Operation& operation : simulator::Operations()) {
             if (operation.shape.kind == simulator::Shape::Kind::Nothing
                 && std::wstring_view(operation.name).starts_with(L"Get"))
