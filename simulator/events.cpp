@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kMinute = 60;
 constexpr int kHour = 3600;
-constexpr std::size_t kMostLines = 47; // no further idle period begins after so many
+constexpr std::size_t kMaxLines = 47; // no further idle period begins after so many
 
 // A part of an idle period. Standby with a planned duration writes that duration after each of its two stamps.
 struct Stage {
@@ -82,7 +82,7 @@ public:
         Stamp(NightAfter(DayOf(m_date) - std::chrono::days(1)).morning);
         bool eaten = weekend;
         bool met = weekend;
-        while (m_now < evening && m_lines.size() < kMostLines) {
+        while (m_now < evening && m_lines.size() < kMaxLines) {
             Pass(Between(15 * kMinute, 60 * kMinute), kWattsOn);
             if (!eaten && m_now > lunch) {
                 eaten = true;

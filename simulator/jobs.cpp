@@ -199,7 +199,7 @@ void RequireAction(const Element& action, int number)
         RequireRecord(action.children[at++], kPowerOffRecord);
     const Element& tasks = RequireElement(action, at, Numbered(L"RunTask_", number));
     RequireCount(action, at + 1, at + 1);
-    RequireCount(tasks, 0, kMostTasks);
+    RequireCount(tasks, 0, kMaxTasks);
     for (std::size_t task = 0; task < tasks.children.size(); ++task) {
         const std::wstring name = Numbered(L"APP_", number) + NumberText(static_cast<int>(task + 1));
         RequireRecord(RequireElement(tasks, task, name), kTaskRecord);
@@ -227,7 +227,7 @@ Element InitialJobs(int count)
 
 void RequireJobs(const Element& details)
 {
-    RequireCount(details, 0, kMostJobs);
+    RequireCount(details, 0, kMaxJobs);
     for (std::size_t i = 0; i < details.children.size(); ++i) {
         const int number = static_cast<int>(i + 1);
         const Element& job = RequireElement(details, i, Numbered(L"Job_", number));

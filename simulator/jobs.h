@@ -4,8 +4,8 @@
 
 namespace voltaro::simulator {
 
-inline constexpr std::size_t kMostJobs = 10;
-inline constexpr std::size_t kMostTasks = 7;
+inline constexpr std::size_t kMaxJobs = 10;
+inline constexpr std::size_t kMaxTasks = 7;
 
 // `details` with the first so many of the simulated machine's jobs; from the eleventh on they repeat under new names.
 [[nodiscard]] Element InitialJobs(int count);

@@ -71,8 +71,8 @@ const Operation& RequireOperation(const Element& request, std::wstring& name)
 
 Machine::Machine(const Scenario& scenario, Clock clock)
     : m_state{.scenario = scenario,
-        .licence = scenario.licence,
-        .activationKey = scenario.licence == Licence::NotActivated ? L"" : kKey,
+        .license = scenario.license,
+        .activationKey = scenario.license == License::NotActivated ? L"" : kKey,
         .policies = InitialPolicies(),
         .snooze = MakeRecord(kSnoozeRecord),
         .proxy = MakeRecord(kProxyRecord),
@@ -111,8 +111,8 @@ Outcome Machine::Answer(const Element& request)
     Outcome outcome;
     try {
         const Operation& operation = RequireOperation(request, outcome.operation);
-        if (operation.needsLicence && m_state.licence != Licence::Activated) {
-            outcome.complaint = LicenceWord(m_state.licence);
+        if (operation.needsLicense && m_state.license != License::Activated) {
+            outcome.complaint = LicenseWord(m_state.license);
             outcome.response = StatusResponse(outcome.complaint);
         } else {
             outcome.response = operation.answer({operation, request, m_state, m_clock()});

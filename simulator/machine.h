@@ -23,7 +23,7 @@ struct LiveMachine {
 // read back as it came.
 struct MachineState {
     Scenario scenario;
-    Licence licence;
+    License license;
     std::wstring activationKey;
     std::int64_t pausedUntil = 0; // seconds of the machine's clock
     std::wstring activeScheme{};

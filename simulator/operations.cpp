@@ -183,28 +183,28 @@ Element FollowUp(const Call& call)
 
 Element ReportActivation(const Call& call)
 {
-    return StatusResponse(LicenceWord(call.state.licence));
+    return StatusResponse(LicenseWord(call.state.license));
 }
 
-Element ReportLicence(const Call& call)
+Element ReportLicense(const Call& call)
 {
-    const bool active = call.state.licence == Licence::Activated;
-    const Pair licence[] = {
-        {L"LicenseState", LicenceWord(call.state.licence)},
+    const bool active = call.state.license == License::Activated;
+    const Pair license[] = {
+        {L"LicenseState", LicenseWord(call.state.license)},
         {L"Edition", L"Standard Edition"},
         {L"LicensedTo", active ? L"Jan Berg & Partners" : L""},
         {L"ActivationKey", call.state.activationKey.c_str()},
-        {L"ActivatedOn", call.state.licence == Licence::NotActivated ? L"" : L"2025-11-03"},
+        {L"ActivatedOn", call.state.license == License::NotActivated ? L"" : L"2025-11-03"},
         {L"ExpiresOn",
             active                                       ? L"2028-11-02"
-                : call.state.licence == Licence::Expired ? L"2026-11-02"
+                : call.state.license == License::Expired ? L"2026-11-02"
                                                          : L""},
     };
-    return ResponseWith(Texts(L"details", licence));
+    return ResponseWith(Texts(L"details", license));
 }
 
 // A key is 16 to 32 letters and digits, dashes aside. One of zeros is refused, one of nines has run out.
-Element ActivateLicence(const Call& call)
+Element ActivateLicense(const Call& call)
 {
     std::wstring key(call.Field());
     key.erase(std::remove(key.begin(), key.end(), L'-'), key.end());
@@ -213,9 +213,9 @@ Element ActivateLicence(const Call& call)
         || key.find_first_not_of(L'0') == std::wstring::npos)
         throw Refusal{L"The activation key is not valid."};
     const bool expired = key.find_first_not_of(L'9') == std::wstring::npos;
-    call.state.licence = expired ? Licence::Expired : Licence::Activated;
+    call.state.license = expired ? License::Expired : License::Activated;
     call.state.activationKey = call.Field();
-    return StatusResponse(expired ? LicenceWord(Licence::Expired) : L"Success");
+    return StatusResponse(expired ? LicenseWord(License::Expired) : L"Success");
 }
 
 constexpr Shape Field(const wchar_t* name)
@@ -282,8 +282,8 @@ constexpr Operation kOperations[] = {
     {L"success",                       kFree,     kNothing,                   FollowUp},
     {L"failure",                       kFree,     kNothing,                   FollowUp},
     {L"GetActivationstatus",           kFree,     kNothing,                   ReportActivation},
-    {L"GetLicenseInfo",                kFree,     kNothing,                   ReportLicence},
-    {L"ActivateLicense",               kFree,     Field(L"ActivationKey"),    ActivateLicence},
+    {L"GetLicenseInfo",                kFree,     kNothing,                   ReportLicense},
+    {L"ActivateLicense",               kFree,     Field(L"ActivationKey"),    ActivateLicense},
 };
 // clang-format on
 
@@ -321,10 +321,10 @@ void RequireShape(const Operation& operation, const Element& request)
         RequireJobs(body);
 }
 
-const wchar_t* LicenceWord(Licence licence)
+const wchar_t* LicenseWord(License license)
 {
     static constexpr const wchar_t* kWords[] = {L"Activated", L"Not Activated", L"License Expired"};
-    return kWords[static_cast<std::size_t>(licence)];
+    return kWords[static_cast<std::size_t>(license)];
 }
 
 Element StatusResponse(std::wstring_view status, std::wstring_view message)

@@ -32,7 +32,7 @@ struct Shape {
 
 struct Operation {
     const wchar_t* name;
-    bool needsLicence;
+    bool needsLicense;
     Shape shape;
     Element (*answer)(const Call& call);     // throws a Refusal
     Element MachineState::*record = nullptr; // what a plain read or store is about
@@ -45,8 +45,8 @@ struct Operation {
 // Throws a Refusal unless the request has the operation's shape.
 void RequireShape(const Operation& operation, const Element& request);
 
-// The word that tells the licence state.
-[[nodiscard]] const wchar_t* LicenceWord(Licence licence);
+// The word that tells the license state.
+[[nodiscard]] const wchar_t* LicenseWord(License license);
 
 // `response` with a status and, unless empty, a message after it.
 [[nodiscard]] Element StatusResponse(std::wstring_view status, std::wstring_view message = {});

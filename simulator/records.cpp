@@ -235,7 +235,7 @@ void RequirePolicy(const Element& details)
     RequireFields(details, kName);
     for (std::size_t rule = 1; rule < details.children.size(); ++rule)
         RequireRecord(RequireElement(details, rule, Format(L"AppNo_%d", static_cast<int>(rule))), kRule);
-    RequireCount(details, 2, 1 + kMostRules);
+    RequireCount(details, 2, 1 + kMaxRules);
 }
 
 } // namespace voltaro::simulator

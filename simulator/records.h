@@ -31,7 +31,7 @@ extern const std::span<const RecordField> kRuleRecord;        // one rule of a p
 
 inline constexpr int kInitialSchemes = 5;
 inline constexpr int kInitialActiveScheme = 0;
-inline constexpr std::size_t kMostRules = 50;
+inline constexpr std::size_t kMaxRules = 50;
 
 // The two policies of the fresh machine.
 [[nodiscard]] std::vector<Element> InitialPolicies();

@@ -5,7 +5,7 @@
 
 namespace voltaro::simulator {
 
-enum class Licence { Activated, NotActivated, Expired };
+enum class License { Activated, NotActivated, Expired };
 enum class Updates { Latest, Downloaded, Offline, Failed };
 // What the machine's records and lists hold.
 enum class Content {
@@ -26,7 +26,7 @@ struct Scenario {
     Content content;
     int pausedHours; // 0: not paused
     int jobs;        // scheduled jobs
-    Licence licence;
+    License license;
     Updates updates;
 };
 

@@ -8,7 +8,7 @@ namespace voltaro::simulator {
 namespace {
 
 // So many names fit the answer that lists them, whatever their length.
-constexpr std::size_t kMostNames = 25;
+constexpr std::size_t kMaxNames = 25;
 constexpr std::size_t kLongestName = 32;
 constexpr std::size_t kAppSensorName = 16; // position in the scheme's record
 
@@ -32,7 +32,7 @@ Entries::iterator Known(Entries& entries, std::wstring_view name, const wchar_t*
 // The console reads names by position, so a list too long for its buffer may save on the elements' names.
 Element ListNames(const Entries& entries, const wchar_t* elementName)
 {
-    if (entries.size() > kMostNames)
+    if (entries.size() > kMaxNames)
         elementName = L"n";
     Element details{L"details", {}, {}};
     for (const Element& entry : entries)
@@ -47,7 +47,7 @@ void Add(Entries& entries, const Element& details)
         throw Refusal{L"The name is too long."};
     if (Find(entries, name) != entries.end())
         throw Refusal{L"The name is already in use."};
-    if (entries.size() == kMostNames)
+    if (entries.size() == kMaxNames)
         throw Refusal{L"There are too many already."};
     entries.push_back(details);
 }

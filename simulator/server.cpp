@@ -10,11 +10,11 @@
 namespace voltaro::simulator {
 namespace {
 
-constexpr int kSliceMs = 20;                   // how late a thread notices that the server is to stop
-constexpr int kRequestMs = 10'000;             // a request must be there by then
-constexpr int kFarewellMs = 2'000;             // the peer should have closed by then
-constexpr std::size_t kMostRequests = 100'000; // kept for the tests
-constexpr std::size_t kMostWorkers = 2'000;    // connections at once; more are closed
+constexpr int kSliceMs = 20;                  // how late a thread notices that the server is to stop
+constexpr int kRequestMs = 10'000;            // a request must be there by then
+constexpr int kCloseWaitMs = 2'000;           // the peer should have closed by then
+constexpr std::size_t kMaxRequests = 100'000; // kept for the tests
+constexpr std::size_t kMaxWorkers = 2'000;    // connections at once; more are closed
 constexpr std::size_t kLongestLogged = 60;
 
 enum class Ready { ToRead, ToWrite };
@@ -189,16 +189,16 @@ void AgentServer::AcceptLoop()
         UniqueSocket socket(accept(listener, nullptr, nullptr));
         u_long nonBlocking = 1;
         if (socket && ioctlsocket(socket.Get(), static_cast<long>(FIONBIO), &nonBlocking) == 0)
-            Employ(std::move(socket));
+            HandToWorker(std::move(socket));
     }
 }
 
 // Hands the connection to a worker, a new one when all are busy.
-void AgentServer::Employ(UniqueSocket socket)
+void AgentServer::HandToWorker(UniqueSocket socket)
 {
     const std::lock_guard lock(m_mutex);
     if (m_waiting.size() >= m_idle) {
-        if (m_workers.size() >= kMostWorkers)
+        if (m_workers.size() >= kMaxWorkers)
             return;
         m_workers.emplace_back([this] { Work(); });
     }
@@ -277,7 +277,7 @@ Delivery AgentServer::AnswerFrame(const std::string& bytes, std::size_t length)
     if (fault == m_faults.end())
         fault = m_faults.find(L"*");
     const Fault chosen = fault == m_faults.end() ? Fault{} : fault->second;
-    if (m_requests.size() < kMostRequests)
+    if (m_requests.size() < kMaxRequests)
         m_requests.push_back({outcome.operation, header, text});
     Log(outcome.operation,
         scripted                        ? L"scripted"
@@ -311,7 +311,7 @@ void AgentServer::Send(SOCKET socket, const Delivery& delivery)
     if (delivery.ending == Ending::Reset)
         ResetOnClose(socket);
     if (delivery.ending == Ending::Orderly)
-        AwaitClose(socket, kFarewellMs);
+        AwaitClose(socket, kCloseWaitMs);
     if (delivery.ending == Ending::Hang)
         AwaitClose(socket, INT_MAX);
 }

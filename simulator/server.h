@@ -71,7 +71,7 @@ private:
     void AwaitListener(std::unique_lock<std::mutex>& lock);
     [[nodiscard]] SOCKET FollowRefusal();
     void AcceptLoop();
-    void Employ(UniqueSocket socket);
+    void HandToWorker(UniqueSocket socket);
     void Work();
     void Serve(SOCKET socket);
     [[nodiscard]] bool Receive(SOCKET socket, std::size_t count, std::string& bytes);

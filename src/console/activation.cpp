@@ -18,19 +18,19 @@ constexpr const wchar_t* kExpiredText = L"The license of Voltaro on '%ls' has ex
                                         L"try again.\n\nHint : To activate (in "
                                         L"Voltaro Console Menu) click on Activate now... .";
 
-void Refuse(HWND owner, const wchar_t* caption, Licence licence)
+void RefuseChange(HWND owner, const wchar_t* caption, License license)
 {
-    const wchar_t* text = licence == Licence::Expired ? kExpiredText : kNotActivatedText;
-    Tell(owner, {caption, text}, Format(text, HostName().c_str()));
+    const wchar_t* text = license == License::Expired ? kExpiredText : kNotActivatedText;
+    ShowMessage(owner, {caption, text}, Format(text, HostName().c_str()));
 }
 
 } // namespace
 
-Licence LicenceOf(std::wstring_view status)
+License LicenseOf(std::wstring_view status)
 {
     if (EqualsIgnoreCase(status, kNotActivated))
-        return Licence::NotActivated;
-    return EqualsIgnoreCase(status, kExpired) ? Licence::Expired : Licence::Active;
+        return License::NotActivated;
+    return EqualsIgnoreCase(status, kExpired) ? License::Expired : License::Active;
 }
 
 ReadResult ReadActivationStatus()
@@ -44,22 +44,22 @@ ReadResult ReadActivationStatus()
     return agentRecords.activationStatus.empty() ? ReadResult::Unreadable : ReadResult::Read;
 }
 
-bool OpenGate(HWND owner, const wchar_t* caption)
+bool CheckLicense(HWND owner, const wchar_t* caption)
 {
     if (ReadOrLose(ReadActivationStatus) == ReadResult::Lost)
         return false;
-    const Licence licence = LicenceOf(agentRecords.activationStatus);
-    if (licence != Licence::Active)
-        Refuse(owner, caption, licence);
-    return licence == Licence::Active;
+    const License license = LicenseOf(agentRecords.activationStatus);
+    if (license != License::Active)
+        RefuseChange(owner, caption, license);
+    return license == License::Active;
 }
 
-bool IsLicenceRefusal(HWND owner, const wchar_t* caption, std::wstring_view status)
+bool IsLicenseRefusal(HWND owner, const wchar_t* caption, std::wstring_view status)
 {
-    const Licence licence = LicenceOf(status);
-    if (licence == Licence::Active)
+    const License license = LicenseOf(status);
+    if (license == License::Active)
         return false;
-    Refuse(owner, caption, licence);
+    RefuseChange(owner, caption, license);
     ReadActivationStatus();
     return true;
 }

@@ -57,9 +57,9 @@ void ShowOutcomeBox(Reply& reply)
             continue;
         reply.Release();
         if (OnUiThread())
-            Tell(nullptr, row.box);
+            ShowMessage(nullptr, row.box);
         else
-            PostOnUi([&row] { Tell(nullptr, row.box); });
+            PostOnUi([&row] { ShowMessage(nullptr, row.box); });
     }
 }
 

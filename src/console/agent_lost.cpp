@@ -10,7 +10,7 @@
 namespace voltaro {
 namespace {
 
-// The hint is laid out otherwise than in the connection check's box; both are meant.
+// The hint is laid out otherwise than in the connection check's box; users know both.
 constexpr Box kLost = {L"Connection Issue",
     L"Voltaro service on 'localhost' is not responding!\nPlease check if Voltaro service is started and try to "
     L"reconnect "
@@ -21,7 +21,7 @@ void ShowLoss()
 {
     if (mainView.showAgentLost)
         mainView.showAgentLost();
-    Tell(WindowOf(WindowId::Main), kLost); // mostly hidden in the tray: the box then stands by itself, in front
+    ShowMessage(WindowOf(WindowId::Main), kLost); // mostly hidden in the tray: the box then stands by itself, in front
 }
 
 } // namespace

@@ -18,7 +18,7 @@ const Box& FailureBox(const ChangeTexts& texts, std::wstring_view status)
 
 ChangeResult SubmitChange(HWND owner, const ChangeTexts& texts, const Request& request)
 {
-    if (!OpenGate(owner, texts.refused))
+    if (!CheckLicense(owner, texts.refused))
         return ChangeResult::NotMade;
     std::wstring status;
     {
@@ -29,11 +29,11 @@ ChangeResult SubmitChange(HWND owner, const ChangeTexts& texts, const Request& r
     }
     if (IsWord(status, kSuccess))
         return ChangeResult::Done;
-    if (IsLicenceRefusal(owner, texts.refused, status))
+    if (IsLicenseRefusal(owner, texts.refused, status))
         return ChangeResult::NotMade;
     const bool failed = IsWord(status, kFailure) || (status.empty() && !texts.onlyFailureFails);
     if (failed || !texts.onlyFailureFails)
-        Tell(owner, FailureBox(texts, status));
+        ShowMessage(owner, FailureBox(texts, status));
     return failed ? ChangeResult::Failed : ChangeResult::Unclear;
 }
 

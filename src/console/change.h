@@ -14,7 +14,7 @@ struct WordBox {
     Box box{};
 };
 
-// What a change is told by. `refused`: the caption of the boxes for a licence that is not active.
+// What a change is told by. `refused`: the caption of the boxes for a license that is not active.
 struct ChangeTexts {
     const wchar_t* refused;
     Box failed;
@@ -27,7 +27,7 @@ enum class ChangeResult : std::uint8_t {
     Done,
     Failed,  // the agent says so, or says nothing that can be read, or the change could not even be sent
     Unclear, // another word: the agent may have made the change
-    NotMade, // the licence is not active, or the agent is lost
+    NotMade, // the license is not active, or the agent is lost
 };
 
 // Makes one change: asks the agent for the activation status, sends the request, and tells the user how it ended.

@@ -39,9 +39,9 @@ void ShowTopic(HWND owner, const std::wstring& topic)
 {
     const std::wstring file = topic.substr(0, topic.find(L"::"));
     if (GetFileAttributesW(file.c_str()) == INVALID_FILE_ATTRIBUTES)
-        Tell(BoxOwner(owner), kNoFile, kNoFile.text + file);
+        ShowMessage(BoxOwner(owner), kNoFile, kNoFile.text + file);
     else if (!LoadViewer())
-        Tell(BoxOwner(owner), kNoViewer);
+        ShowMessage(BoxOwner(owner), kNoViewer);
     else
         viewer(owner, topic.c_str(), kDisplayTopic, 0);
 }

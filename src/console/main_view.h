@@ -12,7 +12,7 @@ struct MainView {
     void (*selectCurrentScheme)() = nullptr;
     // The charge beside the battery.
     void (*showCharge)() = nullptr;
-    // The licence's picture, the indicators and the host line, only when the console is ready.
+    // The license's picture, the indicators and the host line, only when the console is ready.
     void (*repaint)() = nullptr;
 };
 inline MainView mainView;

@@ -17,7 +17,7 @@ bool IsSentToDisabled(HWND window, UINT message)
 void OnNotify(const WindowTables& tables, HWND window, const NMHDR& notice)
 {
     if (notice.code == TCN_SELCHANGE)
-        TurnToSelected(notice.hwndFrom);
+        ShowSelectedPage(notice.hwndFrom);
     else
         Dispatch(tables.commands, window, notice);
 }
@@ -51,7 +51,7 @@ LRESULT AnswerFromTables(const WindowTables& tables, HWND window, UINT message, 
     return DefaultAnswer(window, message, w, l);
 }
 
-void BringUp(HWND window)
+void ShowAndActivate(HWND window)
 {
     const bool wasHidden = !IsWindowVisible(window);
     ShowWindow(window, SW_SHOWNORMAL);

@@ -24,7 +24,7 @@ struct WindowTables {
 [[nodiscard]] LRESULT AnswerFromTables(const WindowTables& tables, HWND window, UINT message, WPARAM w, LPARAM l);
 
 // Shows a window in front, with the focus on its first field where it was hidden before.
-void BringUp(HWND window);
+void ShowAndActivate(HWND window);
 // "Cancel": the window is hidden, never destroyed.
 void HideWindow(HWND window);
 // "Help": what F1 opens.

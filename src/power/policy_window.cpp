@@ -123,7 +123,7 @@ void AcceptRule(const ApplicationRule& rule, std::optional<std::size_t> place)
 bool TellRefusal(HWND window, const Refusal* refusal)
 {
     if (refusal != nullptr)
-        Tell(window, {refusal->title, refusal->text});
+        ShowMessage(window, {refusal->title, refusal->text});
     return refusal != nullptr;
 }
 
@@ -170,7 +170,7 @@ void OnSave(HWND window)
     const bool isNew = edited.mode == EditMode::Add;
     if (isNew) {
         const std::wstring name = TextOf(window, kNewPolicyName);
-        if (Refuse(window, kNewPolicyName, CheckNewPolicyName(name, agentRecords.policies), name))
+        if (RefuseInput(window, kNewPolicyName, CheckNewPolicyName(name, agentRecords.policies), name))
             return;
         edited.policy.name = name;
     }
@@ -226,7 +226,7 @@ void OpenPolicy(const std::wstring& name)
             policy = ReadPolicy(*root);
     }
     if (!policy)
-        return Tell(WindowOf(WindowId::Scheme), kUnreadable, WithName(kUnreadable.text, name));
+        return ShowMessage(WindowOf(WindowId::Scheme), kUnreadable, WithName(kUnreadable.text, name));
     policy->name = name; // as the list of policies spells it
     Open(EditMode::Update, std::move(*policy));
 }

@@ -72,8 +72,8 @@ void OnDeletePolicy(HWND strip)
     if (policy.empty())
         return;
     if (EqualsIgnoreCase(policy, agentRecords.currentScheme.sensorPolicy))
-        return Tell(editor, kPolicyInUse, WithName(kPolicyInUse.text, policy));
-    if (!Ask(editor, kDeleteQuestion, WithName(kDeleteQuestion.text, policy)))
+        return ShowMessage(editor, kPolicyInUse, WithName(kPolicyInUse.text, policy));
+    if (!AskQuestion(editor, kDeleteQuestion, WithName(kDeleteQuestion.text, policy)))
         return;
     const ChangeTexts texts{kDeleteFailed.caption, kDeleteFailed};
     if (SubmitChange(editor, texts, WithText(Operation::DeletePolicy, L"policy", policy)) != ChangeResult::Done)

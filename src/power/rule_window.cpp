@@ -125,7 +125,7 @@ void OnSave(HWND window)
 {
     const ApplicationRule rule = RuleOnScreen(window);
     const std::wstring name(rule.applicationName);
-    if (!edited.place && Refuse(window, kRuleName, CheckRuleName(name, edited.rules), name))
+    if (!edited.place && RefuseInput(window, kRuleName, CheckRuleName(name, edited.rules), name))
         return;
     HideFromOwner(window);
     edited.accepted(rule, edited.place);

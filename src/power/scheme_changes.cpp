@@ -45,10 +45,10 @@ bool CreateScheme(HWND editor, const PowerSchemeSettings& settings)
 bool DeleteScheme(HWND editor, const std::wstring& scheme)
 {
     if (EqualsIgnoreCase(scheme, agentRecords.currentScheme.powerScheme)) {
-        Tell(editor, kActiveScheme, WithName(kActiveScheme.text, scheme));
+        ShowMessage(editor, kActiveScheme, WithName(kActiveScheme.text, scheme));
         return false;
     }
-    if (!Ask(editor, kDeleteQuestion, WithName(kDeleteQuestion.text, scheme)))
+    if (!AskQuestion(editor, kDeleteQuestion, WithName(kDeleteQuestion.text, scheme)))
         return false;
     return SubmitChange(
                editor, {kDeleteFailed.caption, kDeleteFailed}, WithText(Operation::DeleteScheme, L"scheme", scheme))

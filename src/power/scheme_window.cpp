@@ -194,7 +194,7 @@ void OnSaveAndApply(HWND window)
 void OnSaveNewScheme(HWND window)
 {
     const std::wstring name = TextOf(window, kNewSchemeName);
-    if (Refuse(window, kNewSchemeName, CheckNewSchemeName(name, agentRecords.schemes), name))
+    if (RefuseInput(window, kNewSchemeName, CheckNewSchemeName(name, agentRecords.schemes), name))
         return;
     if (CreateScheme(window, SettingsFor(name)))
         ReadAndShow(window, kReload);
@@ -244,7 +244,7 @@ void OnRefresh(HWND window)
 
 void OnRefreshKey(HWND window)
 {
-    if (editor.isBusy || EditedSettings() == editor.shownSettings || Ask(window, kDiscardChanges))
+    if (editor.isBusy || EditedSettings() == editor.shownSettings || AskQuestion(window, kDiscardChanges))
         OnRefresh(window);
 }
 

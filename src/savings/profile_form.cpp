@@ -90,7 +90,7 @@ bool AreWattsRefused(HWND window)
         const WattCheck check = CheckWatts(text);
         if (check == WattCheck::Accepted || (!entry.manual && entry.read.*kWattSlots[i] == text))
             continue;
-        Tell(window, kRefusedWatts, std::wstring(WattRefusal(check)));
+        ShowMessage(window, kRefusedWatts, std::wstring(WattRefusal(check)));
         SetText(window, id, L"");
         FocusOn(window, id);
         return true;

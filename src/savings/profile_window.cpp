@@ -108,7 +108,7 @@ bool FetchEntry(HWND window, Operation operation, bool manual)
     if (record)
         ShowEntry(window, {.read = *record, .manual = manual, .editable = manual, .unsaved = true});
     else
-        Tell(window, kReadFailed);
+        ShowMessage(window, kReadFailed);
     return record.has_value();
 }
 
@@ -137,13 +137,13 @@ void OnSave(HWND window)
     if (SubmitChange(window, {kRefusalCaption, kFailed}, WithRecord(Operation::ApplyConsumption, *record))
         != ChangeResult::Done)
         return;
-    Tell(window, kApplied);
+    ShowMessage(window, kApplied);
     static_cast<void>(ShowSaved(window));
 }
 
 void OnRefreshKey(HWND window)
 {
-    if (!IsEntryEdited(window) || Ask(window, kDiscardChanges))
+    if (!IsEntryEdited(window) || AskQuestion(window, kDiscardChanges))
         static_cast<void>(ShowSaved(window));
 }
 

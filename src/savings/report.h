@@ -37,7 +37,7 @@ inline constexpr Captions2 kDurationColumns = {L"System Duration", L"Cumulative 
 [[nodiscard]] ReportRows TotalRows(const DayDurations& durations, const SavingsFigures& figures);
 [[nodiscard]] ReportRows EmissionRows(const SavingsFigures& figures);
 
-// How a row's value is reckoned, for its tooltip; empty where the label says it.
+// How a row's value is computed, for its tooltip; empty where the label says it.
 [[nodiscard]] std::wstring ReckoningOf(std::wstring_view label);
 
 // The second tab: the energy rows, each with the time that it stands for, and the idle periods by length.

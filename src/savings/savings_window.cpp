@@ -88,7 +88,7 @@ void RefreshPages()
 
 void TellOfDay(HWND window, const Box& box, const LocalTime& day)
 {
-    Tell(window, box, WithName(box.text, PickerDate(day)));
+    ShowMessage(window, box, WithName(box.text, PickerDate(day)));
 }
 
 // The profile is read with all else when the console connects; where that failed it is tried again for each day.
@@ -101,7 +101,7 @@ bool EnsureProfile()
 std::optional<DayAnswer> AskForDay(HWND window, const LocalTime& day, DayReport& report)
 {
     const PickerOff off(window);
-    if (!OpenGate(window, kRefusalCaption) || !EnsureProfile())
+    if (!CheckLicense(window, kRefusalCaption) || !EnsureProfile())
         return std::nullopt;
     std::optional<DayAnswer> answer;
     std::wstring status;
@@ -112,7 +112,7 @@ std::optional<DayAnswer> AskForDay(HWND window, const LocalTime& day, DayReport&
         answer = ReadDayAnswer(reply.Root(), reply.Text(), LocalNow(), report);
         status = reply.Status();
     }
-    return IsLicenceRefusal(window, kRefusalCaption, status) ? std::nullopt : answer;
+    return IsLicenseRefusal(window, kRefusalCaption, status) ? std::nullopt : answer;
 }
 
 void StopWaiting(HWND window)

@@ -246,12 +246,12 @@ void Close(HWND window)
 
 bool IsRefused(HWND window, const ScheduledJob& job)
 {
-    if (Refuse(window, kName, CheckJobName(job.name, *editing.jobs, editing.Mode()), job.name))
+    if (RefuseInput(window, kName, CheckJobName(job.name, *editing.jobs, editing.Mode()), job.name))
         return true;
     const Refusal* refusal = CheckSchedule(job);
     if (refusal == nullptr)
         return false;
-    Tell(window, {refusal->title, refusal->text});
+    ShowMessage(window, {refusal->title, refusal->text});
     FocusOn(window, AreDaysReversed(job) ? kStartDay : job.kind == ScheduleKind::Weekly ? kSunday : kJanuary);
     return true;
 }
@@ -282,7 +282,7 @@ void Store(const ScheduledJob& job)
 // Whether a task that was typed and not added keeps the editor open.
 bool IsTaskKept(HWND window)
 {
-    return AreTaskFieldsFilled() && !Ask(window, kTaskUnsaved);
+    return AreTaskFieldsFilled() && !AskQuestion(window, kTaskUnsaved);
 }
 
 void OnSave(HWND window)
@@ -290,8 +290,8 @@ void OnSave(HWND window)
     const ScheduledJob job = CollectJob(window);
     if (IsRefused(window, job))
         return;
-    if (IsTaskKept(window) || (job.tasks.empty() && Ask(window, kNoTask))) {
-        TurnTo(ControlOf(window, kTabs), kTasksTab);
+    if (IsTaskKept(window) || (job.tasks.empty() && AskQuestion(window, kNoTask))) {
+        SelectTab(ControlOf(window, kTabs), kTasksTab);
         FocusOnTaskPath();
         return;
     }
@@ -307,7 +307,7 @@ void OnEnter(HWND window)
 
 void OnCancel(HWND window)
 {
-    if (CollectJob(window) != editing.shown && !Ask(window, kJobsUnsaved))
+    if (CollectJob(window) != editing.shown && !AskQuestion(window, kJobsUnsaved))
         return;
     if (!IsTaskKept(window))
         Close(window);

@@ -72,7 +72,7 @@ constexpr int kNeedSelection[] = {kModify, kDelete};
 constexpr int kFullLines[] = {kFullText, kFullHint};
 
 constexpr const wchar_t* kTitleText = L"Job Scheduling To The Host :  ";
-constexpr const wchar_t* kGateCaption = L"Save failed";
+constexpr const wchar_t* kLicenseCaption = L"Save failed";
 
 constexpr Box kDeleteJob = {L"Delete Job",
     L"If you delete the '%ls' job, all scheduled tasks associated with it will be deleted.\n\nDo you want to continue?",
@@ -144,7 +144,7 @@ bool LoadJobs(HWND window, HWND boxOwner)
     if (!reply.Answered())
         return false;
     if (reply.Root() == nullptr || IsWord(reply.Status(), kFailure)) {
-        Tell(boxOwner, kReadFailed);
+        ShowMessage(boxOwner, kReadFailed);
         return false;
     }
     const Element* details = FirstElement(*reply.Root(), L"details");
@@ -162,7 +162,7 @@ bool LoadJobs(HWND window, HWND boxOwner)
 bool StoreJobs(HWND window, ScheduledJobs jobs)
 {
     // A list that is too long for a request counts as failed too: the agent is not to blame for it.
-    const ChangeTexts texts{kGateCaption, kSaveFailed};
+    const ChangeTexts texts{kLicenseCaption, kSaveFailed};
     if (SubmitChange(window, texts, {Operation::ApplySchedulerSettings, {BuildJobList(jobs)}}) != ChangeResult::Done)
         return false;
     session = {std::move(jobs), false, false};
@@ -195,7 +195,7 @@ void OnModify(HWND window)
 void OnDelete(HWND window)
 {
     const auto job = SelectedJob(window);
-    if (!job || !Ask(window, kDeleteJob, WithName(kDeleteJob.text, session.jobs[*job].name)))
+    if (!job || !AskQuestion(window, kDeleteJob, WithName(kDeleteJob.text, session.jobs[*job].name)))
         return;
     session.jobs.erase(session.jobs.begin() + static_cast<std::ptrdiff_t>(*job));
     session.deleted = true;
@@ -205,7 +205,7 @@ void OnDelete(HWND window)
 
 void OnRemoveAll(HWND window)
 {
-    if (Ask(window, kDeleteAll, WithName(kDeleteAll.text, ComputerName())))
+    if (AskQuestion(window, kDeleteAll, WithName(kDeleteAll.text, ComputerName())))
         StoreJobs(window, {});
 }
 
@@ -224,7 +224,7 @@ void OnOk(HWND window)
 // What is dropped is not remembered: the next opening reads the agent's list.
 void OnCancel(HWND window)
 {
-    if (session.IsChanged() && !Ask(window, kJobsUnsaved))
+    if (session.IsChanged() && !AskQuestion(window, kJobsUnsaved))
         return;
     session = {};
     ShowWindow(window, SW_HIDE);

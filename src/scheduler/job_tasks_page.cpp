@@ -121,7 +121,7 @@ void FillTasks(HWND page)
 bool PathPasses(HWND page, EditMode mode)
 {
     const auto path = CollectTask(page).path;
-    return !Refuse(page, kPath, CheckTaskPath(path, edited, mode), path);
+    return !RefuseInput(page, kPath, CheckTaskPath(path, edited, mode), path);
 }
 
 // --- handlers ---
@@ -135,7 +135,7 @@ void OnAdd(HWND page)
     Load(page, kNone);
     FocusOn(page, kPath);
     if (edited.tasks.size() == kMaxTasks)
-        Tell(GetParent(page), kLimitReached);
+        ShowMessage(GetParent(page), kLimitReached);
 }
 
 void OnUpdate(HWND page)

@@ -65,7 +65,7 @@ void OpenBatteryWindow(HWND)
     if (ReadOrLose(ReadBatteryInfo) == ReadResult::Lost)
         return;
     RefreshBatteryWindow();
-    BringUp(Window());
+    ShowAndActivate(Window());
 }
 
 void RefreshBatteryWindow()

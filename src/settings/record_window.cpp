@@ -98,7 +98,7 @@ std::optional<FieldText> EnteredText(HWND window, int id, Form form, Choices cho
 
 void RefuseField(HWND window, const RefusedField& refusal)
 {
-    Tell(window, refusal.box);
+    ShowMessage(window, refusal.box);
     SetText(window, refusal.id, L"");
     FocusOn(window, refusal.id);
 }

@@ -15,7 +15,7 @@
 namespace voltaro {
 
 // The mechanics of a window that edits one record of the agent: read it, show it by its bindings, check what the user
-// made of it, check the licence, send it, report, read it again. A window gives its tables. What the user does not
+// made of it, check the license, send it, report, read it again. A window gives its tables. What the user does not
 // change goes back exactly as it was read, also where its control cannot show it.
 
 // How a control stands for a field of the record.
@@ -65,7 +65,7 @@ void ShowField(HWND window, int id, Form form, Choices choices, const FieldText&
 // four numbers.
 [[nodiscard]] std::optional<FieldText> EnteredText(HWND window, int id, Form form, Choices choices);
 void RefuseField(HWND window, const RefusedField& refusal);
-// The licence check, the request and, when it failed, its box; the window's controls are disabled meanwhile. True when
+// The license check, the request and, when it failed, its box; the window's controls are disabled meanwhile. True when
 // the agent has taken the change.
 [[nodiscard]] bool SendChange(HWND window, const Request& request, const Box& failed);
 
@@ -123,7 +123,7 @@ void RefreshRecordByKey(HWND window)
 {
     const bool edited
         = IsWindowEnabled(ControlOf(window, form->applyButton)) && shownTexts<form> != EnteredTexts<form>(window);
-    if (!edited || Ask(window, kDiscardChanges))
+    if (!edited || AskQuestion(window, kDiscardChanges))
         RefreshRecord<form>(window);
 }
 
@@ -137,7 +137,7 @@ void OpenRecord(HWND window)
         if (!ReadAndShow<form>(window))
             return;
     }
-    BringUp(window);
+    ShowAndActivate(window);
 }
 
 // The record with what the user has changed since it was shown.
@@ -166,10 +166,10 @@ void ApplyRecord(HWND window)
     if (!SendChange(window, WithRecord(form->apply, edited), form->failed))
         return;
     if (form->tellFirst)
-        Tell(window, form->applied);
+        ShowMessage(window, form->applied);
     RefreshRecord<form>(window);
     if (!form->tellFirst)
-        Tell(window, form->applied);
+        ShowMessage(window, form->applied);
 }
 
 } // namespace voltaro

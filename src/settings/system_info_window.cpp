@@ -109,9 +109,9 @@ void OpenSystemInfoWindow(HWND)
     const HWND tab = ControlOf(Window(), kTab);
     if (TabCtrl_GetItemCount(tab) == 0)
         BindPages(tab);
-    TurnTo(tab, 0);
+    SelectTab(tab, 0);
     SetBusy(false);
-    BringUp(Window());
+    ShowAndActivate(Window());
     HoldMainWindow(HoldReason::SystemInfo, Window());
 }
 

@@ -1,4 +1,4 @@
-// The about box: product, version, machine and licence. Opened by "About" of the menu bar and of the tray; a box of
+// The about box: product, version, machine and license. Opened by "About" of the menu bar and of the tray; a box of
 // its own beside the windows that live as long as the program.
 #include "shell/about.h"
 
@@ -12,10 +12,10 @@
 #include "console/windows.h"
 #include "resources/resource_ids.h"
 #include "shell/console_hold.h"
-#include "shell/letterhead.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/main_window.h"
+#include "shell/window_header.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/menus.h"
@@ -33,7 +33,7 @@ enum AboutControl : int {
     kHost,
     kVersion,
     kService,
-    kLicence,
+    kLicense,
     kLicensedTo,
     kExpires,
     kLink,
@@ -50,7 +50,7 @@ constexpr Control kControls[] = {
     {Kind::Label,       kNoId,       L"Service :",            105, 176, 115,  18},
     {Kind::PlainEdit,   kService,    L"",                     225, 176, 330,  18},
     {Kind::Label,       kNoId,       L"License :",            105, 198, 115,  18},
-    {Kind::PlainEdit,   kLicence,    L"",                     225, 198, 330,  18},
+    {Kind::PlainEdit,   kLicense,    L"",                     225, 198, 330,  18},
     {Kind::Label,       kNoId,       L"Licensed to :",        105, 220, 115,  18},
     {Kind::PlainEdit,   kLicensedTo, L"",                     225, 220, 330,  18},
     {Kind::Label,       kNoId,       L"Expires on :",         105, 242, 115,  18},
@@ -71,7 +71,7 @@ struct AnswerLine {
     std::size_t position;
 };
 constexpr AnswerLine kProductLines[] = {{kVersion, 0}, {kHost, 2}, {kService, 3}};
-constexpr AnswerLine kLicenceLines[] = {{kLicence, 0}, {kLicensedTo, 2}, {kExpires, 5}};
+constexpr AnswerLine kLicenseLines[] = {{kLicense, 0}, {kLicensedTo, 2}, {kExpires, 5}};
 
 constexpr const wchar_t* kNotAnswering = L"not responding";
 constexpr const wchar_t* kUnknown = L"not known";
@@ -97,12 +97,12 @@ void Fill(HWND window, bool answered)
     SetText(window, kCaption, programTexts.versionCaption);
     SetText(window, kHost, ComputerName());
     SetText(window, kService, answered ? L"Running" : kNotAnswering);
-    SetText(window, kLicence, agentRecords.activationStatus.empty() ? kUnknown : agentRecords.activationStatus.c_str());
+    SetText(window, kLicense, agentRecords.activationStatus.empty() ? kUnknown : agentRecords.activationStatus.c_str());
     SetText(window, kLink, Format(L"<a>%ls</a>", kWebSiteHost));
     if (!answered)
         return; // nor would the other two be
     ShowAnswer(window, Operation::GetVoltaroInfo, kProductLines);
-    ShowAnswer(window, Operation::GetLicenseInfo, kLicenceLines);
+    ShowAnswer(window, Operation::GetLicenseInfo, kLicenseLines);
 }
 
 // In pixels, whatever the resource's units make of them; over the main window, or where that is not seen, the desktop.
@@ -159,7 +159,7 @@ constexpr Command kCommands[] = {
 INT_PTR CALLBACK AboutProc(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     NavigateWith(window);
-    if (AnswerLetterhead(window, message, w, l)) {
+    if (AnswerHeader(window, message, w, l)) {
         SetWindowLongPtrW(window, DWLP_MSGRESULT, message == WM_ERASEBKGND);
         return TRUE;
     }

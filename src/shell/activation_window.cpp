@@ -1,4 +1,4 @@
-// The activation window: the licence as the agent tells it, and a field for an activation key. Opened by
+// The activation window: the license as the agent tells it, and a field for an activation key. Opened by
 // "Activate now...".
 #include "shell/activation_window.h"
 
@@ -9,7 +9,7 @@
 #include "console/window_tables.h"
 #include "console/windows.h"
 #include "shell/console_hold.h"
-#include "shell/letterhead.h"
+#include "shell/window_header.h"
 #include "ui/boxes.h"
 #include "ui/list_view.h"
 #include "ui/secret_text.h"
@@ -78,10 +78,10 @@ const wchar_t* StateText()
 {
     if (agentRecords.activationStatus.empty())
         return L"The state of the license is not known.";
-    switch (LicenceOf(agentRecords.activationStatus)) {
-    case Licence::NotActivated: return L"Voltaro on '%ls' is not activated.";
-    case Licence::Expired: return L"The license of Voltaro on '%ls' has expired.";
-    case Licence::Active: break;
+    switch (LicenseOf(agentRecords.activationStatus)) {
+    case License::NotActivated: return L"Voltaro on '%ls' is not activated.";
+    case License::Expired: return L"The license of Voltaro on '%ls' has expired.";
+    case License::Active: break;
     }
     return L"Voltaro on '%ls' is activated.";
 }
@@ -98,7 +98,7 @@ void ShowFields(const Element* root)
 }
 
 // Reads state and fields and shows them; false when the agent is lost, which is reported.
-bool ReadLicence()
+bool ReadLicense()
 {
     if (ReadOrLose(ReadActivationStatus) == ReadResult::Lost)
         return false;
@@ -114,17 +114,17 @@ const Box& BoxOf(const std::wstring& status)
 {
     if (IsWord(status, kSuccess))
         return kActivated;
-    switch (LicenceOf(status)) {
-    case Licence::NotActivated: return kNotActivated;
-    case Licence::Expired: return kExpired;
-    case Licence::Active: break;
+    switch (LicenseOf(status)) {
+    case License::NotActivated: return kNotActivated;
+    case License::Expired: return kExpired;
+    case License::Active: break;
     }
     return kFailed; // an answer that cannot be read too
 }
 
 void RefuseKey(HWND window, const Box& box)
 {
-    Tell(window, box);
+    ShowMessage(window, box);
     SetText(window, kKey, {});
     FocusOn(window, kKey);
 }
@@ -151,12 +151,12 @@ void OnActivate(HWND window)
             return;
         status = reply.Status(); // empty when it could not be sent: the activation has failed
     }
-    Tell(window, BoxOf(status));
+    ShowMessage(window, BoxOf(status));
     if (IsWord(status, kSuccess))
         SetText(window, kKey, {});
     FocusOn(window, kKey);
-    ReadLicence();
-    Repaint(WindowOf(WindowId::Main)); // its licence picture, although the console is held
+    ReadLicense();
+    Repaint(WindowOf(WindowId::Main)); // its license picture, although the console is held
 }
 
 void OnClose(HWND window)
@@ -171,13 +171,13 @@ constexpr Command kCommands[] = {
     {IDCANCEL, OnClose},
 };
 
-constexpr WindowTables kTables = {kControls, kCommands, L"activation.htm", OnCreate, AnswerLetterhead};
+constexpr WindowTables kTables = {kControls, kCommands, L"activation.htm", OnCreate, AnswerHeader};
 
 } // namespace
 
 void OpenActivationWindow(HWND)
 {
-    if (!ReadLicence())
+    if (!ReadLicense())
         return;
     SetText(Window(), kKey, {});
     ShowHolding(Window(), HoldReason::Activation);

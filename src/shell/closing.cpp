@@ -25,7 +25,7 @@ constexpr Box kCloseForUpdate = {L"Close Voltaro Console",
 Answer AskBeforeClosing(HWND main, const Box& box)
 {
     EnableItem(TrayMenu(), kTrayClose, false);
-    const Answer answer = AskFor(main, box, timing.selfClosingBox);
+    const Answer answer = AskWithTimeout(main, box, timing.selfClosingBox);
     EnableItem(TrayMenu(), kTrayClose, true);
     return answer;
 }

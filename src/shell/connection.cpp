@@ -29,7 +29,7 @@
 namespace voltaro {
 namespace {
 
-// The hint is laid out otherwise than in the lost agent's box; both are meant.
+// The hint is laid out otherwise than in the lost agent's box; users know both.
 constexpr Box kNotResponding = {L"Connection Issue",
     L"Voltaro service on 'localhost' is not responding!\nPlease check if Voltaro service is started and try to "
     L"reconnect "
@@ -119,7 +119,7 @@ void CheckAgentConnection()
         return;
     }
     connection.detailsAnswered = false;
-    Tell(nullptr, kNotResponding);
+    ShowMessage(nullptr, kNotResponding);
     ShowNotConnected();
 }
 
@@ -133,7 +133,7 @@ void LoadConsoleData()
     ReadBatteryInfo();
     EnableItem(MainMenuBar(), kBatteryInfo, !agentRecords.noBattery);
     if (ReadPowerSchemes() == ReadResult::Lost)
-        Tell(Main(), kSchemesFailed);
+        ShowMessage(Main(), kSchemesFailed);
     ShowNormalControls(Main());
     ReadPolicies();
     ReadCurrentPowerSettings();
@@ -156,7 +156,7 @@ void RefreshConsoleData(HWND main)
         ReadPolicies();
         ReadCurrentPowerSettings();
     } else {
-        Tell(main, kSchemesFailed);
+        ShowMessage(main, kSchemesFailed);
     }
     SelectExact(main, kSchemeList, agentRecords.currentScheme.powerScheme);
     ReadBatteryInfo();

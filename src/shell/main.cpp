@@ -46,7 +46,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int)
     if (RestoreRunningConsole())
         return 0;
     if (!ReadInstallPath(programTexts.installDirectory)) {
-        Tell(nullptr, kNoInstallation);
+        ShowMessage(nullptr, kNoInstallation);
         return 0;
     }
     PrepareVersionTexts();

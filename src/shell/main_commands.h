@@ -10,7 +10,7 @@ enum MainCommand : int {
     kTrayHelp = 3002,
     kTrayAbout = 3003,
     kResume = 3004,
-    kPauseNone = 3005,    // in no menu; addressed all the same, without effect (meant)
+    kPauseNone = 3005,    // in no menu; addressed all the same, without effect, as the pause state counts from it
     kPauseOneHour = 3006, // five commands in a row
     kPauseFiveHours = 3010,
     kTrayVoltaro = 3011,

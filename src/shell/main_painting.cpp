@@ -34,14 +34,14 @@ constexpr PaintedBitmap kPictures[] = {
 constexpr PaintedBitmap kBanner = {IDB_BANNER, 0, 420, 510, 100};
 
 constexpr PaintedText kTexts[] = {
-    {515, 110, L"Connected to :"}, // both stand outside the window and never show (meant)
+    {515, 110, L"Connected to :"}, // both stand outside the window and never show
     {515, 130, L"Connect to :"},
     {165, 470, kNoticeLine},
     {255, 485, kRightsLine},
 };
 // clang-format on
 
-constexpr PaintedBitmap kLicencePicture = {0, 255, 6, 125, 16};
+constexpr PaintedBitmap kLicensePicture = {0, 255, 6, 125, 16};
 
 // The indicators: a picture and a text for the power source and for the battery.
 constexpr PaintedBitmap kBatteryPlace = {0, 184, 112, 32, 32};
@@ -78,12 +78,12 @@ void DrawIndicator(HDC dc, std::wstring_view text, const Indicator* rows, const 
     DrawTextAt(dc, textPlace.x, textPlace.y, text, FontOf(15, 400), kTextGreen);
 }
 
-int LicencePicture()
+int LicensePicture()
 {
-    switch (LicenceOf(agentRecords.activationStatus)) {
-    case Licence::NotActivated: return IDB_LICENSE_INACTIVE;
-    case Licence::Expired: return IDB_LICENSE_EXPIRED;
-    case Licence::Active: break;
+    switch (LicenseOf(agentRecords.activationStatus)) {
+    case License::NotActivated: return IDB_LICENSE_INACTIVE;
+    case License::Expired: return IDB_LICENSE_EXPIRED;
+    case License::Active: break;
     }
     return IDB_LICENSE_ACTIVE;
 }
@@ -104,7 +104,7 @@ void DrawMainWindow(HDC dc)
     if (!HasHighContrast())
         DrawPicture(dc, kBanner.resource, kBanner);
     if (!agentRecords.activationStatus.empty())
-        DrawPicture(dc, LicencePicture(), kLicencePicture);
+        DrawPicture(dc, LicensePicture(), kLicensePicture);
     if (connection.connected) {
         DrawIndicator(dc, agentRecords.battery.PowerSource(), kSources, kSourcePlace, kSourceText);
         DrawIndicator(dc, agentRecords.battery.Status(), kBatteryStates, kBatteryPlace, kBatteryText);

@@ -195,7 +195,7 @@ LRESULT OnCreate(HWND window)
     HostConfigText port;
     HostConfigText second; // of no use to the console
     if (!TcpPortGetter(port, second))
-        Tell(nullptr, kNoDirectory);
+        ShowMessage(nullptr, kNoDirectory);
     servicePort = LeadingNumber(port);
     PreparePauseStatus();
     return 0;

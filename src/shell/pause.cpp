@@ -103,10 +103,10 @@ std::optional<std::wstring> SendForResult(const Request& request)
 void PauseFor(HWND main, int hours)
 {
     const auto status = SendForResult(WithText(Operation::Pause, L"duration", NumberText(hours)));
-    if (!status || IsLicenceRefusal(main, kPauseRefused, *status))
+    if (!status || IsLicenseRefusal(main, kPauseRefused, *status))
         return;
     if (IsWord(*status, kFailure)) {
-        Tell(main, kPauseFailed);
+        ShowMessage(main, kPauseFailed);
     } else if (IsWord(*status, kSuccess)) {
         notPaused = false;
         Enable(main, kChange, false);
@@ -125,7 +125,7 @@ void OnResume(HWND main)
     if (!status)
         return;
     if (IsWord(*status, kFailure))
-        Tell(main, kResumeFailed);
+        ShowMessage(main, kResumeFailed);
     else if (IsWord(*status, kSuccess))
         ShowNormalControls(main);
 }

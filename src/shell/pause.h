@@ -20,7 +20,8 @@ void OnPause(HWND main)
     PauseFor(main, Hours);
 }
 
-// Ends the pause. The running state is shown at once, before the agent answers, and stays whatever it answers (meant).
+// Ends the pause. The running state is shown at once, before the agent answers, and stays whatever it answers: users
+// know it so, and the next status that is read corrects it.
 void OnResume(HWND main);
 
 // Menus, tray icon and tooltip in the paused or the running state.

@@ -119,16 +119,16 @@ ActionResult ResultOf(Reply& reply)
 
 void AskToForce(HWND main, const QuickAction& action, const std::wstring& activities)
 {
-    const bool go = Ask(main, action.force, kActivitiesHeading + activities + action.force.text);
+    const bool go = AskQuestion(main, action.force, kActivitiesHeading + activities + action.force.text);
     if (Send(Plain(go ? Operation::GoOnWithAction : Operation::DropAction)).Lost())
-        Tell(main, kClosedConnection);
+        ShowMessage(main, kClosedConnection);
 }
 
 void TellResult(HWND main, const QuickAction& action, const ActionResult& result)
 {
     for (const SpecialResult& special : action.special) {
         if (special.word && IsWord(result.word, special.word))
-            return Tell(main, special.box);
+            return ShowMessage(main, special.box);
     }
     if (IsWord(result.word, kSuccess)) {
         if (action.operation == Operation::LockScreen)
@@ -136,19 +136,19 @@ void TellResult(HWND main, const QuickAction& action, const ActionResult& result
     } else if (IsWord(result.word, kFailure) && action.force.caption) {
         AskToForce(main, action, result.activities);
     } else {
-        Tell(main, action.failed);
+        ShowMessage(main, action.failed);
     }
 }
 
 void Run(HWND main, const QuickAction& action)
 {
-    if (!Ask(main, action.question))
+    if (!AskQuestion(main, action.question))
         return;
     ActionResult result;
     {
         Reply reply = Send(RequestOf(action));
         if (reply.Lost())
-            return Tell(main, kClosedConnection);
+            return ShowMessage(main, kClosedConnection);
         result = ResultOf(reply);
     }
     TellResult(main, action, result);

@@ -9,7 +9,7 @@
 #include "console/windows.h"
 #include "shell/closing.h"
 #include "shell/console_hold.h"
-#include "shell/letterhead.h"
+#include "shell/window_header.h"
 #include "shell/workers.h"
 #include "ui/theme.h"
 #include "ui/window_class.h"
@@ -142,7 +142,7 @@ void OnEnter(HWND window)
         OnCloseVoltaro(window);
 }
 
-// Esc does nothing, like the title bar's close (meant).
+// Esc does nothing, like the title bar's close: a check cannot be left.
 constexpr Command kCommands[] = {
     {kOk, OnOk},
     {kCloseVoltaro, OnCloseVoltaro},
@@ -153,7 +153,7 @@ std::optional<LRESULT> OnMessage(HWND window, UINT message, WPARAM w, LPARAM l)
 {
     if (message == WM_DESTROY)
         PostQuitMessage(0);
-    return AnswerLetterhead(window, message, w, l);
+    return AnswerHeader(window, message, w, l);
 }
 
 constexpr WindowTables kTables = {kControls, kCommands, L"update.htm", OnCreate, OnMessage};
@@ -190,7 +190,7 @@ void RunUpdateCheck()
         }
     }
     if (!outcome)
-        return; // the bar keeps running and no button comes (meant)
+        return; // agents may answer again later: the bar keeps running and no button comes
     OnUi([&] { ShowOutcome(*outcome, message); });
     if (threadWait(nullptr, kBarStaysMs) == Waited::Ending)
         return;

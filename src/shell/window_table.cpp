@@ -150,7 +150,7 @@ static_assert(EveryClassIsRegisteredOnce());
 
 void ReportFailure(const wchar_t* text)
 {
-    Tell(nullptr, {L"Error", text});
+    ShowMessage(nullptr, {L"Error", text});
 }
 
 // The places of the controls reckon with a frame of 3 pixels, a caption of 23 and a menu of 20. Where the user has

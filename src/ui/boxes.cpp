@@ -102,27 +102,27 @@ void SuppressMessageBoxes()
     platformCalls.showMessageBox = &AnswerUnseen;
 }
 
-void Tell(HWND owner, const Box& box)
+void ShowMessage(HWND owner, const Box& box)
 {
-    Tell(owner, box, box.text);
+    ShowMessage(owner, box, box.text);
 }
 
-void Tell(HWND owner, const Box& box, const std::wstring& text)
+void ShowMessage(HWND owner, const Box& box, const std::wstring& text)
 {
     Open(owner, box, text, BoxButtons::Ok, 0);
 }
 
-bool Ask(HWND owner, const Box& box)
+bool AskQuestion(HWND owner, const Box& box)
 {
-    return Ask(owner, box, box.text);
+    return AskQuestion(owner, box, box.text);
 }
 
-bool Ask(HWND owner, const Box& box, const std::wstring& text)
+bool AskQuestion(HWND owner, const Box& box, const std::wstring& text)
 {
     return Open(owner, box, text, BoxButtons::YesNo, 0) == Answer::Yes;
 }
 
-Answer AskFor(HWND owner, const Box& box, unsigned milliseconds)
+Answer AskWithTimeout(HWND owner, const Box& box, unsigned milliseconds)
 {
     return Open(owner, box, box.text, box.buttons, milliseconds);
 }

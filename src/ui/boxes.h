@@ -22,16 +22,16 @@ struct Box {
 // Shows a box with an OK button; `owner` may be null. An owner that is hidden or minimised is left out, since Windows
 // would hide the box with it. The second form shows `text` in the place of the row's own, for
 // texts that carry a name.
-void Tell(HWND owner, const Box& box);
-void Tell(HWND owner, const Box& box, const std::wstring& text);
+void ShowMessage(HWND owner, const Box& box);
+void ShowMessage(HWND owner, const Box& box, const std::wstring& text);
 
 // Shows a Yes/No box; true on Yes. Whatever else ends it (the end of the program) counts as No.
-[[nodiscard]] bool Ask(HWND owner, const Box& box);
-[[nodiscard]] bool Ask(HWND owner, const Box& box, const std::wstring& text);
+[[nodiscard]] bool AskQuestion(HWND owner, const Box& box);
+[[nodiscard]] bool AskQuestion(HWND owner, const Box& box, const std::wstring& text);
 
 // A box that closes itself after the given time and then answers TimedOut. Its owner is enabled again afterwards if it
 // was enabled before.
-[[nodiscard]] Answer AskFor(HWND owner, const Box& box, unsigned milliseconds);
+[[nodiscard]] Answer AskWithTimeout(HWND owner, const Box& box, unsigned milliseconds);
 
 // What a box is about to show, as handed to platformCalls.showMessageBox.
 struct BoxCall {

@@ -54,7 +54,8 @@ private:
 class Canvas {
 public:
     explicit Canvas(HWND window);
-    // The same with a picture of the whole client area that was drawn before (borrowed): there is only the copy left.
+    // The same with a picture of the whole client area that was drawn before, which the caller keeps: there is only the
+    // copy left.
     Canvas(HWND window, HBITMAP picture);
     ~Canvas();
     Canvas(const Canvas&) = delete;
@@ -80,7 +81,7 @@ private:
 void DrawBitmap(HDC dc, int resource, int x, int y, int width, int height);
 void DrawTransparentBitmap(HDC dc, int resource, int x, int y, int width, int height);
 
-// Text at a point of the window's ground, in the given font (borrowed) and, but with high contrast, colour.
+// Text at a point of the window's ground, in the given font and, but with high contrast, colour.
 void DrawTextAt(HDC dc, int x, int y, std::wstring_view text, HFONT font, COLORREF colour);
 
 } // namespace voltaro

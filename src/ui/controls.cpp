@@ -112,13 +112,13 @@ DWORD StyleOf(const Control& row, const Control* before)
     return style;
 }
 
-// A link may destroy its font with itself; that one is only lent, so the link gives it back first.
-LRESULT CALLBACK LinkHabits(HWND link, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+// A link may destroy its font with itself; that one belongs to the program, so the link gives it back first.
+LRESULT CALLBACK LinkSubclassProc(HWND link, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
 {
     if (message == WM_DESTROY)
         SendMessageW(link, WM_SETFONT, 0, FALSE);
     else if (message == WM_NCDESTROY)
-        RemoveWindowSubclass(link, &LinkHabits, id);
+        RemoveWindowSubclass(link, &LinkSubclassProc, id);
     return DefSubclassProc(link, message, w, l);
 }
 
@@ -127,9 +127,9 @@ void Furnish(HWND control, Kind kind)
     if (kind == Kind::ListView) {
         const DWORD looks = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
         ListView_SetExtendedListViewStyleEx(control, looks, looks);
-        AddListHabits(control);
+        AddListSubclass(control);
     } else if (kind == Kind::Link) {
-        SetWindowSubclass(control, &LinkHabits, 0, 0);
+        SetWindowSubclass(control, &LinkSubclassProc, 0, 0);
     }
 }
 

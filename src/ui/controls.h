@@ -65,7 +65,8 @@ struct Control {
     const wchar_t* name = nullptr;
 };
 
-// Creates the children of a window from its rows, all with one font (borrowed). Asserts that each was made.
+// Creates the children of a window from its rows, all with one font, which the caller keeps. Asserts that each was
+// made.
 void CreateControls(HWND window, std::span<const Control> rows, HFONT font);
 
 // Compile-time proof-reading of tables.

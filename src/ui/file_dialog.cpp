@@ -34,7 +34,7 @@ std::optional<std::wstring> ChooseFile(HWND owner, const FileDialog& dialog)
 {
     auto path = (platformCalls.chooseFile ? platformCalls.chooseFile : ChooseExistingFile)(owner, dialog);
     if (path && path->size() > kMaxPath) {
-        Tell(GetAncestor(owner, GA_ROOT), kPathTooLong);
+        ShowMessage(GetAncestor(owner, GA_ROOT), kPathTooLong);
         return std::nullopt;
     }
     return path;

@@ -162,7 +162,7 @@ bool OnKey(HWND list, WPARAM key)
 // but looks its data up at every message: where that is slow, filling a list would take many times as long.
 WNDPROC listProcedure = nullptr;
 
-LRESULT CALLBACK ListHabits(HWND list, UINT message, WPARAM w, LPARAM l)
+LRESULT CALLBACK ListSubclassProc(HWND list, UINT message, WPARAM w, LPARAM l)
 {
     constexpr WPARAM kCtrlA = 1;
     constexpr WPARAM kCtrlC = 3;
@@ -251,8 +251,8 @@ int RowCount(HWND list)
 
 std::wstring CellOf(HWND list, int row, int column)
 {
-    constexpr std::size_t kMost = 1'000'000;
-    for (std::size_t size = 256; size < kMost; size *= 4) {
+    constexpr std::size_t kMax = 1'000'000;
+    for (std::size_t size = 256; size < kMax; size *= 4) {
         std::wstring text(size, L'\0');
         LVITEMW item{};
         item.iSubItem = column;
@@ -283,11 +283,11 @@ std::wstring ListText(HWND list, bool selectedOnly)
     return text;
 }
 
-void AddListHabits(HWND list)
+void AddListSubclass(HWND list)
 {
     const DWORD habits = LVS_EX_INFOTIP | LVS_EX_LABELTIP;
     ListView_SetExtendedListViewStyleEx(list, habits, habits);
-    const auto habitual = reinterpret_cast<LONG_PTR>(&ListHabits);
+    const auto habitual = reinterpret_cast<LONG_PTR>(&ListSubclassProc);
     if (GetWindowLongPtrW(list, GWLP_WNDPROC) == habitual)
         return;
     listProcedure = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(list, GWLP_WNDPROC, habitual));

@@ -43,6 +43,6 @@ void SelectRow(HWND list, int row);
 
 // Ctrl+C, Ctrl+A and the context menu (Copy, Copy all, Select all) for a list, and tooltips on cut-off cells. Every
 // list that CreateControls makes has them.
-void AddListHabits(HWND list);
+void AddListSubclass(HWND list);
 
 } // namespace voltaro

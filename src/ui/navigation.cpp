@@ -49,7 +49,7 @@ bool TurnPage(HWND window)
     const HWND tab = VisibleTabOf(window);
     if (tab == nullptr)
         return false;
-    TurnBy(tab, IsDown(VK_SHIFT) ? -1 : 1);
+    MoveTabBy(tab, IsDown(VK_SHIFT) ? -1 : 1);
     const NMHDR changed{tab, static_cast<UINT_PTR>(GetDlgCtrlID(tab)), static_cast<UINT>(TCN_SELCHANGE)};
     SendMessageW(window, WM_NOTIFY, changed.idFrom, reinterpret_cast<LPARAM>(&changed));
     return true;

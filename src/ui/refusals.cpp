@@ -6,11 +6,11 @@
 
 namespace voltaro {
 
-bool Refuse(HWND window, int edit, const Refusal* refusal, std::wstring_view input)
+bool RefuseInput(HWND window, int edit, const Refusal* refusal, std::wstring_view input)
 {
     if (refusal == nullptr)
         return false;
-    Tell(GetAncestor(window, GA_ROOT), {refusal->title, refusal->text}, RefusalText(*refusal, input));
+    ShowMessage(GetAncestor(window, GA_ROOT), {refusal->title, refusal->text}, RefusalText(*refusal, input));
     SetText(window, edit, {});
     FocusOn(window, edit);
     return true;
@@ -22,7 +22,7 @@ void CheckTyping(HWND window, int edit, std::size_t limit, TypingCheck check)
     if (text.size() > limit)
         SetText(window, edit, Truncated(text, limit)); // comes here again
     else
-        Refuse(window, edit, check(text), text);
+        RefuseInput(window, edit, check(text), text);
 }
 
 } // namespace voltaro

@@ -27,7 +27,7 @@ std::wstring TipAt(HWND list, LPARAM place, RowTip tip)
     return text.empty() ? cell : cell + L"\r\n" + text;
 }
 
-LRESULT CALLBACK RowTipHabits(HWND list, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR data)
+LRESULT CALLBACK RowTipSubclassProc(HWND list, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR data)
 {
     if (message == WM_MOUSEMOVE) {
         const std::wstring text = TipAt(list, l, reinterpret_cast<RowTip>(data));
@@ -36,7 +36,7 @@ LRESULT CALLBACK RowTipHabits(HWND list, UINT message, WPARAM w, LPARAM l, UINT_
             SetTooltip(list, text);
         }
     } else if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(list, &RowTipHabits, id);
+        RemoveWindowSubclass(list, &RowTipSubclassProc, id);
     }
     return DefSubclassProc(list, message, w, l);
 }
@@ -46,7 +46,7 @@ LRESULT CALLBACK RowTipHabits(HWND list, UINT message, WPARAM w, LPARAM l, UINT_
 void SetRowTips(HWND list, RowTip tip)
 {
     ListView_SetExtendedListViewStyleEx(list, LVS_EX_INFOTIP | LVS_EX_LABELTIP, 0);
-    SetWindowSubclass(list, &RowTipHabits, 0, reinterpret_cast<DWORD_PTR>(tip));
+    SetWindowSubclass(list, &RowTipSubclassProc, 0, reinterpret_cast<DWORD_PTR>(tip));
 }
 
 } // namespace voltaro

@@ -19,10 +19,10 @@ Pages* Remembered(HWND tab)
     return static_cast<Pages*>(GetPropW(tab, kPagesProperty));
 }
 
-LRESULT CALLBACK TabHabits(HWND tab, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+LRESULT CALLBACK TabSubclassProc(HWND tab, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
 {
     if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(tab, &TabHabits, id);
+        RemoveWindowSubclass(tab, &TabSubclassProc, id);
         const std::unique_ptr<Pages> pages(static_cast<Pages*>(RemovePropW(tab, kPagesProperty)));
     }
     return DefSubclassProc(tab, message, w, l);
@@ -69,9 +69,9 @@ void SetTabs(HWND tab, std::span<const TabPage> pages)
     Pages* remembered = Remembered(tab);
     if (remembered == nullptr) {
         auto made = std::make_unique<Pages>();
-        if (!SetWindowSubclass(tab, &TabHabits, 0, 0) || !SetPropW(tab, kPagesProperty, made.get()))
+        if (!SetWindowSubclass(tab, &TabSubclassProc, 0, 0) || !SetPropW(tab, kPagesProperty, made.get()))
             return;
-        remembered = made.release(); // freed by TabHabits
+        remembered = made.release(); // freed by TabSubclassProc
     }
     remembered->clear();
     for (const TabPage& page : pages) {
@@ -82,10 +82,10 @@ void SetTabs(HWND tab, std::span<const TabPage> pages)
         remembered->push_back(page.page);
         PlaceAboveTab(page.page, tab);
     }
-    TurnTo(tab, 0);
+    SelectTab(tab, 0);
 }
 
-void TurnTo(HWND tab, int index)
+void SelectTab(HWND tab, int index)
 {
     const Pages* pages = Remembered(tab);
     if (pages == nullptr || index < 0 || static_cast<std::size_t>(index) >= pages->size())
@@ -106,16 +106,16 @@ void TurnTo(HWND tab, int index)
     }
 }
 
-void TurnToSelected(HWND tab)
+void ShowSelectedPage(HWND tab)
 {
-    TurnTo(tab, SelectedTab(tab));
+    SelectTab(tab, SelectedTab(tab));
 }
 
-void TurnBy(HWND tab, int step)
+void MoveTabBy(HWND tab, int step)
 {
     const int count = TabCtrl_GetItemCount(tab);
     if (count > 0)
-        TurnTo(tab, ((SelectedTab(tab) + step) % count + count) % count);
+        SelectTab(tab, ((SelectedTab(tab) + step) % count + count) % count);
 }
 
 int SelectedTab(HWND tab)

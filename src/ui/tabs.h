@@ -19,12 +19,12 @@ void SetTabs(HWND tab, std::span<const TabPage> pages);
 // The pages in their order; none for a control that is no tab control.
 [[nodiscard]] std::span<const HWND> PagesOf(HWND tab);
 
-// Shows the page at `index`, hides the others, selects its caption. Also called on TCN_SELCHANGE: TurnToSelected.
-void TurnTo(HWND tab, int index);
-void TurnToSelected(HWND tab);
+// Shows the page at `index`, hides the others, selects its caption. Also called on TCN_SELCHANGE: ShowSelectedPage.
+void SelectTab(HWND tab, int index);
+void ShowSelectedPage(HWND tab);
 // One page on or back, wrapping; what Ctrl+Tab does. The page's first field gets the focus when the focus was on a
 // page.
-void TurnBy(HWND tab, int step);
+void MoveTabBy(HWND tab, int step);
 [[nodiscard]] int SelectedTab(HWND tab);
 
 } // namespace voltaro

@@ -11,7 +11,7 @@ inline constexpr COLORREF kTextGreen = RGB(5, 114, 5);
 // Pixels of this colour are left out when a bitmap is drawn transparently.
 inline constexpr COLORREF kKeyColour = RGB(236, 233, 216);
 
-// Handles that live as long as the process and are lent, never given: each is made at its first use.
+// Handles that live as long as the process and are never destroyed by a caller: each is made at its first use.
 // Arial with the given height in pixels and weight (300 light, 400 normal, 500, 600); TrueType, ClearType quality.
 [[nodiscard]] HFONT FontOf(int height, int weight);
 // The font of most windows: Arial, 15 pixels, light.

@@ -95,14 +95,14 @@ TTTOOLINFOW AreaToolOf(HWND window, std::size_t number, const RECT& area, wchar_
     return tool;
 }
 
-LRESULT CALLBACK TipHabits(HWND control, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
+LRESULT CALLBACK TooltipSubclassProc(HWND control, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR)
 {
     const Tip* tip = TipOf(control);
     if (message == WM_WINDOWPOSCHANGED && tip != nullptr) {
         TTTOOLINFOW tool = PlaceToolOf(control, *tip);
         SendMessageW(tip->tips, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
     } else if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(control, &TipHabits, id);
+        RemoveWindowSubclass(control, &TooltipSubclassProc, id);
         Drop(control);
     }
     return DefSubclassProc(control, message, w, l);
@@ -118,7 +118,7 @@ void SetTooltip(HWND control, std::wstring_view text)
         tip->text = text;
         return Send(control, *tip, TTM_UPDATETIPTEXTW);
     }
-    if (!SetWindowSubclass(control, &TipHabits, 0, 0))
+    if (!SetWindowSubclass(control, &TooltipSubclassProc, 0, 0))
         return;
     auto made = std::make_unique<Tip>(Tip{TipsOf(control), std::wstring(text)});
     if (!SetPropW(control, kTipProperty, made.get()))

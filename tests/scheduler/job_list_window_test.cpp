@@ -102,9 +102,9 @@ TEST(JobListWindowTest, WhatIsNotStoredIsKept)
             expectKept({L"Save failed", L"Unable to save the scheduled jobs."});
         }
         program.Agent().ClearScripts();
-        program.Machine().licence = simulator::Licence::Expired;
+        program.Machine().license = simulator::License::Expired;
         expectKept({L"Save failed", L"expired"});
-        program.Machine().licence = simulator::Licence::Activated;
+        program.Machine().license = simulator::License::Activated;
         program.Agent().Stop();
         connection.connected = true;
         expectKept({L"Connection Issue", {}});

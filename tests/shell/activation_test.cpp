@@ -85,7 +85,7 @@ TEST_F(ActivationTest, TellsWhatTheAgentAnswers)
 
 TEST(AboutTest, OpensWithAndWithoutAnAgent)
 {
-    constexpr int kCaption = 8701, kHost = 8702, kService = 8704, kLicence = 8705, kLicensedTo = 8706;
+    constexpr int kCaption = 8701, kHost = 8702, kService = 8704, kLicense = 8705, kLicensedTo = 8706;
     LoadedProgram program;
     program.Command(WindowId::Main, kTrayAbout);
     ASSERT_NE(AboutWindow(), nullptr);
@@ -94,7 +94,7 @@ TEST(AboutTest, OpensWithAndWithoutAnAgent)
     EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
     EXPECT_EQ(TextOf(AboutWindow(), kCaption), L"Voltaro - Standard Edition  [ Version : 1.06.006.000 ]");
     EXPECT_EQ(TextOf(AboutWindow(), kHost), L"FIELDBOOK-07");
-    EXPECT_EQ(TextOf(AboutWindow(), kLicence), L"Activated");
+    EXPECT_EQ(TextOf(AboutWindow(), kLicense), L"Activated");
     EXPECT_EQ(TextOf(AboutWindow(), kLicensedTo), L"Jan Berg & Partners");
     program.Command(WindowId::Main, kAbout); // the one that is open
     SendMessageW(AboutWindow(), WM_CLOSE, 0, 0);

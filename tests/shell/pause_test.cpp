@@ -107,11 +107,11 @@ TEST_F(PauseTest, HidesWhatHasTheConsoleAndLeavesItUsable)
 
 TEST_F(PauseTest, AnAnswerThatIsNoSuccessChangesNothing)
 {
-    const Operations kAsked = {L"Pause"}, kLicenceToo = {L"Pause", L"GetActivationstatus"};
+    const Operations kAsked = {L"Pause"}, kLicenseToo = {L"Pause", L"GetActivationstatus"};
     const std::tuple<const wchar_t*, ExpectedBox, Operations> kRows[]
         = {{L"FAILURE", {L"Pause Failed", L"Could not Pause"}, kAsked},
-            {L"not activated", {L"Unable to pause", L"'Localhost' is not activated"}, kLicenceToo},
-            {L"License Expired", {L"Unable to pause", L"'Localhost' has expired"}, kLicenceToo}, {L"Later", {}, kAsked},
+            {L"not activated", {L"Unable to pause", L"'Localhost' is not activated"}, kLicenseToo},
+            {L"License Expired", {L"Unable to pause", L"'Localhost' has expired"}, kLicenseToo}, {L"Later", {}, kAsked},
             {L"", {}, kAsked}, {kMalformed, {}, kAsked}, {kNoAnswer, {}, kAsked}};
     for (const auto& [status, box, asked] : kRows) {
         const BoxScript boxes{box};

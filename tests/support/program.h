@@ -35,7 +35,7 @@ struct Change {
     Operations readAfterOthers{}; // after an answer that says neither
     ExpectedBox denied{};         // the box for "Permission denied", if it has one of its own
     ExpectedBox done{};           // the box that tells of success, if there is one
-    std::wstring unlicensed{};    // the caption for a refusal for want of a licence; empty: that of `failed`
+    std::wstring unlicensed{};    // the caption for a refusal for want of a license; empty: that of `failed`
     bool lenient = false;         // whatever is not "Failure" counts as done
 };
 

@@ -49,7 +49,7 @@ TEST_F(RealBox, ClosesItselfTakesTheQuitBackAndLeavesItsOwnerAsItWas)
     for (const BOOL enabled : {TRUE, FALSE}) {
         EnableWindow(m_owner.Get(), enabled);
         const ULONGLONG start = GetTickCount64();
-        EXPECT_EQ(AskFor(m_owner.Get(), kQuestion, 300), Answer::TimedOut);
+        EXPECT_EQ(AskWithTimeout(m_owner.Get(), kQuestion, 300), Answer::TimedOut);
         const ULONGLONG taken = GetTickCount64() - start;
         EXPECT_TRUE(taken >= 250 && taken < 3000) << taken;
         EXPECT_EQ(IsWindowEnabled(m_owner.Get()), enabled);
@@ -61,11 +61,11 @@ TEST_F(RealBox, ClosesItselfTakesTheQuitBackAndLeavesItsOwnerAsItWas)
 TEST_F(RealBox, AnAnswerInTimeStopsTheTimer)
 {
     PressLater(IDYES);
-    EXPECT_EQ(AskFor(m_owner.Get(), kQuestion, 2000), Answer::Yes);
+    EXPECT_EQ(AskWithTimeout(m_owner.Get(), kQuestion, 2000), Answer::Yes);
     PressLater(IDNO);
-    EXPECT_EQ(AskFor(m_owner.Get(), kQuestion, 2000), Answer::No);
+    EXPECT_EQ(AskWithTimeout(m_owner.Get(), kQuestion, 2000), Answer::No);
     PressLater(IDYES);
-    EXPECT_TRUE(Ask(m_owner.Get(), kQuestion));
+    EXPECT_TRUE(AskQuestion(m_owner.Get(), kQuestion));
     Sleep(50);
     EXPECT_EQ(QuitCode(), std::nullopt);
 }
@@ -76,16 +76,16 @@ TEST_F(RealBox, TheEndOfTheProgramIsNotTakenForATimeOut)
         KillTimer(nullptr, timer);
         PostQuitMessage(7);
     });
-    EXPECT_EQ(AskFor(m_owner.Get(), kQuestion, 2000), Answer::No);
+    EXPECT_EQ(AskWithTimeout(m_owner.Get(), kQuestion, 2000), Answer::No);
     EXPECT_EQ(QuitCode(), 7);
 }
 
-TEST_F(RealBox, AClosedDoorAnswersUnseen)
+TEST_F(RealBox, SuppressedBoxesAnswerUnseen)
 {
     SuppressMessageBoxes();
-    Tell(nullptr, {L"Failed", L"Never shown."});
-    EXPECT_FALSE(Ask(nullptr, kQuestion));
-    EXPECT_EQ(AskFor(nullptr, kQuestion, 5000), Answer::TimedOut);
+    ShowMessage(nullptr, {L"Failed", L"Never shown."});
+    EXPECT_FALSE(AskQuestion(nullptr, kQuestion));
+    EXPECT_EQ(AskWithTimeout(nullptr, kQuestion, 5000), Answer::TimedOut);
 }
 
 } // namespace

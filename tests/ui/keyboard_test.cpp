@@ -39,8 +39,8 @@ constexpr Opened kOpened[] = {
     {WindowId::Battery,       WindowId::Main,            kBatteryInfo,   nullptr,       L"battery info.htm", true},
     {WindowId::Savings,       WindowId::Main,            kSavingsReport, nullptr,       L"powercalculations.htm"},
     {WindowId::Profile,       WindowId::Savings,         0,              L"&Power Consumption Settings", L"powercalculations.htm", true},
-    {WindowId::Activation,    WindowId::Main,            kActivate,      nullptr,       L""},
-    {WindowId::Update,        WindowId::Main,            kUpdate,        nullptr,       L"", false, VK_RETURN},
+    {WindowId::Activation,    WindowId::Main,            kActivate,      nullptr,       L"activation.htm"},
+    {WindowId::Update,        WindowId::Main,            kUpdate,        nullptr,       L"update.htm", false, VK_RETURN},
     {WindowId::Count,         WindowId::Main,            kAbout,         nullptr,       L"Main Window.htm"},
 };
 // clang-format on

@@ -100,7 +100,7 @@ Table OperationTable()
                 Add(members, std::to_string(static_cast<std::size_t>(RowAt(i).member) + 1));
         }
         table.rows.push_back("| " + Code(operation.name) + " | " + FieldsText(operation.shape) + " | "
-            + (operation.needsLicence ? "yes" : "no") + " | " + members + " |");
+            + (operation.needsLicense ? "yes" : "no") + " | " + members + " |");
     }
     return table;
 }
