@@ -46,7 +46,7 @@ constexpr Shape kShapes[] = {
     {Kind::Radio,             WC_BUTTONW,         BS_AUTORADIOBUTTON,                               0},
     {Kind::Push,              WC_BUTTONW,         WS_TABSTOP | BS_PUSHBUTTON,                       0},
     {Kind::DefaultPush,       WC_BUTTONW,         WS_TABSTOP | BS_DEFPUSHBUTTON,                    0},
-    {Kind::BitmapPush,        WC_BUTTONW,         WS_TABSTOP | BS_PUSHBUTTON | BS_BITMAP,           0},
+    {Kind::BitmapPush,        WC_BUTTONW,         WS_TABSTOP | BS_PUSHBUTTON | BS_PUSHLIKE | BS_BITMAP, 0},
     {Kind::DefaultBitmapPush, WC_BUTTONW,         WS_TABSTOP | BS_DEFPUSHBUTTON | BS_BITMAP,        0},
     {Kind::Trackbar,          TRACKBAR_CLASSW,    WS_TABSTOP | TBS_HORZ | TBS_AUTOTICKS,            0},
     {Kind::Progress,          PROGRESS_CLASSW,    0,                                                0},

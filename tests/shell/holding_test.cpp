@@ -91,7 +91,7 @@ TEST(WorkersTest, EndAtAnyPointOfARequest)
 {
     LoadedProgram program;
     std::mt19937 random(20);
-    for (int i = 0; i < 24; ++i) {
+    for (int i = 0; i < 50; ++i) {
         const FaultKind kinds[] = {FaultKind::Silent, FaultKind::Slow, FaultKind::None};
         program.Agent().SetFault(L"*", {kinds[i % 3], i % 3 == 1 ? L"10" : L""});
         timing.pollerPeriod = 1 + random() % 30;

@@ -92,6 +92,7 @@ TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
     };
     // clang-format on
     for (const auto& row : kRows) {
+        EXPECT_TRUE(GetWindowLongW(ControlOf(main, row.command), GWL_STYLE) & BS_PUSHLIKE);
         program.AnswerWith(row.operation, row.reply);
         const BoxScript boxes{{row.question, {}, Answer::Yes}, row.box};
         program.Command(WindowId::Main, row.command);
