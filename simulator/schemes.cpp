@@ -55,9 +55,9 @@ void Add(Entries& entries, const Element& details)
 // The stored name keeps its spelling.
 void Replace(Element& entry, const Element& details)
 {
-    std::wstring name(ChildText(entry, 0));
+    const std::wstring name(ChildText(entry, 0));
     entry = details;
-    entry.children[0].text = std::move(name);
+    entry.children[0].text = name;
 }
 
 constexpr const wchar_t* kNoScheme = L"There is no power scheme of that name.";
