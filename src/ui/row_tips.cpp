@@ -20,7 +20,7 @@ std::wstring TipAt(HWND list, LPARAM place, RowTip tip)
     hit.pt = {GET_X_LPARAM(place), GET_Y_LPARAM(place)};
     if (ListView_SubItemHitTest(list, &hit) < 0)
         return {};
-    const std::wstring text = tip(list, hit.iItem);
+    std::wstring text = tip(list, hit.iItem);
     const std::wstring cell = CellOf(list, hit.iItem, hit.iSubItem);
     if (!IsCutOff(list, cell, hit.iSubItem))
         return text;
