@@ -62,12 +62,28 @@ ReadResult ReadPatchDetails()
     return ReadWith(Operation::GetPatchDetails, [](const Element&) { return true; });
 }
 
-ReadResult ReadOrLose(Reader read)
+ReadResult ReadInOrder(std::span<const Reader> reads)
 {
-    const ReadResult result = read();
+    ReadResult result = ReadResult::Unreadable;
+    for (const Reader read : reads) {
+        result = read();
+        if (result == ReadResult::Lost)
+            break;
+    }
+    return result;
+}
+
+ReadResult ReadOrLose(std::span<const Reader> reads)
+{
+    const ReadResult result = ReadInOrder(reads);
     if (result == ReadResult::Lost)
         OnAgentLost();
     return result;
+}
+
+ReadResult ReadOrLose(Reader read)
+{
+    return ReadOrLose({&read, 1});
 }
 
 } // namespace voltaro

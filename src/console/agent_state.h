@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 
 namespace voltaro {
 
@@ -40,7 +41,11 @@ ReadResult ReadRecordInto(Operation operation, Record& record)
     });
 }
 
-// Makes a read for a window that has no words of its own for a lost agent: OnAgentLost is called then.
+// Reads in order until a reader finds the agent lost; gives what became of the last read.
+[[nodiscard]] ReadResult ReadInOrder(std::span<const Reader> reads);
+
+// The same for a window that has no words of its own for a lost agent: OnAgentLost is called then.
+ReadResult ReadOrLose(std::span<const Reader> reads);
 ReadResult ReadOrLose(Reader read);
 
 } // namespace voltaro

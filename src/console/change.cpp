@@ -18,19 +18,28 @@ const Box& FailureBox(const ChangeTexts& texts, std::wstring_view status)
 
 ChangeResult SubmitChange(HWND owner, const ChangeTexts& texts, const Request& request)
 {
+    const auto status = SendChange(owner, texts, request);
+    return status ? TellOutcome(owner, texts, *status) : ChangeResult::NotMade;
+}
+
+std::optional<std::wstring> SendChange(HWND owner, const ChangeTexts& texts, const Request& request)
+{
     if (!CheckLicense(owner, texts.refused))
-        return ChangeResult::NotMade;
+        return std::nullopt;
     std::wstring status;
     {
         Reply reply = SendOrLose(request);
         if (reply.Lost() || reply.Result() == Outcome::Ending)
-            return ChangeResult::NotMade;
+            return std::nullopt;
         status = reply.Result() == Outcome::NotSent ? kFailure : reply.Status();
     }
+    return IsLicenseRefusal(owner, texts.refused, status) ? std::nullopt : std::optional(status);
+}
+
+ChangeResult TellOutcome(HWND owner, const ChangeTexts& texts, std::wstring_view status)
+{
     if (IsWord(status, kSuccess))
         return ChangeResult::Done;
-    if (IsLicenseRefusal(owner, texts.refused, status))
-        return ChangeResult::NotMade;
     const bool failed = IsWord(status, kFailure) || (status.empty() && !texts.onlyFailureFails);
     if (failed || !texts.onlyFailureFails)
         ShowMessage(owner, FailureBox(texts, status));

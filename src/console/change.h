@@ -4,7 +4,9 @@
 #include "console/agent.h"
 #include "ui/boxes.h"
 
+#include <optional>
 #include <span>
+#include <string>
 
 namespace voltaro {
 
@@ -32,6 +34,11 @@ enum class ChangeResult : std::uint8_t {
 
 // Makes one change: asks the agent for the activation status, sends the request, and tells the user how it ended.
 [[nodiscard]] ChangeResult SubmitChange(HWND owner, const ChangeTexts& texts, const Request& request);
+
+// Its two halves, for a window that greys its controls while it waits and no longer. The first gives the status word,
+// or nothing when the change was not made, which the user has been told.
+[[nodiscard]] std::optional<std::wstring> SendChange(HWND owner, const ChangeTexts& texts, const Request& request);
+[[nodiscard]] ChangeResult TellOutcome(HWND owner, const ChangeTexts& texts, std::wstring_view status);
 
 // F5 is pressed more easily than "Refresh" is chosen: asked before it overwrites what the user changed.
 inline constexpr Box kDiscardChanges = {L"Refresh",

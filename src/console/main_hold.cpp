@@ -1,6 +1,7 @@
 #include "console/main_hold.h"
 
 #include "console/windows.h"
+#include "ui/boxes.h"
 
 #include <algorithm>
 #include <vector>
@@ -55,7 +56,10 @@ HWND FrontWindow()
 
 void ApplyHolds()
 {
-    EnableWindow(WindowOf(WindowId::Main), holds.empty());
+    if (!holds.empty())
+        EnableWindow(WindowOf(WindowId::Main), FALSE);
+    else if (OpenBoxes() == 0) // else a box may hold it too; its closing applies the holds again
+        EnableWindow(WindowOf(WindowId::Main), TRUE);
 }
 
 } // namespace voltaro

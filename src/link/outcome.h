@@ -8,7 +8,7 @@ namespace voltaro {
 enum class Outcome : std::uint8_t {
     Answered,       // a whole answer came, whatever it says
     NotSent,        // the request could not be made, or this thread is in the middle of the same operation
-    CannotStart,    // the socket library or the socket
+    CannotStart,    // the socket library
     CannotConnect,  // refused, or not made in time
     CannotComplete, // the sending failed, or the connection broke
     ClosedByAgent,  // before the last piece of the answer

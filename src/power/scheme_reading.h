@@ -12,7 +12,4 @@ inline constexpr Reader kReload[] = {ReadPowerSchemes, ReadPolicies, ReadCurrent
 inline constexpr auto kAfterSaving = std::span(kReload).last<2>();
 inline constexpr auto kAfterApplying = std::span(kReload).last<1>();
 
-// Reads in order until a reader finds the agent gone, which is reported. Gives what became of the last read.
-ReadResult ReadInOrder(std::span<const Reader> readers);
-
 } // namespace voltaro

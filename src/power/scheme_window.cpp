@@ -128,7 +128,7 @@ void ShowAll(HWND window, bool keep, ReadResult current)
 
 void ReadAndShow(HWND window, std::span<const Reader> readers)
 {
-    const ReadResult current = ReadInOrder(readers);
+    const ReadResult current = ReadOrLose(readers);
     if (current != ReadResult::Lost)
         return ShowAll(window, true, current);
     editor.isStale = true;
@@ -265,7 +265,7 @@ void OnEnter(HWND window)
 void OnCancel(HWND window)
 {
     Close(window);
-    ReadInOrder(kAfterSaving);
+    ReadOrLose(kAfterSaving);
 }
 
 // clang-format off
@@ -315,7 +315,7 @@ void OpenSchemeWindow(HWND)
     const HWND window = WindowOf(WindowId::Scheme);
     if (!IsWindowVisible(window)) {
         BindPages(window);
-        const ReadResult current = ReadInOrder(kReload);
+        const ReadResult current = ReadOrLose(kReload);
         if (current == ReadResult::Lost)
             return;
         ShowAll(window, false, current); // nothing is left of the last opening, even if no answer could be read

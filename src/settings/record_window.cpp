@@ -103,10 +103,15 @@ void RefuseField(HWND window, const RefusedField& refusal)
     FocusOn(window, refusal.id);
 }
 
-bool SendChange(HWND window, const Request& request, const Box& failed)
+bool ChangeRecord(HWND window, const Request& request, const Box& failed)
 {
-    const ControlsOff off(window);
-    return SubmitChange(window, {kRefusalCaption, failed}, request) == ChangeResult::Done;
+    const ChangeTexts texts{kRefusalCaption, failed};
+    std::optional<std::wstring> status;
+    {
+        const ControlsOff off(window);
+        status = SendChange(window, texts, request);
+    }
+    return status && TellOutcome(window, texts, *status) == ChangeResult::Done;
 }
 
 } // namespace voltaro

@@ -65,9 +65,9 @@ void ShowField(HWND window, int id, Form form, Choices choices, const FieldText&
 // four numbers.
 [[nodiscard]] std::optional<FieldText> EnteredText(HWND window, int id, Form form, Choices choices);
 void RefuseField(HWND window, const RefusedField& refusal);
-// The license check, the request and, when it failed, its box; the window's controls are disabled meanwhile. True when
+// The license check, the request, with the window's controls disabled meanwhile, and its box when it failed. True when
 // the agent has taken the change.
-[[nodiscard]] bool SendChange(HWND window, const Request& request, const Box& failed);
+[[nodiscard]] bool ChangeRecord(HWND window, const Request& request, const Box& failed);
 
 // What the controls of a form hold, in the order of the bindings.
 using ShownTexts = std::vector<std::optional<FieldText>>;
@@ -163,7 +163,7 @@ void ApplyRecord(HWND window)
     auto edited = EditedRecord<form>(window);
     if (const std::size_t refusal = form->complete(edited, *form->record))
         return RefuseField(window, form->refusals[refusal - 1]);
-    if (!SendChange(window, WithRecord(form->apply, edited), form->failed))
+    if (!ChangeRecord(window, WithRecord(form->apply, edited), form->failed))
         return;
     if (form->tellFirst)
         ShowMessage(window, form->applied);

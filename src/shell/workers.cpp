@@ -9,6 +9,7 @@
 #include "console/connection_state.h"
 #include "console/main_view.h"
 #include "console/ui_calls.h"
+#include "power/scheme_reading.h"
 #include "power/scheme_window.h"
 #include "settings/system_info_window.h"
 #include "shell/pause.h"
@@ -137,12 +138,7 @@ void RefreshSystemDetails()
 
 void RefreshPowerData()
 {
-    ReadResult result = ReadResult::Unreadable;
-    for (const Reader read : {ReadPowerSchemes, ReadPolicies, ReadCurrentPowerSettings}) {
-        result = read();
-        if (result == ReadResult::Lost)
-            break;
-    }
+    const ReadResult result = ReadInOrder(kReload);
     result == ReadResult::Lost ? OnPowerRefreshFailed() : OnPowerRefreshed(result);
     OnUi(mainView.selectCurrentScheme);
 }

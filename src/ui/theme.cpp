@@ -1,8 +1,7 @@
 #include "ui/theme.h"
 
-#include "base/platform_calls.h"
-
 #include "base/handles.h"
+#include "base/platform_calls.h"
 #include "ui/visual_style.h"
 #include "ui/window_class.h"
 

@@ -1,5 +1,6 @@
-#include "base/fixed_text.h"
 #include "base/text.h"
+
+#include "base/fixed_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
+#include "power/timeouts.h"
+
 #include "power/levels.h"
 #include "power/scheme_form.h"
-#include "power/timeouts.h"
 
 #include <gtest/gtest.h>
 

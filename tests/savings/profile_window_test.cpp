@@ -1,7 +1,7 @@
 #include "savings/profile_window.h"
-#include "savings/saved_profile.h"
 
 #include "savings/profile_record.h"
+#include "savings/saved_profile.h"
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
 #include "simulator/xml.h"

@@ -1,6 +1,6 @@
-#include "savings/saved_profile.h"
 #include "savings/savings_window.h"
 
+#include "savings/saved_profile.h"
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
 #include "support/program.h"

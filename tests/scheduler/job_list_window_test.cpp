@@ -1,7 +1,7 @@
-#include "console/connection_state.h"
 #include "scheduler/job_list_window.h"
 
 #include "base/computer_name.h"
+#include "console/connection_state.h"
 #include "scheduler/scheduler_program.h"
 #include "support/element_line.h"
 #include "ui/tooltip.h"

@@ -1,7 +1,8 @@
+#include "shell/connection.h"
+
 #include "base/platform_calls.h"
 #include "console/agent_lost.h"
 #include "console/connection_state.h"
-#include "shell/connection.h"
 #include "shell/main_menus.h"
 #include "shell/main_window.h"
 #include "shell/workers.h"

@@ -42,6 +42,20 @@ TEST(HoldingTest, AboutKeepsTheMainWindowThatItTookOverAnOpenBox)
     EXPECT_TRUE(IsMainFree());
 }
 
+TEST(HoldingTest, AnOpenBoxKeepsItsOwnerWhenAboutCloses)
+{
+    LoadedProgram program;
+    platformCalls.showMessageBox = [](const BoxCall& call) {
+        EnableWindow(call.owner, FALSE); // as Windows does
+        SendMessageW(call.owner, WM_COMMAND, kTrayAbout, 0);
+        SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
+        EXPECT_FALSE(IsWindowEnabled(call.owner));
+        return Answer::No;
+    };
+    program.Command(WindowId::Main, kTrayClose);
+    EXPECT_TRUE(IsMainFree());
+}
+
 TEST(HoldingTest, ALossIsToldByABoxThatIsSeen)
 {
     static std::vector<HWND> owners;

@@ -1,7 +1,7 @@
-#include "console/agent_records.h"
-#include "console/connection_state.h"
 #include "shell/main_window.h"
 
+#include "console/agent_records.h"
+#include "console/connection_state.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
 #include "shell/quick_actions.h"

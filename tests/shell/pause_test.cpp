@@ -1,8 +1,9 @@
+#include "shell/pause.h"
+
 #include "base/text.h"
 #include "power/processor_strip.h"
 #include "shell/about.h"
 #include "shell/main_menus.h"
-#include "shell/pause.h"
 #include "shell/tray.h"
 #include "support/fake_tray.h"
 #include "support/program.h"

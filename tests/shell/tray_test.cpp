@@ -1,7 +1,7 @@
-#include "console/connection_state.h"
 #include "shell/tray.h"
 
 #include "base/platform_calls.h"
+#include "console/connection_state.h"
 #include "console/ui_calls.h"
 #include "support/fake_tray.h"
 #include "support/program.h"

@@ -1,10 +1,11 @@
+#include "shell/update_window.h"
+
 #include "base/platform_calls.h"
 #include "base/text.h"
 #include "console/main_hold.h"
 #include "link/exchange.h"
 #include "shell/about.h"
 #include "shell/main_menus.h"
-#include "shell/update_window.h"
 #include "shell/workers.h"
 #include "support/program.h"
 #include "ui/menus.h"

@@ -1,7 +1,8 @@
+#include "simulator/machine.h"
+
 #include "base/text.h"
 #include "simulator/events.h"
 #include "simulator/frame.h"
-#include "simulator/machine.h"
 #include "simulator/xml.h"
 #include "support/element_line.h"
 
