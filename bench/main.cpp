@@ -62,7 +62,8 @@ void BareExchange(std::span<const std::byte> frame, int port)
 
 WipedBytes FrameOf(const Request& request)
 {
-    return EncodeFrame(SerialiseRequest(RequestElement(request, NewMessageId())).value(), 100'000);
+    const auto text = SerialiseRequest(RequestElement(request, NewMessageId()));
+    return text ? EncodeFrame(*text, 100'000) : WipedBytes();
 }
 
 double MeasureRequest(simulator::AgentServer& agent)
