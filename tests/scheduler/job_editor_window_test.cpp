@@ -21,8 +21,8 @@ TEST(JobEditorWindowTest, RefusesWhatIsWrong)
         program.boxes.Expect({box});
         program.Do({field, {field.window, button}});
         program.boxes.ExpectAllSeen();
-        EXPECT_EQ(program.Text(field.window, field.label), L"");
-        EXPECT_EQ(GetFocus(), Labelled(WindowOf(field.window), field.label));
+        EXPECT_EQ(program.Text(field.window, field.control), L"");
+        EXPECT_EQ(GetFocus(), program.Find(field.window, field.control));
     };
     program.Do({{kList, L"Add Job.."}});
     expectRefused({kEditor, L"Job Name :", L"nightly BACKUP"}, L"Save",
@@ -72,10 +72,10 @@ TEST(JobEditorWindowTest, TasksUpToSeven)
         L"\nWith the addition of this task, max. limit of 7 tasks per Job is reached.\nIf you need to schedule more "
         L"tasks, either use a new Job or remove existing tasks from the current Job."}});
     program.Edit(1);
-    EXPECT_FALSE(program.IsEnabled(kTasks, L"Update Task") || program.IsEnabled(kTasks, L"Delete"));
+    EXPECT_FALSE(program.IsOn(kTasks, L"Update Task") || program.IsOn(kTasks, L"Delete"));
     for (const wchar_t* path : {L"3.exe", L"4.exe", L"5.EXE", L"6.BAT", L"7.exe", L"8.exe"})
         program.AddTask(path);
-    EXPECT_FALSE(program.IsEnabled(kTasks, L"Add Task"));
+    EXPECT_FALSE(program.IsOn(kTasks, L"Add Task"));
     EXPECT_EQ(RowCount(program.Tasks()), 7);
     program.Do({{kTasks, L".exe/.bat File Path :", L"9.exe"}});
     SetFocus(Labelled(WindowOf(kTasks), L".exe/.bat File Path :"));
@@ -88,7 +88,7 @@ TEST(JobEditorWindowTest, TasksUpToSeven)
     program.Edit(1);
     SelectRow(program.Tasks(), 0);
     program.Do({{kTasks, L"Delete"}});
-    EXPECT_TRUE(program.IsEnabled(kTasks, L"Add Task"));
+    EXPECT_TRUE(program.IsOn(kTasks, L"Add Task"));
     EXPECT_EQ(program.Row(program.Tasks(), 0), L"C:\\Tools\\cleanup.bat\t23:30:00\t1 Hour");
     program.DoubleClick(program.Tasks(), 0);
     program.Do(
@@ -120,7 +120,7 @@ TEST(JobEditorWindowTest, AsksBeforeInputIsDropped)
     program.Edit(2);
     EXPECT_EQ(program.Text(kTasks, L"Command Line Parameters :"), L"");
     program.Do({{kEditor, L"Update"}});
-    EXPECT_FALSE(program.IsEnabled(kList, L"Save")); // nothing changed
+    EXPECT_FALSE(program.IsOn(kList, L"Save")); // nothing changed
     program.Add(L"Bare");
     program.boxes.Expect({{L"No Task Defined",
         L"This Job does not have any task defined.\nDo you want configure tasks for this job now?", Answer::Yes}});
@@ -152,7 +152,7 @@ TEST(JobEditorWindowTest, KeepsWhatNoChoiceHas)
     program.Agent().ScriptReply(
         L"ApplySchedulerSettings", L"<vltp><response><status>Success</status></response></vltp>");
     program.Do({{kEditor, L"Update"}});
-    EXPECT_FALSE(program.IsEnabled(kList, L"Save")); // nothing changed
+    EXPECT_FALSE(program.IsOn(kList, L"Save")); // nothing changed
     program.Edit(0);
     program.DoubleClick(program.Tasks(), 0);
     program.Do({{kTasks, L"Command Line Parameters :", L"-x"}, {kTasks, L"Update Task"},
@@ -187,7 +187,7 @@ TEST(JobEditorWindowTest, Keyboard)
     EXPECT_EQ(program.Text(kTasks, L".exe/.bat File Path :"), L"C:\\Tools\\cleanup.bat");
     SetFocus(Labelled(WindowOf(kEditor), L"Job Description :"));
     Press(VK_RETURN); // elsewhere: the default button
-    EXPECT_FALSE(program.IsOpen(kEditor) || program.IsEnabled(kList, L"Save"));
+    EXPECT_FALSE(program.IsOpen(kEditor) || program.IsOn(kList, L"Save"));
 }
 
 } // namespace

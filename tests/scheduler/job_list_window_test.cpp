@@ -17,7 +17,7 @@ std::wstring JobNames(SchedulerProgram& program, bool stored)
     for (const Element& job : program.Machine().jobs.children)
         agent.append(agent.empty() ? L"" : L",").append(job.children[0].text);
     EXPECT_EQ(screen == agent, stored) << agent;
-    EXPECT_EQ(program.IsEnabled(kList, L"Save"), !stored);
+    EXPECT_EQ(program.IsOn(kList, L"Save"), !stored);
     return screen;
 }
 
@@ -179,7 +179,7 @@ TEST(JobListWindowTest, TenJobsAreTheLimit)
 TEST(JobListWindowTest, KeyboardMouseAndClosing)
 {
     SchedulerProgram program;
-    EXPECT_FALSE(program.IsEnabled(kList, L"Modify Job..") || program.IsEnabled(kList, L"Delete Job"));
+    EXPECT_FALSE(program.IsOn(kList, L"Modify Job..") || program.IsOn(kList, L"Delete Job"));
     EXPECT_EQ(GetFocus(), program.Jobs());
     Press(VK_DOWN);
     Press(VK_RETURN);

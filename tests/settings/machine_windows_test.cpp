@@ -63,7 +63,7 @@ TEST(SystemInfoTest, RefreshKeepsTheUsersPlace)
     program.Command(WindowId::SystemInfo, ID_SYSTEM_INFO_REFRESH);
     EXPECT_TRUE(IsShown(busy) && !IsWindowEnabled(refresh));
     EXPECT_TRUE(WaitFor([&] { return !IsShown(busy); }));
-    program.ExpectSent(L"GetSystemDetails", L"<type>Refresh</type>");
+    program.ExpectSent(L"GetSystemDetails", L"type=Refresh");
     EXPECT_EQ(SelectedRow(list), 303);
 
     program.Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseAtOnce, {}});

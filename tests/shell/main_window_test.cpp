@@ -35,7 +35,7 @@ TEST_F(MainWindowTest, SetAppliesTheChosenSchemeAndReadsTheState)
     EXPECT_FALSE(IsWindowEnabled(ControlOf(main, kSet))); // nothing to set
     program.Choose(WindowId::Main, kSchemeList, L"Minimum");
     program.Command(WindowId::Main, kSet);
-    program.ExpectSent(L"ApplyPowerScheme", L"<scheme>Minimum</scheme>");
+    program.ExpectSent(L"ApplyPowerScheme", L"scheme=Minimum");
     EXPECT_EQ(program.TakeOperations(),
         (Operations{L"GetActivationstatus", L"ApplyPowerScheme", L"GetCurrentpowersettings"}));
     EXPECT_EQ(SelectedText(main, kSchemeList), L"Minimum");

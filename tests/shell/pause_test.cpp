@@ -82,7 +82,7 @@ TEST_F(PauseTest, AsksForTheHoursChosen)
     for (int hours = 1; hours <= 5; ++hours) {
         program.Command(WindowId::Main, kPauseNone + hours);
         EXPECT_EQ(Look(), kPausedFor[hours - 1]);
-        program.ExpectSent(L"Pause", Format(L"<duration>%d</duration>", hours));
+        program.ExpectSent(L"Pause", Format(L"duration=%d", hours));
         EXPECT_FALSE(IsWindowVisible(main));
         EXPECT_FALSE(IsWindowEnabled(ControlOf(main, kChange)));
         EXPECT_FALSE(notPaused);

@@ -37,6 +37,11 @@ inline HWND Labelled(HWND window, const wchar_t* label)
     return nullptr;
 }
 
+inline bool IsEnabled(HWND window)
+{
+    return IsWindowEnabled(window) != FALSE;
+}
+
 // Whether a control would show if its window did.
 inline bool IsShown(HWND control)
 {

@@ -39,6 +39,28 @@ struct Change {
     bool lenient = false;         // whatever is not "Failure" counts as done
 };
 
+// A control by the label that the user finds it by, or by its id.
+struct ControlName {
+    ControlName(const wchar_t* text)
+        : label(text)
+    {
+    }
+    ControlName(int number)
+        : id(number)
+    {
+    }
+    const wchar_t* label = nullptr;
+    int id = 0;
+};
+
+// One thing that the user does: a combo box, a picker or an edit takes the text, a button is clicked. An id without a
+// control is chosen from the window's menu.
+struct Step {
+    WindowId window;
+    ControlName control;
+    const wchar_t* text = nullptr;
+};
+
 // The whole program in a test: all 29 windows created hidden, against a simulated agent in a thread of its own. Waits
 // are shortened (a transport second lasts 100 ms). Nothing is loaded until Load. Everything is as it was before when it
 // is gone, so each test may make its own. No workers and no tray icon unless a test starts them.
@@ -67,13 +89,25 @@ public:
     static void Click(WindowId window, int id);
     // Chooses an entry of a combo box by its text and tells the window.
     void Choose(WindowId window, int id, std::wstring_view entry);
+    // Does one step after the other, then serves what follows.
+    void Do(std::initializer_list<Step> steps);
+    // Double-clicks a row of a list.
+    static void DoubleClick(HWND list, int row);
+
+    // A control, what it shows and whether it can be used.
+    [[nodiscard]] static HWND Find(WindowId window, ControlName name)
+    {
+        return name.label ? Labelled(WindowOf(window), name.label) : ControlOf(WindowOf(window), name.id);
+    }
+    [[nodiscard]] static std::wstring Text(WindowId window, ControlName name) { return WindowText(Find(window, name)); }
+    [[nodiscard]] static bool IsOn(WindowId window, ControlName name) { return IsEnabled(Find(window, name)); }
 
     // The names of the operations that the agent received since the last call, in order.
     Operations TakeOperations();
     // The last request of that operation as the agent received it, its identifier replaced by "{ID}"; empty when there
     // was none. Line ends are as on the wire.
     [[nodiscard]] std::wstring LastRequest(std::wstring_view operation);
-    // Expects the last request of an operation in the usual envelope. "|" stands for the start of a detail's line.
+    // Expects the last request of an operation in the usual envelope; `fields` as Line() shows elements.
     void ExpectSent(const std::wstring& operation, const std::wstring& fields);
 
     // Answers the operation so, whatever it asks: with a document, a status word or kNoAnswer; any other as usual.
@@ -84,6 +118,9 @@ public:
 private:
     simulator::AgentServer m_agent;
     PlatformCalls m_calls = platformCalls; // as they were before
+
+public:
+    BoxScript boxes{}; // what is not expected here fails the test
 };
 
 // The program once it has loaded; the requests of the load are forgotten.
