@@ -10,7 +10,7 @@ constexpr auto kList = WindowId::JobList, kEditor = WindowId::JobEditor, kAction
 // The program with its job windows, driven by what stands on the screen.
 struct SchedulerProgram : LoadedProgram {
     explicit SchedulerProgram(const wchar_t* scenario = L"battery")
-        : LoadedProgram(*simulator::FindScenario(scenario))
+        : LoadedProgram(scenario)
     {
         Open();
     }

@@ -2,8 +2,6 @@
 
 #include "console/agent_records.h"
 #include "console/background_refresh.h"
-#include "console/connection_state.h"
-#include "console/main_hold.h"
 #include "console/program_texts.h"
 #include "console/system_events.h"
 #include "link/host_config.h"
@@ -12,20 +10,15 @@
 #include "settings/access_control_window.h"
 #include "settings/proxy_window.h"
 #include "shell/connection.h"
-#include "shell/main_menus.h"
 #include "shell/pause.h"
 #include "shell/program.h"
 #include "shell/tray.h"
 #include "shell/update_window.h"
 #include "shell/window_table.h"
 #include "simulator/xml.h"
-#include "support/element_line.h"
 #include "support/installation.h"
-#include "ui/combo_box.h"
-#include "ui/controls.h"
 #include "ui/ui_thread.h"
 
-#include <algorithm>
 #include <memory>
 
 namespace voltaro {

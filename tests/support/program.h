@@ -1,16 +1,33 @@
 #pragma once
 
 // The program in a test, and what the tests of its windows use throughout.
+#include "base/platform_calls.h"
+#include "base/text.h"
+#include "console/connection_state.h"
+#include "console/main_hold.h"
+#include "console/ui_calls.h"
 #include "console/windows.h"
+#include "shell/about.h"
 #include "shell/main_commands.h"
+#include "shell/main_menus.h"
+#include "shell/workers.h"
 #include "simulator/server.h"
 #include "support/box_script.h"
+#include "support/element_line.h"
 #include "support/labelled.h"
 #include "support/test_window.h"
+#include "ui/combo_box.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
+#include "ui/menus.h"
+#include "ui/tabs.h"
+#include "ui/theme.h"
+#include "ui/tooltip.h"
+#include "ui/waiting.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 #include <functional>
 #include <string>
@@ -29,9 +46,9 @@ inline constexpr wchar_t kMalformed[] = L"<vltp><response><status>Success",
 // A change that is sent to the agent, and what its answers lead to.
 struct Change {
     const wchar_t* operation;
-    const wchar_t* question; // asked first and answered with Yes; null for none
-    ExpectedBox failed;
-    Operations readAfterSuccess;
+    const wchar_t* question = nullptr; // asked first and answered with Yes
+    ExpectedBox failed{};
+    Operations readAfterSuccess{};
     Operations readAfterOthers{}; // after an answer that says neither
     ExpectedBox denied{};         // the box for "Permission denied", if it has one of its own
     ExpectedBox done{};           // the box that tells of success, if there is one
@@ -83,6 +100,9 @@ public:
 
     // Sends a command as a click or a menu choice does, or a control's notification, and serves what follows.
     void Command(WindowId window, int id, int notification = 0);
+    void MainCommand(int id) { Command(WindowId::Main, id); }
+    // Whether the main window takes input again, nothing lying over it.
+    [[nodiscard]] static bool IsMainFree() { return IsEnabled(WindowOf(WindowId::Main)) && IsConsoleReady(); }
     // Puts text into an edit as typing or pasting does (the window hears of the change).
     void Type(WindowId window, int id, std::wstring_view text);
     // Clicks a button.
@@ -125,12 +145,13 @@ public:
 
 // The program once it has loaded; the requests of the load are forgotten.
 struct LoadedProgram : ConsoleProgram {
-    explicit LoadedProgram(const simulator::Scenario& scenario = simulator::DefaultScenario())
-        : ConsoleProgram(scenario)
+    explicit LoadedProgram(const wchar_t* scenario = L"battery")
+        : ConsoleProgram(*simulator::FindScenario(scenario))
     {
         Load();
         TakeOperations();
     }
+    const HWND main = WindowOf(WindowId::Main);
 };
 
 } // namespace voltaro
