@@ -1,7 +1,5 @@
-#include "base/text.h"
 #include "settings/settings_rules.h"
 #include "simulator/xml.h"
-#include "support/element_line.h"
 #include "support/program.h"
 #include "ui/navigation.h"
 
@@ -23,33 +21,32 @@ constexpr Editor kEditors[] = {
 };
 // clang-format on
 
-class RecordWindows : public testing::Test {
-protected:
+struct RecordWindows : testing::Test, LoadedProgram {
     void Open(const Editor& editor)
     {
         m_editor = &editor;
         m_window = editor.window;
-        m_program.Command(WindowId::Main, editor.command);
-        m_program.TakeOperations();
+        MainCommand(editor.command);
+        TakeOperations();
     }
     // What follows is done in the window opened last.
-    HWND Field(const wchar_t* label) { return m_program.Find(m_window, label); }
-    bool IsOn(const wchar_t* label) { return m_program.IsOn(m_window, label); }
+    HWND Field(const wchar_t* label) { return Find(m_window, label); }
+    bool IsOn(const wchar_t* label) { return LoadedProgram::IsOn(m_window, label); }
     bool IsTicked(const wchar_t* label) { return Button_GetCheck(Field(label)) != 0; }
-    std::wstring Shown(const wchar_t* label) { return m_program.Text(m_window, label); }
-    void Set(const wchar_t* label, const wchar_t* text = nullptr) { m_program.Do({{m_window, label, text}}); }
+    std::wstring Shown(const wchar_t* label) { return Text(m_window, label); }
+    void Set(const wchar_t* label, const wchar_t* text = nullptr) { Do({{m_window, label, text}}); }
     void Apply() { Set(m_editor->button); }
     void ApplyAndExpect(const std::wstring& fields)
     {
-        m_program.boxes.Expect({{m_editor->done, {}}});
+        boxes.Expect({{m_editor->done, {}}});
         Apply();
-        m_program.ExpectSent(m_editor->apply, L"details[" + fields + L"]");
+        ExpectSent(m_editor->apply, L"details[" + fields + L"]");
     }
     // The agent has its faults behind it, and the console has heard of it.
     void Reconnect()
     {
-        m_program.Agent().ClearFaults();
-        m_program.Command(WindowId::Main, kReinitialize);
+        Agent().ClearFaults();
+        MainCommand(kReinitialize);
     }
 
     // Opens on a record that the agent sends like that.
@@ -57,14 +54,13 @@ protected:
     std::wstring OpenWith(const Editor& editor, const Record& record)
     {
         const Element details = ElementOf(L"details", record);
-        m_program.Agent().ScriptReply(editor.read, simulator::ReplyText({L"response", {}, {details}}));
-        m_program.Agent().SetFault(editor.apply, {FaultKind::Status, L"Success"});
+        Agent().ScriptReply(editor.read, simulator::ReplyText({L"response", {}, {details}}));
+        Agent().SetFault(editor.apply, {FaultKind::Status, L"Success"});
         Open(editor);
         const std::wstring line = Line(details);
         return line.substr(8, line.size() - 9); // inside "details[]"
     }
 
-    LoadedProgram m_program;
     const Editor* m_editor = nullptr;
     WindowId m_window{};
 };
@@ -79,10 +75,10 @@ TEST_F(RecordWindows, PortsTravelWhole)
     Set(L"Local Host");
     Set(L"Remote Manager 2");
     Set(L"TCP Port :", L"00080 tcp");
-    m_program.boxes.Expect({{L"Restart Voltaro",
+    boxes.Expect({{L"Restart Voltaro",
         L"Please restart Voltaro for the new settings to take effect.\n(both Voltaro service and Voltaro console.)"}});
     Apply();
-    m_program.ExpectSent(L"ApplyHostSettings",
+    ExpectSent(L"ApplyHostSettings",
         L"details[Localhost=No TCPPort=80 UDPPort=4917 MonitoringIP=192.168.20.5 MonitoringTCPPort=4920 "
         L"RemoteManager1=0.0.0.0 RemoteManager1Enable=Yes RemoteManager2=10.0.7.1 RemoteManager2Enable=Yes "
         L"MonitoringURL=http://monitor.office.example/voltaro?site=3&unit=12 MonitoringURLEnable=No "
@@ -136,7 +132,7 @@ TEST_F(RecordWindows, EverySnoozeChoiceGoesOutAndComesBack)
         for (std::size_t k = 0; k < 3; ++k)
             Set(kLabels[k], choices[k].text);
         ApplyAndExpect(Format(kSent, L"Yes", L"Yes", kMinutes[i][0], kMinutes[i][1], kMinutes[i][2]));
-        m_program.Command(m_window, IDCANCEL);
+        Command(m_window, IDCANCEL);
         Open(kEditors[2]);
         for (std::size_t k = 0; k < 3; ++k)
             EXPECT_EQ(Shown(kLabels[k]), choices[k].text);
@@ -197,11 +193,11 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
     for (const auto& row : kRows) {
         Open(kEditors[row.editor]);
         Set(row.label, row.text);
-        m_program.boxes.Expect({row.box});
-        m_program.Command(m_window, IDOK);
+        boxes.Expect({row.box});
+        Command(m_window, IDOK);
         EXPECT_EQ(Shown(row.label), L"");
         EXPECT_EQ(GetFocus(), Field(row.label)) << row.box.text;
-        EXPECT_EQ(m_program.TakeOperations(), Operations{});
+        EXPECT_EQ(TakeOperations(), Operations{});
     }
 }
 
@@ -215,10 +211,10 @@ TEST_F(RecordWindows, F5AsksBeforeItOverwritesWhatWasTyped)
         const std::wstring before = shown();
         Set(kLabels[i], L"9"); // or click it
         const std::wstring edited = shown();
-        m_program.boxes.Expect({{L"Refresh", {}, Answer::No}, {L"Refresh", {}, Answer::Yes}});
+        boxes.Expect({{L"Refresh", {}, Answer::No}, {L"Refresh", {}, Answer::Yes}});
         for (const bool again : {false, true}) {
-            m_program.Command(m_window, kRefreshKey);
-            EXPECT_EQ(m_program.TakeOperations(), again ? Operations{m_editor->read} : Operations{});
+            Command(m_window, kRefreshKey);
+            EXPECT_EQ(TakeOperations(), again ? Operations{m_editor->read} : Operations{});
             EXPECT_EQ(shown(), again ? before : edited);
         }
     }
@@ -228,12 +224,11 @@ TEST_F(RecordWindows, TellWhatTheAgentAnswered)
 {
     for (const Editor& editor : kEditors) {
         const Change change = {.operation = editor.apply,
-            .question = nullptr,
             .failed = {editor.failed, editor.failure},
             .readAfterSuccess = {editor.read},
             .done = {editor.done, {}},
             .unlicensed = L"Unable to Set"};
-        m_program.ExpectAnswers(change, [&] {
+        ExpectAnswers(change, [&] {
             Open(editor);
             Apply();
             EXPECT_TRUE(IsOn(editor.button));
@@ -241,10 +236,10 @@ TEST_F(RecordWindows, TellWhatTheAgentAnswered)
         // The record is read again before the box, but for the ports.
         Reconnect();
         Open(editor);
-        m_program.Agent().SetFault(editor.read, {FaultKind::CloseAtOnce, {}});
+        Agent().SetFault(editor.read, {FaultKind::CloseAtOnce, {}});
         const ExpectedBox done{editor.done, {}}, lost{L"Connection Issue", {}};
         const bool toldFirst = editor.window == WindowId::AccessControl;
-        m_program.boxes.Expect({toldFirst ? done : lost, toldFirst ? lost : done});
+        boxes.Expect({toldFirst ? done : lost, toldFirst ? lost : done});
         Apply();
         EXPECT_FALSE(IsOn(editor.button)) << editor.read;
         Reconnect();
@@ -260,22 +255,22 @@ TEST_F(RecordWindows, ShowWhatTheyHaveWhateverTheAgentSends)
     for (const Editor& editor : kEditors) {
         SCOPED_TRACE(editor.read);
         for (const std::wstring& text : kTexts) {
-            m_program.Agent().ScriptReply(editor.read, text);
+            Agent().ScriptReply(editor.read, text);
             Open(editor);
-            EXPECT_TRUE(m_program.IsOpen(editor.window)) << text;
+            EXPECT_TRUE(IsOpen(editor.window)) << text;
             EXPECT_EQ(IsOn(editor.button), text == kTexts[0]) << text;
             if (text != kTexts[0]) { // what is not known is not sent
-                m_program.Command(editor.window, IDOK);
-                EXPECT_EQ(m_program.TakeOperations(), Operations{});
+                Command(editor.window, IDOK);
+                EXPECT_EQ(TakeOperations(), Operations{});
             }
-            m_program.Command(editor.window, IDCANCEL);
-            EXPECT_FALSE(m_program.IsOpen(editor.window));
+            Command(editor.window, IDCANCEL);
+            EXPECT_FALSE(IsOpen(editor.window));
         }
-        m_program.Agent().ClearScripts();
-        m_program.Agent().SetFault(editor.read, {FaultKind::CloseMidFrame, {}});
-        m_program.boxes.Expect({{L"Connection Issue", {}}});
+        Agent().ClearScripts();
+        Agent().SetFault(editor.read, {FaultKind::CloseMidFrame, {}});
+        boxes.Expect({{L"Connection Issue", {}}});
         Open(editor);
-        EXPECT_FALSE(m_program.IsOpen(editor.window));
+        EXPECT_FALSE(IsOpen(editor.window));
         Reconnect();
     }
 }
