@@ -4,7 +4,6 @@
 #include "shell/window_table.h"
 #include "support/pixels.h"
 #include "support/program.h"
-#include "ui/theme.h"
 
 namespace voltaro {
 namespace {

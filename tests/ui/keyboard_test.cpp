@@ -1,15 +1,6 @@
-#include "shell/about.h"
-#include "shell/main_commands.h"
 #include "shell/update_window.h"
 #include "shell/window_table.h"
-#include "shell/workers.h"
-#include "support/labelled.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
-#include "ui/tabs.h"
-
-#include <algorithm>
 
 namespace voltaro {
 namespace {

@@ -1,5 +1,6 @@
 #include "ui/list_view.h"
 
+#include "support/labelled.h"
 #include "support/test_window.h"
 #include "ui/controls.h"
 #include "ui/row_tips.h"
@@ -29,16 +30,6 @@ protected:
             text = (column == 0 ? L"n" : L"v") + std::to_wstring(row);
             return text.c_str();
         });
-    }
-
-    static std::wstring Clipboard()
-    {
-        EXPECT_TRUE(OpenClipboard(nullptr));
-        const HANDLE data = GetClipboardData(CF_UNICODETEXT);
-        const std::wstring text(data != nullptr ? static_cast<const wchar_t*>(GlobalLock(data)) : L"");
-        GlobalUnlock(data);
-        CloseClipboard();
-        return text;
     }
 
     TestWindow m_window;
@@ -88,10 +79,10 @@ TEST_F(List, KeysCopyTheChosenRowAndAllRowsAndAClickChoosesOne)
     SetForegroundWindow(m_window.Get());
     SetFocus(m_list);
     Press('C', VK_CONTROL);
-    EXPECT_EQ(Clipboard(), L"n1\tv1\r\n");
+    EXPECT_EQ(ClipboardText(), L"n1\tv1\r\n");
     Press('A', VK_CONTROL);
     Press('C', VK_CONTROL);
-    EXPECT_EQ(Clipboard(), L"n0\tv0\r\nn1\tv1\r\nn2\tv2\r\n");
+    EXPECT_EQ(ClipboardText(), L"n0\tv0\r\nn1\tv1\r\nn2\tv2\r\n");
     RECT row;
     ListView_GetItemRect(m_list, 2, &row, LVIR_LABEL);
     for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP})
