@@ -7,7 +7,6 @@
 #include "power/scheme_window.h"
 #include "support/program.h"
 #include "support/refusals.h"
-#include "ui/combo_box.h"
 
 namespace voltaro {
 
@@ -17,7 +16,7 @@ constexpr auto kEditor = WindowId::Scheme, kDisplayPage = WindowId::SchemeDispla
 // The program loaded from a simulated agent, with the scheme editor open. No two controls of its windows have the same
 // id, so the id alone names one; every other id is an item of the editor's menu.
 struct PowerProgram : LoadedProgram {
-    explicit PowerProgram(const simulator::Scenario& scenario = simulator::DefaultScenario())
+    explicit PowerProgram(const wchar_t* scenario = L"battery")
         : LoadedProgram(scenario)
     {
         OpenSchemeWindow(WindowOf(WindowId::Main));

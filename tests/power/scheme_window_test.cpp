@@ -1,10 +1,4 @@
-#include "console/connection_state.h"
 #include "power/power_program.h"
-#include "shell/workers.h"
-#include "support/element_line.h"
-#include "ui/menus.h"
-#include "ui/tabs.h"
-#include "ui/tooltip.h"
 
 namespace voltaro {
 namespace {
@@ -141,7 +135,7 @@ TEST_F(SchemeWindow, WhatIsActiveIsNotDeleted)
 
 TEST(LimitedMachine, ThatCannotSleepShowsDisabled)
 {
-    PowerProgram program(*simulator::FindScenario(L"limited"));
+    PowerProgram program(L"limited");
     for (const int id : {kStandbyTime, kHibernateTime})
         EXPECT_TRUE(ComboBox_GetCount(program.In(id)) == 1 && program.Shown(id) == L"Disabled") << id;
     program.Do({{kSaveAndApply}});
