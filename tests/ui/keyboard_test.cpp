@@ -83,7 +83,7 @@ bool IsReadAfter(HWND from, HWND to)
     return inside || b.top >= (a.top + a.bottom) / 2 || b.left >= a.right || !PagesOf(to).empty();
 }
 
-// By Tab through all stops and back to the first.
+// By Tab through all stops and back to the first, then the other way round.
 void WalkStops(HWND window)
 {
     const std::vector<HWND> stops = StopsOf(window);
@@ -99,6 +99,10 @@ void WalkStops(HWND window)
     } while (Reached(stops) != first && walked.size() <= stops.size());
     EXPECT_EQ(Reached(stops), first) << "no trap";
     EXPECT_EQ(walked.size(), stops.size());
+    for (auto last = walked.rbegin(); last != walked.rend(); ++last) {
+        Press(VK_TAB, VK_SHIFT);
+        EXPECT_EQ(Reached(stops), *last) << NameOf(*last);
+    }
     EXPECT_LE(std::ranges::count(backwards, L'|'), 1) << backwards;
     const auto placeOf = [&](HWND control) { return std::ranges::find(walked, control) - walked.begin(); };
     for (const HWND stop : stops) {
@@ -112,32 +116,30 @@ void WalkStops(HWND window)
     }
 }
 
-class EveryWindow : public testing::TestWithParam<Opened> {
-protected:
+struct EveryWindow : testing::TestWithParam<Opened>, LoadedProgram {
     EveryWindow()
     {
         EXPECT_TRUE(GetParam().window != WindowId::Update || StartWorkers());
         topic.clear();
         platformCalls.showHelp = [](HWND, const std::wstring& shown) { topic = shown; };
-        ShowWindow(WindowOf(WindowId::Main), SW_SHOW);
-        SetForegroundWindow(WindowOf(WindowId::Main));
-        FocusOn(WindowOf(WindowId::Main), kChange);
+        ShowWindow(main, SW_SHOW);
+        SetForegroundWindow(main);
+        FocusOn(main, kChange);
     }
     ~EveryWindow() override
     {
-        platformCalls.showHelp = m_viewer;
         if (GetParam().window == WindowId::Update)
             StopWorkers(StopOrder::MainWindowDestroyed);
     }
 
-    static HWND Find(WindowId window) { return window != WindowId::Count ? WindowOf(window) : AboutWindow(); }
+    static HWND HandleOf(WindowId window) { return window != WindowId::Count ? WindowOf(window) : AboutWindow(); }
 
     // Opens it by the keyboard where a button does; gives where the focus was.
     HWND Open(const Opened& row)
     {
         if (row.button != nullptr) {
             Open(*std::ranges::find(kOpened, row.opener, &Opened::window));
-            for (const HWND stop : StopsOf(Find(row.opener))) {
+            for (const HWND stop : StopsOf(HandleOf(row.opener))) {
                 if (NameOf(stop) == row.button)
                     GiveFocus(stop);
             }
@@ -146,22 +148,20 @@ protected:
         if (row.button != nullptr)
             Press(VK_RETURN);
         else if (row.command != 0)
-            m_program.Command(WindowId::Main, row.command);
+            MainCommand(row.command);
         EXPECT_TRUE(WaitFor([] { return !updateBusy; }));
-        EXPECT_TRUE(IsWindowVisible(Find(row.window)));
+        EXPECT_TRUE(IsWindowVisible(HandleOf(row.window)));
         return from;
     }
 
     static inline std::wstring topic;
-    decltype(PlatformCalls::showHelp) m_viewer = platformCalls.showHelp;
-    LoadedProgram m_program;
 };
 
 TEST_P(EveryWindow, IsDrivenByTheKeyboardAlone)
 {
     const HWND from = Open(GetParam());
-    const HWND window = Find(GetParam().window), tab = FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr);
-    m_program.TakeOperations();
+    const HWND window = HandleOf(GetParam().window), tab = FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr);
+    TakeOperations();
     int page = 0;
     do {
         WalkStops(window);
@@ -176,7 +176,7 @@ TEST_P(EveryWindow, IsDrivenByTheKeyboardAlone)
     EXPECT_TRUE(*GetParam().page == L'\0' ? topic.empty() : topic.ends_with(help)) << topic;
     if (GetParam().reads) {
         Press(VK_F5);
-        EXPECT_EQ(m_program.TakeOperations().size(), 1U);
+        EXPECT_EQ(TakeOperations().size(), 1U);
     }
     if (GetParam().closes == 0)
         return;
