@@ -3,7 +3,6 @@
 #include "ui/file_dialog.h"
 
 namespace voltaro {
-namespace {
 
 struct PolicyWindow : testing::Test, PowerProgram {
     const HWND m_list = In(kRuleList);
@@ -207,5 +206,4 @@ TEST_F(PolicyWindow, NamesAndListsAreChecked)
     DoOnRow(0, {{kDeleteRule}, {kSavePolicy}});
 }
 
-} // namespace
 } // namespace voltaro

@@ -1,12 +1,11 @@
 #include "power/power_program.h"
 
 namespace voltaro {
-namespace {
 
 const Operations kReload = {L"GetPowerSchemes", L"GetPolicies", L"GetCurrentpowersettings"};
 const Operations kAfterSaving = {L"GetPolicies", L"GetCurrentpowersettings"}, kCurrent = {L"GetCurrentpowersettings"};
 
-bool IsATipShown()
+static bool IsATipShown()
 {
     HWND tip = nullptr;
     do
@@ -254,5 +253,4 @@ TEST_F(SchemeWindow, RefreshesInTheBackground)
     StopWorkers(StopOrder::MainWindowDestroyed);
 }
 
-} // namespace
 } // namespace voltaro

@@ -10,9 +10,8 @@
 #include <tuple>
 
 namespace voltaro {
-namespace {
 
-std::wstring TextFor(int minutes)
+static std::wstring TextFor(int minutes)
 {
     const int count = minutes < 60 ? minutes : minutes / 60;
     return L"After " + std::to_wstring(count) + (minutes < 60 ? L" Min" : L" Hr") + (count == 1 ? L"" : L"s");
@@ -100,5 +99,4 @@ TEST(LinkedListsTest, WhatTheSecondListHoldsAndSelects)
     }
 }
 
-} // namespace
 } // namespace voltaro

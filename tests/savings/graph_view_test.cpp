@@ -6,7 +6,6 @@
 #include "support/program.h"
 
 namespace voltaro {
-namespace {
 
 constexpr int kWidth = 670, kHeight = 497;
 
@@ -113,5 +112,4 @@ TEST_F(GraphPageTest, UntilADayIsChosenThePagesSayWhatToDo)
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -9,7 +9,6 @@
 #include "ui/navigation.h"
 
 namespace voltaro {
-namespace {
 
 // clang-format off
 enum Id : int { kSaved = 101, kInbuilt, kBranded, kOthers, kNote, kType, kSize, kMonitorOn, kMonitorOff, kCpuMax,
@@ -202,5 +201,4 @@ TEST_F(ProfileWindowTest, RefusalsOfTheAgentLeaveTheFieldsAsTheyAre)
     });
 }
 
-} // namespace
 } // namespace voltaro

@@ -6,7 +6,6 @@
 #include "support/program.h"
 
 namespace voltaro {
-namespace {
 
 constexpr int kPicker = 101;
 const Operations kOneDay = {L"GetActivationstatus", L"GetVLTEvents"};
@@ -189,5 +188,4 @@ TEST_F(SavingsWindowTest, FailuresAreToldAndEmptyThePages)
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -4,7 +4,6 @@
 #include "ui/file_dialog.h"
 
 namespace voltaro {
-namespace {
 
 struct JobEditorWindowTest : testing::Test, SchedulerProgram {
     const HWND m_tabs = FindWindowExW(WindowOf(kEditor), nullptr, WC_TABCONTROLW, nullptr);
@@ -178,5 +177,4 @@ TEST_F(JobEditorWindowTest, Keyboard)
     EXPECT_FALSE(IsOpen(kEditor) || IsOn(kList, L"Save"));
 }
 
-} // namespace
 } // namespace voltaro

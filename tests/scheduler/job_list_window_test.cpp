@@ -4,7 +4,6 @@
 #include "scheduler/scheduler_program.h"
 
 namespace voltaro {
-namespace {
 
 struct JobListWindowTest : testing::Test, SchedulerProgram {
     // The names on the screen; when everything is stored they are the agent's too, and "Save" is grey.
@@ -210,5 +209,4 @@ TEST_F(JobListWindowTest, KeyboardMouseAndClosing)
     EXPECT_EQ(JobNames(true), L"Morning wake up,Nightly backup,Quarter closing");
 }
 
-} // namespace
 } // namespace voltaro

@@ -4,7 +4,6 @@
 #include "support/refusals.h"
 
 namespace voltaro {
-namespace {
 
 // clang-format off
 TEST(JobRulesTest, JobNames)
@@ -120,5 +119,4 @@ TEST(JobTextsTest, NextRuns)
     }
 }
 
-} // namespace
 } // namespace voltaro

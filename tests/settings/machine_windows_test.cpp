@@ -2,7 +2,6 @@
 #include "support/program.h"
 
 namespace voltaro {
-namespace {
 
 struct MachineWindows : testing::Test, LoadedProgram { };
 
@@ -99,5 +98,4 @@ TEST_F(MachineWindows, TheBatteryWindowShowsChargeStatusAndRows)
     EXPECT_FALSE(IsOpen(WindowId::Battery));
 }
 
-} // namespace
 } // namespace voltaro

@@ -4,7 +4,6 @@
 #include "ui/navigation.h"
 
 namespace voltaro {
-namespace {
 
 // The windows that edit a record, and what they say.
 struct Editor {
@@ -275,5 +274,4 @@ TEST_F(RecordWindows, ShowWhatTheyHaveWhateverTheAgentSends)
     }
 }
 
-} // namespace
 } // namespace voltaro

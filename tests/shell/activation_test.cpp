@@ -1,7 +1,6 @@
 #include "support/program.h"
 
 namespace voltaro {
-namespace {
 
 constexpr auto kWindow = WindowId::Activation;
 constexpr int kStateLine = 8601, kFields = 8602, kKey = 8603, kActivateButton = 8604;
@@ -104,5 +103,4 @@ TEST_F(AboutTest, OpensWithAndWithoutAnAgent)
     EXPECT_EQ(text(kService) + L"|" + text(kLicensedTo), L"not responding|");
 }
 
-} // namespace
 } // namespace voltaro

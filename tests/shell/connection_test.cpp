@@ -7,14 +7,13 @@
 #include <set>
 
 namespace voltaro {
-namespace {
 
 const Operations kLoadOrder
     = {L"GetSystemstatus", L"GetSystemDetails", L"GetBatteryInfo", L"GetPowerSchemes", L"GetPolicies",
         L"GetCurrentpowersettings", L"GetCurrenthostsettings", L"GetCurrentProxySettings", L"GetActivationstatus",
         L"GetVoltaroSavingsTillDate", L"PauseStatus", L"GetCurrentPowerConsumptionData", L"GetPatchDetails"};
 
-std::set<int> GreyedItems()
+static std::set<int> GreyedItems()
 {
     constexpr int kItems[] = {kReinitialize, kResume, kMenuExitToTray, kClose, kSystemInfo, kBatteryInfo,
         kSavingsReport, kPowerScheme, kPorts, kProxy, kSecurity, kJobScheduler, kSnooze, kHelp, kAbout, kUpdate,
@@ -120,5 +119,4 @@ TEST(PollerTest, PollsUntilTheAgentIsLost)
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -8,7 +8,6 @@
 #include <random>
 
 namespace voltaro {
-namespace {
 
 struct HoldingTest : testing::Test, LoadedProgram { };
 
@@ -116,5 +115,4 @@ TEST_F(HoldingTest, ARefreshAskedForDuringARunIsMade)
     EXPECT_TRUE(IsOn(WindowId::Main, kSchemeList)); // the user is still choosing
 }
 
-} // namespace
 } // namespace voltaro

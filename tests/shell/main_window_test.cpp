@@ -5,9 +5,8 @@
 #include "support/program.h"
 
 namespace voltaro {
-namespace {
 
-std::wstring Reply(const wchar_t* fields)
+static std::wstring Reply(const wchar_t* fields)
 {
     return std::wstring(L"<?xml version=\"1.0\"?><vltp version=\"1.0\"><response>") + fields + L"</response></vltp>";
 }
@@ -137,5 +136,4 @@ TEST_F(MainWindowTest, AnswersPowerBroadcastsAndEndsOfTheSession)
     EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
-} // namespace
 } // namespace voltaro

@@ -6,18 +6,17 @@
 #include "support/program.h"
 
 namespace voltaro {
-namespace {
 
 constexpr const wchar_t* kRunning = L"----- usable, resume grey grey, Voltaro - Standard Edition  \n"
                                     L"[ Version : 1.06.006.000 ]";
 
-const wchar_t* Usable(HMENU menu, unsigned id)
+static const wchar_t* Usable(HMENU menu, unsigned id)
 {
     return IsItemEnabled(menu, id) ? L"usable" : L"grey";
 }
 
 // What Look gives; 0 hours for running.
-std::wstring LookFor(int hours)
+static std::wstring LookFor(int hours)
 {
     std::wstring ticks = L"-----";
     if (hours == 0)
@@ -125,5 +124,4 @@ TEST_F(PauseTest, ResumeShowsTheRunningStateWhateverIsAnswered)
     }
 }
 
-} // namespace
 } // namespace voltaro

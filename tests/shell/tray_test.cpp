@@ -6,9 +6,8 @@
 #include <thread>
 
 namespace voltaro {
-namespace {
 
-void LeftClick()
+static void LeftClick()
 {
     SendMessageW(WindowOf(WindowId::Main), kTrayMessage, 9013, WM_LBUTTONUP);
     Pump();
@@ -85,11 +84,11 @@ TEST_F(LoadedTrayTest, WhatComesDuringARequestFollowsItOnce)
     EXPECT_TRUE(connection.connected);
 }
 
-int messagesDuringBox = 0;
-ConsoleProgram* programOfBox = nullptr;
+static int messagesDuringBox = 0;
+static ConsoleProgram* programOfBox = nullptr;
 
 // A box that is open for a while, as a message loop of its own, in which the shell reports all it can.
-Answer OpenForAWhile(const BoxCall& call)
+static Answer OpenForAWhile(const BoxCall& call)
 {
     const HWND main = WindowOf(WindowId::Main);
     programOfBox->TakeOperations();
@@ -134,5 +133,4 @@ TEST_F(LoadedTrayTest, AnIconThatIsNotTakenIsTriedAgain)
     EXPECT_EQ(tray.Last().what, static_cast<ULONG_PTR>(NIM_DELETE));
 }
 
-} // namespace
 } // namespace voltaro

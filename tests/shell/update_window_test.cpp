@@ -4,7 +4,6 @@
 #include "support/program.h"
 
 namespace voltaro {
-namespace {
 
 constexpr int kBar = 6016, kTitle = 8501, kDetail = 8502, kCloseVoltaro = 8504, kOk = 8505;
 constexpr const wchar_t* kWait = L"Please wait, Voltaro is checking for updates...||";
@@ -138,5 +137,4 @@ TEST_F(UpdateTest, ClosesTheProgramForAnUpdate)
     EXPECT_EQ(quit.wParam, 0U);
 }
 
-} // namespace
 } // namespace voltaro

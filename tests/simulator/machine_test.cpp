@@ -9,38 +9,37 @@
 #include <gtest/gtest.h>
 
 namespace voltaro::simulator {
-namespace {
 
 constexpr DateTime kNow{2026, 11, 21, 43200};
 const std::wstring kId = L"<MessageId>{0123ABCD-4567-89EF-0123-456789ABCDEF}</MessageId>";
 
-Machine MachineOf(const wchar_t* scenario)
+static Machine MachineOf(const wchar_t* scenario)
 {
     return Machine(*FindScenario(scenario), [] { return kNow; });
 }
 
-std::wstring Document(const std::wstring& inside)
+static std::wstring Document(const std::wstring& inside)
 {
     return L"<?xml version=\"1.0\"?>\r\n<vltp version=\"1.0\">\n\t<request>" + inside + L"\n\t</request>\n</vltp>\r\n";
 }
 
 // The request for an operation with the elements that follow it.
-std::wstring Request(const std::wstring& operation, const std::wstring& body = {})
+static std::wstring Request(const std::wstring& operation, const std::wstring& body = {})
 {
     return Document(kId + L"\n\t\t<operation>" + operation + L"</operation>" + body);
 }
 
-Outcome Ask(Machine& machine, const std::wstring& operation, const std::wstring& body = {})
+static Outcome Ask(Machine& machine, const std::wstring& operation, const std::wstring& body = {})
 {
     return machine.Answer(Request(operation, body));
 }
 
-std::wstring StatusOf(const Outcome& outcome)
+static std::wstring StatusOf(const Outcome& outcome)
 {
     return std::wstring(ChildText(outcome.response, 0));
 }
 
-Element DetailsOf(const Outcome& outcome)
+static Element DetailsOf(const Outcome& outcome)
 {
     const Element* details = FindChild(outcome.response, L"details");
     EXPECT_NE(details, nullptr) << outcome.operation << outcome.complaint;
@@ -48,7 +47,7 @@ Element DetailsOf(const Outcome& outcome)
 }
 
 // The elements as they stand in a document.
-std::wstring Written(const Element& element)
+static std::wstring Written(const Element& element)
 {
     const std::wstring text = ReplyText(element);
     constexpr std::size_t kHead = 21 + 20; // declaration and root
@@ -221,5 +220,4 @@ TEST(AgentEventsTest, ReadsDays)
         EXPECT_FALSE(ParseMonthDayYear(wrong)) << wrong;
 }
 
-} // namespace
 } // namespace voltaro::simulator

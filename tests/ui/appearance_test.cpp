@@ -6,7 +6,6 @@
 #include "support/program.h"
 
 namespace voltaro {
-namespace {
 
 constexpr COLORREF kFace = RGB(0, 0, 64), kOnFace = RGB(255, 255, 0), kGround = RGB(0, 0, 0), kText = RGB(0, 255, 255);
 
@@ -39,7 +38,7 @@ private:
 };
 
 // What the screen shows of a window, in front of all others.
-Pixels Seen(HWND window)
+static Pixels Seen(HWND window)
 {
     SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -56,7 +55,7 @@ Pixels Seen(HWND window)
     return Pixels(seen.Get());
 }
 
-int CountIn(const Pixels& pixels, HWND window, HWND control, COLORREF colour)
+static int CountIn(const Pixels& pixels, HWND window, HWND control, COLORREF colour)
 {
     RECT place;
     GetWindowRect(control, &place);
@@ -65,7 +64,7 @@ int CountIn(const Pixels& pixels, HWND window, HWND control, COLORREF colour)
 }
 
 // Texts that a window colours for its controls: labels, captions of groups, check boxes and radios, read-only fields.
-bool IsColouredByParent(HWND control)
+static bool IsColouredByParent(HWND control)
 {
     const std::wstring name = ClassOf(control);
     const LONG style = GetWindowLongW(control, GWL_STYLE);
@@ -75,7 +74,7 @@ bool IsColouredByParent(HWND control)
         && (name == WC_STATICW || (name == WC_BUTTONW && !plainButton) || (name == WC_EDITW && (style & ES_READONLY)));
 }
 
-void ShowADay()
+static void ShowADay()
 {
     constexpr DayDurations kDay = {.poweredOn = 50400, .offTotal = 36000, .active = 43200, .idle = 7200, .off = 36000};
     shownDay = MakeShownDay({2024, 2, 29}, {kDay, {}, 0, 0}, RoundProfile());
@@ -193,5 +192,4 @@ TEST(TabPages, TakeTheColourOfTheTabsBody)
     SendMessageW(window, WM_THEMECHANGED, 0, 0);
 }
 
-} // namespace
 } // namespace voltaro

@@ -8,7 +8,6 @@
 #include <optional>
 
 namespace voltaro {
-namespace {
 
 constexpr Box kQuestion{L"Close ?", L"Do you want to close?", BoxIcon::Information, BoxButtons::YesNo};
 
@@ -88,5 +87,4 @@ TEST_F(RealBox, SuppressedBoxesAnswerUnseen)
     EXPECT_EQ(AskWithTimeout(nullptr, kQuestion, 5000), Answer::TimedOut);
 }
 
-} // namespace
 } // namespace voltaro

@@ -10,7 +10,6 @@
 #include <iterator>
 
 namespace voltaro {
-namespace {
 
 using enum Kind;
 
@@ -150,5 +149,4 @@ TEST_F(Controls, ComboSelectsTheExactEntryOnly)
     EXPECT_EQ(SelectExact(window, 99, L"Minimum"), -1) << "no such control";
 }
 
-} // namespace
 } // namespace voltaro

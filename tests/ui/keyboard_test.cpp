@@ -3,7 +3,6 @@
 #include "support/program.h"
 
 namespace voltaro {
-namespace {
 
 // A window, what opens it (a command of the main window, a button of another one), its help page, whether F5 reads at
 // once what it shows, and the key that closes it. Count stands for the about box.
@@ -36,13 +35,13 @@ constexpr Opened kOpened[] = {
 };
 // clang-format on
 
-bool IsStop(HWND control)
+static bool IsStop(HWND control)
 {
     return IsWindowVisible(control) && IsWindowEnabled(control)
         && (GetWindowLongW(control, GWL_STYLE) & WS_TABSTOP) != 0;
 }
 
-std::vector<HWND> StopsOf(HWND window)
+static std::vector<HWND> StopsOf(HWND window)
 {
     std::vector<HWND> stops;
     const auto add = [](HWND child, LPARAM list) -> BOOL {
@@ -55,7 +54,7 @@ std::vector<HWND> StopsOf(HWND window)
 }
 
 // What a screen reader says for a control: the text of a button, else the label right before the field.
-std::wstring NameOf(HWND control)
+static std::wstring NameOf(HWND control)
 {
     const std::wstring text = WindowText(control);
     const bool speaks = ClassOf(control) == WC_BUTTONW || ClassOf(control) == WC_LINK;
@@ -66,7 +65,7 @@ std::wstring NameOf(HWND control)
 }
 
 // The control that is reached: the focus, or what holds it.
-HWND Reached(const std::vector<HWND>& stops)
+static HWND Reached(const std::vector<HWND>& stops)
 {
     const HWND focus = GetFocus();
     const auto at = std::ranges::find_if(stops, [&](HWND stop) { return stop == focus || IsChild(stop, focus); });
@@ -74,7 +73,7 @@ HWND Reached(const std::vector<HWND>& stops)
 }
 
 // Whether a reader who has come to one control looks for the other one next: inside it, below it or on its right.
-bool IsReadAfter(HWND from, HWND to)
+static bool IsReadAfter(HWND from, HWND to)
 {
     RECT a, b;
     GetWindowRect(from, &a);
@@ -84,7 +83,7 @@ bool IsReadAfter(HWND from, HWND to)
 }
 
 // By Tab through all stops and back to the first, then the other way round.
-void WalkStops(HWND window)
+static void WalkStops(HWND window)
 {
     const std::vector<HWND> stops = StopsOf(window);
     const HWND first = Reached(stops);
@@ -188,5 +187,4 @@ TEST_P(EveryWindow, IsDrivenByTheKeyboardAlone)
 INSTANTIATE_TEST_SUITE_P(Keyboard, EveryWindow, testing::ValuesIn(kOpened),
     [](const auto& row) { return "Window" + std::to_string(static_cast<int>(row.param.window)); });
 
-} // namespace
 } // namespace voltaro

@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
 class List : public testing::Test {
 protected:
@@ -117,5 +116,4 @@ TEST_F(List, ACellThatIsCutOffShowsItsWholeTextAboveTheRowsOwn)
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -4,7 +4,6 @@
 #include "ui/navigation.h"
 
 namespace voltaro {
-namespace {
 
 struct NavigationTest : testing::Test, LoadedProgram {
     NavigationTest() { MainCommand(kPowerScheme); }
@@ -42,5 +41,4 @@ TEST_F(NavigationTest, AMessageToAHiddenWindowDoesNotTakeTheKeyboard)
     EXPECT_TRUE(GetFocus() != before && IsChild(m_window, GetFocus()));
 }
 
-} // namespace
 } // namespace voltaro
