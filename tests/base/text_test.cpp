@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
 TEST(FixedTextTest, CutsAndStaysTerminated)
 {
@@ -49,5 +48,4 @@ TEST(TextTest, FormatsOfAnyLength)
     EXPECT_EQ(Format(L"%ls", longText.c_str()), longText);
 }
 
-} // namespace
 } // namespace voltaro

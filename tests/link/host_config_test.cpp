@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
 TEST(HostConfigTest, ChoosesTheElementsByPosition)
 {
@@ -87,5 +86,4 @@ TEST_P(InstallationTest, TheMachineKeyWinsAndFallsBackWhenEmpty)
     RegDeleteKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Kestrelfen", GetParam(), 0);
 }
 
-} // namespace
 } // namespace voltaro
