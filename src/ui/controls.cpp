@@ -244,6 +244,8 @@ void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
         const RECT place{row.x, row.y, row.x + row.width, row.y + row.height};
         const HWND made = Create(window, ShapeOf(row), StyleOf(row, before), row.text, place, row.id, font);
         Furnish(made, row.kind);
+        if (row.kind >= Kind::Edit && row.kind <= Kind::PasswordEdit)
+            LimitText(window, row.id, FieldText::kEditLimit);
         if (row.name != nullptr && (IsPush(row) || row.kind == Kind::TabStopGroupBox))
             NameForScreenReader(made, row.name);
         before = &row;
