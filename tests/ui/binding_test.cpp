@@ -25,32 +25,16 @@ TEST(BindingTest, WhatAControlMakesOfAStoredText)
 {
     using enum Shown;
     // What is stored, and what the control holds of it; null: nothing.
-    const std::tuple<int, Shown, const wchar_t*, const wchar_t*> kRows[] = {
-        {kEdit, Text, L" a & b ", L" a & b "},
-        {kAddress, Address, L"192.168.20.11", L"192.168.20.11"},
-        {kAddress, Address, L"host", L"0.0.0.0"},
-        {kSlider, Step, L"5", L"5"},
-        {kSlider, Step, L"6", L"10"},
-        {kList, List, L"07", L"10"},
-        {kList, List, L"11", L"0"},
-        {kList, List, L"", L"0"},
-        {kNames, Name, L"tALKS", L"Talks"},
-        {kNames, Name, L"", nullptr},
-        {kNames, Name, L"Gone", nullptr},
-        {kNames, OptionalName, L"Talks", L"Talks"},
-        {kNames, OptionalName, L"", L""},
-        {kNames, OptionalName, L"Gone", nullptr},
-        {kCheck, YesNo, L"yes", L"Yes"},
-        {kCheck, YesNo, L"maybe", L"No"},
-        {kCheck, Feature, L"yes", L"YES"},
-        {kCheck, Feature, L"NAN", L"NO"},
-        {kCheck, Feature, L"na", nullptr},
-        {kCheck, Feature, L"No", L"NO"},
-        {kCheck, Status, L"Enabled", L"Enabled"},
-        {kCheck, Status, L"enabled", L"Disabled"},
-        {kCheck, Activity, L"Yes", L"Yes"},
-        {kCheck, Activity, L"yes", L"No"},
-    };
+    const std::tuple<int, Shown, const wchar_t*, const wchar_t*> kRows[] = {{kEdit, Text, L" a & b ", L" a & b "},
+        {kAddress, Address, L"192.168.20.11", L"192.168.20.11"}, {kAddress, Address, L"host", L"0.0.0.0"},
+        {kSlider, Step, L"5", L"5"}, {kSlider, Step, L"6", L"10"}, {kList, List, L"07", L"10"},
+        {kList, List, L"11", L"0"}, {kList, List, L"", L"0"}, {kNames, Name, L"tALKS", L"Talks"},
+        {kNames, Name, L"", nullptr}, {kNames, Name, L"Gone", nullptr}, {kNames, OptionalName, L"Talks", L"Talks"},
+        {kNames, OptionalName, L"", L""}, {kNames, OptionalName, L"Gone", nullptr}, {kCheck, YesNo, L"yes", L"Yes"},
+        {kCheck, YesNo, L"maybe", L"No"}, {kCheck, Feature, L"yes", L"YES"}, {kCheck, Feature, L"NAN", L"NO"},
+        {kCheck, Feature, L"na", nullptr}, {kCheck, Feature, L"No", L"NO"}, {kCheck, Status, L"Enabled", L"Enabled"},
+        {kCheck, Status, L"enabled", L"Disabled"}, {kCheck, Activity, L"Yes", L"Yes"},
+        {kCheck, Activity, L"yes", L"No"}};
     const TestWindow window;
     CreateControls(window.Get(), kControls, nullptr);
     const std::wstring names[] = {L"(None)", L"Talks"};
