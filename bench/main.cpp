@@ -2,6 +2,7 @@
 // program never fails on them.
 #include "measure.h"
 
+#include "base/com_apartment.h"
 #include "base/handles.h"
 #include "console/windows.h"
 #include "link/document.h"
@@ -206,7 +207,7 @@ int main(int count, char** arguments)
         return RunSkeleton();
     wchar_t self[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, self, MAX_PATH);
-    const ComApartment com;
+    EnterComApartment();
     simulator::AgentServer agent;
     if (!agent.Start())
         return 1;

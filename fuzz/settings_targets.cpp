@@ -3,7 +3,7 @@
 #include "power/capabilities.h"
 #include "power/names.h"
 #include "power/policy.h"
-#include "power/scheme_form.h"
+#include "power/timeouts.h"
 #include "scheduler/job_document.h"
 #include "scheduler/job_rules.h"
 #include "scheduler/job_texts.h"
@@ -70,12 +70,11 @@ void RunSettings(Bytes& bytes)
     const std::wstring stored = bytes.Value(), shown = bytes.Value();
     if (const auto dotted = AddressOf(stored))
         Require(AddressOf(DottedAddress(*dotted)) == dotted);
-    for (const SchemeField& field : kSchemeForm) {
-        // What the user did not touch means the same as before.
-        const std::wstring loaded = ShownSetting(field, stored);
-        if (!field.choices.empty() && !stored.empty() && loaded != L"Disabled")
-            Require(StoredSetting(field, loaded, {loaded, stored}) == stored);
-        (void)StoredSetting(field, shown, {loaded, stored});
+    for (const Choices list : {Choices(kDimChoices), Choices(kLogOffChoices), Choices(kRepeatChoices)}) {
+        // What a list shows of a number, it shows again once that is stored.
+        const std::wstring entry = ShownText(list, stored);
+        Require(ShownText(list, ChosenText(list, entry)) == entry);
+        (void)ChosenText(list, shown);
     }
     (void)HibernateList(bytes.Next() % 2 == 0, stored, shown);
     (void)MonitorOffList(stored, shown);
