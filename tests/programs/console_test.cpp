@@ -3,6 +3,7 @@
 #include "shell/main_window.h"
 #include "shell/window_table.h"
 #include "simulator/server.h"
+#include "soak/held.h"
 #include "support/fake_tray.h"
 #include "support/installation.h"
 #include "support/test_window.h"
@@ -10,7 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <random>
 
 namespace voltaro {
@@ -164,12 +164,10 @@ TEST_F(ConsoleTest, ClosesDuringAnUpdateCheck)
 TEST_F(ConsoleTest, EndsAtAnyPointOfARequest)
 {
     constexpr int kCommands[] = {kRefresh, kUpdate, kReinitialize, kSavingsReport, kJobScheduler, 0};
-    constexpr std::pair<simulator::FaultKind, const wchar_t*> kFaults[]
-        = {{simulator::FaultKind::None, L""}, {simulator::FaultKind::Late, L"300"},
-            {simulator::FaultKind::ByteByByte, L"1"}, {simulator::FaultKind::Silent, L""}};
-    const char* given = std::getenv("VOLTARO_SEED");
-    std::mt19937 random(given ? static_cast<unsigned>(std::atoi(given)) : 1U);
-    const int rounds = std::getenv("VOLTARO_SOAK") ? 100 : 4;
+    constexpr std::pair<simulator::FaultKind, const wchar_t*> kFaults[] = {{simulator::FaultKind::None, L""},
+        {simulator::FaultKind::Late, L"300"}, {simulator::FaultKind::Slow, L"50"}, {simulator::FaultKind::Silent, L""}};
+    std::mt19937 random(Seed());
+    const int rounds = IsLongRun() ? 100 : 4;
     for (int i = 0; i < rounds; ++i) {
         SCOPED_TRACE(i);
         const bool sessionEnds = i % 2 == 1;

@@ -7,56 +7,46 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 
 #include <psapi.h>
 
 namespace voltaro {
 namespace {
 
-// The platform's own counters are always 0 under Wine; there every handle answers for itself, by its lower half alone.
-// The lowest free one is given out next, so a long gap is the end.
-template <class IsHeld>
-long long CountHandles(ULONG_PTR step, IsHeld isHeld)
+// How many of the handles name something. The platform's own counters are always 0 under Wine, so every handle answers
+// for itself, by its lower half alone. The lowest free one is given out next: a long gap is the end.
+template <ULONG_PTR Step, bool (*IsHeld)(HANDLE handle)>
+long long CountHandles()
 {
-    constexpr int kLongestGap = 4'000;
+    constexpr ULONG_PTR kLongestGap = 4'000;
     long long count = 0;
-    int gap = 0;
-    for (ULONG_PTR handle = step; gap < kLongestGap; handle += step) {
-        const bool held = isHeld(reinterpret_cast<HANDLE>(handle));
-        gap = held ? 0 : gap + 1;
-        count += held ? 1 : 0;
+    ULONG_PTR last = 0;
+    for (ULONG_PTR handle = Step; handle < last + Step * kLongestGap; handle += Step) {
+        if (IsHeld(reinterpret_cast<HANDLE>(handle))) {
+            last = handle;
+            ++count;
+        }
     }
     return count;
 }
 
-long long CountGdiObjects()
+bool IsGdiObject(HANDLE handle)
 {
-    if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS); count != 0)
-        return count;
-    return CountHandles(1, [](HANDLE handle) { return GetObjectType(handle) != 0; });
+    return GetObjectType(handle) != 0;
 }
 
-// Under Wine windows and menus; icons and cursors show by the bitmaps that they hold.
-long long CountUserObjects()
+// Menus and own windows; icons and cursors show by the bitmaps that they hold.
+bool IsUserObject(HANDLE handle)
 {
-    if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS); count != 0)
-        return count;
-    return CountHandles(2, [](HANDLE handle) {
-        DWORD process = 0;
-        GetWindowThreadProcessId(static_cast<HWND>(handle), &process);
-        return process == GetCurrentProcessId() || IsMenu(static_cast<HMENU>(handle));
-    });
+    DWORD process = 0;
+    GetWindowThreadProcessId(static_cast<HWND>(handle), &process);
+    return process == GetCurrentProcessId() || IsMenu(static_cast<HMENU>(handle));
 }
 
-long long CountKernelHandles()
+bool IsKernelHandle(HANDLE handle)
 {
-    if (DWORD count = 0; GetProcessHandleCount(GetCurrentProcess(), &count) && count != 0)
-        return count;
-    return CountHandles(4, [](HANDLE handle) {
-        DWORD flags = 0;
-        return GetHandleInformation(handle, &flags) != 0;
-    });
+    DWORD flags = 0;
+    return GetHandleInformation(handle, &flags) != 0;
 }
 
 // Of all blocks in use, of all heaps.
@@ -92,9 +82,9 @@ struct Counter {
 // released), 24 of a label that was given a font. A heap gives no page back that holds such a block, and some of the
 // platform's own memory is in no heap.
 constexpr Counter kCounters[] = {
-    {"GDI objects", CountGdiObjects, 0, 0, 0},
-    {"USER objects", CountUserObjects, 0, 0, 0},
-    {"handles", CountKernelHandles, 1, 0, 0},
+    {"GDI objects", CountHandles<1, IsGdiObject>, 0, 0, 0},
+    {"USER objects", CountHandles<2, IsUserObject>, 0, 0, 0},
+    {"handles", CountHandles<4, IsKernelHandle>, 1, 0, 0},
     {"heap bytes", CountHeapBytes, 0, 228, 24},
     {"private bytes", CountPrivateBytes, 0, 400, 40, 1 << 20},
 };
@@ -135,11 +125,6 @@ void ExpectNoGrowth(const char* what, const std::function<Left()>& work)
     }
     std::printf(" (%d requests, %d sockets left)\n", left.requests, left.sockets);
     std::fflush(stdout);
-}
-
-bool IsLongRun()
-{
-    return std::getenv("VOLTARO_SOAK") != nullptr;
 }
 
 } // namespace voltaro

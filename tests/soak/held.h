@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdlib>
 #include <functional>
 
 namespace voltaro {
@@ -17,6 +18,15 @@ struct Left {
 void ExpectNoGrowth(const char* what, const std::function<Left()>& work);
 
 // Whether this is the long run (./run soak) instead of the one that belongs to the tests.
-[[nodiscard]] bool IsLongRun();
+[[nodiscard]] inline bool IsLongRun()
+{
+    return std::getenv("VOLTARO_SEED") != nullptr;
+}
+
+// What chance begins with; the tests always take the same.
+[[nodiscard]] inline unsigned Seed()
+{
+    return IsLongRun() ? static_cast<unsigned>(std::atoi(std::getenv("VOLTARO_SEED"))) : 1;
+}
 
 } // namespace voltaro

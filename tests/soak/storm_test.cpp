@@ -1,10 +1,8 @@
 #include "console/connection_state.h"
 #include "console/main_hold.h"
 #include "console/ui_calls.h"
-#include "shell/about.h"
 #include "shell/main_menus.h"
 #include "shell/tray.h"
-#include "shell/update_window.h"
 #include "shell/workers.h"
 #include "soak/held.h"
 #include "support/fake_tray.h"
@@ -13,51 +11,49 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstdlib>
+#include <climits>
 #include <random>
 #include <thread>
 
 namespace voltaro {
 namespace {
 
-constexpr int kUpdateOk = 8505, kCloseVoltaro = 8504;
+constexpr int kUpdateOk = 8505, kCloseVoltaro = 8504; // the latter ends the program
 
 std::mt19937 dice;
 std::atomic<int> steps{0};
-bool isLossOwed = false; // connected since the last box that told of a loss
-bool isExcused = false;  // the user has asked for a new check since
+int losses = 0;          // told
+bool isLossOwed = false; // the program was connected since the last box that told of a loss
+bool isExcused = false;  // and the user has asked for a new check since
 
 std::size_t Throw(std::size_t sides)
 {
     return dice() % sides;
 }
 
-template <class T, std::size_t N>
-T Any(const T (&values)[N])
+template <class Values>
+auto Any(const Values& values)
 {
-    return values[Throw(N)];
+    return values[Throw(std::size(values))];
 }
 
-// Looks at the connection at every message of the main window, so that none goes unseen.
+// Looks at the connection before and after every message of the main window.
 LRESULT CALLBACK Observe(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR)
 {
-    const auto look = [] {
-        isLossOwed = isLossOwed || connection.connected;
-        isExcused = isExcused && !connection.connected;
-    };
-    look();
-    isExcused = isExcused || (message == WM_COMMAND && w == kReinitialize);
+    isLossOwed = isLossOwed || connection.connected;
+    isExcused = message == WM_COMMAND && w == kReinitialize;
     const LRESULT answer = DefSubclassProc(window, message, w, l);
-    look();
+    isLossOwed = isLossOwed || connection.connected;
     return answer;
 }
 
-// A box is open for a while, as a message loop of its own, and leaves its owner enabled.
+// The box is open for a while, as a message loop of its own, and leaves its owner enabled.
 Answer OnBox(const BoxCall& call)
 {
-    const bool tellsLoss
-        = call.caption == L"Connection Issue" && call.text.find(L"Hint :To check") != std::wstring::npos;
-    EXPECT_TRUE(!tellsLoss || std::exchange(isLossOwed, false)) << "told twice, step " << steps;
+    if (call.caption == L"Connection Issue" && call.text.find(L"Hint :To check") != std::wstring::npos) {
+        ++losses;
+        EXPECT_TRUE(std::exchange(isLossOwed, false)) << "told twice, step " << steps;
+    }
     MSG message;
     EnableWindow(call.owner, FALSE);
     for (std::size_t i = Throw(20); OpenBoxes() < 4 && i > 0; --i) {
@@ -70,61 +66,52 @@ Answer OnBox(const BoxCall& call)
     return call.caption.starts_with(L"Close Voltaro") || Throw(2) ? Answer::No : Answer::Yes;
 }
 
+BOOL CALLBACK AddIfVisible(HWND window, LPARAM list)
+{
+    if (IsWindowVisible(window) && ((GetWindowLongW(window, GWL_STYLE) & (WS_CHILD | WS_CAPTION)) != 0))
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
 std::vector<HWND> OpenWindows()
 {
     std::vector<HWND> open;
-    for (std::size_t i = 0; i <= windowHandles.size(); ++i) {
-        const HWND window = i < windowHandles.size() ? windowHandles[i] : AboutWindow();
-        if (window && IsWindowVisible(window) && GetAncestor(window, GA_ROOT) == window)
-            open.push_back(window);
-    }
+    EnumThreadWindows(GetCurrentThreadId(), &AddIfVisible, reinterpret_cast<LPARAM>(&open));
     return open;
 }
 
-// A control that the user can reach; null where there is none.
-HWND AnyControl()
+void Choose(HMENU menu, int item)
 {
-    std::vector<HWND> controls;
-    for (const HWND window : OpenWindows()) {
-        EnumChildWindows(
-            window,
-            [](HWND control, LPARAM list) -> BOOL {
-                if (IsWindowVisible(control) && IsWindowEnabled(control)
-                    && IsWindowEnabled(GetAncestor(control, GA_ROOT)) && GetDlgCtrlID(control) != kCloseVoltaro)
-                    reinterpret_cast<std::vector<HWND>*>(list)->push_back(control);
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&controls));
-    }
-    return controls.empty() ? nullptr : controls[Throw(controls.size())];
-}
-
-void ToMain(UINT message, WPARAM w, LPARAM l = 0)
-{
-    PostMessageW(WindowOf(WindowId::Main), message, w, l);
+    if (IsItemEnabled(menu, static_cast<unsigned>(item)))
+        PostMessageW(WindowOf(WindowId::Main), WM_COMMAND, static_cast<WPARAM>(item), 0);
 }
 
 void ChooseFromBar()
 {
     constexpr int kItems[] = {kPowerScheme, kSystemInfo, kJobScheduler, kUpdate, kPorts, kBatteryInfo, kSavingsReport,
-        kActivate, kProxy, kSecurity, kSnooze, kAbout, kRefresh, kMenuExitToTray, kClose, kHelp, kReinitialize,
-        kReinitialize, kReinitialize, kReinitialize};
-    const int item = Any(kItems);
-    if (IsWindowEnabled(WindowOf(WindowId::Main)) && IsItemEnabled(MainMenuBar(), static_cast<unsigned>(item)))
-        ToMain(WM_COMMAND, static_cast<WPARAM>(item));
+        kActivate, kProxy, kSecurity, kSnooze, kAbout, kRefresh, kMenuExitToTray, kClose, kHelp};
+    const int item = Throw(connection.connected ? 20 : 2) ? Any(kItems) : static_cast<int>(kReinitialize);
+    if (IsWindowEnabled(WindowOf(WindowId::Main)))
+        Choose(MainMenuBar(), item);
 }
 
 void ChooseFromTray()
 {
     constexpr int kItems[] = {kTrayVoltaro, kTrayAbout, kTrayHelp, kTrayClose, kPauseOneHour, kPauseFiveHours, kResume};
-    const int item = Any(kItems);
-    if (IsItemEnabled(TrayMenu(), static_cast<unsigned>(item)))
-        ToMain(WM_COMMAND, static_cast<WPARAM>(item));
+    Choose(TrayMenu(), Any(kItems));
 }
 
+// Clicks a control that the user can reach.
 void Click()
 {
-    const HWND control = AnyControl();
+    std::vector<HWND> controls;
+    for (const HWND window : OpenWindows()) {
+        if (IsWindowEnabled(window))
+            EnumChildWindows(window, &AddIfVisible, reinterpret_cast<LPARAM>(&controls));
+    }
+    const HWND control = controls.empty() ? nullptr : Any(controls);
+    if (control == nullptr || !IsWindowEnabled(control) || GetDlgCtrlID(control) == kCloseVoltaro)
+        return;
     SetFocus(control);
     PostMessageW(control, BM_CLICK, 0, 0);
 }
@@ -138,51 +125,66 @@ void PressAny()
         Press(Any(kKeys), Any(kModifiers));
 }
 
-void Tick()
+// What the shell and the system say, to the window that it is meant for or to any other.
+void Tell()
 {
-    PostMessageW(windowHandles[Throw(windowHandles.size())], WM_TIMER, Throw(4), 0);
-}
-
-void Tray()
-{
-    constexpr LPARAM kEvents[] = {WM_LBUTTONUP, WM_LBUTTONUP, WM_MOUSEMOVE, WM_RBUTTONUP, NIN_KEYSELECT};
-    ToMain(kTrayMessage, 9013, Any(kEvents));
-}
-
-void Power()
-{
-    constexpr WPARAM kEvents[]
-        = {PBT_APMPOWERSTATUSCHANGE, PBT_APMPOWERSTATUSCHANGE, PBT_APMSUSPEND, PBT_APMRESUMEAUTOMATIC};
-    ToMain(WM_POWERBROADCAST, Any(kEvents));
-}
-
-void System()
-{
-    const UINT messages[] = {WM_SYSCOLORCHANGE, WM_THEMECHANGED, WM_DISPLAYCHANGE, WM_SETTINGCHANGE, WM_QUERYENDSESSION,
-        RegisterWindowMessageW(L"TaskbarCreated")};
-    PostMessageW(windowHandles[Throw(2) ? 0 : Throw(windowHandles.size())], Any(messages), 0, 0);
+    const struct {
+        UINT message;
+        WPARAM w = 0;
+        LPARAM l = 0;
+    } kMessages[] = {{kTrayMessage, 9013, WM_LBUTTONUP}, {kTrayMessage, 9013, WM_LBUTTONUP},
+        {kTrayMessage, 9013, WM_RBUTTONUP}, {kTrayMessage, 9013, NIN_KEYSELECT}, {WM_TIMER, 1}, {WM_TIMER, Throw(100)},
+        {WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE}, {WM_POWERBROADCAST, PBT_APMSUSPEND},
+        {RegisterWindowMessageW(L"TaskbarCreated")}, {WM_QUERYENDSESSION}, {WM_SYSCOLORCHANGE}, {WM_THEMECHANGED},
+        {WM_DISPLAYCHANGE}, {WM_SETTINGCHANGE}};
+    const auto told = Any(kMessages);
+    PostMessageW(Throw(2) ? WindowOf(WindowId::Main) : Any(windowHandles), told.message, told.w, told.l);
 }
 
 void Close()
 {
-    const std::vector<HWND> open = OpenWindows();
-    if (!open.empty())
-        PostMessageW(open[Throw(open.size())], WM_CLOSE, 0, 0);
+    if (const std::vector<HWND> open = OpenWindows(); !open.empty())
+        PostMessageW(Any(open), WM_CLOSE, 0, 0);
 }
 
-constexpr void (*kActions[])() = {ChooseFromBar, ChooseFromBar, ChooseFromTray, Click, Click, Click, PressAny, PressAny,
-    Tick, Tray, Power, System, Close};
+constexpr void (*kActions[])()
+    = {ChooseFromBar, ChooseFromBar, ChooseFromTray, Click, Click, Click, PressAny, PressAny, Tell, Tell, Tell, Close};
+
+// Kills and revives the agent, which then answers rubbish every other time; takes back the menus that the program waits
+// in; ends it all when the program hangs.
+void Guard(const std::stop_token& over, simulator::AgentServer& agent, int port, DWORD uiThread)
+{
+    std::mt19937 own(Seed());
+    ULONGLONG moved = GetTickCount64();
+    for (int tick = 0, seen = -1; !over.stop_requested(); ++tick, Sleep(20)) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        if (GetGUIThreadInfo(uiThread, &info) && (info.flags & GUI_INMENUMODE))
+            PostMessageW(info.hwndMenuOwner, WM_CANCELMODE, 0, 0);
+        if (std::exchange(seen, steps.load()) != steps)
+            moved = GetTickCount64();
+        if (GetTickCount64() - moved > 30'000) {
+            std::printf("no end of step %d\n[  FAILED  ]\n", seen);
+            std::fflush(stdout);
+            TerminateProcess(GetCurrentProcess(), 3);
+        }
+        if (tick % 20 == 10)
+            agent.Stop();
+        if (tick % 20 == 0) {
+            const auto kind = static_cast<FaultKind>(own() % 2 ? own() % simulator::FaultInfos().size() : 0);
+            agent.SetFault(L"*", {kind == FaultKind::Refuse ? FaultKind::CloseAtOnce : kind, {}});
+            static_cast<void>(agent.Start(port));
+        }
+    }
+}
 
 class StormTest : public testing::Test {
 protected:
     StormTest()
     {
-        const char* seed = std::getenv("VOLTARO_SEED");
-        m_seed = seed ? static_cast<unsigned>(std::atoi(seed)) : 1;
-        std::printf("seed %u\n", m_seed);
-        dice.seed(m_seed);
+        dice.seed(Seed());
         timing.pollerPeriod = 30;
-        program.Agent().Stop(); // from now on another one stands at its port
+        program.Agent().Stop(); // the other one takes its place
         platformCalls.showMessageBox = &OnBox;
         platformCalls.showHelp = [](HWND, const std::wstring&) {};
         platformCalls.lockScreen = [] {};
@@ -190,80 +192,72 @@ protected:
         SetWindowSubclass(WindowOf(WindowId::Main), &Observe, 0, 0);
         AddTrayIcon(WindowOf(WindowId::Main));
     }
-    ~StormTest() override { RemoveTrayIcon(); }
-
-    // Kills and revives the agent, takes back the menus that the program waits in, and ends it all when it hangs.
-    void Guard(const std::stop_token& over, DWORD uiThread)
+    ~StormTest() override
     {
-        std::mt19937 own(m_seed);
-        ULONGLONG moved = GetTickCount64();
-        int seen = -1;
-        for (int tick = 0; !over.stop_requested(); ++tick, Sleep(20)) {
-            GUITHREADINFO info{};
-            info.cbSize = sizeof info;
-            if (GetGUIThreadInfo(uiThread, &info) && (info.flags & GUI_INMENUMODE))
-                PostMessageW(info.hwndMenuOwner, WM_CANCELMODE, 0, 0);
-            moved = seen == steps ? moved : GetTickCount64();
-            seen = steps;
-            if (GetTickCount64() - moved > 20'000) {
-                std::printf("no step since %d, seed %u\n[  FAILED  ]\n", seen, m_seed);
-                std::fflush(stdout);
-                TerminateProcess(GetCurrentProcess(), 3);
+        StopWorkers(StopOrder::MainWindowDestroyed);
+        RemoveTrayIcon();
+    }
+
+    void Run(int count)
+    {
+        const std::jthread guard(&Guard, std::ref(agent), program.Agent().Port(), GetCurrentThreadId());
+        for (steps = 0; steps < count; ++steps) {
+            if (steps % 500 == 0) {
+                StopWorkers(StopOrder::SessionEnds);
+                ASSERT_TRUE(StartWorkers()); // the poller has ended with the first loss
             }
-            if (tick % 20 == 10) {
-                agent.Stop();
-            } else if (tick % 20 == 0) {
-                const auto kind = static_cast<FaultKind>(own() % 2 ? 0 : own() % simulator::FaultInfos().size());
-                agent.SetFault(L"*", {kind == FaultKind::Refuse ? FaultKind::CloseAtOnce : kind, {}});
-                static_cast<void>(agent.Start(program.Agent().Port()));
-            }
+            Any(kActions)();
+            Pump();
+            const std::vector<HWND> open = OpenWindows();
+            ASSERT_TRUE(open.empty() || std::ranges::count_if(open, IsWindowEnabled) > 0) << "none is live, " << steps;
+            const auto isTold = [] { return !isLossOwed || isExcused || connection.connected; };
+            ASSERT_TRUE(isTold() || WaitFor(isTold, 2'000)) << "a loss was not told, step " << steps;
         }
     }
-
-    static void ExpectReachable()
+    static bool CloseWindows()
     {
-        const std::vector<HWND> open = OpenWindows();
-        ASSERT_TRUE(open.empty() || std::ranges::any_of(open, [](HWND window) { return IsWindowEnabled(window) != 0; }))
-            << "nothing takes input, step " << steps;
-        const auto isTold = [] { return !isLossOwed || isExcused || connection.connected; };
-        ASSERT_TRUE(isTold() || WaitFor(isTold, 2'000)) << "a loss was not told, step " << steps;
-    }
-
-    FakeTray tray;
-    LoadedProgram program;
-    simulator::AgentServer agent;
-    unsigned m_seed;
-};
-
-TEST_F(StormTest, LeavesTheProgramAsItWas)
-{
-    const int count = IsLongRun() ? 10'000 : 400;
-    std::jthread guard([&, thread = GetCurrentThreadId()](const std::stop_token& over) { Guard(over, thread); });
-    for (steps = 0; steps < count && !HasFatalFailure(); ++steps) {
-        if (steps % 500 == 0) {
-            StopWorkers(StopOrder::SessionEnds);
-            ASSERT_TRUE(StartWorkers()); // the poller has ended with the first loss
-        }
-        Any(kActions)();
-        Pump();
-        ExpectReachable();
-    }
-    guard = {}; // joined
-    agent.ClearFaults();
-    ASSERT_TRUE(agent.Start(program.Agent().Port()));
-    const auto close = [] {
         SendMessageW(WindowOf(WindowId::Update), WM_COMMAND, kUpdateOk, 0);
         for (const HWND window : OpenWindows())
             PostMessageW(window, window == WindowOf(WindowId::Main) ? WM_NULL : WM_CLOSE, 0, 0);
         Pump();
         return OpenWindows().size() <= 1;
-    };
-    EXPECT_TRUE(WaitFor(close));
+    }
+
+    FakeTray tray;
+    LoadedProgram program;
+    simulator::AgentServer agent;
+};
+
+TEST_F(StormTest, LeavesTheProgramAsItWasAndPollingGoesOn)
+{
+    Run(IsLongRun() ? 10'000 : 300);
+    std::printf("seed %u: %d steps, %d losses\n", Seed(), steps.load(), losses);
+    StopWorkers(StopOrder::MainWindowDestroyed);
+    agent.ClearFaults();
+    ASSERT_TRUE(agent.Start(program.Agent().Port()));
+    EXPECT_TRUE(WaitFor(&CloseWindows));
     program.Command(WindowId::Main, kReinitialize);
     EXPECT_TRUE(connection.connected && IsConsoleReady() && OpenBoxes() == 0);
     for (const HWND window : windowHandles)
         EXPECT_TRUE(IsWindowEnabled(window)) << WindowText(window);
-    StopWorkers(StopOrder::MainWindowDestroyed);
+
+    program.Command(WindowId::Main, kResume);
+    timing.pollerPeriod = IsLongRun() ? 480 : 8;
+    ExpectNoGrowth("eight hours of polling", [this] {
+        agent.ClearRequests();
+        EXPECT_TRUE(StartWorkers());
+        EXPECT_TRUE(WaitFor([this] { return agent.Requests().size() >= 120; }, 120'000));
+        StopWorkers(StopOrder::MainWindowDestroyed);
+        const auto polls = static_cast<int>(agent.Requests().size() / 2); // the pause's request is built once for all
+        agent.ClearRequests();
+        tray.ForgetCalls();
+        return Left{0, polls, 0};
+    });
+    ASSERT_TRUE(StartWorkers());
+    EXPECT_TRUE(connection.connected);
+    const int before = losses;
+    agent.Stop();
+    EXPECT_TRUE(WaitFor([&] { return losses > before; }));
 }
 
 } // namespace
