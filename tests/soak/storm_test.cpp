@@ -214,10 +214,8 @@ protected:
     {
         const std::jthread guard(&Guard, std::ref(agent), program.Agent().Port(), GetCurrentThreadId());
         for (steps = 0; steps < count; ++steps) {
-            if (steps % 500 == 0) {
-                StopWorkers(StopOrder::SessionEnds);
-                ASSERT_TRUE(StartWorkers()); // the poller has ended with the first loss
-            }
+            if (steps % 100 == 0)
+                RestartWorkers();
             Any(kActions)();
             Pump();
             const std::vector<HWND> open = OpenWindows();
@@ -227,6 +225,14 @@ protected:
             const auto isTold = [] { return !isLossOwed || isExcused || connection.connected; };
             ASSERT_TRUE(isTold() || WaitFor(isTold, 2'000)) << "a loss was not told, step " << steps;
         }
+    }
+    // In the middle of what they do; the poller has ended with the first loss.
+    static void RestartWorkers()
+    {
+        const ULONGLONG start = GetTickCount64();
+        StopWorkers(steps % 200 ? StopOrder::MainWindowDestroyed : StopOrder::SessionEnds);
+        EXPECT_LT(GetTickCount64() - start, 1'000U) << steps;
+        ASSERT_TRUE(StartWorkers());
     }
     static bool CloseWindows()
     {
