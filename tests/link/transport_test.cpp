@@ -116,34 +116,5 @@ TEST(TransportTest, EndsWithItsThread)
     threadWait = WaitPlainly;
 }
 
-// The platform's own counter is always 0 under Wine, so every handle answers for itself.
-int OpenHandles()
-{
-    int count = 0;
-    DWORD flags = 0;
-    for (ULONG_PTR handle = 4; handle < 0x2000; handle += 4)
-        count += GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags);
-    return count;
-}
-
-TEST(TransportTest, KeepsHandles)
-{
-    AgentServer agent;
-    ASSERT_TRUE(agent.Start());
-    const std::wstring request = StatusRequest();
-    const auto handlesAfter = [&](int exchanges, Outcome expected) {
-        FieldText response;
-        for (int i = 0; i < exchanges; ++i)
-            EXPECT_EQ(ServiceRequest(Member::StatusCheck, request.c_str(), response, agent.Port()), expected);
-        return OpenHandles();
-    };
-    const int before = handlesAfter(20, Outcome::Answered);
-    EXPECT_LE(handlesAfter(200, Outcome::Answered), before + 10); // the simulator's own threads come and go
-    agent.SetFault(kOperation, {FaultKind::CloseAtOnce, {}});
-    EXPECT_LE(handlesAfter(100, Outcome::ClosedByAgent), before + 10); // the one failure that closes its socket
-    agent.SetFault(kOperation, {FaultKind::HugeLength, {}});
-    EXPECT_LE(handlesAfter(100, Outcome::Damaged), before + 120); // any other leaves its socket, and nothing else
-}
-
 } // namespace
 } // namespace voltaro
