@@ -2,6 +2,7 @@
 
 #include "base/windows_api.h"
 #include "link/error_log.h"
+#include "link/host_config_text.h"
 
 #include <msxml2.h>
 #include <wrl/client.h>
@@ -369,21 +370,6 @@ std::optional<FieldText> SerialiseRequest(const Element& request)
     if (!Done(document->get_xml(xml.Put()), "dom->get_xml", "pXMLDom->get_xml(&bstr)"))
         return std::nullopt;
     return FieldText(xml.View());
-}
-
-bool DeclaresDocumentType(std::wstring_view text)
-{
-    return text.find(L"<!DOCTYPE") != std::wstring_view::npos;
-}
-
-bool DeclaresDocumentType(std::string_view bytes)
-{
-    std::wstring text;
-    for (const char byte : bytes) {
-        if (byte != '\0')
-            text.push_back(static_cast<unsigned char>(byte));
-    }
-    return DeclaresDocumentType(text);
 }
 
 std::wstring NewMessageId()

@@ -4,7 +4,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace voltaro {
 
@@ -37,10 +36,5 @@ inline constexpr int kMaxDepth = 32;
 
 // A fresh identifier for a request: 38 characters with braces, upper case; empty when the platform has none.
 [[nodiscard]] std::wstring NewMessageId();
-
-// True when the text declares a document type: the platform's switch against it is not honoured everywhere, and no
-// answer needs one. Bytes of any encoding: NULs are passed over.
-[[nodiscard]] bool DeclaresDocumentType(std::string_view bytes);
-[[nodiscard]] bool DeclaresDocumentType(std::wstring_view text);
 
 } // namespace voltaro

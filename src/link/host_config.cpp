@@ -6,19 +6,12 @@
 #include "base/windows_api.h"
 #include "link/document.h"
 #include "link/error_log.h"
-#include "link/replies.h"
-
-#include <vector>
 
 namespace voltaro {
 namespace {
 
 constexpr const char* kModule = "TcpPortGetter";
 constexpr std::size_t kPathUnits = 257;
-
-// The agent chooses the elements by position, never by name.
-constexpr std::size_t kPortPosition = 1;
-constexpr std::size_t kSecondPosition = 4;
 
 constexpr std::size_t kMaxFileBytes = 1'000'000;
 
@@ -42,14 +35,8 @@ void ReadTexts(const std::wstring& path, HostConfigText& port, HostConfigText& s
             "a host configuration with a document type, or far too large, is refused");
         return;
     }
-    const std::optional<Element> root = ParseFile(path, kModule);
-    if (!root)
-        return;
-    const std::vector<const Element*> settings = ChildrenOfEvery(*root, L"Hostsettings");
-    if (settings.size() > kPortPosition)
-        port = settings[kPortPosition]->text;
-    if (settings.size() > kSecondPosition)
-        second = settings[kSecondPosition]->text;
+    if (const std::optional<Element> root = ParseFile(path, kModule))
+        ChooseHostTexts(*root, port, second);
 }
 
 } // namespace
