@@ -88,12 +88,15 @@ void RunSettings(Bytes& bytes)
 // A damaged job, read and written; the times and dates of jobs.
 void RunJobs(Bytes& bytes)
 {
-    // Each the only job of its list.
+    // Each the last of a list whose others are empty elements.
     static const std::vector<Element> kLists = [] {
         constexpr int kJobs = 10;
+        const Element jobs = simulator::InitialJobs(kJobs);
         std::vector<Element> lists;
-        for (const ScheduledJob& job : ReadJobList(simulator::InitialJobs(kJobs)).jobs)
-            lists.push_back(BuildJobList({job}));
+        for (std::size_t job = 0; job < kJobs; ++job) {
+            lists.push_back({L"details", {}, std::vector<Element>(job)});
+            lists.back().children.push_back(jobs.children[job]);
+        }
         return lists;
     }();
     const std::uint8_t choice = bytes.Next();
