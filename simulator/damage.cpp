@@ -93,19 +93,29 @@ void DeclareEntities(std::wstring& text, int levels)
             declarations += Format(L"&e%d;", level - 1);
         declarations += L"\">";
     }
-    text.insert(std::min(text.find(L"</"), text.size()), Format(L"&e%d;", levels - 1));
+    InsertText(text, Format(L"&e%d;", levels - 1));
     InsertAtStart(text, declarations + L"]>");
 }
 
 void ReferTo(std::wstring& text, const std::wstring& address)
 {
-    text.insert(std::min(text.find(L"</"), text.size()),
-        L"&x;<i:include xmlns:i=\"http://www.w3.org/2001/XInclude\" href=\"" + address
+    InsertText(text,
+        L"<i:include xmlns:i=\"http://www.w3.org/2001/XInclude\" href=\"" + address
             + L"\"/><s xmlns:x=\"http://www.w3.org/2001/XMLSchema-instance\" x:noNamespaceSchemaLocation=\"" + address
             + L"\"/>");
-    InsertAtStart(text,
-        L"<?xml-stylesheet type=\"text/xsl\" href=\"" + address + L"\"?><!DOCTYPE vltp SYSTEM \"" + address
-            + L"\" [<!ENTITY x SYSTEM \"" + address + L"\"><!ENTITY % p SYSTEM \"" + address + L"\"> %p;]>");
+    InsertAtStart(text, L"<?xml-stylesheet type=\"text/xsl\" href=\"" + address + L"\"?>");
+}
+
+void DeclareExternal(std::wstring& text, const std::wstring& address)
+{
+    const std::wstring system = L" SYSTEM \"" + address + L"\"";
+    InsertText(text, L"&x;");
+    InsertAtStart(text, L"<!DOCTYPE vltp" + system + L" [<!ENTITY x" + system + L"><!ENTITY % p" + system + L"> %p;]>");
+}
+
+void InsertText(std::wstring& text, std::wstring_view inserted)
+{
+    text.insert(std::min(text.find(L"</"), text.size()), inserted);
 }
 
 void InsertElements(std::wstring& text, int count, bool nested)
@@ -115,7 +125,7 @@ void InsertElements(std::wstring& text, int count, bool nested)
         elements += nested ? L"<a>" : L"<a/>";
     for (int i = 0; nested && i < count; ++i)
         elements += L"</a>";
-    text.insert(std::min(text.find(L"</"), text.size()), elements);
+    InsertText(text, elements);
 }
 
 } // namespace voltaro::simulator

@@ -25,9 +25,12 @@ void FillFrame(Element& response, std::size_t bytes);
 // Declares entities, each ten times the one before it, and uses the last in the first text: six are a million units
 // once unfolded.
 void DeclareEntities(std::wstring& text, int levels);
-// Adds everything that may make a reader look elsewhere: document type, entity, style sheet, schema, inclusion.
+// Adds what may make a reader look elsewhere: style sheet, schema and inclusion, or document type and entities.
 void ReferTo(std::wstring& text, const std::wstring& address);
-// Inserts so many elements, inside each other or beside each other, before the first end tag.
+void DeclareExternal(std::wstring& text, const std::wstring& address);
+// Inserts a text before the first end tag.
+void InsertText(std::wstring& text, std::wstring_view inserted);
+// Inserts so many elements there, inside each other or beside each other.
 void InsertElements(std::wstring& text, int count, bool nested);
 
 } // namespace voltaro::simulator

@@ -32,6 +32,8 @@ enum class FaultKind {
     NotWellFormed,
     Entities,
     External,
+    References,
+    Insert,
     Deep,
     Wide,
     Root,

@@ -212,7 +212,7 @@ public:
     {
     }
 
-    std::optional<Element> Read(IXMLDOMDocument* document) const
+    std::optional<Element> Read(IXMLDOMDocument* document)
     {
         ComPtr<IXMLDOMElement> root;
         if (!Check(document->get_documentElement(&root), "selectNodes", "pXMLDom->selectNodes(bstr, &pNodes)"))
@@ -260,15 +260,16 @@ private:
     }
 
     // Only elements count as children.
-    void ReadChild(IXMLDOMNode* child, Element& parent, int depth) const
+    void ReadChild(IXMLDOMNode* child, Element& parent, int depth)
     {
         Element element;
-        if (depth >= kMaxDepth || !ReadName(child, element))
+        if (depth >= kMaxDepth || m_count == kMaxElements || !ReadName(child, element))
             return;
+        ++m_count;
         ReadContent(child, parent.children.emplace_back(std::move(element)), depth + 1);
     }
 
-    void ReadContent(IXMLDOMNode* node, Element& element, int depth) const
+    void ReadContent(IXMLDOMNode* node, Element& element, int depth)
     {
         Node child;
         Node text;
@@ -292,6 +293,7 @@ private:
     }
 
     const char* m_module;
+    std::size_t m_count = 0; // elements below the root
 };
 
 // The document of an answer's text; null when it is refused or cannot be loaded.
