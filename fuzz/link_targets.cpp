@@ -3,6 +3,7 @@
 #include "link/frame.h"
 #include "link/host_config_text.h"
 #include "link/members.h"
+#include "link/refused_document.h"
 #include "link/requests.h"
 #include "link/system_details.h"
 #include "settings/machine_texts.h"
@@ -149,7 +150,7 @@ void RunDocument(Bytes& bytes)
 {
     if (bytes.Next() % 2 == 0) {
         const std::wstring text = bytes.Text(4000);
-        Require(!DeclaresDocumentType(text) || DeclaresDocumentType(simulator::BytesOf(text)));
+        Require(!RefusedDocument(text) || RefusedDocument(simulator::BytesOf(text)));
         const simulator::XmlDocument read = simulator::ParseXml(text);
         const simulator::XmlDocument again = simulator::ParseXml(simulator::ReplyText(read.root));
         Require(!read.error.empty() || !again.error.empty() || again.root.children[0] == read.root); // one level deeper

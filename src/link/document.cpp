@@ -2,7 +2,7 @@
 
 #include "base/windows_api.h"
 #include "link/error_log.h"
-#include "link/host_config_text.h"
+#include "link/refused_document.h"
 
 #include <msxml2.h>
 #include <wrl/client.h>
@@ -212,7 +212,7 @@ public:
     {
     }
 
-    std::optional<Element> Read(IXMLDOMDocument* document)
+    std::optional<Element> Read(IXMLDOMDocument* document) const
     {
         ComPtr<IXMLDOMElement> root;
         if (!Check(document->get_documentElement(&root), "selectNodes", "pXMLDom->selectNodes(bstr, &pNodes)"))
@@ -260,16 +260,15 @@ private:
     }
 
     // Only elements count as children.
-    void ReadChild(IXMLDOMNode* child, Element& parent, int depth)
+    void ReadChild(IXMLDOMNode* child, Element& parent, int depth) const
     {
         Element element;
-        if (depth >= kMaxDepth || m_count == kMaxElements || !ReadName(child, element))
+        if (depth >= kMaxDepth || !ReadName(child, element))
             return;
-        ++m_count;
         ReadContent(child, parent.children.emplace_back(std::move(element)), depth + 1);
     }
 
-    void ReadContent(IXMLDOMNode* node, Element& element, int depth)
+    void ReadContent(IXMLDOMNode* node, Element& element, int depth) const
     {
         Node child;
         Node text;
@@ -293,14 +292,13 @@ private:
     }
 
     const char* m_module;
-    std::size_t m_count = 0; // elements below the root
 };
 
 // The document of an answer's text; null when it is refused or cannot be loaded.
 Document LoadAnswer(std::wstring_view text)
 {
-    if (DeclaresDocumentType(text)) {
-        LogFailure(kMainModule, __LINE__, "loadXML", E_FAIL, "an answer with a document type is refused");
+    if (const char* reason = RefusedDocument(text)) {
+        LogFailure(kMainModule, __LINE__, "loadXML", E_FAIL, reason);
         return nullptr;
     }
     Document document = DomCreate();

@@ -21,10 +21,9 @@ private:
 };
 
 // The answer as an element tree: the document element, leaf texts as the platform's document gives them. Nothing when
-// the text is not well-formed, holds a document type or cannot be loaded; the reason is logged. Elements nested deeper
-// than kMaxDepth, and those after the first kMaxElements, are left out: no answer that fits its member has as many.
+// the text is refused (link/refused_document.h), not well-formed or cannot be loaded; the reason is logged. Elements
+// nested deeper than kMaxDepth are left out.
 inline constexpr int kMaxDepth = 32;
-inline constexpr std::size_t kMaxElements = 10'000;
 [[nodiscard]] std::optional<Element> ParseAnswer(const wchar_t* text);
 
 // As ParseAnswer for a file; failures of the load are logged in the name of `module`.

@@ -21,19 +21,4 @@ void ChooseHostTexts(const Element& root, HostConfigText& port, HostConfigText& 
         second = settings[kSecondPosition]->text;
 }
 
-bool DeclaresDocumentType(std::wstring_view text)
-{
-    return text.find(L"<!DOCTYPE") != std::wstring_view::npos;
-}
-
-bool DeclaresDocumentType(std::string_view bytes)
-{
-    std::wstring text;
-    for (const char byte : bytes) {
-        if (byte != '\0')
-            text.push_back(static_cast<unsigned char>(byte));
-    }
-    return DeclaresDocumentType(text);
-}
-
 } // namespace voltaro
