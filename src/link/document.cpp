@@ -7,7 +7,7 @@
 #include <msxml2.h>
 #include <wrl/client.h>
 
-#include <algorithm>
+#include <new>
 #include <utility>
 
 namespace voltaro {
@@ -29,6 +29,8 @@ public:
     explicit Bstr(std::wstring_view text)
         : m_text(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())))
     {
+        if (!m_text) // a null string would pass for an empty text
+            throw std::bad_alloc();
     }
     // Takes the string of a VARIANT that holds one.
     explicit Bstr(VARIANT* variant)
@@ -376,9 +378,10 @@ std::wstring NewMessageId()
 {
     GUID guid{};
     wchar_t text[130] = {};
-    if (FAILED(CoCreateGuid(&guid)) || StringFromGUID2(guid, text, static_cast<int>(std::size(text))) == 0)
-        return {};
-    return text;
+    const bool made = Done(CoCreateGuid(&guid), "identifier", "CoCreateGuid")
+        && Done(StringFromGUID2(guid, text, static_cast<int>(std::size(text))) > 0 ? S_OK : E_FAIL, "identifier",
+            "StringFromGUID2");
+    return made ? text : L"";
 }
 
 } // namespace voltaro

@@ -6,6 +6,7 @@
 #include "link/frame.h"
 #include "link/requests.h"
 #include "simulator/server.h"
+#include "support/open_handles.h"
 #include "support/test_window.h"
 #include "ui/waiting.h"
 
@@ -145,16 +146,6 @@ TEST(TransportTest, EndsWithItsThread)
         EXPECT_TRUE(response.empty());
     }
     threadWait = WaitPlainly;
-}
-
-// The platform's own counter is always 0 under Wine, so every handle answers for itself.
-int OpenHandles()
-{
-    int count = 0;
-    DWORD flags = 0;
-    for (ULONG_PTR handle = 4; handle < 0x2000; handle += 4)
-        count += GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags);
-    return count;
 }
 
 TEST(TransportTest, KeepsHandles)
