@@ -3,11 +3,12 @@
 #include "base/com_apartment.h"
 #include "base/windows_api.h"
 #include "link/error_log.h"
+#include "link/refused_document.h"
 
 #include <msxml2.h>
 #include <wrl/client.h>
 
-#include <algorithm>
+#include <new>
 #include <utility>
 
 namespace voltaro {
@@ -29,6 +30,8 @@ public:
     explicit Bstr(std::wstring_view text)
         : m_text(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())))
     {
+        if (!m_text) // a null string would pass for an empty text
+            throw std::bad_alloc();
     }
     // Takes the string of a VARIANT that holds one.
     explicit Bstr(VARIANT* variant)
@@ -297,8 +300,8 @@ private:
 // The document of an answer's text; null when it is refused or cannot be loaded.
 Document LoadAnswer(std::wstring_view text)
 {
-    if (DeclaresDocumentType(text)) {
-        LogFailure(kMainModule, __LINE__, "loadXML", E_FAIL, "an answer with a document type is refused");
+    if (const char* reason = RefusedDocument(text)) {
+        LogFailure(kMainModule, __LINE__, "loadXML", E_FAIL, reason);
         return nullptr;
     }
     Document document = DomCreate();
@@ -359,28 +362,14 @@ std::optional<FieldText> SerialiseRequest(const Element& request)
     return FieldText(xml.View());
 }
 
-bool DeclaresDocumentType(std::wstring_view text)
-{
-    return text.find(L"<!DOCTYPE") != std::wstring_view::npos;
-}
-
-bool DeclaresDocumentType(std::string_view bytes)
-{
-    std::wstring text;
-    for (const char byte : bytes) {
-        if (byte != '\0')
-            text.push_back(static_cast<unsigned char>(byte));
-    }
-    return DeclaresDocumentType(text);
-}
-
 std::wstring NewMessageId()
 {
     GUID guid{};
     wchar_t text[130] = {};
-    if (FAILED(CoCreateGuid(&guid)) || StringFromGUID2(guid, text, static_cast<int>(std::size(text))) == 0)
-        return {};
-    return text;
+    const bool made = Done(CoCreateGuid(&guid), "identifier", "CoCreateGuid")
+        && Done(StringFromGUID2(guid, text, static_cast<int>(std::size(text))) > 0 ? S_OK : E_FAIL, "identifier",
+            "StringFromGUID2");
+    return made ? text : L"";
 }
 
 } // namespace voltaro
