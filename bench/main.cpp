@@ -62,7 +62,7 @@ void BareExchange(std::span<const std::byte> frame, int port)
 
 WipedBytes FrameOf(const Request& request)
 {
-    return EncodeFrame(*SerialiseRequest(RequestElement(request, NewMessageId())), 100'000);
+    return EncodeFrame(SerialiseRequest(RequestElement(request, NewMessageId())).value(), 100'000);
 }
 
 double MeasureRequest(simulator::AgentServer& agent)

@@ -24,12 +24,13 @@ Record AnyRecord(Bytes& bytes)
 
 // A check changes nothing in what it has completed once.
 template <class Record>
-void CheckTwice(Record record, std::size_t (*check)(Record&, const Record&))
+void CheckTwice(const Record& record, std::size_t (*check)(Record&, const Record&))
 {
-    if (check(record, Record()) != kNoFault)
+    Record complete = record;
+    if (check(complete, Record()) != kNoFault)
         return;
-    const Record complete = record;
-    Require(check(record, complete) == kNoFault && record == complete);
+    Record again = complete;
+    Require(check(again, complete) == kNoFault && again == complete);
 }
 
 constexpr const wchar_t* kJobNames[] = {L"Job_", L"Schedule_", L"Frequency_", L"Action_", L"PowerOff_", L"RunTask_",

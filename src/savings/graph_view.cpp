@@ -144,7 +144,8 @@ UniqueBitmap RenderList(HWND list)
 // The whole page without the note, for the clipboard.
 void DrawWithList(HDC dc, void* page)
 {
-    DrawGraph(dc, shownDay->graph);
+    if (shownDay)
+        DrawGraph(dc, shownDay->graph);
     DrawListFrame(dc);
     const UniqueBitmap list = RenderList(ControlOf(static_cast<HWND>(page), kDurations));
     const UniqueMemoryDc source(CreateCompatibleDC(dc));

@@ -1,5 +1,6 @@
 #include "ui/canvas.h"
 
+#include "base/system_procedure.h"
 #include "ui/theme.h"
 #include "ui/visual_style.h"
 
@@ -102,8 +103,7 @@ void DrawBitmap(HDC dc, int resource, int x, int y, int width, int height)
 
 void DrawTransparentBitmap(HDC dc, int resource, int x, int y, int width, int height)
 {
-    static const auto copy = reinterpret_cast<decltype(::TransparentBlt)*>(
-        reinterpret_cast<void*>(SystemProcedure(L"msimg32.dll", "TransparentBlt")));
+    static const auto copy = SystemProcedure<decltype(::TransparentBlt)>(L"msimg32.dll", "TransparentBlt");
     if (copy == nullptr || HasHighContrast())
         return DrawBitmap(dc, resource, x, y, width, height);
     WithBitmap(dc, resource, [=](HDC source, int sourceWidth, int sourceHeight) {

@@ -1,5 +1,6 @@
 #include "ui/visual_style.h"
 
+#include "base/system_procedure.h"
 #include "ui/canvas.h"
 #include "ui/theme.h"
 
@@ -14,11 +15,10 @@ namespace {
 
 constexpr int kSample = 64; // pixels; large enough that its middle lies inside the frame
 
-// Both types of a procedure are pointers to functions; there is no other way from one to the other.
 template <class Procedure>
 Procedure* ThemeProcedure(const char* name)
 {
-    return reinterpret_cast<Procedure*>(reinterpret_cast<void*>(SystemProcedure(L"uxtheme.dll", name)));
+    return SystemProcedure<Procedure>(L"uxtheme.dll", name);
 }
 
 COLORREF MiddleOf(HTHEME theme)
@@ -45,12 +45,6 @@ void SetStyle(HWND control, const wchar_t* name)
 }
 
 } // namespace
-
-FARPROC SystemProcedure(const wchar_t* library, const char* name)
-{
-    const HMODULE loaded = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    return loaded != nullptr ? GetProcAddress(loaded, name) : nullptr;
-}
 
 void LeaveVisualStyle(HWND control)
 {

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
 TEST(FixedTextTest, CutsAndStaysTerminated)
 {
@@ -50,5 +49,4 @@ TEST(TextTest, FormatsOfAnyLength)
     EXPECT_EQ(WithName(L"%ls%ls", L"a"), L"aa");
 }
 
-} // namespace
 } // namespace voltaro

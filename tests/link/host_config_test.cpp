@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
 TEST(HostConfigTest, ChoosesTheElementsByPosition)
 {
@@ -82,5 +81,4 @@ TEST(InstallationTest, TheMachineKeyWinsAndFallsBackWhenEmpty)
     RegDeleteKeyW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Kestrelfen");
 }
 
-} // namespace
 } // namespace voltaro

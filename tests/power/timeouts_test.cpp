@@ -7,28 +7,11 @@
 
 #include <algorithm>
 #include <string>
-#include <vector>
+#include <tuple>
 
 namespace voltaro {
-namespace {
 
-struct List {
-    Choices choices;
-    std::vector<int> minutes; // without the closing "Never"
-};
-
-const List kLists[] = {
-    {kDimChoices, {2, 3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360}},
-    {kMonitorOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420}},
-    {kLockChoices, {1, 2, 3, 5, 10, 15, 20, 25, 30}},
-    {kHardDiskChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300}},
-    {kLogOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780}},
-    {kStandbyChoices, {5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840}},
-    {kHibernateChoices,
-        {10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840, 900}},
-};
-
-std::wstring TextFor(int minutes)
+static std::wstring TextFor(int minutes)
 {
     const int count = minutes < 60 ? minutes : minutes / 60;
     return L"After " + std::to_wstring(count) + (minutes < 60 ? L" Min" : L" Hr") + (count == 1 ? L"" : L"s");
@@ -36,16 +19,20 @@ std::wstring TextFor(int minutes)
 
 TEST(TimeoutsTest, EveryChoiceOfEveryListBothWays)
 {
-    for (const List& list : kLists) {
-        ASSERT_EQ(list.choices.size(), list.minutes.size() + 1);
-        for (std::size_t i = 0; i < list.minutes.size(); ++i) {
-            const std::wstring minutes = std::to_wstring(list.minutes[i]);
-            EXPECT_EQ(list.choices[i].text, TextFor(list.minutes[i]));
-            EXPECT_EQ(ShownText(list.choices, minutes), TextFor(list.minutes[i]));
-            EXPECT_EQ(ChosenText(list.choices, TextFor(list.minutes[i])), minutes);
+    // The list, how many time-outs it has before the closing "Never", the first and the last of them in minutes.
+    const std::tuple<Choices, std::size_t, int, int> kLists[] = {{kDimChoices, 15, 2, 360},
+        {kMonitorOffChoices, 15, 3, 420}, {kLockChoices, 9, 1, 30}, {kHardDiskChoices, 13, 3, 300},
+        {kLogOffChoices, 21, 3, 780}, {kStandbyChoices, 21, 5, 840}, {kHibernateChoices, 21, 10, 900}};
+    for (const auto& [list, count, first, last] : kLists) {
+        ASSERT_EQ(list.size(), count + 1);
+        EXPECT_TRUE(list[0].number == first && list[count - 1].number == last) << last;
+        for (const Choice& choice : list.first(count)) {
+            EXPECT_EQ(choice.text, TextFor(choice.number));
+            EXPECT_EQ(ShownText(list, std::to_wstring(choice.number)), TextFor(choice.number));
+            EXPECT_EQ(ChosenText(list, choice.text), std::to_wstring(choice.number));
         }
-        EXPECT_STREQ(ShownText(list.choices, L"0"), L"Never");
-        EXPECT_EQ(ChosenText(list.choices, L"Never"), L"0");
+        EXPECT_STREQ(ShownText(list, L"0"), L"Never");
+        EXPECT_EQ(ChosenText(list, L"Never"), L"0");
     }
 }
 
@@ -112,5 +99,4 @@ TEST(LinkedListsTest, WhatTheSecondListHoldsAndSelects)
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -9,7 +9,6 @@
 #include <string>
 
 namespace voltaro {
-namespace {
 
 constexpr LocalTime kLater = {2024, 3, 1, 9, 0, 0};
 
@@ -25,7 +24,7 @@ struct Day {
 
 // The lines of a day, separated by "|": "Istime 10" stands for the event on 2024-02-29 at 10:00:00, "Duratn 30" and
 // "Pwrcon 1.5" for those lines, and after "=" a line stands as it is.
-std::vector<EventLine> EventLines(std::wstring_view text)
+static std::vector<EventLine> EventLines(std::wstring_view text)
 {
     std::vector<EventLine> lines;
     while (!text.empty()) {
@@ -159,5 +158,4 @@ TEST(EventLinesTest, CutsLinesAndReadsPowerFigures)
         EXPECT_EQ(ScanPowerLine(line).kilowattHours, figure) << line;
 }
 
-} // namespace
 } // namespace voltaro

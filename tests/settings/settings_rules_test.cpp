@@ -7,9 +7,8 @@
 #include <tuple>
 
 namespace voltaro {
-namespace {
 
-HostSettings Ports(const wchar_t* tcp, const wchar_t* udp)
+static HostSettings Ports(const wchar_t* tcp, const wchar_t* udp)
 {
     return {{}, tcp, udp, {}, {}, {}, {}, {}, {}, {}, {}, {}};
 }
@@ -144,5 +143,4 @@ TEST(MachineTextsTest, Battery)
     }
 }
 
-} // namespace
 } // namespace voltaro

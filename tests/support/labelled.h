@@ -37,6 +37,21 @@ inline HWND Labelled(HWND window, const wchar_t* label)
     return nullptr;
 }
 
+inline std::wstring ClipboardText()
+{
+    EXPECT_TRUE(OpenClipboard(nullptr));
+    const HANDLE data = GetClipboardData(CF_UNICODETEXT);
+    const std::wstring text(data != nullptr ? static_cast<const wchar_t*>(GlobalLock(data)) : L"");
+    GlobalUnlock(data);
+    CloseClipboard();
+    return text;
+}
+
+inline bool IsEnabled(HWND window)
+{
+    return IsWindowEnabled(window) != FALSE;
+}
+
 // Whether a control would show if its window did.
 inline bool IsShown(HWND control)
 {
