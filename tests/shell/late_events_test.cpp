@@ -29,18 +29,18 @@ TEST_F(LateEventsTest, ALossThatAReconnectionOvertookIsNotTold)
 
 TEST_F(LateEventsTest, NoOperationIsHeldUnderItsBoxes)
 {
-    static int boxes;
-    boxes = 0;
+    static int told;
+    told = 0;
     Agent().Stop();
     ShowWindow(WindowOf(WindowId::Main), SW_MINIMIZE);
     platformCalls.showMessageBox = [](const BoxCall& call) {
         EXPECT_FALSE(IsHeld(Operation::GetSavingsTillDate));
         EXPECT_EQ(call.owner, nullptr) << "a box of a minimised window is not seen";
-        ++boxes;
+        ++told;
         return Answer::Ok;
     };
     static_cast<void>(SendOrLose(Plain(Operation::GetSavingsTillDate)));
-    EXPECT_EQ(boxes, 2) << "the member's own and the loss";
+    EXPECT_EQ(told, 2) << "the member's own and the loss";
 }
 
 TEST_F(LateEventsTest, TheTrayCannotCloseUnderTheQuestion)
@@ -90,7 +90,7 @@ TEST_F(LateEventsTest, ThePollerAppliesOnTheUiThreadAndGivesUpAfterThreeTries)
     ASSERT_TRUE(StartWorkers());
     EXPECT_TRUE(WaitFor([] { return shown > 0; }));
     Agent().SetFault(L"*", {FaultKind::CloseAtOnce, {}});
-    const BoxScript boxes{{L"Connection Issue", {}}};
+    boxes.Expect({{L"Connection Issue", {}}});
     TakeOperations();
     EXPECT_TRUE(WaitFor([] { return !connection.connected; }));
     EXPECT_GE(TakeOperations().size(), 3U);
