@@ -152,7 +152,7 @@ constexpr Work kWorks[] = {
     {"exchanges, nobody listens",            1'000, ExchangeOnce<FaultKind::Refuse, Outcome::CannotConnect>, 1},
     {"exchanges, closed without an answer",  1'000, ExchangeOnce<FaultKind::CloseAtOnce, Outcome::ClosedByAgent>},
     {"exchanges, closed in an answer",       1'000, ExchangeOnce<FaultKind::CloseMidFrame, Outcome::ClosedByAgent>, 1},
-    {"exchanges, answer too long",           1'000, ExchangeOnce<FaultKind::HugeLength, Outcome::Damaged>, 1},
+    {"exchanges, answer too long",           1'000, ExchangeOnce<FaultKind::Length, Outcome::Damaged>, 1},
     {"exchanges, not well-formed",           1'000, ExchangeOnce<FaultKind::NotWellFormed, Outcome::Answered>},
     {"refreshes",                              300, Refresh},
     {"pause and tray round trips",             300, PauseAndRestore},
