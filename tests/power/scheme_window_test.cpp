@@ -208,8 +208,7 @@ TEST_F(SchemeWindow, ModesAndTheWaysOut)
 {
     SetForegroundWindow(WindowOf(kEditor));
     SetFocus(In(kEditorScheme));
-    Press(VK_TAB, VK_CONTROL);
-    EXPECT_EQ(SelectedTab(In(kSchemeTab)), 1);
+    ClickTab(In(kSchemeTab), 1);
     EXPECT_TRUE(IsOpen(kPowerOffPage) && !IsOpen(kDisplayPage));
     ClickTab(In(kSchemeTab), 0);
     EXPECT_TRUE(IsOpen(kDisplayPage) && !IsOpen(kPowerOffPage));

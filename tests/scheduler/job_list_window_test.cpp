@@ -178,21 +178,17 @@ TEST_F(JobListWindowTest, KeyboardMouseAndClosing)
     Press(VK_RETURN);
     EXPECT_EQ(Text(kEditor, L"Job Name :"), L"Morning wake up");
     Open(); // it is open, under its editor
-    EXPECT_FALSE(IsWindowEnabled(WindowOf(kList)));
     SendMessageW(WindowOf(kList), WM_CLOSE, 0, 0);
     Command(kList, IDCANCEL);
-    EXPECT_TRUE(IsOpen(kList));
+    EXPECT_TRUE(IsOpen(kList) && !IsEnabled(WindowOf(kList)));
     Press(VK_ESCAPE);
-    EXPECT_TRUE(IsWindowEnabled(WindowOf(kList)) && !IsOpen(kEditor));
+    EXPECT_TRUE(IsEnabled(WindowOf(kList)) && !IsOpen(kEditor));
     EXPECT_EQ(GetFocus(), Jobs());
     DoubleClick(Jobs(), 1);
     EXPECT_EQ(Text(kEditor, L"Job Name :"), L"Nightly backup");
     Press(VK_ESCAPE);
 
-    RECT cell{};
-    ListView_GetItemRect(Jobs(), 2, &cell, LVIR_LABEL);
-    SendMessageW(Jobs(), WM_MOUSEMOVE, 0, MAKELPARAM(cell.left + 5, cell.top + 5));
-    EXPECT_STREQ(TooltipOf(Jobs()), L"This job is not enabled and does not run.");
+    EXPECT_EQ(TipOver(Jobs(), 2), L"This job is not enabled and does not run.");
 
     const ExpectedBox unsaved = {L"Changes not saved", L"Are you sure you want to cancel the changes?", Answer::No};
     boxes.Expect({{L"Delete Job", L"'Nightly backup'", Answer::Yes}, unsaved, unsaved});

@@ -44,23 +44,6 @@ TEST(JobRulesTest, TaskPaths)
 }
 // clang-format on
 
-TEST(JobChoicesTest, EveryChoiceBothWays)
-{
-    // The list, its size, its first and last number of minutes, and its word for an hour.
-    const std::tuple<Choices, std::size_t, int, int, std::wstring> kLists[]
-        = {{kIdlenessChoices, 15, 2, 360, L" Hr"}, {kRepeatChoices, 16, 5, 720, L" Hour"}};
-    for (const auto& [choices, size, first, last, hour] : kLists) {
-        ASSERT_EQ(choices.size(), size);
-        EXPECT_TRUE(choices.front().number == first && choices.back().number == last);
-        for (std::size_t i = 0; i < size; ++i) {
-            const int minutes = choices[i].number;
-            EXPECT_EQ(ShownChoice(choices, minutes), i);
-            const std::wstring unit = minutes < 60 ? L" Mins" : minutes == 60 ? hour : hour + L"s";
-            EXPECT_EQ(choices[i].text, std::to_wstring(minutes < 60 ? minutes : minutes / 60) + unit);
-        }
-    }
-}
-
 TEST(JobTextsTest, TimesAndDates)
 {
     EXPECT_EQ(TimeText(std::chrono::hours(8) + std::chrono::minutes(5)) + L" " + DateText(DateOf({2024, 2, 29})),

@@ -116,29 +116,25 @@ TEST_F(RecordWindows, ProxyTravelsWholeAndItsFieldsFollowTheirSwitches)
     expectEnabled(false, false);
 }
 
-TEST_F(RecordWindows, EverySnoozeChoiceGoesOutAndComesBack)
+TEST_F(RecordWindows, SnoozeTimesGoOutAndComeBack)
 {
-    const wchar_t* const kLabels[]
-        = {L"Notification Alert Time :", L"Snooze Alert Time       :", L"Snooze Duration         :"};
-    constexpr const wchar_t* kMinutes[][3]
-        = {{L"1", L"5", L"10"}, {L"2", L"10", L"20"}, {L"3", L"15", L"30"}, {L"4", L"20", L"45"}, {L"5", L"30", L"60"}};
+    const std::pair<const wchar_t*, const wchar_t*> kTimes[] = {{L"Notification Alert Time :", L"4 Mins"},
+        {L"Snooze Alert Time       :", L"15 Mins"}, {L"Snooze Duration         :", L"1 Hour"}};
     constexpr wchar_t kSent[] = L"SnoozeForIdlePwrAction=%ls SnoozeForSchedulerPwrAction=%ls "
                                 L"SnoozeNotifiTimeoutForIdlePwrAction=%ls SnoozeNotifiTimeoutForSchedulerPwrAction=%ls "
                                 L"SnoozeTimeout=%ls";
-    for (std::size_t i = 0; i < 5; ++i) {
-        const Choice choices[] = {kNotificationTimes[i], kSnoozeAlertTimes[i], kSnoozeDurations[i]};
-        Open(kEditors[2]);
-        for (std::size_t k = 0; k < 3; ++k)
-            Set(kLabels[k], choices[k].text);
-        ApplyAndExpect(Format(kSent, L"Yes", L"Yes", kMinutes[i][0], kMinutes[i][1], kMinutes[i][2]));
-        Command(m_window, IDCANCEL);
-        Open(kEditors[2]);
-        for (std::size_t k = 0; k < 3; ++k)
-            EXPECT_EQ(Shown(kLabels[k]), choices[k].text);
-    }
+    Open(kEditors[2]);
+    for (const auto& [label, text] : kTimes)
+        Set(label, text);
+    ApplyAndExpect(Format(kSent, L"Yes", L"Yes", L"4", L"15", L"60"));
+    Command(m_window, IDCANCEL);
+    Open(kEditors[2]);
+    for (const auto& [label, text] : kTimes)
+        EXPECT_EQ(Shown(label), text);
     Set(L"Enable notification alert for Power OFFs done upon idle :");
+    EXPECT_TRUE(!IsOn(kTimes[0].first) && IsOn(kTimes[1].first) && IsOn(kTimes[2].first));
     Set(L"Enable snooze alert for Scheduled Power OFFs :");
-    EXPECT_FALSE(IsOn(kLabels[0]) || IsOn(kLabels[1]) || IsOn(kLabels[2]));
+    EXPECT_FALSE(IsOn(kTimes[0].first) || IsOn(kTimes[1].first) || IsOn(kTimes[2].first));
     ApplyAndExpect(Format(kSent, L"No", L"No", L"5", L"10", L"20"));
 }
 

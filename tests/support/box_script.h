@@ -40,7 +40,7 @@ private:
     decltype(PlatformCalls::showMessageBox) m_before;
 };
 
-// The door between scripts: every box fails the test.
+// Between scripts every box fails the test.
 Answer FailOnBox(const BoxCall& call);
 
 } // namespace voltaro

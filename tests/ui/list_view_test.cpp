@@ -5,7 +5,6 @@
 #include "ui/controls.h"
 #include "ui/row_tips.h"
 #include "ui/theme.h"
-#include "ui/tooltip.h"
 
 #include <gtest/gtest.h>
 
@@ -107,10 +106,7 @@ TEST_F(List, ACellThatIsCutOffShowsItsWholeTextAboveTheRowsOwn)
     FillList(m_list, rows);
     for (const auto& row : kRows) {
         SetRowTips(m_list, row.tip);
-        RECT cell;
-        ListView_GetSubItemRect(m_list, row.row, row.column, LVIR_LABEL, &cell);
-        SendMessageW(m_list, WM_MOUSEMOVE, 0, MAKELPARAM(cell.left + 2, cell.top + 2));
-        EXPECT_EQ(TooltipOf(m_list), row.shown);
+        EXPECT_EQ(TipOver(m_list, row.row, row.column), row.shown);
     }
 }
 

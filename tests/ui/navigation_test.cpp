@@ -1,4 +1,4 @@
-#include "power/scheme_form.h"
+#include "power/scheme_pages.h"
 #include "power/scheme_window.h"
 #include "support/program.h"
 #include "ui/navigation.h"
