@@ -144,6 +144,14 @@ TEST(TransportTest, EndsWithItsThread)
             ServiceRequest(Member::StatusCheck, StatusRequest().c_str(), response, agent.Port()), Outcome::Ending);
         EXPECT_TRUE(response.empty());
     }
+    agent.ClearFaults();
+    threadWait = [](HANDLE handle, DWORD milliseconds) {
+        const Waited waited = WaitPlainly(handle, milliseconds);
+        WSASetLastError(WSAENETDOWN); // of something else that was served meanwhile
+        return waited;
+    };
+    FieldText answer;
+    EXPECT_EQ(ServiceRequest(Member::StatusCheck, StatusRequest().c_str(), answer, agent.Port()), Outcome::Answered);
     threadWait = WaitPlainly;
 }
 

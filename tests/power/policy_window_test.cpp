@@ -65,8 +65,9 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     EXPECT_TRUE(IsOn(kModifyRule));
     Press(VK_RETURN);
     EXPECT_EQ(Shown(kModifiedName), L"MeetingRoom.exe");
-    Do({{kRuleDescription, L"Calls"}, {kFirstRuleCheck}, {kSaveRule}}); // its own name is no obstacle
-    EXPECT_EQ(RowOf(1), L"MeetingRoom.exe\tCalls\tDisabled\tNo\tNo\tNo\tyes\tNo\tNo\tNo\tNo\r\n");
+    Do({{kRuleDescription, L"Calls"}, {kFirstRuleCheck}, {kFirstRuleCheck + 6},
+        {kSaveRule}}); // its own name is no obstacle
+    EXPECT_EQ(RowOf(1), L"MeetingRoom.exe\tCalls\tDisabled\tNo\tNo\tNo\tyes\tNo\tYes\tNo\tNo\r\n");
 
     DoubleClick(m_list, 1);
     EXPECT_TRUE(IsOpen(kRule));
@@ -86,7 +87,8 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     EXPECT_TRUE(IsOpen(kRule)); // the list had the focus: Enter modifies
     Do({{kRule, IDCANCEL}, {kPolicy, kSavePolicy}});
     const std::wstring sent = LastRequest(L"SetPolicySettings");
-    EXPECT_NE(sent.find(L"<Description>Calls</Description></AppNo_2></details>"), std::wstring::npos) << sent;
+    for (const wchar_t* part : {L"<Standby>Yes<", L"<Description>Calls</Description></AppNo_2></details>"})
+        EXPECT_NE(sent.find(part), std::wstring::npos) << sent;
     EXPECT_FALSE(IsOpen(kPolicy));
     OpenPresentations();
     EXPECT_EQ(RowCount(m_list), 2);
@@ -148,6 +150,7 @@ TEST_F(PolicyWindow, MoreRulesAndLongerTextsThanAllowedAreShownAndKept)
 
 TEST_F(PolicyWindow, NothingReachesAWindowUnderAnotherOne)
 {
+    Machine().policies[0].children[0].text = L"PRESENTATIONS"; // the list of policies spells it otherwise
     OpenPresentations();
     DoOnRow(1, {{kModifyRule}});
     Agent().ClearRequests();

@@ -1,3 +1,5 @@
+#include "console/background_refresh.h"
+#include "console/program_texts.h"
 #include "power/power_program.h"
 
 namespace voltaro {
@@ -41,8 +43,10 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
     Slide(kWorkingBrightness, 8, TB_ENDTRACK);
     EXPECT_FALSE(IsATipShown());
     Slide(kIdleBrightness, 1);
-    Do({{kScreenSaverOff}, {kShutdownChoice}, {kResumePassword}, {kScript}, {kDownloads}, {kPrinter}, {kCpuLoadCheck}});
+    Do({{kScreenSaverOff}, {kShutdownChoice}, {kResumePassword}, {kScript}, {kDownloads}, {kPrinter}, {kCpuLoadCheck},
+        {kEditSettings}});
     EXPECT_FALSE(IsOn(kCpuLoad)); // sent although its condition is off
+    EXPECT_EQ(Text(kPowerOffPage, L"Folder of the script"), programTexts.binDirectory.view());
     // clang-format off
     const std::pair<int, const wchar_t*> kChosen[] = {
         {kDim,          L"After 45 Mins"}, {kMonitorOff,     L"After 7 Hrs"},  {kLock,      L"After 1 Min"},
@@ -94,6 +98,7 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
     ExpectSent(L"DeletePolicy", L"policy=Nightly_Backup");
     EXPECT_EQ(EntriesOf(kPolicyList), (Operations{L"(None)", L"Presentations"}));
     EXPECT_EQ(Shown(kPolicyList), L"(None)");
+    EXPECT_FALSE(IsOn(kEditPolicy) || IsOn(kDeletePolicy));
 }
 
 TEST_F(SchemeWindow, AnswersDecideWhatIsShownAndReadAgain)
@@ -151,10 +156,11 @@ TEST_F(SchemeWindow, WhatTheUserDidNotChangeGoesBackAsRead)
     fields[1].text = std::wstring(300, L'x');
     fields[6].text = L"60"; // the list that follows the dim time does not hold 10 minutes
     fields[7].text = L"10";
+    fields[16].text = L"nightly_BACKUP"; // of another spelling than the list's
     Machine().schemes[1] = scheme;
     Agent().ScriptReply(L"ApplyPowerSettings", L"<vltp><response><status>Success</status></response></vltp>");
     Do({{kEditorScheme, L"MaxPowerSaver"}});
-    EXPECT_EQ(Shown(kHardDisk) + Shown(kMonitorOff), L"After 10 MinsAfter 2 Hrs");
+    EXPECT_EQ(Shown(kHardDisk) + Shown(kMonitorOff) + Shown(kPolicyList), L"After 10 MinsAfter 2 HrsNightly_Backup");
     Do({{kHardDisk, L"After 5 Mins"}, {kSaveAndApply}});
     fields[10].text = L"5";
     ExpectSent(L"ApplyPowerSettings", Line(scheme));
@@ -233,8 +239,10 @@ TEST_F(SchemeWindow, RefreshesInTheBackground)
     const auto isReady = [] { return IsItemEnabled(GetMenu(WindowOf(kEditor)), kEditorRefresh); };
     const auto refresh = [&] {
         Do({{kNewScheme}});
-        SendMessageW(WindowOf(kEditor), WM_COMMAND, kEditorRefresh, 0);
-        EXPECT_FALSE(isReady() || IsOn(kDim) || IsOn(kSaveAndApply));
+        for (int i = 0; i < 2; ++i) // the second during the first
+            SendMessageW(WindowOf(kEditor), WM_COMMAND, kEditorRefresh, 0);
+        for (const int id : std::initializer_list<int>{kDim, kSaveAndApply, kSleepChoice, kNewPolicy, kEditPolicy})
+            EXPECT_FALSE(IsOn(id)) << id;
         EXPECT_TRUE(WaitFor(isReady) && IsOn(kDim));
         EXPECT_FALSE(IsShown(kEditorBusy) || IsShown(kSaveNewScheme));
     };
@@ -246,9 +254,18 @@ TEST_F(SchemeWindow, RefreshesInTheBackground)
     boxes.Expect({{L"Connection Issue", L"is not responding"}});
     Agent().SetFault(L"GetPolicies", {FaultKind::CloseAtOnce, {}});
     Do({{kDim, L"After 20 Mins"}});
+    OnPowerRefreshed(ReadResult::Read); // of a refresh that nobody waits for any more
     refresh();
+    EXPECT_EQ(TakeOperations(), (Operations{L"GetPowerSchemes", L"GetPolicies"}));
     EXPECT_EQ(Shown(kDim), L"After 20 Mins");
     EXPECT_FALSE(IsOn(kSaveAndApply));
+    connection.connected = true;
+    Agent().SetFault(L"GetSystemDetails", {FaultKind::Late, L"150"});
+    RequestBackgroundRefresh(kRefreshSystemDetails);
+    EXPECT_TRUE(WaitFor([&] { return !Agent().Requests().empty(); }));
+    SendMessageW(WindowOf(kEditor), WM_COMMAND, kEditorRefresh, 0);
+    connection.connected = false; // before the worker comes to it
+    EXPECT_TRUE(WaitFor(isReady));
     StopWorkers(StopOrder::MainWindowDestroyed);
 }
 

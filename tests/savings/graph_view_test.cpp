@@ -87,6 +87,10 @@ TEST_F(GraphPageTest, RepaintsLeaveNothingBehind)
     ReleaseDC(m_page, dc);
     EXPECT_LT(others, 8) << "of 64";
     EXPECT_EQ(GetUpdateRect(m_page, nullptr, FALSE), FALSE) << "it was painted";
+    shownDay = MakeShownDay({2024, 2, 29}, {{.active = 43200}, {}, 0, 0}, RoundProfile());
+    RefreshGraphPage();
+    UpdateWindow(m_page);
+    EXPECT_EQ(GetPixel(WindowDc(m_page).Get(), 105, 460), RGB(0, 42, 138)) << "another day";
 }
 
 TEST_F(GraphPageTest, UntilADayIsChosenThePagesSayWhatToDo)

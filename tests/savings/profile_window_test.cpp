@@ -39,6 +39,8 @@ TEST_F(ProfileWindowTest, OpensWithTheSavedProfileOrTheDefaultMonitorToLookAt)
     Open();
     EXPECT_EQ(TakeOperations(), Operations{L"GetCurrentPowerConsumptionData"});
     EXPECT_EQ(CellOf(ControlOf(m_window, kSaved), 4, 1), L"62.40 Watts");
+    EXPECT_TRUE(ListText(ControlOf(m_window, kSaved), false)
+                    .ends_with(L"\nSystem Manufacturer\tHarrowgate Computers\r\nSystem Model\tFieldbook 14 G3\r\n"));
     EXPECT_EQ(Shown(kSize) + L" " + Shown(kCpuOff), L"17.00 0.85");
     for (const int id : {kInbuilt, kType, kMonitorOn, kCpuMax, kSave})
         EXPECT_FALSE(IsOn(id)) << id;

@@ -3,6 +3,7 @@
 #include "savings/saved_profile.h"
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
+#include "support/pixels.h"
 #include "support/program.h"
 
 namespace voltaro {
@@ -123,6 +124,9 @@ TEST_F(SavingsWindowTest, ADayCountsOnceItRestsAndNotFromTheFuture)
     selected.nmhdr.code = MCN_SELECT;
     SendMessageW(Picker(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&selected));
     EXPECT_EQ(AskedAfter(DTN_CLOSEUP, kLongEnough), kOneDay) << "the same day chosen again";
+    EXPECT_TRUE(AskedAfter(DTN_DATETIMECHANGE, 0).empty());
+    Command(WindowId::Savings, IDCANCEL);
+    EXPECT_TRUE(AskedAfter(0, kLongEnough).empty()) << "closed meanwhile";
     SYSTEMTIME now;
     GetLocalTime(&now);
     SYSTEMTIME range[2]{};
@@ -148,6 +152,14 @@ TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
         EXPECT_EQ(TakeOperations(), kBoth);
         EXPECT_EQ(shownDay->profileKnown, readable);
         EXPECT_EQ(shownDay->profile.cpuMax > 0, readable);
+        const auto print = [](HDC dc, void* page) {
+            SendMessageW(static_cast<HWND>(page), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+        };
+        const Pixels page(RenderBitmap(670, 100, print, WindowOf(WindowId::SavingsTotals)).Get());
+        EXPECT_EQ(page.CountIn(RGB(192, 0, 0), {0, 0, 670, 100}) > 50, !readable) << "the warning";
+        shownDay->soFar = readable;
+        RecomputeSavings();
+        EXPECT_EQ(shownDay->soFar, readable);
         Agent().ClearFaults();
     }
 }

@@ -78,11 +78,11 @@ TEST_F(JobEditorWindowTest, TasksUpToSeven)
     Do({{kEditor, L"Update"}});
     EXPECT_FALSE(IsOpen(kEditor));
     Edit(1);
+    DoubleClick(Tasks(), 1);
     SelectRow(Tasks(), 0);
-    Do({{kTasks, L"Delete"}});
+    Do({{kTasks, L"Delete"}}); // above the loaded one
     EXPECT_TRUE(IsOn(kTasks, L"Add Task"));
     EXPECT_EQ(Row(Tasks(), 0), L"C:\\Tools\\cleanup.bat\t23:30:00\t1 Hour");
-    DoubleClick(Tasks(), 0);
     Do({{kTasks, L".exe/.bat File Path :", L"D:\\c.bat"}, {kTasks, L"Repeat Interval :"}, {kTasks, L"Update Task"}});
     EXPECT_EQ(Row(Tasks(), 0), L"D:\\c.bat\t23:30:00\t");
     Do({{kEditor, L"Update"}});
@@ -99,6 +99,10 @@ TEST_F(JobEditorWindowTest, AsksBeforeInputIsDropped)
         EXPECT_EQ(IsOpen(kEditor), open);
     };
     Edit(2);
+    for (const wchar_t* label : {L"Power scheme", L"Kind of power off", L"Upon Idleness Of :"})
+        EXPECT_EQ(IsOn(kActions, label),
+            Button_GetCheck(Find(kActions, *label == L'P' ? L"Select Power Scheme" : L"Enable Power Off **")) != 0)
+            << label;
     close({}, false);
     Edit(2);
     Do({{kEditor, L"Enable Job*"}});

@@ -131,11 +131,11 @@ TEST_F(JobListWindowTest, OddAnswers)
         Do({{kList, L"Cancel"}});
     }
 
-    std::wstring jobs; // each character of the parameters takes five in a request: too long to be read back
+    std::wstring jobs; // each character of the parameters takes five in a request: just too long to be read back
     for (std::wstring n = L"1"; n != L"8"; ++n[0]) {
         jobs += L"<Job_" + n + L"><Name>n</Name><Action_" + n + L"><RunTask_" + n + L">";
         for (std::wstring k = L"1"; k != L"8"; ++k[0])
-            jobs += L"<APP_" + n + k + L"><Path>a.exe</Path><Parameters><![CDATA[" + std::wstring(250, L'&')
+            jobs += L"<APP_" + n + k + L"><Path>a.exe</Path><Parameters><![CDATA[" + std::wstring(180, L'&')
                 + L"]]></Parameters></APP_" + n + k + L">";
         jobs += L"</RunTask_" + n + L"></Action_" + n + L"></Job_" + n + L">";
     }
@@ -177,6 +177,7 @@ TEST_F(JobListWindowTest, KeyboardMouseAndClosing)
     Press(VK_DOWN);
     Press(VK_RETURN);
     EXPECT_EQ(Text(kEditor, L"Job Name :"), L"Morning wake up");
+    Open(); // it is open, under its editor
     SendMessageW(WindowOf(kList), WM_CLOSE, 0, 0);
     Command(kList, IDCANCEL);
     EXPECT_TRUE(IsOpen(kList) && !IsEnabled(WindowOf(kList)));

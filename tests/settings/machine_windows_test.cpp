@@ -1,4 +1,7 @@
+#include "link/document.h"
 #include "resources/resource_ids.h"
+#include "settings/system_info_pages.h"
+#include "support/pixels.h"
 #include "support/program.h"
 
 namespace voltaro {
@@ -26,6 +29,17 @@ TEST_F(MachineWindows, TheLoadFillsAllPagesAndCopyAllTakesThem)
     }
     EXPECT_EQ(CellOf(Find(WindowId::SystemInfoDisks, L"Logical Disk List"), 7, 0), L" "); // between two disks
 
+    for (const auto& [state, picture] : {std::pair(L"On", IDB_MACHINE_ON), {L"Off", IDB_MACHINE_OFF}}) {
+        SystemDetails details;
+        const auto answer = ParseAnswer(
+            Format(L"<d><CPUInfo><a/><a/><a/><a/><s>%ls</s></CPUInfo><OSInfo><n>Ubuntu 22</n></OSInfo></d>", state)
+                .c_str());
+        details.Read(&*answer);
+        const Pixels page(RenderBitmap(
+            90, 150, [](HDC dc, void* of) { DrawMachine(dc, *static_cast<SystemDetails*>(of)); }, &details)
+                              .Get());
+        EXPECT_TRUE(Shows(page, picture, {5, 15, 80, 90}) && Shows(page, IDB_SYSTEM_RING, {4, 99, 84, 124})) << state;
+    }
     MainCommand(kSystemInfo);
     EXPECT_EQ(TakeOperations(), Operations{});
     EXPECT_TRUE(IsOpen(WindowId::SystemInfoCpu) && !IsOpen(WindowId::SystemInfoOs));

@@ -142,7 +142,7 @@ TEST_F(RecordWindows, FeaturesThatCannotBeControlledStay)
 {
     Open(kEditors[3]);
     EXPECT_FALSE(IsOn(L"Disable CD/DVD Rom") || IsTicked(L"Disable CD/DVD Rom"));
-    EXPECT_TRUE(IsTicked(L"Disable USB Storage"));
+    EXPECT_TRUE(IsTicked(L"Disable USB Storage") && IsTicked(L"Disable Web Cam") && !IsTicked(L"Disable Blue Tooth"));
     Set(L"Disable USB Storage");
     Set(L"Disable Wake On LAN");
     SetChecked(WindowOf(m_window), GetDlgCtrlID(Field(L"Disable CD/DVD Rom")), true);
@@ -215,6 +215,22 @@ TEST_F(RecordWindows, F5AsksBeforeItOverwritesWhatWasTyped)
     }
 }
 
+TEST_F(RecordWindows, TakeNoInputDuringAChange)
+{
+    for (const Editor& editor : kEditors) {
+        Open(editor);
+        static HWND button;
+        button = Field(editor.button);
+        AnswerWith(editor.apply, L"Not Activated");
+        platformCalls.showMessageBox = [](const BoxCall&) { // the refusal belongs to the change
+            EXPECT_FALSE(IsEnabled(button) || IsEnabled(GetWindow(button, GW_HWNDNEXT)));
+            return Answer::Ok;
+        };
+        Apply();
+        EXPECT_TRUE(IsEnabled(button));
+    }
+}
+
 TEST_F(RecordWindows, TellWhatTheAgentAnswered)
 {
     for (const Editor& editor : kEditors) {
@@ -251,6 +267,8 @@ TEST_F(RecordWindows, ShowWhatTheyHaveWhateverTheAgentSends)
         SCOPED_TRACE(editor.read);
         for (const std::wstring& text : kTexts) {
             Agent().ScriptReply(editor.read, text);
+            SetText(
+                WindowOf(WindowId::AccessControl), GetDlgCtrlID(Find(WindowId::AccessControl, L"UDP Port :")), L"9");
             Open(editor);
             EXPECT_TRUE(IsOpen(editor.window)) << text;
             EXPECT_EQ(IsOn(editor.button), text == kTexts[0]) << text;
@@ -258,6 +276,8 @@ TEST_F(RecordWindows, ShowWhatTheyHaveWhateverTheAgentSends)
                 Command(editor.window, IDOK);
                 EXPECT_EQ(TakeOperations(), Operations{});
             }
+            EXPECT_NE(Text(WindowId::AccessControl, L"UDP Port :") == L"9", editor.window == WindowId::AccessControl)
+                << "left unsent";
             Command(editor.window, IDCANCEL);
             EXPECT_FALSE(IsOpen(editor.window));
         }

@@ -1,3 +1,4 @@
+#include "link/exchange.h"
 #include "support/program.h"
 
 namespace voltaro {
@@ -36,6 +37,9 @@ TEST_F(ActivationTest, SendsAKeyHoweverItWasPastedAndNothingElse)
         EXPECT_EQ(Text(kWindow, kStateLine), L"Voltaro on 'Localhost' is activated.");
         EXPECT_EQ(CellOf(Find(kWindow, kFields), 3, 1), L"abcdEFGH12345678");
         EXPECT_EQ(Text(kWindow, kKey), L"");
+        static_cast<void>(ExchangePrepared(Operation::ActivateLicense));
+        EXPECT_EQ(Agent().Requests().back().text, L"") << "the key does not stay in its buffer";
+        TakeOperations();
     }
     Command(kWindow, IDCANCEL);
     EXPECT_TRUE(!IsOpen(kWindow) && IsMainFree());

@@ -1,8 +1,10 @@
 #include "shell/connection.h"
 
 #include "console/agent_lost.h"
+#include "console/main_view.h"
 #include "shell/main_window.h"
 #include "support/program.h"
+#include "ui/ui_thread.h"
 
 #include <set>
 
@@ -93,6 +95,11 @@ TEST_F(ConnectionTest, OneLossOneBox)
     Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseMidFrame, {}});
     MainCommand(kReinitialize);
     EXPECT_EQ(HostLineText(), L"Not initialized.");
+    EXPECT_EQ(GreyedItems(),
+        (std::set<int>{kResume, kSystemInfo, kSavingsReport, kPowerScheme, kProxy, kSecurity, kJobScheduler, kSnooze,
+            kUpdate, kRefresh, kActivate}));
+    for (const int id : {kChange, kResumeButton, kLockScreen, kLogOff, kStandby, kHibernate, kShutdown, kRestart})
+        EXPECT_FALSE(IsOn(WindowId::Main, id)) << id;
     Agent().ClearFaults();
     MainCommand(kReinitialize);
     EXPECT_EQ(GreyedItems(), (std::set<int>{kResume}));
@@ -102,10 +109,12 @@ TEST_F(ConnectionTest, OneLossOneBox)
 TEST(PollerTest, PollsUntilTheAgentIsLost)
 {
     for (const auto& [scenario, second, greyed] : {std::tuple(L"battery", L"GetBatteryInfo", std::set<int>{kResume}),
-             {L"desktop", L"PauseStatus", {kResume, kBatteryInfo}}}) {
+             {L"desktop", L"PauseStatus", {kResume, kBatteryInfo}},
+             {L"paused", L"PauseStatus", {kPauseOneHour, kPauseFiveHours}}}) {
         LoadedProgram program(scenario);
         EXPECT_EQ(GreyedItems(), greyed) << scenario;
         timing.pollerPeriod = timing.pollerFirstRetry = timing.pollerSecondRetry = 50;
+        mainView.showCharge = [] { EXPECT_TRUE(OnUiThread()); };
         ASSERT_TRUE(StartWorkers());
         ASSERT_TRUE(WaitFor([&] { return program.Agent().Requests().size() >= 2; }));
         const Operations polled = program.TakeOperations();
@@ -113,7 +122,9 @@ TEST(PollerTest, PollsUntilTheAgentIsLost)
         EXPECT_EQ(polled[1], second);
         program.boxes.Expect({{L"Connection Issue", {}}});
         program.Agent().SetFault(L"*", {FaultKind::CloseAtOnce, {}});
+        program.TakeOperations();
         EXPECT_TRUE(WaitFor([] { return !connection.connected; }));
+        EXPECT_GE(program.TakeOperations().size(), 3U);
         Pump();
         StopWorkers(StopOrder::MainWindowDestroyed);
     }

@@ -2,10 +2,13 @@
 #include "console/agent.h"
 #include "console/agent_lost.h"
 #include "console/background_refresh.h"
+#include "link/document.h"
 #include "shell/main_window.h"
 #include "support/program.h"
 
 #include <algorithm>
+#include <atomic>
+#include <thread>
 
 namespace voltaro {
 
@@ -35,7 +38,7 @@ TEST_F(HoldingTest, AnOpenBoxKeepsItsOwnerWhenAboutCloses)
         EnableWindow(call.owner, FALSE); // as Windows does
         SendMessageW(call.owner, WM_COMMAND, kTrayAbout, 0);
         SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
-        EXPECT_FALSE(IsEnabled(call.owner));
+        EXPECT_FALSE(IsEnabled(call.owner) || IsItemEnabled(TrayMenu(), kTrayClose));
         return Answer::No;
     };
     MainCommand(kTrayClose);
@@ -47,21 +50,34 @@ TEST_F(HoldingTest, ALossIsToldByABoxThatIsSeen)
     static HWND owner;
     platformCalls.showMessageBox = [](const BoxCall& call) {
         owner = call.owner;
+        EXPECT_FALSE(IsHeld(Operation::GetSavingsTillDate));
         return Answer::Ok;
     };
     OnAgentLost();
     EXPECT_EQ(owner, main);
-    MainCommand(kReinitialize);
-    MainCommand(kExitToTray);
-    OnAgentLost();
-    EXPECT_EQ(owner, nullptr);
+    for (const int hide : {SW_HIDE, SW_MINIMIZE}) {
+        MainCommand(kReinitialize);
+        ShowWindow(main, hide);
+        OnAgentLost();
+        EXPECT_EQ(owner, nullptr);
+    }
+    owner = main;
+    std::thread(OnAgentLost).join();
+    connection.connected = true; // the user has reconnected before the loss is told
+    Pump();
+    EXPECT_EQ(owner, main);
+    Agent().Stop();
+    static_cast<void>(SendOrLose(Plain(Operation::GetSavingsTillDate))); // two boxes, its own and the loss
 }
 
 // A request that could not be sent says nothing about the agent; a member's own box comes before the loss.
 TEST_F(HoldingTest, EachOutcomeIsToldInItsOwnWay)
 {
+    std::atomic<bool> answered = false;
+    std::thread other;
     {
         const Reply held = Exchange(Plain(Operation::ApplyPowerScheme));
+        other = std::thread([&] { answered = Exchange(Plain(Operation::ApplyPowerScheme)).Answered(); });
         const Reply again = Exchange(Plain(Operation::ApplyPowerScheme));
         EXPECT_EQ(again.Result(), Outcome::NotSent);
         boxes.Expect({{L"Set Scheme Failed", {}}});
@@ -69,10 +85,16 @@ TEST_F(HoldingTest, EachOutcomeIsToldInItsOwnWay)
         MainCommand(kSet);
         const Reply status = Exchange(Plain(Operation::GetActivationStatus));
         MainCommand(kRefresh); // reads the status too
+        EXPECT_FALSE(answered) << "another thread waits for the operation";
     }
+    other.join();
+    EXPECT_TRUE(answered);
     EXPECT_TRUE(connection.connected);
-    const Reply unbuildable = SendOrLose(WithText(Operation::PauseStatus, L"text", std::wstring(300, L'x')));
-    EXPECT_EQ(unbuildable.Result(), Outcome::NotSent);
+    const auto pause
+        = [](std::size_t units) { return WithText(Operation::PauseStatus, L"text", std::wstring(units, L'x')); };
+    const std::size_t fits = 250 - SerialiseRequest(RequestElement(pause(1), NewMessageId()))->view().size();
+    EXPECT_EQ(SendOrLose(pause(fits)).Result(), Outcome::Answered);
+    EXPECT_EQ(SendOrLose(pause(fits + 1)).Result(), Outcome::NotSent) << "no room for the NUL";
     EXPECT_TRUE(connection.connected);
     Agent().Stop();
     boxes.Expect(

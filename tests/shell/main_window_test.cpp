@@ -1,7 +1,9 @@
 #include "shell/main_window.h"
 
 #include "console/agent_records.h"
+#include "resources/resource_ids.h"
 #include "shell/quick_actions.h"
+#include "support/pixels.h"
 #include "support/program.h"
 
 namespace voltaro {
@@ -57,26 +59,28 @@ TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
     // after the user's answer there.
     // clang-format off
     const struct {
-        int command; const wchar_t *question, *operation; std::wstring reply; ExpectedBox box; const wchar_t* then = {};
+        int command, face; const wchar_t *question, *operation; std::wstring reply; ExpectedBox box; const wchar_t* then = {};
     } kRows[] = {
-        {kStandby,    L"Standby now",     L"standby",    L"Success", {}},
-        {kStandby,    L"Standby now",     L"standby",    L"standby not support", {L"Standby disabled", {}}},
-        {kStandby,    L"Standby now",     L"standby",    L"other", {L"Failed", L"Could not Standby."}},
-        {kStandby,    L"Standby now",     L"standby",    L"<broken", {L"Failed", L"Could not Standby."}},
-        {kStandby,    L"Standby now",     L"standby",    busy,
+        {kStandby, IDB_ACTION_STANDBY, L"Standby now",     L"standby",    L"Success", {}},
+        {kStandby, IDB_ACTION_STANDBY, L"Standby now",     L"standby",    L"standby not support", {L"Standby disabled", {}}},
+        {kStandby, IDB_ACTION_STANDBY, L"Standby now",     L"standby",    L"other", {L"Failed", L"Could not Standby."}},
+        {kStandby, IDB_ACTION_STANDBY, L"Standby now",     L"standby",    L"<broken", {L"Failed", L"Could not Standby."}},
+        {kStandby, IDB_ACTION_STANDBY, L"Standby now",     L"standby",    busy,
             {L"Force Standby", L"is/are in progress on this System:\n\nCopy of files\nDownload\n", Answer::Yes},
             L"success"},
-        {kShutdown,   L"Shutdown now",    L"shutdown",   busy, {L"Force Shutdown", {}, Answer::No}, L"failure"},
-        {kHibernate,  L"Hibernate now",   L"hibernate",  L"No Disk Space",
+        {kShutdown, IDB_ACTION_SHUTDOWN, L"Shutdown now",    L"shutdown",   busy, {L"Force Shutdown", {}, Answer::No}, L"failure"},
+        {kHibernate, IDB_ACTION_HIBERNATE, L"Hibernate now",   L"hibernate",  L"No Disk Space",
             {L"Failed", L"Failed to Hibernate.\nInsufficient disk space to Hibernate"}},
-        {kRestart,    L"Restart now",     L"Restart",    busy, {L"Force Restart", {}, Answer::No}, L"failure"},
-        {kLogOff,     L"Log off now",     L"logoff",     L"No Active User", {L"Nobody Active", {}}},
-        {kLockScreen, L"Lock Screen now", L"LockScreen", busy, {L"LockScreen Failed", L"Could not Lock Screen"}},
-        {kLockScreen, L"Lock Screen now", L"LockScreen", L"Success", {}},
+        {kRestart, IDB_ACTION_RESTART, L"Restart now",     L"Restart",    busy, {L"Force Restart", {}, Answer::No}, L"failure"},
+        {kLogOff, IDB_ACTION_LOG_OFF, L"Log off now",     L"logoff",     L"No Active User", {L"Nobody Active", {}}},
+        {kLockScreen, IDB_ACTION_LOCK_SCREEN, L"Lock Screen now", L"LockScreen", busy, {L"LockScreen Failed", L"Could not Lock Screen"}},
+        {kLockScreen, IDB_ACTION_LOCK_SCREEN, L"Lock Screen now", L"LockScreen", L"Success", {}},
     };
     // clang-format on
     for (const auto& row : kRows) {
         EXPECT_TRUE(GetWindowLongW(ControlOf(main, row.command), GWL_STYLE) & BS_PUSHLIKE);
+        EXPECT_EQ(SendDlgItemMessageW(main, row.command, BM_GETIMAGE, IMAGE_BITMAP, 0),
+            reinterpret_cast<LRESULT>(BitmapOf(row.face)));
         AnswerWith(row.operation, row.reply);
         boxes.Expect({{row.question, {}, Answer::Yes}, row.box});
         MainCommand(row.command);
@@ -90,6 +94,25 @@ TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
     boxes.Expect({{L"Restart now", {}, Answer::Yes}, {L"Closed Connection", L"type 'services.msc' press Enter."}});
     MainCommand(kRestart);
     EXPECT_TRUE(connection.connected); // a quick action's failure does not disconnect
+}
+
+TEST_F(MainWindowTest, PaintsTheStateOfThePowerAndTheLicense)
+{
+    constexpr std::tuple<const wchar_t*, int, const wchar_t*, int, const wchar_t*, int> kRows[] = {
+        {kNoBattery, IDB_BATTERY_NONE, L"On AC", IDB_SOURCE_AC, L"Activated", IDB_LICENSE_ACTIVE},
+        {L"Charging", IDB_BATTERY_CHARGING, L"On AC", IDB_SOURCE_AC, L"Not Activated", IDB_LICENSE_INACTIVE},
+        {L"Unknown status", IDB_BATTERY_UNKNOWN, L"UPS", IDB_SOURCE_BATTERY, L"License Expired", IDB_LICENSE_EXPIRED},
+        {L"Low", IDB_BATTERY_DISCHARGING, L"On Battery", IDB_SOURCE_BATTERY, L"Activated", IDB_LICENSE_ACTIVE}};
+    for (const auto& [battery, batteryPicture, source, sourcePicture, license, licensePicture] : kRows) {
+        agentRecords.battery.rows = {{L"", source}, {L"", battery}};
+        agentRecords.activationStatus = license;
+        const Pixels page(RenderBitmap(
+            504, 516, [](HDC dc, void*) { DrawMainWindow(dc); }, nullptr)
+                              .Get());
+        EXPECT_TRUE(Shows(page, batteryPicture, {184, 112, 216, 144})) << battery;
+        EXPECT_TRUE(Shows(page, sourcePicture, {352, 112, 384, 144})) << source;
+        EXPECT_TRUE(Shows(page, licensePicture, {255, 6, 380, 22})) << license;
+    }
 }
 
 TEST_F(MainWindowTest, ClosesOnYesAndOnNoAnswerOnly)

@@ -55,6 +55,21 @@ private:
     std::vector<std::uint32_t> m_units;
 };
 
+// Whether a picture of the program stands at a place of a page.
+inline bool Shows(const Pixels& page, int resource, const RECT& at)
+{
+    static int wanted[3];
+    wanted[0] = resource;
+    wanted[1] = at.right - at.left;
+    wanted[2] = at.bottom - at.top;
+    const auto draw = [](HDC dc, void*) { DrawTransparentBitmap(dc, wanted[0], 0, 0, wanted[1], wanted[2]); };
+    const Pixels picture(RenderBitmap(wanted[1], wanted[2], draw, nullptr).Get());
+    bool same = true;
+    for (int i = 0; i < wanted[1] * wanted[2]; ++i)
+        same &= picture.At(i % wanted[1], i / wanted[1]) == page.At(at.left + i % wanted[1], at.top + i / wanted[1]);
+    return same;
+}
+
 // The places that the next GDI objects would take. Freed places are taken again first, so much the same places after
 // some work say that the work left no objects behind.
 inline std::set<WORD> FreeGdiPlaces()

@@ -3,6 +3,7 @@
 #include "support/labelled.h"
 #include "support/test_window.h"
 #include "ui/combo_box.h"
+#include "ui/menus.h"
 #include "ui/theme.h"
 
 #include <gtest/gtest.h>
@@ -142,6 +143,16 @@ TEST_F(Controls, ComboSelectsTheExactEntryOnly)
     FillCombo(window, 111, {});
     EXPECT_EQ(SelectExact(window, 111, L"Minimum"), -1);
     EXPECT_EQ(SelectExact(window, 99, L"Minimum"), -1) << "no such control";
+}
+
+TEST(Menus, ASharedPopupOutlivesItsBars)
+{
+    static constexpr MenuItem kItems[] = {{L"Item", 1}}, kInner[] = {SharedPopup(L"Shared")};
+    static constexpr MenuItem kBar[] = {Popup(L"Popup", kInner)};
+    const UniqueMenu shared = BuildPopup(kItems, 1);
+    const UniqueMenu bar = BuildMenuBar(kBar, 1, shared.Get());
+    RemoveShared(bar.Get(), shared.Get());
+    EXPECT_EQ(GetMenuItemCount(GetSubMenu(bar.Get(), 0)), 0);
 }
 
 } // namespace voltaro

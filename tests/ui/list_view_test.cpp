@@ -101,6 +101,7 @@ TEST_F(List, ACellThatIsCutOffShowsItsWholeTextAboveTheRowsOwn)
     } kRows[] = {{0, 0, [](HWND, int) { return std::wstring(); }, longText},
         {0, 0, [](HWND, int) { return std::wstring(L"why"); }, longText + L"\r\nwhy"},
         {1, 0, [](HWND, int) { return std::wstring(L"why"); }, L"why"},
+        {1, 0, [](HWND, int) { return std::wstring(); }, L""},
         {1, 1, [](HWND, int) { return std::wstring(); }, longText}};
     FillList(m_list, rows);
     for (const auto& row : kRows) {

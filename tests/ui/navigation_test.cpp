@@ -28,6 +28,9 @@ TEST_F(NavigationTest, CtrlTabTurnsThePagesAndTakesTheFocusAlong)
     EXPECT_EQ(SelectedTab(m_tab), 0);
     Press(VK_TAB, VK_CONTROL, VK_SHIFT);
     EXPECT_EQ(SelectedTab(m_tab), 1) << "round the other way";
+    EnableWindow(m_window, FALSE);
+    Press(VK_TAB, VK_CONTROL);
+    EXPECT_EQ(SelectedTab(m_tab), 1) << "a box lies over it";
 }
 
 TEST_F(NavigationTest, AMessageToAHiddenWindowDoesNotTakeTheKeyboard)
