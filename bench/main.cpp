@@ -2,6 +2,7 @@
 // program never fails on them.
 #include "measure.h"
 
+#include "base/com_apartment.h"
 #include "base/handles.h"
 #include "console/windows.h"
 #include "link/document.h"
@@ -62,7 +63,8 @@ void BareExchange(std::span<const std::byte> frame, int port)
 
 WipedBytes FrameOf(const Request& request)
 {
-    return EncodeFrame(SerialiseRequest(RequestElement(request, NewMessageId())).value(), 100'000);
+    const auto text = SerialiseRequest(RequestElement(request, NewMessageId()));
+    return text ? EncodeFrame(*text, 100'000) : WipedBytes();
 }
 
 double MeasureRequest(simulator::AgentServer& agent)
@@ -205,7 +207,7 @@ int main(int count, char** arguments)
         return RunSkeleton();
     wchar_t self[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, self, MAX_PATH);
-    const ComApartment com;
+    EnterComApartment();
     simulator::AgentServer agent;
     if (!agent.Start())
         return 1;

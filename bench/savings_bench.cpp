@@ -69,17 +69,14 @@ void MeasureGraph()
     GetClientRect(page, &client);
     const UniqueBitmap picture = RenderBitmap(
         client.right, client.bottom, [](HDC dc, void*) { DrawGraph(dc, shownDay->graph); }, nullptr);
-    const Work repaint = [&] { RedrawWindow(page, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_NOCHILDREN); };
-    const Work copy = [&] {
-        const HDC screen = GetDC(page), memory = CreateCompatibleDC(screen);
-        {
-            const SelectGuard selected(memory, picture.Get());
-            BitBlt(screen, 0, 0, client.right, client.bottom, memory, 0, 0, SRCCOPY);
-        }
-        DeleteDC(memory);
-        ReleaseDC(page, screen);
-    };
-    const auto medians = Medians({repaint, copy}, 200);
+    const auto medians
+        = Medians({[&] { RedrawWindow(page, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_NOCHILDREN); },
+                      [&] {
+                          const WindowDc screen(page);
+                          const MemoryDc memory(screen.Get(), picture.Get());
+                          BitBlt(screen.Get(), 0, 0, client.right, client.bottom, memory.Get(), 0, 0, SRCCOPY);
+                      }},
+            200);
     PrintRatio("a repaint of the graph / one copy of the same area", medians[0], medians[1], 6.0);
 }
 

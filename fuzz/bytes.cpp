@@ -61,9 +61,12 @@ void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
         Element* here = &tree;
         for (std::size_t depth = bytes.Next() % 6; depth > 0 && !here->children.empty(); --depth)
             here = &here->children[bytes.Next() % here->children.size()];
-        const std::size_t step = bytes.Next() % 5;
+        const std::uint8_t choice = bytes.Next();
+        const std::size_t step = choice % 5;
         std::vector<Element>& children = here->children;
         const std::size_t child = children.empty() ? 0 : bytes.Next() % children.size();
+        // Now and then more than any list of the console may hold.
+        const std::size_t copies = choice > 250 && !children.empty() && children[child].children.empty() ? 220 : 1;
         if (step == 0)
             here->name = anyName();
         else if (step == 1)
@@ -73,7 +76,7 @@ void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
         else if (step == 3)
             children.erase(children.begin() + static_cast<std::ptrdiff_t>(child));
         else
-            children.push_back(Element(children[child]));
+            children.insert(children.end(), copies, Element(children[child]));
     }
 }
 

@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "fuzz/targets.h"
 #include "savings/decimal.h"
 #include "savings/profile_record.h"
@@ -26,46 +27,71 @@ void CheckDay(const DayReport& day)
     Require(std::isfinite(day.powerConsumed) && std::isfinite(day.powerSaved));
 }
 
-void CheckGraph(const GraphLayout& graph)
-{
-    for (const GraphSegment& segment : graph.segments) {
-        Require(segment.bar.top >= 0 && segment.bar.top <= segment.bar.bottom && segment.bar.bottom <= kGraphBottom);
-        Require(!SegmentTooltip(segment, graph.daySeconds).empty());
-    }
-}
-
 PowerConsumptionData AnyProfile(Bytes& bytes)
 {
     PowerConsumptionData record;
-    for (const auto& field : kConsumptionFields)
-        record.*field.slot = bytes.Value(kWatts);
+    for (int edits = bytes.Next() % 8; edits > 0; --edits)
+        record.*kConsumptionFields[bytes.Next() % std::size(kConsumptionFields)].slot = bytes.Value(kWatts);
     return record;
 }
 
 } // namespace
 
-// The answer about a day: read, walked over, computed and, for some inputs, since it is slow, shown.
+// The answer about a day, read and walked over. A line is a code and a time of that day, or any text.
 void RunEvents(Bytes& bytes)
 {
-    const bool shown = bytes.Next() % 16 == 0;
-    const PowerConsumptionData profile = shown ? AnyProfile(bytes) : PowerConsumptionData();
+    constexpr const wchar_t* kCodes[] = {L"Istime", L"Ietime", L"Dstime", L"Detime", L"Mstime", L"Metime", L"Qstime",
+        L"Qetime", L"Sbtime", L"Setime", L"Duratn", L"Hstime", L"Hetime", L"Qhtime", L"QHetme", L"Qptime", L"QUptme",
+        L"QAgtme", L"Sdtime", L"SUptme", L"Pwrcon", L"Pwrsav"};
     Element root{L"vltp", {}, {{bytes.Next() == 0 ? L"response" : L"details", {}, {}}}};
-    while (!bytes.AtEnd())
-        root.children[0].children.push_back(TextElement(L"Event", bytes.Text()));
+    while (!bytes.AtEnd()) {
+        const std::size_t code = bytes.Next();
+        std::wstring line = code < 192 ? kCodes[code % std::size(kCodes)] : bytes.Text();
+        if (code < 128) {
+            line += code < 100 ? L" # 2024/02/29" : L" # 2023/02/29";
+            for (const wchar_t separator : {L' ', L':', L':'}) {
+                const int number = bytes.Next() % 62;
+                line += {separator, static_cast<wchar_t>(L'0' + number / 10), static_cast<wchar_t>(L'0' + number % 10)};
+            }
+        } else if (code < 192) {
+            line += L" # " + NumberText(bytes.Next() * bytes.Next());
+        }
+        root.children[0].children.push_back(TextElement(L"Event", line));
+    }
     DayReport day;
-    if (ReadDayAnswer(&root, L"", {2024, 2, 29, 13, 14, 15}, day) != DayAnswer::Report)
+    if (ReadDayAnswer(&root, L"", {2024, 2, 29, 13, 14, 15}, day) == DayAnswer::Report)
+        CheckDay(day);
+}
+
+// A day of any lengths, shown on one of the pages.
+void RunGraph(Bytes& bytes)
+{
+    DayReport day;
+    for (std::int64_t DayDurations::*length :
+        {&DayDurations::active, &DayDurations::idleWithoutSavings, &DayDurations::dim, &DayDurations::monitorOff,
+            &DayDurations::standby, &DayDurations::hibernate, &DayDurations::off, &DayDurations::shutdown})
+        day.durations.*length = bytes.Number() % kDaySeconds;
+    day.durations.poweredOn = bytes.Number() % kDaySeconds;
+    day.histogram.Enter(bytes.Number() % kDaySeconds);
+    const std::size_t page = bytes.Next() % 3;
+    if (page == 0) {
+        const GraphLayout graph = LayOutGraph(day.durations, L"");
+        for (const GraphSegment& segment : graph.segments) {
+            Require(segment.bar.top <= segment.bar.bottom && segment.bar.bottom <= kGraphBottom);
+            Require(!SegmentTooltip(segment, graph.daySeconds).empty());
+        }
         return;
-    CheckDay(day);
-    if (!shown)
-        return;
-    const ShownDay made = MakeShownDay({2024, 2, 29}, day, profile);
-    const SavingsFigures& figures = made.figures;
+    }
+    const PowerProfile profile = ProfileOf(AnyProfile(bytes));
+    const SavingsFigures figures = ComputeSavings(day, profile);
     Require(std::isfinite(figures.wouldHaveBeen) && std::isfinite(figures.saved) && std::isfinite(figures.nowIs));
-    CheckGraph(made.graph);
-    (void)TotalRows(day.durations, figures);
-    (void)EmissionRows(figures);
-    (void)EstimateRows(day.durations, figures);
-    (void)IdlePatternRows(day.histogram, made.profile);
+    if (page == 1) {
+        (void)TotalRows(day.durations, figures);
+        (void)EmissionRows(figures);
+    } else {
+        (void)EstimateRows(day.durations, figures);
+        (void)IdlePatternRows(day.histogram, profile);
+    }
 }
 
 // A profile shown, edited and sent; what was not edited goes as it was read.
@@ -74,7 +100,9 @@ void RunProfile(Bytes& bytes)
     const PowerConsumptionData read = AnyProfile(bytes);
     Require(RecordToSend(read, WithMonitor(read), false) == read);
     (void)ProfileRows(read);
-    (void)RecordToSend(read, AnyProfile(bytes), true);
+    PowerConsumptionData edited = read;
+    edited.*kConsumptionFields[bytes.Next() % std::size(kConsumptionFields)].slot = bytes.Value(kWatts);
+    (void)RecordToSend(read, edited, true);
     const std::wstring text = bytes.Text();
     Require(std::isfinite(LeadingDecimal(text).value_or(0.0F)));
     if (CheckWatts(text) == WattCheck::Accepted) {

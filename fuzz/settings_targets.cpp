@@ -3,7 +3,7 @@
 #include "power/capabilities.h"
 #include "power/names.h"
 #include "power/policy.h"
-#include "power/scheme_form.h"
+#include "power/timeouts.h"
 #include "scheduler/job_document.h"
 #include "scheduler/job_rules.h"
 #include "scheduler/job_texts.h"
@@ -41,7 +41,7 @@ constexpr const wchar_t* kJobNames[] = {L"Job_", L"Schedule_", L"Frequency_", L"
 // The names of schemes, policies, rules, jobs and tasks: what is refused is refused in words that can be shown.
 void RunNames(Bytes& bytes)
 {
-    const std::wstring name = bytes.Text(), other = bytes.Text();
+    const std::wstring name = bytes.Value(), other = bytes.Value();
     const std::wstring others[] = {other, L"Balanced"};
     ApplicationRule rule;
     rule.applicationName = other;
@@ -62,40 +62,59 @@ void RunNames(Bytes& bytes)
 // The settings' checks and the texts that stand for stored values.
 void RunSettings(Bytes& bytes)
 {
-    CheckTwice(AnyRecord<HostSettings>(bytes), CheckHostSettings);
-    CheckTwice(AnyRecord<ProxySettings>(bytes), CheckProxySettings);
-    CheckTwice(AnyRecord<SnoozeSettings>(bytes), CompleteSnoozeSettings);
+    const std::size_t record = bytes.Next() % 4;
+    if (record == 0)
+        CheckTwice(AnyRecord<HostSettings>(bytes), CheckHostSettings);
+    else if (record == 1)
+        CheckTwice(AnyRecord<ProxySettings>(bytes), CheckProxySettings);
+    else if (record == 2)
+        CheckTwice(AnyRecord<SnoozeSettings>(bytes), CompleteSnoozeSettings);
     const auto address = static_cast<std::uint32_t>(bytes.Number());
     Require(AddressOf(DottedAddress(address)) == address);
     const std::wstring stored = bytes.Value(), shown = bytes.Value();
     if (const auto dotted = AddressOf(stored))
         Require(AddressOf(DottedAddress(*dotted)) == dotted);
-    for (const SchemeField& field : kSchemeForm) {
-        // What the user did not touch means the same as before.
-        const std::wstring loaded = ShownSetting(field, stored);
-        if (!field.choices.empty() && !stored.empty() && loaded != L"Disabled")
-            Require(StoredSetting(field, loaded, {loaded, stored}) == stored);
-        (void)StoredSetting(field, shown, {loaded, stored});
+    for (const Choices list : {Choices(kDimChoices), Choices(kLogOffChoices), Choices(kRepeatChoices)}) {
+        // What a list shows of a number, it shows again once that is stored.
+        const std::wstring entry = ShownText(list, stored);
+        Require(ShownText(list, ChosenText(list, entry)) == entry);
+        (void)ChosenText(list, shown);
     }
+    (void)LockList(stored, shown);
+    (void)StandbyList(bytes.Next() % 2 == 0, shown);
     (void)HibernateList(bytes.Next() % 2 == 0, stored, shown);
     (void)MonitorOffList(stored, shown);
 }
 
-// Damaged job lists, read and written; the times and dates of jobs.
+// A damaged job, read and written; the times and dates of jobs.
 void RunJobs(Bytes& bytes)
 {
-    if (bytes.Next() % 8 == 0) {
+    // Each the last of a list whose others are empty elements.
+    static const std::vector<Element> kLists = [] {
+        constexpr int kJobs = 10;
+        const Element jobs = simulator::InitialJobs(kJobs);
+        std::vector<Element> lists;
+        for (std::size_t job = 0; job < kJobs; ++job) {
+            lists.push_back({L"details", {}, std::vector<Element>(job)});
+            lists.back().children.push_back(jobs.children[job]);
+        }
+        return lists;
+    }();
+    const std::uint8_t choice = bytes.Next();
+    if (choice % 8 == 0) {
         const std::wstring text = bytes.Value();
         if (const auto time = ParseTime(text))
             Require(ParseTime(TimeText(*time)) == time);
         if (const auto date = ParseDate(text))
             Require(ParseDate(DateText(*date)) == date);
     }
-    Element details = simulator::InitialJobs(bytes.Next() % 4);
+    Element details = choice < 16 ? Element{L"details", {}, {}} : kLists[choice % kLists.size()];
     Damage(details, bytes, kJobNames);
     const ReadJobs read = ReadJobList(details);
     for (const ScheduledJob& job : read.jobs) {
         Require(!job.name.empty() && !JobRow(job)[3].empty() && !NextRunText(job, {2024, 2, 28, 12}).empty());
+        const Refusal* refusal = CheckSchedule(job);
+        Require(refusal == nullptr || !RefusalText(*refusal, job.name).empty());
         for (const ScheduledTask& task : job.tasks)
             Require(!task.path.empty() && !TaskRow(task)[0].empty());
     }

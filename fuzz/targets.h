@@ -47,8 +47,10 @@ struct Target {
 
 void RunFrame(Bytes& bytes);
 void RunReplies(Bytes& bytes);
+void RunDetails(Bytes& bytes);
 void RunDocument(Bytes& bytes);
 void RunEvents(Bytes& bytes);
+void RunGraph(Bytes& bytes);
 void RunProfile(Bytes& bytes);
 void RunJobs(Bytes& bytes);
 void RunNames(Bytes& bytes);
@@ -56,7 +58,8 @@ void RunSettings(Bytes& bytes);
 
 // clang-format off
 inline constexpr Target kTargets[] = {
-    {"frame", RunFrame}, {"replies", RunReplies}, {"document", RunDocument}, {"events", RunEvents}, {"profile", RunProfile}, {"jobs", RunJobs}, {"names", RunNames}, {"settings", RunSettings},
+    {"frame", RunFrame}, {"replies", RunReplies}, {"details", RunDetails}, {"document", RunDocument}, {"events", RunEvents},
+    {"graph", RunGraph}, {"profile", RunProfile}, {"jobs", RunJobs}, {"names", RunNames}, {"settings", RunSettings},
 };
 // clang-format on
 

@@ -1,6 +1,7 @@
 #include "simulator/faults.h"
 
 #include "base/text.h"
+#include "simulator/damage.h"
 #include "simulator/frame.h"
 #include "simulator/xml.h"
 
@@ -11,93 +12,19 @@
 namespace voltaro::simulator {
 namespace {
 
-void LengthenTexts(Element& element, std::size_t units)
+// Any eight units in the place of the length. What they promise more never comes.
+void WriteLength(Delivery& delivery, std::wstring length)
 {
-    if (element.children.empty())
-        element.text = std::wstring(element.text).append(units, L'x').substr(0, units);
-    for (Element& child : element.children)
-        LengthenTexts(child, units);
+    length.resize(kHeaderBytes / 2, L' ');
+    delivery.bytes.replace(0, kHeaderBytes, BytesOf(length));
+    delivery.ending = Ending::Close;
 }
 
-void MultiplyElements(Element& element, std::size_t count)
+// So many bytes, 0 for half of them, and then the end.
+void BreakOff(Delivery& delivery, std::size_t bytes, Ending ending)
 {
-    if (element.children.empty())
-        return;
-    const Element last = element.children.back(); // as it was, or nested lists would multiply each other
-    for (Element& child : element.children)
-        MultiplyElements(child, count);
-    while (element.children.size() < count)
-        element.children.push_back(last);
-}
-
-// Grows the last text until the whole frame has so many bytes.
-void FillFrame(Element& response, std::size_t bytes)
-{
-    const std::size_t size = FrameOf(ReplyText(response)).size();
-    Element* last = &response;
-    while (!last->children.empty())
-        last = &last->children.back();
-    if (size < bytes)
-        last->text = std::wstring(last->text) + std::wstring((bytes - size) / 2, L'x');
-}
-
-void AddToTexts(Element& element, std::wstring_view text)
-{
-    if (element.children.empty())
-        element.text = std::wstring(element.text) + std::wstring(text);
-    for (Element& child : element.children)
-        AddToTexts(child, text);
-}
-
-void ReplaceTexts(Element& element, std::wstring_view text)
-{
-    if (element.children.empty())
-        element.text = text;
-    for (Element& child : element.children)
-        ReplaceTexts(child, text);
-}
-
-// The list of the answer keeps so many elements: `details` its settings or sections, `response` its texts.
-void KeepElements(Element& response, std::size_t count)
-{
-    Element& list = response.children.size() == 1 ? response.children[0] : response;
-    if (list.children.size() > count)
-        list.children.erase(list.children.begin() + static_cast<std::ptrdiff_t>(count), list.children.end());
-}
-
-std::wstring GarbageUnits(std::size_t units)
-{
-    std::wstring text;
-    std::uint32_t state = 2463534242;
-    while (text.size() < units) {
-        state ^= state << 13;
-        state ^= state >> 17;
-        state ^= state << 5;
-        text += static_cast<wchar_t>(1 + state % 0xFFFF);
-    }
-    return text;
-}
-
-// Six entities, each ten times the one before it, used in the first text: a million units once unfolded.
-void DeclareEntities(std::wstring& text)
-{
-    std::wstring declarations = L"<!DOCTYPE vltp [<!ENTITY e0 \"volts and\">";
-    for (int level = 1; level < 6; ++level) {
-        declarations += Format(L"<!ENTITY e%d \"", level);
-        for (int i = 0; i < 10; ++i)
-            declarations += Format(L"&e%d;", level - 1);
-        declarations += L"\">";
-    }
-    text.insert(std::min(text.find(L"</"), text.size()), L"&e5;");
-    const std::size_t declarationEnd = text.find(L"?>");
-    text.insert(declarationEnd == std::wstring::npos ? 0 : declarationEnd + 2, declarations + L"]>");
-}
-
-void WriteLength(Delivery& delivery, std::int64_t length)
-{
-    const std::string digits
-        = BytesOf(Format(L"%08lld", static_cast<long long>(std::clamp<std::int64_t>(length, 0, 99'999'999))));
-    delivery.bytes.replace(0, kHeaderBytes, digits);
+    delivery.bytes.resize(bytes > 0 ? std::min(bytes, delivery.bytes.size()) : delivery.bytes.size() / 2);
+    delivery.ending = ending;
 }
 
 void SendNothing(Delivery& delivery, Ending ending)
@@ -106,82 +33,135 @@ void SendNothing(Delivery& delivery, Ending ending)
     delivery.ending = ending;
 }
 
-// The stages at which a fault may take hold; its number is the argument or the default.
+// What a fault is told: a text, and the number that it begins with.
+struct Argument {
+    const std::wstring& word;
+    int number;
+    [[nodiscard]] std::size_t Count() const { return static_cast<std::size_t>(std::max(number, 0)); }
+};
+
+// The stages at which a fault may take hold: the answer's elements, its text, its frame.
 struct Row {
     FaultInfo info;
-    int argument;
-    void (*response)(Element& response, int number);
-    void (*text)(std::wstring& text, int number);
-    void (*wire)(Delivery& delivery, int number);
+    const wchar_t* argument = L"0"; // unless told
+    void (*response)(Element& response, const Argument& argument) = nullptr;
+    void (*text)(std::wstring& text, const Argument& argument) = nullptr;
+    void (*wire)(Delivery& delivery, const Argument& argument) = nullptr;
 };
 
 constexpr std::array kRows = {
-    Row{{L"none", L"no fault"}, 0, nullptr, nullptr, nullptr},
-    Row{{L"refuse", L"for *: nobody listens; for one operation: reset once the request is read"}, 0, nullptr, nullptr,
-        [](Delivery& delivery, int) { SendNothing(delivery, Ending::Reset); }},
-    Row{{L"close", L"closed without an answer"}, 0, nullptr, nullptr,
-        [](Delivery& delivery, int) { SendNothing(delivery, Ending::Close); }},
-    Row{{L"close-mid-frame", L"closed after part of the answer; bytes, by default half of them"}, 0, nullptr, nullptr,
-        [](Delivery& delivery, int number) {
-            const std::size_t half = delivery.bytes.size() / 2;
-            delivery.bytes.resize(
-                number > 0 ? std::min(static_cast<std::size_t>(number), delivery.bytes.size()) : half);
-            delivery.ending = Ending::Close;
-        }},
-    Row{{L"silent", L"the connection stays open and nothing comes"}, 0, nullptr, nullptr,
-        [](Delivery& delivery, int) { SendNothing(delivery, Ending::Hang); }},
-    Row{{L"late", L"nothing for a while, then the whole answer; milliseconds, 2000"}, 2000, nullptr, nullptr,
-        [](Delivery& delivery, int number) { delivery.delayMs = number; }},
-    Row{{L"slow", L"eight pieces; milliseconds between them, 200"}, 200, nullptr, nullptr,
-        [](Delivery& delivery, int number) {
-            delivery.pieceSize = delivery.bytes.size() / 8 + 1;
-            delivery.pauseMs = number;
-        }},
-    Row{{L"byte-by-byte", L"one byte at a time; milliseconds between them, 0"}, 0, nullptr, nullptr,
-        [](Delivery& delivery, int number) {
-            delivery.pieceSize = 1;
-            delivery.pauseMs = number;
-        }},
-    Row{{L"wrong-length", L"the length lies; bytes added to the true one, 64, negative for too short"}, 64, nullptr,
-        nullptr,
-        [](Delivery& delivery, int number) {
-            WriteLength(delivery, std::ssize(delivery.bytes) + number);
-            delivery.ending = Ending::Close;
-        }},
-    Row{{L"huge-length", L"the length is 99999999"}, 0, nullptr, nullptr,
-        [](Delivery& delivery, int) {
-            WriteLength(delivery, 99'999'999);
-            delivery.ending = Ending::Close;
-        }},
-    Row{{L"no-nul", L"the closing NUL is missing, and the length counts without it"}, 0, nullptr, nullptr,
-        [](Delivery& delivery, int) {
-            delivery.bytes.resize(delivery.bytes.size() - 2);
-            WriteLength(delivery, std::ssize(delivery.bytes));
-        }},
-    Row{{L"garbage", L"well framed units that are no document; how many, 100"}, 100, nullptr,
-        [](std::wstring& text, int number) { text = GarbageUnits(static_cast<std::size_t>(number)); }, nullptr},
-    Row{{L"not-well-formed", L"the document breaks off before its last tags"}, 0, nullptr,
-        [](std::wstring& text, int) { text.resize(text.size() - std::min<std::size_t>(text.size(), 12)); }, nullptr},
-    Row{{L"long-texts", L"every text grows; its units, 20000"}, 20000,
-        [](Element& response, int number) { LengthenTexts(response, static_cast<std::size_t>(number)); }, nullptr,
-        nullptr},
-    Row{{L"many-elements", L"every list grows by copies of its last element; how many in all, 600"}, 600,
-        [](Element& response, int number) { MultiplyElements(response, static_cast<std::size_t>(number)); }, nullptr,
-        nullptr},
-    Row{{L"doctype", L"the document declares entities that unfold into each other, and uses one"}, 0, nullptr,
-        [](std::wstring& text, int) { DeclareEntities(text); }, nullptr},
-    Row{{L"fill", L"the last text grows until the frame is full; its bytes, 700"}, 700,
-        [](Element& response, int number) { FillFrame(response, static_cast<std::size_t>(number)); }, nullptr, nullptr},
-    Row{{L"few-elements", L"the settings or sections break off; how many are left, 1"}, 1,
-        [](Element& response, int number) { KeepElements(response, static_cast<std::size_t>(number)); }, nullptr,
-        nullptr},
-    Row{{L"unknown-words", L"every text is a word that nobody knows"}, 0,
-        [](Element& response, int) { ReplaceTexts(response, L"Perhaps"); }, nullptr, nullptr},
-    Row{{L"foreign-texts", L"every text goes on in other scripts, from right to left, and beyond the first plane"}, 0,
-        [](Element& response, int) { AddToTexts(response, L" \x00DF\x03A9\x0416\x05D0\x4E3C\xD83D\xDD0B"); }, nullptr,
-        nullptr},
-    Row{{L"status", L"the answer is this status instead; the word, Failure"}, 0, nullptr, nullptr,
-        nullptr}, // its argument is a word: below
+    Row{.info = {L"none", L"no fault"}},
+    Row{.info = {L"refuse", L"for *: nobody listens; for one operation: reset once the request is read"},
+        .wire = [](Delivery& delivery, const Argument&) { SendNothing(delivery, Ending::Reset); }},
+    Row{.info = {L"close", L"closed without an answer"},
+        .wire = [](Delivery& delivery, const Argument&) { SendNothing(delivery, Ending::Close); }},
+    Row{.info = {L"close-mid-frame", L"closed after part of the answer; bytes, by default half of them"},
+        .wire = [](Delivery& delivery, const Argument& bytes) { BreakOff(delivery, bytes.Count(), Ending::Close); }},
+    Row{.info = {L"reset-mid-frame", L"reset after part of the answer; bytes, by default half of them"},
+        .wire = [](Delivery& delivery, const Argument& bytes) { BreakOff(delivery, bytes.Count(), Ending::Reset); }},
+    Row{.info = {L"silent", L"the connection stays open and nothing comes"},
+        .wire = [](Delivery& delivery, const Argument&) { SendNothing(delivery, Ending::Hang); }},
+    Row{.info = {L"late", L"nothing for a while, then the whole answer; milliseconds, 2000"},
+        .argument = L"2000",
+        .wire = [](Delivery& delivery, const Argument& delay) { delivery.delayMs = delay.number; }},
+    Row{.info = {L"slow", L"eight pieces; milliseconds between them, 200"},
+        .argument = L"200",
+        .wire =
+            [](Delivery& delivery, const Argument& pause) {
+                delivery.pieceSize = delivery.bytes.size() / 8 + 1;
+                delivery.pauseMs = pause.number;
+            }},
+    Row{.info = {L"pieces", L"pieces of a size that no part of the frame has; bytes, 7"},
+        .argument = L"7",
+        .wire = [](Delivery& delivery, const Argument& bytes) { delivery.pieceSize = bytes.Count(); }},
+    Row{.info = {L"byte-by-byte", L"one byte at a time; milliseconds between them, 0"},
+        .wire =
+            [](Delivery& delivery, const Argument& pause) {
+                delivery.pieceSize = 1;
+                delivery.pauseMs = pause.number;
+            }},
+    Row{.info = {L"wrong-length", L"the length lies; bytes added to the true one, 64, negative for too short"},
+        .argument = L"64",
+        .wire =
+            [](Delivery& delivery, const Argument& added) {
+                const auto length = std::clamp<std::int64_t>(std::ssize(delivery.bytes) + added.number, 0, 99'999'999);
+                WriteLength(delivery, Format(L"%08lld", static_cast<long long>(length)));
+            }},
+    Row{.info = {L"length", L"what stands for the length; at most eight units, 99999999"},
+        .argument = L"99999999",
+        .wire = [](Delivery& delivery, const Argument& length) { WriteLength(delivery, length.word); }},
+    Row{.info = {L"no-nul", L"the closing NUL is missing, and the length counts without it"},
+        .wire =
+            [](Delivery& delivery, const Argument&) {
+                delivery.bytes.resize(delivery.bytes.size() - 2);
+                WriteLength(delivery, Format(L"%08d", static_cast<int>(delivery.bytes.size())));
+                delivery.ending = Ending::Orderly;
+            }},
+    Row{.info = {L"http", L"the answer of another kind of server"},
+        .wire =
+            [](Delivery& delivery, const Argument&) {
+                delivery = {.bytes = "HTTP/1.1 400 Bad Request\r\nContent-Length: 0\r\nConnection: close\r\n\r\n",
+                    .ending = Ending::Close};
+            }},
+    Row{.info = {L"inner-nul", L"a NUL in the middle of the document"},
+        .text = [](std::wstring& text, const Argument&) { text[text.size() / 2] = L'\0'; }},
+    Row{.info = {L"text", L"this text stands for the document, \"empty\" for none"},
+        .argument = L"empty",
+        .text = [](std::wstring& text, const Argument& other) { text = other.word == L"empty" ? L"" : other.word; }},
+    Row{.info = {L"prefix", L"this text stands before the document; a byte order mark"},
+        .argument = L"\xFEFF",
+        .text = [](std::wstring& text, const Argument& prefix) { text.insert(0, prefix.word); }},
+    Row{.info = {L"garbage", L"well framed units that are no document; how many, 100"},
+        .argument = L"100",
+        .text = [](std::wstring& text, const Argument& units) { text = GarbageUnits(units.Count()); }},
+    Row{.info = {L"not-well-formed", L"the document breaks off before its last tags"},
+        .text = [](std::wstring& text,
+                    const Argument&) { text.resize(text.size() - std::min<std::size_t>(text.size(), 12)); }},
+    Row{.info = {L"entities", L"entities that unfold into each other, the last used; levels, 6"},
+        .argument = L"6",
+        .text = [](std::wstring& text, const Argument& levels) { DeclareEntities(text, std::max(levels.number, 1)); }},
+    Row{.info = {L"external", L"a document type and entities from elsewhere; the address, a file's"},
+        .argument = L"file:///C:/voltaro.dtd",
+        .text = [](std::wstring& text, const Argument& address) { DeclareExternal(text, address.word); }},
+    Row{.info = {L"references", L"style sheet, schema and inclusion from elsewhere; the address, a file's"},
+        .argument = L"file:///C:/voltaro.xsl",
+        .text = [](std::wstring& text, const Argument& address) { ReferTo(text, address.word); }},
+    Row{.info = {L"insert", L"text before the first end tag; half of a surrogate pair"},
+        .argument = L"\xD83D",
+        .text = [](std::wstring& text, const Argument& inserted) { InsertText(text, inserted.word); }},
+    Row{.info = {L"deep", L"elements inside each other, before the first end tag; how many, 5000"},
+        .argument = L"5000",
+        .text = [](std::wstring& text, const Argument& count) { InsertElements(text, count.number, true); }},
+    Row{.info = {L"wide", L"empty elements before the first end tag; how many, 100000"},
+        .argument = L"100000",
+        .text = [](std::wstring& text, const Argument& count) { InsertElements(text, count.number, false); }},
+    Row{.info = {L"root", L"the document's element has another name; the name, other"},
+        .argument = L"other",
+        .text = [](std::wstring& text, const Argument& name) { text = Replaced(text, L"vltp", name.word); }},
+    Row{.info = {L"long-texts", L"every text grows; its units, 20000"},
+        .argument = L"20000",
+        .response = [](Element& response, const Argument& units) { LengthenTexts(response, units.Count()); }},
+    Row{.info = {L"many-elements", L"every list grows by copies of its last element; how many in all, 600"},
+        .argument = L"600",
+        .response = [](Element& response, const Argument& count) { MultiplyElements(response, count.Count()); }},
+    Row{.info = {L"fill", L"the last text grows until the frame is full; its bytes, 700"},
+        .argument = L"700",
+        .response = [](Element& response, const Argument& bytes) { FillFrame(response, bytes.Count()); }},
+    Row{.info = {L"few-elements", L"the settings or sections break off; how many are left, 1"},
+        .argument = L"1",
+        .response = [](Element& response, const Argument& count) { KeepElements(response, count.Count()); }},
+    Row{.info = {L"texts", L"every text is this one; a word that nobody knows, Perhaps"},
+        .argument = L"Perhaps",
+        .response = [](Element& response, const Argument& text) { ReplaceTexts(response, text.word); }},
+    Row{.info = {L"foreign-texts", L"every text goes on in other scripts and beyond the first plane"},
+        .argument = L" \x00DF\x03A9\x0416\x05D0\x4E3C\xD83D\xDD0B",
+        .response = [](Element& response, const Argument& text) { AddToTexts(response, text.word); }},
+    Row{.info = {L"status", L"the answer is this status instead; the word, Failure"},
+        .argument = L"Failure",
+        .text =
+            [](std::wstring& text, const Argument& word) {
+                text = ReplyText({L"response", {}, {TextElement(L"status", word.word)}});
+            }},
 };
 static_assert(kRows.size() == static_cast<std::size_t>(FaultKind::Status) + 1);
 
@@ -214,26 +194,18 @@ std::optional<Fault> ParseFault(std::wstring_view text)
 Delivery Deliver(const Element& response, const std::wstring* scriptedText, const Fault& fault)
 {
     const Row& row = kRows[static_cast<std::size_t>(fault.kind)];
-    const int given = fault.argument.empty() ? row.argument : LeadingNumber(fault.argument);
-    const int number = std::clamp(given, fault.kind == FaultKind::WrongLength ? -1'000'000 : 0, 1'000'000);
-    std::wstring text;
-    if (fault.kind == FaultKind::Status) {
-        const std::wstring word = fault.argument.empty() ? L"Failure" : fault.argument;
-        text = ReplyText({L"response", {}, {TextElement(L"status", word)}});
-    } else if (scriptedText != nullptr) {
-        text = *scriptedText;
-    } else {
-        Element changed = response;
-        if (row.response != nullptr)
-            row.response(changed, number);
-        text = ReplyText(changed);
-    }
+    const std::wstring word = fault.argument.empty() ? row.argument : fault.argument;
+    const Argument argument{word, std::clamp(LeadingNumber(word), -1'000'000, 1'000'000)};
+    Element changed = response;
+    if (row.response != nullptr)
+        row.response(changed, argument);
+    std::wstring text = scriptedText != nullptr ? *scriptedText : ReplyText(changed);
     if (row.text != nullptr)
-        row.text(text, number);
+        row.text(text, argument);
     Delivery delivery;
     delivery.bytes = FrameOf(text);
     if (row.wire != nullptr)
-        row.wire(delivery, number);
+        row.wire(delivery, argument);
     return delivery;
 }
 

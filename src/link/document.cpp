@@ -1,12 +1,14 @@
 #include "link/document.h"
 
+#include "base/com_apartment.h"
 #include "base/windows_api.h"
 #include "link/error_log.h"
+#include "link/refused_document.h"
 
 #include <msxml2.h>
 #include <wrl/client.h>
 
-#include <algorithm>
+#include <new>
 #include <utility>
 
 namespace voltaro {
@@ -28,6 +30,8 @@ public:
     explicit Bstr(std::wstring_view text)
         : m_text(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())))
     {
+        if (!m_text) // a null string would pass for an empty text
+            throw std::bad_alloc();
     }
     // Takes the string of a VARIANT that holds one.
     explicit Bstr(VARIANT* variant)
@@ -296,8 +300,8 @@ private:
 // The document of an answer's text; null when it is refused or cannot be loaded.
 Document LoadAnswer(std::wstring_view text)
 {
-    if (DeclaresDocumentType(text)) {
-        LogFailure(kMainModule, __LINE__, "loadXML", E_FAIL, "an answer with a document type is refused");
+    if (const char* reason = RefusedDocument(text)) {
+        LogFailure(kMainModule, __LINE__, "loadXML", E_FAIL, reason);
         return nullptr;
     }
     Document document = DomCreate();
@@ -313,29 +317,16 @@ Document LoadAnswer(std::wstring_view text)
 
 } // namespace
 
-ComApartment::ComApartment()
-{
-    // Never released: leaving COM while a thread's storage is torn down is not allowed.
-    thread_local const bool kept = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-    m_entered = kept && SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-}
-
-ComApartment::~ComApartment()
-{
-    if (m_entered)
-        CoUninitialize();
-}
-
 std::optional<Element> ParseAnswer(const wchar_t* text)
 {
-    const ComApartment com;
+    EnterComApartment();
     const Document document = LoadAnswer(text);
     return document ? TreeReader(kMainModule).Read(document.Get()) : std::nullopt;
 }
 
 std::optional<Element> ParseFile(const std::wstring& path, const char* module)
 {
-    const ComApartment com;
+    EnterComApartment();
     const Document document = DomCreate(kCreateForFileCall, module);
     if (!document)
         return std::nullopt;
@@ -350,7 +341,7 @@ std::optional<Element> ParseFile(const std::wstring& path, const char* module)
 
 std::optional<FieldText> SerialiseRequest(const Element& request)
 {
-    const ComApartment com;
+    EnterComApartment();
     const Document document = DomCreate();
     if (!document)
         return std::nullopt;
@@ -371,28 +362,14 @@ std::optional<FieldText> SerialiseRequest(const Element& request)
     return FieldText(xml.View());
 }
 
-bool DeclaresDocumentType(std::wstring_view text)
-{
-    return text.find(L"<!DOCTYPE") != std::wstring_view::npos;
-}
-
-bool DeclaresDocumentType(std::string_view bytes)
-{
-    std::wstring text;
-    for (const char byte : bytes) {
-        if (byte != '\0')
-            text.push_back(static_cast<unsigned char>(byte));
-    }
-    return DeclaresDocumentType(text);
-}
-
 std::wstring NewMessageId()
 {
     GUID guid{};
     wchar_t text[130] = {};
-    if (FAILED(CoCreateGuid(&guid)) || StringFromGUID2(guid, text, static_cast<int>(std::size(text))) == 0)
-        return {};
-    return text;
+    const bool made = Done(CoCreateGuid(&guid), "identifier", "CoCreateGuid")
+        && Done(StringFromGUID2(guid, text, static_cast<int>(std::size(text))) > 0 ? S_OK : E_FAIL, "identifier",
+            "StringFromGUID2");
+    return made ? text : L"";
 }
 
 } // namespace voltaro

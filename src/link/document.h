@@ -4,26 +4,12 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace voltaro {
 
-// COM for one request: apartment-threaded, initialised and released with the guard's life. The first guard of a thread
-// also takes one reference that is kept for the thread's life, so that later requests find the library loaded.
-class ComApartment {
-public:
-    ComApartment();
-    ~ComApartment();
-    ComApartment(const ComApartment&) = delete;
-    ComApartment& operator=(const ComApartment&) = delete;
-
-private:
-    bool m_entered;
-};
-
 // The answer as an element tree: the document element, leaf texts as the platform's document gives them. Nothing when
-// the text is not well-formed, holds a document type or cannot be loaded; the reason is logged. Elements nested deeper
-// than kMaxDepth are left out.
+// the text is refused (link/refused_document.h), not well-formed or cannot be loaded; the reason is logged. Elements
+// nested deeper than kMaxDepth are left out.
 inline constexpr int kMaxDepth = 32;
 [[nodiscard]] std::optional<Element> ParseAnswer(const wchar_t* text);
 
@@ -37,10 +23,5 @@ inline constexpr int kMaxDepth = 32;
 
 // A fresh identifier for a request: 38 characters with braces, upper case; empty when the platform has none.
 [[nodiscard]] std::wstring NewMessageId();
-
-// True when the text declares a document type: the platform's switch against it is not honoured everywhere, and no
-// answer needs one. Bytes of any encoding: NULs are passed over.
-[[nodiscard]] bool DeclaresDocumentType(std::string_view bytes);
-[[nodiscard]] bool DeclaresDocumentType(std::wstring_view text);
 
 } // namespace voltaro

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <exception>
 #include <mutex>
 #include <utility>
 
@@ -56,7 +57,7 @@ void ReleaseOperation(Operation operation)
 
 // Builds the document; the request buffer keeps its old text when that fails.
 bool Build(const Request& request)
-{
+try {
     const OperationRow& row = RowOf(request.operation);
     const std::optional<FieldText> text = SerialiseRequest(RequestElement(request, NewMessageId()));
     if (!text)
@@ -71,6 +72,9 @@ bool Build(const Request& request)
         LogFault("request", "a request is longer than its operation's buffer");
     }
     return fits;
+} catch (const std::exception& exception) { // no memory
+    LogFault("request", exception.what());
+    return false;
 }
 
 } // namespace
@@ -123,10 +127,13 @@ void Reply::Send()
 }
 
 const Element* Reply::Root()
-{
+try {
     if (Answered() && m_held && !std::exchange(m_parsed, true))
         m_root = ParseAnswer(Text().c_str());
     return m_root ? &*m_root : nullptr;
+} catch (const std::exception& exception) { // no memory
+    LogFault("answer", exception.what());
+    return nullptr;
 }
 
 std::wstring Reply::Status()

@@ -6,9 +6,7 @@
 #include "base/windows_api.h"
 #include "link/document.h"
 #include "link/error_log.h"
-#include "link/replies.h"
-
-#include <vector>
+#include "link/refused_document.h"
 
 namespace voltaro {
 namespace {
@@ -16,40 +14,29 @@ namespace {
 constexpr const char* kModule = "TcpPortGetter";
 constexpr std::size_t kPathUnits = 257;
 
-// The agent chooses the elements by position, never by name.
-constexpr std::size_t kPortPosition = 1;
-constexpr std::size_t kSecondPosition = 4;
-
 constexpr std::size_t kMaxFileBytes = 1'000'000;
 
-// Whether the file is far larger than any host configuration, or declares a document type.
-bool IsRefused(const std::wstring& path)
+// Why the file is not read, or null; also when it cannot be opened: the load tells why.
+const char* RefusedFile(const std::wstring& path)
 {
     const UniqueFile file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     std::string bytes(kMaxFileBytes, '\0');
     DWORD count = 0;
     if (!file || !ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr))
-        return false; // the load tells why
+        return nullptr;
     bytes.resize(count);
-    return bytes.size() == kMaxFileBytes || DeclaresDocumentType(bytes);
+    return count == kMaxFileBytes ? "a host configuration that is far too large is refused" : RefusedDocument(bytes);
 }
 
 void ReadTexts(const std::wstring& path, HostConfigText& port, HostConfigText& second)
 {
-    if (IsRefused(path)) {
-        LogFailure(kModule, __LINE__, "dom->load():", E_FAIL,
-            "a host configuration with a document type, or far too large, is refused");
+    if (const char* reason = RefusedFile(path)) {
+        LogFailure(kModule, __LINE__, "dom->load():", E_FAIL, reason);
         return;
     }
-    const std::optional<Element> root = ParseFile(path, kModule);
-    if (!root)
-        return;
-    const std::vector<const Element*> settings = ChildrenOfEvery(*root, L"Hostsettings");
-    if (settings.size() > kPortPosition)
-        port = settings[kPortPosition]->text;
-    if (settings.size() > kSecondPosition)
-        second = settings[kSecondPosition]->text;
+    if (const std::optional<Element> root = ParseFile(path, kModule))
+        ChooseHostTexts(*root, port, second);
 }
 
 } // namespace

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "base/fixed_text.h"
+#include "link/host_config_text.h"
 
 #include <string>
 
 namespace voltaro {
-
-using HostConfigText = FixedText<10>;
 
 // The agent's port. The compiled-in value only lasts until start-up has read the host configuration: without a readable
 // port there it becomes 0, with no fall-back: a wrong file must show, not reach another program on that port.

@@ -71,8 +71,8 @@ SystemDetails::SystemDetails()
 
 void SystemDetails::Read(const Element* root)
 {
-    for (Section& section : m_sections)
-        std::fill(section.slots.begin(), section.slots.end(), NamedValue{});
+    for (Section& section : m_sections) // nothing was ever written beyond the counts
+        std::fill_n(section.slots.begin(), section.count, NamedValue{});
     m_stateText.Clear();
     if (!root)
         return;

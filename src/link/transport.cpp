@@ -79,8 +79,10 @@ private:
     {
         WSADATA data{};
         m_event = UniqueHandle(CreateEventW(nullptr, FALSE, FALSE, nullptr));
-        if (!m_event || WSAStartup(MAKEWORD(2, 2), &data) != 0)
-            return Outcome::CannotStart;
+        if (!m_event)
+            return Failed(Outcome::CannotStart, "CreateEventW");
+        if (WSAStartup(MAKEWORD(2, 2), &data) != 0)
+            return Failed(Outcome::CannotStart, "WSAStartup");
         m_socket = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
         // The value itself stands where its address belongs: the call fails, and the agent sees a connection that keeps
         // its delays.
@@ -97,15 +99,18 @@ private:
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = inet_addr(kHost);
         address.sin_port = htons(static_cast<u_short>(m_port));
-        WSAEventSelect(m_socket, m_event.Get(), FD_CONNECT);
+        if (WSAEventSelect(m_socket, m_event.Get(), FD_CONNECT) != 0)
+            return Failed(Outcome::CannotConnect, "WSAEventSelect");
         if (connect(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
             if (WSAGetLastError() != WSAEWOULDBLOCK)
-                return Outcome::CannotConnect;
+                return Failed(Outcome::CannotConnect, "connect");
             const Waited waited = threadWait(m_event.Get(), m_timeoutMs);
             if (waited != Waited::Signalled)
                 return waited == Waited::Ending ? Outcome::Ending : Outcome::CannotConnect;
             WSANETWORKEVENTS events{};
-            if (WSAEnumNetworkEvents(m_socket, nullptr, &events) != 0 || events.iErrorCode[FD_CONNECT_BIT] != 0)
+            if (WSAEnumNetworkEvents(m_socket, nullptr, &events) != 0)
+                return Failed(Outcome::CannotConnect, "WSAEnumNetworkEvents");
+            if (events.iErrorCode[FD_CONNECT_BIT] != 0)
                 return Outcome::CannotConnect;
         }
         u_long nonBlocking = 0;
@@ -124,7 +129,7 @@ private:
         SetNumber(SO_SNDTIMEO, m_timeoutMs);
         // Zeros stand beyond the frame for the advance by twice the count.
         frame.resize(2 * remaining);
-        return SendAll(frame.data(), remaining) ? Outcome::Answered : Outcome::CannotComplete;
+        return SendAll(frame.data(), remaining) ? Outcome::Answered : Failed(Outcome::CannotComplete, "send");
     }
 
     bool SendAll(const std::byte* position, std::size_t remaining)
@@ -145,7 +150,8 @@ private:
     Outcome Receive(FieldText& response)
     {
         // FD_CONNECT is left out: with it the event stays signalled and the wait spins.
-        WSAEventSelect(m_socket, m_event.Get(), FD_READ | FD_CLOSE);
+        if (WSAEventSelect(m_socket, m_event.Get(), FD_READ | FD_CLOSE) != 0)
+            return Failed(Outcome::CannotComplete, "WSAEventSelect");
         // Only the first data has a time limit; agents may take as long as they like over the rest.
         if (const Outcome outcome = AfterWait(threadWait(m_event.Get(), m_timeoutMs)); outcome != Outcome::Answered)
             return outcome;
@@ -179,10 +185,18 @@ private:
             if (count >= 0 && !LastErrorIsFatal())
                 return Outcome::Answered;
             if (count >= 0 || WSAGetLastError() != WSAEWOULDBLOCK)
-                return Outcome::CannotComplete;
+                return Failed(Outcome::CannotComplete, "recv");
             if (const Outcome outcome = AfterWait(threadWait(m_event.Get(), INFINITE)); outcome != Outcome::Answered)
                 return outcome;
         }
+    }
+
+    // Logs the call that failed.
+    static Outcome Failed(Outcome outcome, const char* call)
+    {
+        const int error = WSAGetLastError();
+        LogFailure(CodePlace::Here().file, CodePlace::Here().line, "ServiceRequest", error, call);
+        return outcome;
     }
 
     void SetNumber(int option, DWORD number)
@@ -205,7 +219,8 @@ Outcome ServiceRequest(Member member, const wchar_t* request, FieldText& respons
     ExchangeSteps steps(row, port);
     try {
         return steps.Run(request, response);
-    } catch (const std::exception&) {
+    } catch (const std::exception& exception) {
+        LogFault("ServiceRequest", exception.what());
         // Device control alone closes its socket then; it counts as answered.
         if (row.difference == Difference::ExceptionBoxThenTrue)
             steps.Finish();

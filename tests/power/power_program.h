@@ -3,7 +3,7 @@
 #include "power/policy_window.h"
 #include "power/processor_strip.h"
 #include "power/rule_window.h"
-#include "power/scheme_form.h"
+#include "power/scheme_pages.h"
 #include "power/scheme_window.h"
 #include "support/program.h"
 #include "support/refusals.h"

@@ -1,38 +1,10 @@
 #include "power/timeouts.h"
 
-#include "power/scheme_form.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <string>
 #include <tuple>
 
 namespace voltaro {
-
-TEST(SchemeFormTest, WhatIsStoredForWhatIsShown)
-{
-    const struct {
-        int control;
-        const wchar_t *shown, *loaded, *stored, *result;
-    } kRows[] = {
-        {kDim, L"After 5 Mins", L"After 5 Mins", L"05", L"05"},       // untouched, however it is spelt
-        {kMonitorOff, L"After 2 Hrs", L"After 2 Hrs", L"10", L"10"},  // the linked list does not hold it
-        {kMonitorOff, L"After 10 Mins", L"After 2 Hrs", L"7", L"10"}, // chosen, or moved by the link
-        {kScript, L"No", L"No", L"maybe", L"maybe"},
-        {kScript, L"Yes", L"No", L"maybe", L"Yes"},
-        {kProcessorSpeed, L"", L"", L"Turbo", L"Turbo"},
-        {kPolicyList, L"Talks", L"Talks", L"talks", L"talks"},
-        {kPolicyList, L"(None)", L"Talks", L"talks", L""},
-        {kStandbyTime, L"Disabled", L"Disabled", L"30", L"0"},
-        {kLock, L"Never", L"Never", L"", L"0"}, // the answer had no such field
-        {kPolicyList, L"(None)", L"(None)", L"", L""},
-    };
-    for (const auto& row : kRows) {
-        const SchemeField& field = *std::ranges::find(kSchemeForm, row.control, &SchemeField::control);
-        EXPECT_EQ(StoredSetting(field, row.shown, {row.loaded, row.stored}), row.result) << row.control << row.stored;
-    }
-}
 
 TEST(LinkedListsTest, WhatTheSecondListHoldsAndSelects)
 {

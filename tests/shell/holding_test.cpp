@@ -5,7 +5,7 @@
 #include "shell/main_window.h"
 #include "support/program.h"
 
-#include <random>
+#include <algorithm>
 
 namespace voltaro {
 
@@ -79,24 +79,6 @@ TEST_F(HoldingTest, EachOutcomeIsToldInItsOwnWay)
         {{L"Connection Closed !", L"Please check if Voltaro Service is started ?"}, {L"Connection Issue", {}}});
     EXPECT_EQ(SendOrLose(Plain(Operation::GetSavingsTillDate)).Result(), Outcome::CannotConnect);
     EXPECT_FALSE(connection.connected);
-}
-
-TEST_F(HoldingTest, WorkersEndAtAnyPointOfARequest)
-{
-    std::mt19937 random(20);
-    for (int i = 0; i < 50; ++i) {
-        const FaultKind kinds[] = {FaultKind::Silent, FaultKind::Slow, FaultKind::None};
-        Agent().SetFault(L"*", {kinds[i % 3], i % 3 == 1 ? L"10" : L""});
-        timing.pollerPeriod = 1 + random() % 30;
-        ASSERT_TRUE(StartWorkers());
-        RequestBackgroundRefresh(i % 2 ? kRefreshSystemDetails : kRefreshPowerData);
-        MainCommand(kUpdate);
-        Sleep(random() % 60); // the window serves nothing meanwhile, so workers wait for it too
-        const ULONGLONG start = GetTickCount64();
-        StopWorkers(i % 2 ? StopOrder::MainWindowDestroyed : StopOrder::SessionEnds);
-        EXPECT_LT(GetTickCount64() - start, 1'000U) << i;
-        ReleaseAllHolders();
-    }
 }
 
 TEST_F(HoldingTest, ARefreshAskedForDuringARunIsMade)

@@ -58,10 +58,15 @@ TEST(AgentFaultTest, ChangesTheDocument)
         L"<vltp version=\"1.0\"><response><status>License Expired</status></response></vltp>");
     has(L"long-texts:5", L"<a>1xxxx</a><b>2xxxx</b>");
     has(L"many-elements:4", L"<a>1</a><b>2</b><b>2</b><b>2</b></details><details><a>1</a><b>2</b></details>");
-    has(L"doctype", L"<?xml version=\"1.0\"?><!DOCTYPE vltp [<!ENTITY e0 ");
-    has(L"doctype", L"]><vltp version=\"1.0\"><response><details><a>1&e5;</a>");
+    has(L"entities", L"<?xml version=\"1.0\"?><!DOCTYPE vltp [<!ENTITY e0 ");
+    has(L"entities", L"]><vltp version=\"1.0\"><response><details><a>1&e5;</a>");
+    has(L"external:http://x", L"<!DOCTYPE vltp SYSTEM \"http://x\" [<!ENTITY x SYSTEM \"http://x\">");
+    has(L"deep:2", L"<a>1<a><a></a></a></a>");
+    has(L"wide:2", L"<a>1<a/><a/></a>");
+    has(L"root", L"<other version=\"1.0\"><response>");
+    has(L"prefix", L"\xFEFF<?xml");
     has(L"few-elements", L"<details><a>1</a></details>");
-    has(L"unknown-words", L"<a>Perhaps</a><b>Perhaps</b>");
+    has(L"texts", L"<a>Perhaps</a><b>Perhaps</b>");
     has(L"foreign-texts", L"<b>2 \x00DF\x03A9\x0416\x05D0\x4E3C\xD83D\xDD0B</b>");
     has(L"fill:228", L"<b>2x</b>");
     EXPECT_EQ(Faulted(L"fill").bytes.size(), 700u);

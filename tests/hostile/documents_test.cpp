@@ -1,0 +1,159 @@
+#include "base/handles.h"
+#include "base/platform_calls.h"
+#include "console/connection_state.h"
+#include "link/document.h"
+#include "power/policy_window.h"
+#include "power/scheme_window.h"
+#include "savings/profile_window.h"
+#include "savings/savings_window.h"
+#include "scheduler/job_list_window.h"
+#include "settings/access_control_window.h"
+#include "settings/battery_window.h"
+#include "settings/device_control_window.h"
+#include "settings/proxy_window.h"
+#include "settings/snooze_window.h"
+#include "settings/system_info_window.h"
+#include "shell/about.h"
+#include "shell/activation_window.h"
+#include "simulator/frame.h"
+#include "support/program.h"
+
+#include <psapi.h>
+
+#include <atomic>
+#include <thread>
+
+namespace voltaro {
+namespace {
+
+using simulator::ParseFault;
+
+// Faults that make documents.
+constexpr const wchar_t* kDocuments[] = {
+    L"text:empty",
+    L"text:Failure",
+    L"prefix", // a byte order mark
+    L"prefix: ",
+    L"garbage:1000",
+    L"not-well-formed",
+    L"insert", // half of a surrogate pair
+    L"insert:&#1;",
+    L"insert:&unknown;",
+    L"insert:<![CDATA[<&]]><!-- -- -->",
+    L"entities:1",
+    L"entities",
+    L"external:\\\\.\\pipe\\voltaro_elsewhere",
+    L"external:http://127.0.0.1:",
+    L"references:\\\\.\\pipe\\voltaro_elsewhere",
+    L"references:http://127.0.0.1:",
+    L"deep",
+    L"wide",
+    L"wide:30",
+    L"root",
+    L"few-elements:0",
+    L"few-elements",
+    L"long-texts:20000",
+    L"long-texts:300",
+    L"texts:%s%n%S%x%99999999d",
+    L"texts:-1",
+    L"many-elements:3011",
+    L"many-elements:20",
+    L"foreign-texts",
+    L"status",
+};
+
+// What of the document refers to this machine: the port stands at the end of an address.
+simulator::Fault FaultOf(const std::wstring& document, int port)
+{
+    return *ParseFault(document.ends_with(L":") ? document + std::to_wstring(port) + L"/x" : document);
+}
+
+// Windows that read when they open, and what reads in the ones that do not.
+void (*const kOpen[])(HWND main) = {
+    OpenSystemInfoWindow,
+    OpenBatteryWindow,
+    OpenSchemeWindow,
+    [](HWND) { OpenPolicy(L"Presentations"); },
+    OpenJobListWindow,
+    [](HWND) {
+        ListView_SetItemState(
+            Labelled(WindowOf(WindowId::JobList), L"Scheduled Job List"), 0, LVIS_SELECTED, LVIS_SELECTED);
+        SendMessageW(Labelled(WindowOf(WindowId::JobList), L"Modify Job.."), BM_CLICK, 0, 0);
+    },
+    OpenSavingsWindow,
+    [](HWND) { SendMessageW(WindowOf(WindowId::Savings), WM_COMMAND, IDOK, 0); },
+    OpenProfileWindow,
+    OpenAccessControlWindow,
+    OpenProxyWindow,
+    OpenDeviceControlWindow,
+    OpenSnoozeWindow,
+    OpenActivationWindow,
+    OnAbout,
+};
+
+TEST(HostileDocumentTest, EveryDocumentInEveryWindow)
+{
+    ConsoleProgram program;
+    platformCalls.showMessageBox
+        = [](const BoxCall& call) { return call.buttons == BoxButtons::Ok ? Answer::Ok : Answer::Yes; };
+    simulator::AgentServer elsewhere;
+    ASSERT_TRUE(elsewhere.Start());
+    const UniqueFile pipe(CreateNamedPipeW(
+        L"\\\\.\\pipe\\voltaro_elsewhere", PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE | PIPE_NOWAIT, 1, 100, 100, 0, nullptr));
+    const auto isUntouched
+        = [&] { return !ConnectNamedPipe(pipe.Get(), nullptr) && GetLastError() == ERROR_PIPE_LISTENING; };
+    ASSERT_TRUE(isUntouched());
+    for (const wchar_t* document : kDocuments) {
+        SCOPED_TRACE(document);
+        program.Agent().SetFault(L"*", FaultOf(document, elsewhere.Port()));
+        for (const wchar_t* gate : {L"GetSystemstatus", L"GetActivationstatus"}) // or no window would open
+            program.Agent().SetFault(gate, *ParseFault(L"late:0"));
+        program.Load();
+        for (const auto open : kOpen) {
+            connection.connected = true;
+            open(WindowOf(WindowId::Main));
+            Pump();
+        }
+        CloseAbout();
+        for (std::size_t window = windowHandles.size(); --window > 0;)
+            SendMessageW(windowHandles[window], WM_CLOSE, 0, 0);
+        EXPECT_TRUE(elsewhere.Requests().empty());
+        EXPECT_TRUE(isUntouched());
+    }
+    program.Agent().ClearFaults();
+    program.Load();
+    EXPECT_TRUE(connection.connected);
+    EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
+}
+
+std::size_t PrivateBytes()
+{
+    PROCESS_MEMORY_COUNTERS_EX memory{};
+    K32GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
+    return memory.WorkingSetSize;
+}
+
+TEST(HostileDocumentTest, MemoryStaysInProportionToTheAnswer)
+{
+    Element response{L"response", {},
+        {{L"details", {}, std::vector<Element>(3, TextElement(L"Event", L"Istime # 2024/02/29 10:15:00"))}}};
+    for (const wchar_t* document : kDocuments) {
+        const std::string bytes = Deliver(response, nullptr, FaultOf(document, 1)).bytes;
+        const std::wstring text = simulator::UnitsOf(bytes).substr(8);
+        static_cast<void>(ParseAnswer(text.c_str())); // what the platform keeps
+        const std::size_t before = PrivateBytes();
+        std::atomic<std::size_t> peak = before;
+        {
+            const std::jthread sampler([&](const std::stop_token& stop) {
+                while (!stop.stop_requested())
+                    peak = std::max(peak.load(), PrivateBytes());
+            });
+            for (int i = 0; i < 5; ++i)
+                static_cast<void>(ParseAnswer(text.c_str()));
+        }
+        EXPECT_LE(peak - before, 4 * bytes.size() + (16U << 20)) << document;
+    }
+}
+
+} // namespace
+} // namespace voltaro
