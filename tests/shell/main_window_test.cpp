@@ -23,8 +23,7 @@ TEST_F(MainWindowTest, SetAppliesTheChosenSchemeAndReadsTheState)
     SendMessageW(ControlOf(main, kSchemeList), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     Command(WindowId::Main, kSchemeList, CBN_SELCHANGE);
     EXPECT_FALSE(IsOn(WindowId::Main, kSet)); // nothing to set
-    Choose(WindowId::Main, kSchemeList, L"Minimum");
-    MainCommand(kSet);
+    Do({{WindowId::Main, kSchemeList, L"Minimum"}, {WindowId::Main, kSet}});
     ExpectSent(L"ApplyPowerScheme", L"scheme=Minimum");
     EXPECT_EQ(TakeOperations(), (Operations{L"GetActivationstatus", L"ApplyPowerScheme", L"GetCurrentpowersettings"}));
     EXPECT_EQ(SelectedText(main, kSchemeList), L"Minimum");

@@ -90,38 +90,28 @@ void ConsoleProgram::Command(WindowId window, int id, int notification)
     Pump();
 }
 
-void ConsoleProgram::Type(WindowId window, int id, std::wstring_view text)
-{
-    SendMessageW(ControlOf(WindowOf(window), id), EM_SETSEL, 0, -1);
-    SendMessageW(
-        ControlOf(WindowOf(window), id), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(std::wstring(text).c_str()));
-    Pump();
-}
-
-void ConsoleProgram::Click(WindowId window, int id)
-{
-    SendMessageW(ControlOf(WindowOf(window), id), BM_CLICK, 0, 0);
-}
-
 void ConsoleProgram::Do(std::initializer_list<Step> steps)
 {
-    for (const Step& step : steps) {
-        const HWND window = WindowOf(step.window), control = Find(step.window, step.control);
-        const int id = step.control.label ? GetDlgCtrlID(control) : step.control.id;
+    for (const auto& [window, name, text] : steps) {
+        const HWND control = Find(window, name);
+        const int* given = std::get_if<int>(&name);
+        const int id = given ? *given : GetDlgCtrlID(control);
         const std::wstring kind = ClassOf(control);
-        const bool push = (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) <= BS_DEFPUSHBUTTON;
-        if (kind == DATETIMEPICK_CLASSW)
-            (step.text[2] == L':' ? ShowTime : ShowDate)(window, id, step.text);
-        else if (kind == WC_COMBOBOXW)
-            Choose(step.window, id, step.text);
-        else if (kind == WC_EDITW)
-            Type(step.window, id, step.text);
-        else if (control == nullptr || (push && step.control.label == nullptr))
-            Command(step.window, id); // even where it is grey
-        else
-            Click(step.window, id);
+        if (kind == DATETIMEPICK_CLASSW) {
+            (text[2] == L':' ? ShowTime : ShowDate)(WindowOf(window), id, text);
+        } else if (kind == WC_COMBOBOXW) {
+            EXPECT_GE(SelectExact(WindowOf(window), id, text), 0) << text;
+            Command(window, id, CBN_SELCHANGE);
+        } else if (kind == WC_EDITW) {
+            SendMessageW(control, EM_SETSEL, 0, -1);
+            SendMessageW(control, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text));
+        } else if (given && (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) <= BS_DEFPUSHBUTTON) {
+            Command(window, id); // even where it is grey, or in the menu
+        } else {
+            SendMessageW(control, BM_CLICK, 0, 0);
+        }
+        Pump();
     }
-    Pump();
 }
 
 void ConsoleProgram::DoubleClick(HWND list, int row)
@@ -129,12 +119,6 @@ void ConsoleProgram::DoubleClick(HWND list, int row)
     SelectRow(list, row);
     const NMHDR twice{list, static_cast<UINT_PTR>(GetDlgCtrlID(list)), static_cast<UINT>(NM_DBLCLK)};
     SendMessageW(GetParent(list), WM_NOTIFY, twice.idFrom, reinterpret_cast<LPARAM>(&twice));
-}
-
-void ConsoleProgram::Choose(WindowId window, int id, std::wstring_view entry)
-{
-    EXPECT_GE(SelectExact(WindowOf(window), id, entry), 0) << std::wstring(entry);
-    Command(window, id, CBN_SELCHANGE);
 }
 
 Operations ConsoleProgram::TakeOperations()

@@ -28,6 +28,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <variant>
 
 #include <functional>
 #include <string>
@@ -56,19 +57,7 @@ struct Change {
     bool lenient = false;         // whatever is not "Failure" counts as done
 };
 
-// A control by the label that the user finds it by, or by its id.
-struct ControlName {
-    ControlName(const wchar_t* text)
-        : label(text)
-    {
-    }
-    ControlName(int number)
-        : id(number)
-    {
-    }
-    const wchar_t* label = nullptr;
-    int id = 0;
-};
+using ControlName = std::variant<int, const wchar_t*>; // a control's id, or the label that the user finds it by
 
 // One thing that the user does: a combo box, a picker or an edit takes the text, a button is clicked. An id without a
 // control is chosen from the window's menu.
@@ -103,13 +92,7 @@ public:
     void MainCommand(int id) { Command(WindowId::Main, id); }
     // Whether the main window takes input again, nothing lying over it.
     [[nodiscard]] static bool IsMainFree() { return IsEnabled(WindowOf(WindowId::Main)) && IsConsoleReady(); }
-    // Puts text into an edit as typing or pasting does (the window hears of the change).
-    void Type(WindowId window, int id, std::wstring_view text);
-    // Clicks a button.
-    static void Click(WindowId window, int id);
-    // Chooses an entry of a combo box by its text and tells the window.
-    void Choose(WindowId window, int id, std::wstring_view entry);
-    // Does one step after the other, then serves what follows.
+    // Does one step after the other as the user does it, the window hearing of each, then serves what follows.
     void Do(std::initializer_list<Step> steps);
     // Double-clicks a row of a list.
     static void DoubleClick(HWND list, int row);
@@ -117,7 +100,8 @@ public:
     // A control, what it shows and whether it can be used.
     [[nodiscard]] static HWND Find(WindowId window, ControlName name)
     {
-        return name.label ? Labelled(WindowOf(window), name.label) : ControlOf(WindowOf(window), name.id);
+        const auto* label = std::get_if<const wchar_t*>(&name);
+        return label ? Labelled(WindowOf(window), *label) : ControlOf(WindowOf(window), std::get<int>(name));
     }
     [[nodiscard]] static std::wstring Text(WindowId window, ControlName name) { return WindowText(Find(window, name)); }
     [[nodiscard]] static bool IsOn(WindowId window, ControlName name) { return IsEnabled(Find(window, name)); }
