@@ -101,6 +101,7 @@ protected:
             const bool went = Exercise(place, n, call);
             const std::string log = testing::internal::GetCapturedStdout();
             const auto entries = std::count(log.begin(), log.end(), '\n') / 2;
+            printf("%s %d handles %d left %d\n", call.function, n, OpenHandles(), m_left);
             EXPECT_LE(entries, 1) << call.function << n << log;
             EXPECT_TRUE(went || entries == 1) << call.function << n;
             EXPECT_TRUE(Exercise(nullptr, 0)) << call.function << n;
