@@ -2,6 +2,7 @@
 // program never fails on them.
 #include "measure.h"
 
+#include "base/com_apartment.h"
 #include "base/handles.h"
 #include "console/windows.h"
 #include "link/document.h"
@@ -62,21 +63,19 @@ void BareExchange(std::span<const std::byte> frame, int port)
 
 WipedBytes FrameOf(const Request& request)
 {
-    return EncodeFrame(*SerialiseRequest(RequestElement(request, NewMessageId())), 100'000);
+    const auto text = SerialiseRequest(RequestElement(request, NewMessageId()));
+    return text ? EncodeFrame(*text, 100'000) : WipedBytes();
 }
 
 double MeasureRequest(simulator::AgentServer& agent)
 {
     const Request request = Plain(Operation::GetCurrentPowerSettings);
     const WipedBytes frame = FrameOf(request);
-    const auto medians = Medians({[&] {
-                                      Reply reply = Exchange(request);
-                                      const auto settings = reply.Read<PowerSchemeSettings>();
-                                      if (!settings)
-                                          std::puts("no answer");
-                                  },
-                                     [&] { BareExchange(frame, agent.Port()); }},
-        300);
+    const Work console = [&] {
+        if (!Exchange(request).Read<PowerSchemeSettings>())
+            std::puts("no answer");
+    };
+    const auto medians = Medians({console, [&] { BareExchange(frame, agent.Port()); }}, 300);
     PrintRatio("one request: build + exchange + read / bare exchange", medians[0], medians[1], 2.2);
     return medians[1];
 }
@@ -90,12 +89,12 @@ void MeasureSystemDetails()
     Reply reply = Exchange(Plain(Operation::GetSystemDetails));
     const FieldText& text = reply.Text();
     SystemDetails details;
-    const auto medians = Medians({[&] {
-                                      const std::optional<Element> root = ParseAnswer(text.c_str());
-                                      details.Read(root ? &*root : nullptr);
-                                  },
-                                     [&] { LoadBare(text.c_str()); }, [&] { ReadBare(text.c_str(), L"//*[not(*)]"); }},
-        40);
+    const Work read = [&] {
+        const std::optional<Element> root = ParseAnswer(text.c_str());
+        details.Read(root ? &*root : nullptr);
+    };
+    const Work load = [&] { LoadBare(text.c_str()); }, readBare = [&] { ReadBare(text.c_str(), L"//*[not(*)]"); };
+    const auto medians = Medians({read, load, readBare}, 40);
     std::printf("system details: %zu bytes, %zu rows in the longest section\n", text.view().size() * 2,
         details.RowCount(DetailSection::LogicalDisks));
     PrintRatio("reading the system details / loading the document", medians[0], medians[1], 1.3);
@@ -112,26 +111,24 @@ void MeasureListFill()
     const HWND list = ControlOf(parent, 1);
     SetColumns(list, kColumns);
     constexpr std::size_t kRows = 500;
-    const auto medians
-        = Medians({[&] {
-                       FillList(list, kRows, [](std::size_t, std::size_t column) {
-                           return column == 0 ? L"Name of the field" : L"Value of the field";
-                       });
-                   },
-                      [&] {
-                          SendMessageW(list, WM_SETREDRAW, FALSE, 0);
-                          ListView_DeleteAllItems(list);
-                          for (int i = 0; i < static_cast<int>(kRows); ++i) {
-                              LVITEMW item{};
-                              item.mask = LVIF_TEXT;
-                              item.iItem = i;
-                              item.pszText = const_cast<wchar_t*>(L"Name of the field");
-                              ListView_InsertItem(list, &item);
-                              ListView_SetItemText(list, i, 1, const_cast<wchar_t*>(L"Value of the field"));
-                          }
-                          SendMessageW(list, WM_SETREDRAW, TRUE, 0);
-                      }},
-            15);
+    const Work fill = [&] {
+        FillList(list, kRows,
+            [](std::size_t, std::size_t column) { return column == 0 ? L"Name of the field" : L"Value of the field"; });
+    };
+    const Work fillBare = [&] {
+        SendMessageW(list, WM_SETREDRAW, FALSE, 0);
+        ListView_DeleteAllItems(list);
+        for (int i = 0; i < static_cast<int>(kRows); ++i) {
+            LVITEMW item{};
+            item.mask = LVIF_TEXT;
+            item.iItem = i;
+            item.pszText = const_cast<wchar_t*>(L"Name of the field");
+            ListView_InsertItem(list, &item);
+            ListView_SetItemText(list, i, 1, const_cast<wchar_t*>(L"Value of the field"));
+        }
+        SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+    };
+    const auto medians = Medians({fill, fillBare}, 15);
     PrintRatio("500 rows into a list / bare fill with redraw off", medians[0], medians[1], 2.0);
     DestroyWindow(parent);
 }
@@ -179,26 +176,21 @@ void MeasureStart(simulator::AgentServer& agent, const std::filesystem::path& se
     const std::filesystem::path console = self.parent_path().parent_path() / "bin" / "VoltaroConsoleSE.exe";
     Install(L"voltaro_bench", agent.Port());
     std::size_t memory = 0;
-    const auto medians = Medians(
-        {[&] {
-             agent.ClearRequests();
-             const UniqueHandle process = StartProcess(console.wstring());
-             const auto hasAnswered = [&] {
-                 return std::ranges::count(agent.Requests(), L"GetPatchDetails", &simulator::ReceivedRequest::operation)
-                     > 0;
-             };
-             while (!hasAnswered())
-                 Sleep(1);
-             memory = PrivateBytes(process);
-             EndProcess(process);
-         },
-            [&] {
-                const UniqueHandle ready(CreateEventW(nullptr, TRUE, FALSE, kSkeletonReady));
-                const UniqueHandle process = StartProcess(self.wstring() + L" --skeleton");
-                WaitForSingleObject(ready.Get(), 20'000);
-                EndProcess(process);
-            }},
-        7);
+    const Work start = [&] {
+        agent.ClearRequests();
+        const UniqueHandle process = StartProcess(console.wstring());
+        while (std::ranges::count(agent.Requests(), L"GetPatchDetails", &simulator::ReceivedRequest::operation) == 0)
+            Sleep(1);
+        memory = PrivateBytes(process);
+        EndProcess(process);
+    };
+    const Work skeleton = [&] {
+        const UniqueHandle ready(CreateEventW(nullptr, TRUE, FALSE, kSkeletonReady));
+        const UniqueHandle process = StartProcess(self.wstring() + L" --skeleton");
+        WaitForSingleObject(ready.Get(), 20'000);
+        EndProcess(process);
+    };
+    const auto medians = Medians({start, skeleton}, 7);
     PrintRatio("start to connected / 1.15 x skeleton + 2.5 x bare exchanges", medians[0],
         1.15 * medians[1] + 2.5 * kExchanges * bareExchange, 1.0);
     std::printf("skeleton %.1f ms, console %.1f ms, private memory after the load %.1f MB\n", medians[1], medians[0],
@@ -215,7 +207,7 @@ int main(int count, char** arguments)
         return RunSkeleton();
     wchar_t self[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, self, MAX_PATH);
-    const ComApartment com;
+    EnterComApartment();
     simulator::AgentServer agent;
     if (!agent.Start())
         return 1;

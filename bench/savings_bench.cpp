@@ -42,13 +42,12 @@ void MeasureEvents()
         answer.append(L"<Event>").append(line.view()).append(L"</Event>"); // as the simulated agent names them
     answer += L"</details></response></vltp>";
     DayReport report;
-    const auto medians = Medians({[&] {
-                                      const auto root = ParseAnswer(answer.c_str());
-                                      static_cast<void>(ReadDayAnswer(root ? &*root : nullptr, answer, kNow, report));
-                                  },
-                                     [&] { LoadBare(answer); }, [&] { ReadBare(answer, L"//details/*"); },
-                                     [&] { static_cast<void>(WalkDay(lines, kNow, report)); }},
-        30);
+    const Work read = [&] {
+        const auto root = ParseAnswer(answer.c_str());
+        static_cast<void>(ReadDayAnswer(root ? &*root : nullptr, answer, kNow, report));
+    };
+    const Work load = [&] { LoadBare(answer); }, readBare = [&] { ReadBare(answer, L"//details/*"); };
+    const auto medians = Medians({read, load, readBare, [&] { static_cast<void>(WalkDay(lines, kNow, report)); }}, 30);
     PrintRatio("3,010 event lines: parse + walk / loading the document", medians[0], medians[1], 1.3);
     std::printf("the document's own calls for the texts alone: %.3f ms\n", medians[2]);
     std::printf("the walk alone %.3f ms (limit 1)\n", medians[3]);
@@ -73,14 +72,9 @@ void MeasureGraph()
     const auto medians
         = Medians({[&] { RedrawWindow(page, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_NOCHILDREN); },
                       [&] {
-                          const HDC screen = GetDC(page);
-                          const HDC memory = CreateCompatibleDC(screen);
-                          {
-                              const SelectGuard selected(memory, picture.Get());
-                              BitBlt(screen, 0, 0, client.right, client.bottom, memory, 0, 0, SRCCOPY);
-                          }
-                          DeleteDC(memory);
-                          ReleaseDC(page, screen);
+                          const WindowDc screen(page);
+                          const MemoryDc memory(screen.Get(), picture.Get());
+                          BitBlt(screen.Get(), 0, 0, client.right, client.bottom, memory.Get(), 0, 0, SRCCOPY);
                       }},
             200);
     PrintRatio("a repaint of the graph / one copy of the same area", medians[0], medians[1], 6.0);

@@ -53,7 +53,7 @@ int main(int, char** arguments)
     for (const auto& target : kTargets) {
         for (const auto& entry :
             std::filesystem::directory_iterator(arguments[1] + std::string(1, '/') + target.name)) {
-            std::cout << entry.path() << std::endl; // what fails is the last one named
+            std::cout << entry.path() << '\n' << std::flush; // what fails is the last one named
             std::ifstream file(entry.path(), std::ios::binary);
             const std::vector<std::uint8_t> content{std::istreambuf_iterator<char>(file), {}};
             RunVaried(target, content);

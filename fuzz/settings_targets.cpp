@@ -3,7 +3,7 @@
 #include "power/capabilities.h"
 #include "power/names.h"
 #include "power/policy.h"
-#include "power/scheme_form.h"
+#include "power/timeouts.h"
 #include "scheduler/job_document.h"
 #include "scheduler/job_rules.h"
 #include "scheduler/job_texts.h"
@@ -24,12 +24,13 @@ Record AnyRecord(Bytes& bytes)
 
 // A check changes nothing in what it has completed once.
 template <class Record>
-void CheckTwice(Record record, std::size_t (*check)(Record&, const Record&))
+void CheckTwice(const Record& record, std::size_t (*check)(Record&, const Record&))
 {
-    if (check(record, Record()) != kNoFault)
+    Record complete = record;
+    if (check(complete, Record()) != kNoFault)
         return;
-    const Record complete = record;
-    Require(check(record, complete) == kNoFault && record == complete);
+    Record again = complete;
+    Require(check(again, complete) == kNoFault && again == complete);
 }
 
 constexpr const wchar_t* kJobNames[] = {L"Job_", L"Schedule_", L"Frequency_", L"Action_", L"PowerOff_", L"RunTask_",
@@ -73,12 +74,12 @@ void RunSettings(Bytes& bytes)
     const std::wstring stored = bytes.Value(), shown = bytes.Value();
     if (const auto dotted = AddressOf(stored))
         Require(AddressOf(DottedAddress(*dotted)) == dotted);
-    const SchemeField& field = kSchemeForm[bytes.Next() % std::size(kSchemeForm)];
-    // What the user did not touch means the same as before.
-    const std::wstring loaded = ShownSetting(field, stored);
-    if (!field.choices.empty() && !stored.empty() && loaded != L"Disabled")
-        Require(StoredSetting(field, loaded, {loaded, stored}) == stored);
-    (void)StoredSetting(field, shown, {loaded, stored});
+    for (const Choices list : {Choices(kDimChoices), Choices(kLogOffChoices), Choices(kRepeatChoices)}) {
+        // What a list shows of a number, it shows again once that is stored.
+        const std::wstring entry = ShownText(list, stored);
+        Require(ShownText(list, ChosenText(list, entry)) == entry);
+        (void)ChosenText(list, shown);
+    }
     (void)LockList(stored, shown);
     (void)StandbyList(bytes.Next() % 2 == 0, shown);
     (void)HibernateList(bytes.Next() % 2 == 0, stored, shown);

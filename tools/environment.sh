@@ -8,7 +8,7 @@ packages_build="cmake ninja-build g++ g++-mingw-w64-x86-64-posix mingw-w64-x86-6
 packages_help="fp-utils"
 packages_package="nsis"
 packages_wine="wine wine64 xvfb xauth fonts-wine fonts-liberation imagemagick"
-packages_check="clang-format clang-tidy libchm-bin"
+packages_check="clang-format clang-tidy-22 libchm-bin python3"
 
 # Ends the script with one line that says what is wrong.
 fail() {

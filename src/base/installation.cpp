@@ -35,10 +35,10 @@ bool FromEnvironment(InstallDirectory& directory)
 }
 
 // All rights are asked for: for a user without write rights the key does not exist, and the environment comes first.
-UniqueKey OpenKey(HKEY hive, const wchar_t* path)
+UniqueKey OpenKey(HKEY hive, const wchar_t* path, REGSAM view = 0)
 {
     UniqueKey key;
-    RegOpenKeyExW(hive, path, 0, KEY_ALL_ACCESS, key.Put());
+    RegOpenKeyExW(hive, path, 0, KEY_ALL_ACCESS | view, key.Put());
     return key;
 }
 
@@ -62,8 +62,10 @@ bool FromKey(const UniqueKey& key, InstallDirectory& directory)
 
 bool ReadInstallPath(InstallDirectory& directory)
 {
-    if (const UniqueKey machine = OpenKey(HKEY_LOCAL_MACHINE, kMachineKey))
-        return FromKey(machine, directory) || FromEnvironment(directory);
+    // A 32-bit installer of the agent writes the other view.
+    for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY})
+        if (const UniqueKey machine = OpenKey(HKEY_LOCAL_MACHINE, kMachineKey, view))
+            return FromKey(machine, directory) || FromEnvironment(directory);
     if (FromEnvironment(directory))
         return true;
     const UniqueKey user = OpenKey(HKEY_USERS, kDefaultUserKey);

@@ -89,4 +89,30 @@ const wchar_t* YesNo(bool yes)
     return yes ? L"Yes" : L"No";
 }
 
+std::optional<std::uint32_t> AddressOf(std::wstring_view dotted)
+{
+    constexpr int kParts = 4;
+    std::uint32_t address = 0;
+    for (int part = 0; part < kParts; ++part) {
+        const std::size_t digits = std::min(dotted.find_first_not_of(L"0123456789"), dotted.size());
+        const std::int32_t number = LeadingNumber(dotted.substr(0, digits));
+        if (digits == 0 || number > 255)
+            return std::nullopt;
+        address = address << 8 | static_cast<std::uint32_t>(number);
+        dotted.remove_prefix(digits);
+        if (part == kParts - 1)
+            break;
+        if (!dotted.starts_with(L'.'))
+            return std::nullopt;
+        dotted.remove_prefix(1);
+    }
+    return dotted.empty() ? std::optional(address) : std::nullopt;
+}
+
+std::wstring DottedAddress(std::uint32_t address)
+{
+    const auto byte = [address](int shift) { return static_cast<int>(address >> shift & 0xFF); };
+    return Format(L"%d.%d.%d.%d", byte(24), byte(16), byte(8), byte(0));
+}
+
 } // namespace voltaro

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -53,5 +54,9 @@ namespace voltaro {
 // Switches of a record: "Yes" or "No"; letter case does not count when they are read.
 [[nodiscard]] bool IsYes(std::wstring_view flag);
 [[nodiscard]] const wchar_t* YesNo(bool yes);
+
+// A dotted IPv4 address as its four bytes, the first one highest; nothing for any other text.
+[[nodiscard]] std::optional<std::uint32_t> AddressOf(std::wstring_view dotted);
+[[nodiscard]] std::wstring DottedAddress(std::uint32_t address);
 
 } // namespace voltaro

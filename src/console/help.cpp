@@ -2,6 +2,7 @@
 
 #include "base/ansi.h"
 #include "base/platform_calls.h"
+#include "base/system_procedure.h"
 #include "base/text.h"
 #include "console/program_texts.h"
 #include "console/windows.h"
@@ -16,15 +17,14 @@ constexpr UINT kCloseAll = 0x12;
 constexpr Box kNoFile = {L"Voltaro Help", L"The help file is missing:\n\n"};
 constexpr Box kNoViewer = {L"Voltaro Help", L"The help viewer of Windows (hhctrl.ocx) cannot be loaded."};
 
-using HtmlHelp = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
-HtmlHelp viewer = nullptr; // null until it has been asked for
+using HtmlHelp = HWND WINAPI(HWND, LPCWSTR, UINT, DWORD_PTR);
+HtmlHelp* viewer = nullptr; // null until it has been asked for
 
 // The viewer is loaded when it is first asked for: most runs of the program never open the help.
 bool LoadViewer()
 {
-    const HMODULE library = viewer ? nullptr : LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    if (library)
-        viewer = reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(GetProcAddress(library, "HtmlHelpW")));
+    if (viewer == nullptr)
+        viewer = SystemProcedure<HtmlHelp>(L"hhctrl.ocx", "HtmlHelpW");
     return viewer != nullptr;
 }
 

@@ -1,5 +1,6 @@
 #include "link/document.h"
 
+#include "base/com_apartment.h"
 #include "base/windows_api.h"
 #include "link/error_log.h"
 #include "link/refused_document.h"
@@ -316,29 +317,16 @@ Document LoadAnswer(std::wstring_view text)
 
 } // namespace
 
-ComApartment::ComApartment()
-{
-    // Never released: leaving COM while a thread's storage is torn down is not allowed.
-    thread_local const bool kept = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-    m_entered = kept && SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-}
-
-ComApartment::~ComApartment()
-{
-    if (m_entered)
-        CoUninitialize();
-}
-
 std::optional<Element> ParseAnswer(const wchar_t* text)
 {
-    const ComApartment com;
+    EnterComApartment();
     const Document document = LoadAnswer(text);
     return document ? TreeReader(kMainModule).Read(document.Get()) : std::nullopt;
 }
 
 std::optional<Element> ParseFile(const std::wstring& path, const char* module)
 {
-    const ComApartment com;
+    EnterComApartment();
     const Document document = DomCreate(kCreateForFileCall, module);
     if (!document)
         return std::nullopt;
@@ -353,7 +341,7 @@ std::optional<Element> ParseFile(const std::wstring& path, const char* module)
 
 std::optional<FieldText> SerialiseRequest(const Element& request)
 {
-    const ComApartment com;
+    EnterComApartment();
     const Document document = DomCreate();
     if (!document)
         return std::nullopt;

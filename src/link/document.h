@@ -7,19 +7,6 @@
 
 namespace voltaro {
 
-// COM for one request: apartment-threaded, initialised and released with the guard's life. The first guard of a thread
-// also takes one reference that is kept for the thread's life, so that later requests find the library loaded.
-class ComApartment {
-public:
-    ComApartment();
-    ~ComApartment();
-    ComApartment(const ComApartment&) = delete;
-    ComApartment& operator=(const ComApartment&) = delete;
-
-private:
-    bool m_entered;
-};
-
 // The answer as an element tree: the document element, leaf texts as the platform's document gives them. Nothing when
 // the text is refused (link/refused_document.h), not well-formed or cannot be loaded; the reason is logged. Elements
 // nested deeper than kMaxDepth are left out.

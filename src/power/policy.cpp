@@ -8,19 +8,6 @@
 namespace voltaro {
 namespace {
 
-// The words for a set and an unset check box: the status has its own.
-struct CheckWords {
-    const wchar_t* set;
-    const wchar_t* unset;
-};
-constexpr CheckWords kStatusWords = {L"Enabled", L"Disabled"};
-constexpr CheckWords kActivityWords = {L"Yes", L"No"};
-
-const CheckWords& WordsOf(std::size_t check)
-{
-    return check == 0 ? kStatusWords : kActivityWords;
-}
-
 // clang-format off
 constexpr Refusal kNoRoom = {L"Applications list max limit reached ",
     L"Applications limit per policy name is 50 applications ."};
@@ -38,16 +25,6 @@ constexpr Refusal kTooManyRulesInNew = {L"Applications List Exceeded Limitation"
 // clang-format on
 
 } // namespace
-
-bool IsRuleChecked(const ApplicationRule& rule, std::size_t check)
-{
-    return rule.*kRuleChecks[check] == WordsOf(check).set;
-}
-
-void SetRuleChecked(ApplicationRule& rule, std::size_t check, bool checked)
-{
-    rule.*kRuleChecks[check] = checked ? WordsOf(check).set : WordsOf(check).unset;
-}
 
 const Refusal* CheckRoomForRule(std::span<const ApplicationRule> rules)
 {

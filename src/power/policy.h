@@ -9,11 +9,8 @@
 
 namespace voltaro {
 
-// One text of a rule.
-using RuleSlot = FieldText ApplicationRule::*;
-
 // The columns of the rule list, left to right.
-inline constexpr RuleSlot kRuleColumns[] = {
+inline constexpr FieldText ApplicationRule::*kRuleColumns[] = {
     &ApplicationRule::applicationName,
     &ApplicationRule::description,
     &ApplicationRule::ruleStatus,
@@ -27,14 +24,6 @@ inline constexpr RuleSlot kRuleColumns[] = {
     &ApplicationRule::shutdown,
 };
 inline constexpr std::size_t kRuleColumnCount = std::size(kRuleColumns); // 11
-
-// The check boxes of the rule dialog, top to bottom: the rule's status ("Enabled", "Disabled"), then the activities
-// ("Yes", "No"). Columns and check boxes run alike from here on.
-inline constexpr auto kRuleChecks = std::span(kRuleColumns).subspan<2>();
-
-// One check box of the dialog, `check` an index into kRuleChecks.
-[[nodiscard]] bool IsRuleChecked(const ApplicationRule& rule, std::size_t check);
-void SetRuleChecked(ApplicationRule& rule, std::size_t check, bool checked);
 
 // Each check returns a refusal, or null. Show it with RefusalText(*refusal, name).
 

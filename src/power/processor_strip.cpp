@@ -8,6 +8,7 @@
 #include "console/change.h"
 #include "console/window_tables.h"
 #include "console/windows.h"
+#include "power/levels.h"
 #include "power/policy_window.h"
 #include "power/scheme_pages.h"
 #include "ui/boxes.h"

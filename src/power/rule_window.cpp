@@ -7,6 +7,7 @@
 #include "power/policy.h"
 #include "power/scheme_window.h"
 #include "resources/resource_ids.h"
+#include "ui/binding.h"
 #include "ui/boxes.h"
 #include "ui/file_dialog.h"
 #include "ui/refusals.h"
@@ -42,9 +43,24 @@ constexpr Control kControls[] = {
     {Kind::DefaultPush,  kSaveRule,          L"Save",                     262, 388,  86,  25},
     {Kind::Push,         IDCANCEL,           L"Cancel",                   356, 388,  86,  25},
 };
+
+constexpr Binding<ApplicationRule> kBindings[] = {
+    {kRuleName,         Shown::Text,     &ApplicationRule::applicationName},
+    {kRuleDescription,  Shown::Text,     &ApplicationRule::description},
+    {kFirstRuleCheck,   Shown::Status,   &ApplicationRule::ruleStatus},
+    {kFirstRuleCheck+1, Shown::Activity, &ApplicationRule::dimMonitor},
+    {kFirstRuleCheck+2, Shown::Activity, &ApplicationRule::monitorOff},
+    {kFirstRuleCheck+3, Shown::Activity, &ApplicationRule::lockScreen},
+    {kFirstRuleCheck+4, Shown::Activity, &ApplicationRule::hardDisk},
+    {kFirstRuleCheck+5, Shown::Activity, &ApplicationRule::logOff},
+    {kFirstRuleCheck+6, Shown::Activity, &ApplicationRule::standby},
+    {kFirstRuleCheck+7, Shown::Activity, &ApplicationRule::hibernate},
+    {kFirstRuleCheck+8, Shown::Activity, &ApplicationRule::shutdown},
+};
 // clang-format on
 
 static_assert(IdsAreUnique(kControls));
+static_assert(std::size(kBindings) == std::size(kApplicationRuleFields));
 static_assert(FitInside(kControls, 464, 436)); // of 470 x 485, less the frame, the caption and the menu bar
 
 constexpr int kNewRow[] = {kNameLabel, kRuleName, kRuleFile};
@@ -52,43 +68,27 @@ constexpr int kModifiedRow[] = {kModifiedLabel, kModifiedName};
 
 constexpr FileDialog kChooseExecutable = {L"Execute Files (*.exe)\0*.exe\0", L"Select an exe file"};
 
-using RuleText = FixedText<256>; // what a user may enter
-
 struct Edited {
     std::span<const ApplicationRule> rules;
     std::optional<std::size_t> place;
     AcceptedRule accepted = nullptr;
-    ApplicationRule rule;         // as it was opened
-    std::wstring openDescription; // as the edit shows it, which may not show every text
+    ApplicationRule rule; // as it was opened
+    ShownTexts shown;     // what the controls held then; empty for a new rule, all of which is the user's
 };
 Edited edited;
 
-int CheckOf(std::size_t check)
-{
-    return kFirstRuleCheck + static_cast<int>(check);
-}
-
 void ShowRule(HWND window, const ApplicationRule& rule)
 {
-    SetText(window, kRuleName, rule.applicationName);
     SetText(window, kModifiedName, rule.applicationName);
-    SetText(window, kRuleDescription, rule.description);
-    for (std::size_t i = 0; i < kRuleChecks.size(); ++i)
-        SetChecked(window, CheckOf(i), IsRuleChecked(rule, i));
+    ShowFields(window, kBindings, rule);
 }
 
-// What the user did not change stays as it was read, be it a text that the dialog cannot show.
 ApplicationRule RuleOnScreen(HWND window)
 {
-    ApplicationRule rule = edited.rule;
-    if (!edited.place)
-        rule.applicationName = RuleText(TextOf(window, kRuleName)).view();
-    if (const std::wstring description = TextOf(window, kRuleDescription); description != edited.openDescription)
-        rule.description = RuleText(description).view();
-    for (std::size_t i = 0; i < kRuleChecks.size(); ++i) {
-        const bool checked = IsChecked(window, CheckOf(i));
-        if (!edited.place || checked != IsRuleChecked(rule, i))
-            SetRuleChecked(rule, i, checked);
+    ApplicationRule rule = WithEntered(window, kBindings, edited.rule, edited.shown);
+    for (const auto slot : {&ApplicationRule::applicationName, &ApplicationRule::description}) {
+        if (rule.*slot != edited.rule.*slot) // an edit limits what is typed, not what a program puts in
+            rule.*slot = Truncated(rule.*slot, ApplicationRule::kEditLimit);
     }
     return rule;
 }
@@ -150,9 +150,10 @@ void OpenRuleWindow(std::span<const ApplicationRule> rules, std::optional<std::s
     if (place)
         edited.rule = rules[*place];
     else
-        SetRuleChecked(edited.rule, 0, true); // a new rule is enabled
+        edited.rule.ruleStatus = L"Enabled";
     ShowRule(window, edited.rule);
-    edited.openDescription = TextOf(window, kRuleDescription);
+    if (place)
+        edited.shown = EnteredTexts(window, kBindings);
     Show(window, kNewRow, !place);
     Show(window, kModifiedRow, place.has_value());
     ShowOverOwner(window);

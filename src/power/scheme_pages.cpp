@@ -7,14 +7,18 @@
 #include "console/window_tables.h"
 #include "console/windows.h"
 #include "power/capabilities.h"
+#include "power/levels.h"
+#include "power/timeouts.h"
+#include "ui/binding.h"
 #include "ui/combo_box.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
 #include "ui/theme.h"
 #include "ui/tooltip.h"
 
-#include <algorithm>
 #include <array>
+#include <span>
+#include <utility>
 #include <vector>
 
 namespace voltaro {
@@ -71,6 +75,51 @@ constexpr Control kPowerOffControls[] = {
 };
 // clang-format on
 
+// Which control shows which setting.
+// clang-format off
+constexpr Binding<PowerSchemeSettings> kDisplayBindings[] = {
+    {kWorkingBrightness, Shown::Step,  &PowerSchemeSettings::workingBrightness, kBrightnessSteps},
+    {kIdleBrightness,    Shown::Step,  &PowerSchemeSettings::idleBrightness,    kBrightnessSteps},
+    {kDim,               Shown::List,  &PowerSchemeSettings::dimTime,           kDimChoices},
+    {kMonitorOff,        Shown::List,  &PowerSchemeSettings::monitorTime,       kMonitorOffChoices},
+    {kLock,              Shown::List,  &PowerSchemeSettings::lockScreenTime,    kLockChoices},
+    {kScreenSaverOff,    Shown::YesNo, &PowerSchemeSettings::screensaver},
+};
+
+constexpr Binding<PowerSchemeSettings> kPowerOffBindings[] = {
+    {kHardDisk,       Shown::List,  &PowerSchemeSettings::hardDiskTime,  kHardDiskChoices},
+    {kSchemeLogOff,   Shown::List,  &PowerSchemeSettings::logOffTime,    kLogOffChoices},
+    {kShutdownChoice, Shown::YesNo, &PowerSchemeSettings::shutdownFlag},
+    {kStandbyTime,    Shown::List,  &PowerSchemeSettings::standbyTime,   kStandbyChoices},
+    {kHibernateTime,  Shown::List,  &PowerSchemeSettings::hibernateTime, kHibernateChoices},
+    {kShutdownTime,   Shown::List,  &PowerSchemeSettings::shutdownTime,  kStandbyChoices},
+    {kResumePassword, Shown::YesNo, &PowerSchemeSettings::passwordOnResume},
+    {kScript,         Shown::YesNo, &PowerSchemeSettings::scriptBeforePowerOff},
+    {kDownloads,      Shown::YesNo, &PowerSchemeSettings::downloadsFlag},
+    {kPrinter,        Shown::YesNo, &PowerSchemeSettings::printerFlag},
+    {kCpuLoadCheck,   Shown::YesNo, &PowerSchemeSettings::idleCpuLoadFlag},
+    {kCpuLoad,        Shown::List,  &PowerSchemeSettings::idleCpuLoad,   kCpuLoads},
+};
+
+// The strip's; its controls are in a file of their own.
+constexpr Binding<PowerSchemeSettings> kProcessorBindings[] = {
+    {kProcessorSpeed, Shown::Name,         &PowerSchemeSettings::cpuSpeed},
+    {kPolicyList,     Shown::OptionalName, &PowerSchemeSettings::sensorPolicy},
+};
+// clang-format on
+
+constexpr struct {
+    WindowId page;
+    std::span<const Binding<PowerSchemeSettings>> bindings;
+} kPages[] = {
+    {WindowId::SchemeDisplay, kDisplayBindings},
+    {WindowId::SchemePowerOff, kPowerOffBindings},
+    {WindowId::SchemeProcessor, kProcessorBindings},
+};
+// All but the scheme's name.
+static_assert(std::size(kDisplayBindings) + std::size(kPowerOffBindings) + std::size(kProcessorBindings) + 1
+    == std::size(kPowerSchemeFields));
+
 static_assert(IdsAreUnique(kDisplayControls) && IdsAreUnique(kPowerOffControls));
 static_assert(FitInside(kDisplayControls, kSchemePageWidth, kSchemePageBottom));
 static_assert(FitInside(kPowerOffControls, kSchemePageWidth, kSchemePageBottom));
@@ -78,17 +127,11 @@ static_assert(FitInside(kPowerOffControls, kSchemePageWidth, kSchemePageBottom))
 constexpr int kSleepControls[] = {kStandbyLabel, kStandbyTime, kHibernateLabel, kHibernateTime};
 
 struct FormState {
-    PowerSchemeSettings settings;                             // as shown last, before the user changed anything
-    std::array<std::wstring, std::size(kSchemeForm)> shown{}; // what the controls showed for them
+    PowerSchemeSettings settings; // as shown last, before the user changed anything
+    std::array<ShownTexts, std::size(kPages)> shown;
     PowerCapabilities capabilities;
 };
 FormState form;
-
-HWND PageOf(SchemePage page)
-{
-    constexpr WindowId kPages[] = {WindowId::SchemeDisplay, WindowId::SchemePowerOff, WindowId::SchemeProcessor};
-    return WindowOf(kPages[static_cast<std::size_t>(page)]);
-}
 
 // Of the machine, as the system details tell them.
 PowerCapabilities Capabilities()
@@ -138,38 +181,22 @@ void OnCpuLoadCheck(HWND page)
     Enable(page, kCpuLoad, IsChecked(page, kCpuLoadCheck));
 }
 
-// --- one control ---
-
-void ShowStep(HWND page, const SchemeField& field)
+// What the controls show, once the linked lists are filled.
+void KeepShown()
 {
-    const auto step = static_cast<std::size_t>(SendMessageW(ControlOf(page, field.control), TBM_GETPOS, 0, 0));
-    SetTooltip(ControlOf(page, field.control), field.choices[step].text);
-}
-
-void ShowField(const SchemeField& field, const std::wstring& shown)
-{
-    const HWND page = PageOf(field.page);
-    switch (field.shown) {
-    case Shown::Step:
-        SendMessageW(
-            ControlOf(page, field.control), TBM_SETPOS, TRUE, static_cast<LPARAM>(ChoiceIndex(field.choices, shown)));
-        ShowStep(page, field);
-        break;
-    case Shown::Choice: FillChoices(page, field.control, field.choices, ChoiceIndex(field.choices, shown)); break;
-    case Shown::Name: SelectName(page, field.control, shown); break;
-    case Shown::Check: SetChecked(page, field.control, IsYes(shown)); break;
+    if (!form.capabilities.standby)
+        form.settings.standbyTime.Clear();
+    if (!form.capabilities.hibernate)
+        form.settings.hibernateTime.Clear();
+    for (std::size_t i = 0; i < std::size(kPages); ++i) {
+        const auto& [page, bindings] = kPages[i];
+        form.shown[i] = EnteredTexts(WindowOf(page), bindings);
+        for (std::size_t k = 0; k < bindings.size(); ++k) {
+            FieldText& setting = form.settings.*bindings[k].slot;
+            if (setting.empty())
+                setting = form.shown[i][k].value_or(FieldText());
+        }
     }
-}
-
-std::wstring FieldShown(const SchemeField& field)
-{
-    const HWND page = PageOf(field.page);
-    if (field.shown == Shown::Step)
-        return field.choices[static_cast<std::size_t>(SendMessageW(ControlOf(page, field.control), TBM_GETPOS, 0, 0))]
-            .text;
-    if (field.shown == Shown::Check)
-        return YesNo(IsChecked(page, field.control));
-    return SelectedText(page, field.control);
 }
 
 // --- messages of the pages ---
@@ -185,15 +212,6 @@ void MakePage(HWND page)
     ClipToRows(page, 0, kSchemePageBottom);
 }
 
-void MakeDisplayPage(HWND page)
-{
-    MakePage(page);
-    for (const int slider : {kWorkingBrightness, kIdleBrightness}) {
-        SendMessageW(ControlOf(page, slider), TBM_SETRANGE, FALSE, MAKELPARAM(0, std::size(kBrightnessSteps) - 1));
-        SendMessageW(ControlOf(page, slider), TBM_SETPAGESIZE, 0, 1);
-    }
-}
-
 void MakePowerOffPage(HWND page)
 {
     MakePage(page);
@@ -202,16 +220,20 @@ void MakePowerOffPage(HWND page)
     SetText(page, kScriptFolder, programTexts.binDirectory);
 }
 
+// The tooltip of a slider says where it stands.
+void ShowSteps(HWND page)
+{
+    for (const int slider : {kWorkingBrightness, kIdleBrightness})
+        SetTooltip(ControlOf(page, slider), EnteredText(page, slider, Shown::Step, kBrightnessSteps).value_or(L""));
+}
+
 // While the thumb is dragged its value stands above it.
 std::optional<LRESULT> OnSlide(HWND page, UINT message, WPARAM w, LPARAM l)
 {
     if (message != WM_HSCROLL)
         return std::nullopt;
     const HWND slider = reinterpret_cast<HWND>(l);
-    for (const SchemeField& field : kSchemeForm) {
-        if (field.shown == Shown::Step && field.control == GetDlgCtrlID(slider))
-            ShowStep(page, field);
-    }
+    ShowSteps(page);
     SetThumbTip(slider, LOWORD(w) == TB_THUMBTRACK ? TooltipOf(slider) : L"");
     return 0;
 }
@@ -227,7 +249,7 @@ constexpr Command kPowerOffCommands[] = {
     {kCpuLoadCheck, OnCpuLoadCheck},
 };
 
-constexpr WindowTables kDisplayPage = {kDisplayControls, kDisplayCommands, nullptr, MakeDisplayPage, OnSlide};
+constexpr WindowTables kDisplayPage = {kDisplayControls, kDisplayCommands, nullptr, MakePage, OnSlide};
 constexpr WindowTables kPowerOffPage = {kPowerOffControls, kPowerOffCommands, nullptr, MakePowerOffPage};
 
 } // namespace
@@ -240,35 +262,35 @@ void ClipToRows(HWND page, int top, int bottom)
 void ShowSettings(const PowerSchemeSettings& settings)
 {
     form = {settings, {}, Capabilities()};
-    for (const SchemeField& field : kSchemeForm)
-        ShowField(field, ShownSetting(field, settings.*field.slot));
-    const HWND display = PageOf(SchemePage::Display);
-    const HWND powerOff = PageOf(SchemePage::PowerOff);
+    for (const auto& [page, bindings] : kPages)
+        ShowFields(WindowOf(page), bindings, settings);
+    const HWND display = WindowOf(WindowId::SchemeDisplay);
+    const HWND powerOff = WindowOf(WindowId::SchemePowerOff);
+    ShowSteps(display);
     OnDim(display);
     PutList(powerOff, kStandbyTime, StandbyList(form.capabilities.standby, SelectedText(powerOff, kStandbyTime)));
     OnStandby(powerOff);
     SetChecked(powerOff, kSleepChoice, !IsChecked(powerOff, kShutdownChoice));
     OnPowerOffChoice(powerOff);
     OnCpuLoadCheck(powerOff);
-    std::ranges::transform(kSchemeForm, form.shown.begin(), FieldShown);
+    KeepShown();
 }
 
 PowerSchemeSettings EditedSettings()
 {
     PowerSchemeSettings settings = form.settings;
-    for (std::size_t i = 0; i < std::size(kSchemeForm); ++i) {
-        const SchemeField& field = kSchemeForm[i];
-        settings.*field.slot
-            = StoredSetting(field, FieldShown(field), {form.shown[i], std::wstring(form.settings.*field.slot)});
-    }
+    for (std::size_t i = 0; i < std::size(kPages); ++i)
+        settings = WithEntered(WindowOf(kPages[i].page), kPages[i].bindings, std::move(settings), form.shown[i]);
     return settings;
 }
 
 void EnableSettings(bool enabled)
 {
-    for (const SchemeField& field : kSchemeForm)
-        Enable(PageOf(field.page), field.control, enabled);
-    const HWND powerOff = PageOf(SchemePage::PowerOff);
+    for (const auto& [page, bindings] : kPages) {
+        for (const auto& binding : bindings)
+            Enable(WindowOf(page), binding.id, enabled);
+    }
+    const HWND powerOff = WindowOf(WindowId::SchemePowerOff);
     Enable(powerOff, kSleepChoice, enabled);
     if (enabled)
         OnCpuLoadCheck(powerOff);

@@ -1,9 +1,36 @@
 #pragma once
 
 #include "base/windows_api.h"
-#include "power/scheme_form.h"
+#include "link/records.h"
 
 namespace voltaro {
+
+// The controls that show a setting.
+enum SchemeControl : int {
+    kWorkingBrightness = 4101,
+    kIdleBrightness,
+    kDim,
+    kMonitorOff,
+    kLock,
+    kScreenSaverOff,
+    kHardDisk = 4121,
+    kSchemeLogOff,
+    kSleepChoice,
+    kShutdownChoice,
+    kStandbyTime,
+    kHibernateTime,
+    kShutdownTime,
+    kResumePassword,
+    kScript,
+    kDownloads,
+    kPrinter,
+    kCpuLoadCheck,
+    kCpuLoad,
+    kProcessorSpeed = 4141,
+    kPolicyList,
+};
+
+inline constexpr const wchar_t* kNoPolicy = L"(None)"; // the first entry of the policy list; stored as an empty name
 
 // The messages of the pages "Display Control" and "Poweroff Options".
 LRESULT CALLBACK SchemeDisplayProc(HWND window, UINT message, WPARAM w, LPARAM l);
@@ -21,7 +48,8 @@ void ClipToRows(HWND page, int top, int bottom);
 // Shows a scheme's settings in the controls of the pages and the strip.
 void ShowSettings(const PowerSchemeSettings& settings);
 
-// The settings shown last, with what the user changed since.
+// The settings shown last, with what the user changed since. What was empty is what its control shows, and so is a time
+// shown as "Disabled".
 [[nodiscard]] PowerSchemeSettings EditedSettings();
 
 // Enables or greys the controls that show a setting; the CPU load only while its condition is checked.

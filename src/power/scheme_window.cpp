@@ -18,6 +18,7 @@
 #include "power/scheme_changes.h"
 #include "power/scheme_pages.h"
 #include "power/scheme_reading.h"
+#include "power/timeouts.h"
 #include "ui/combo_box.h"
 #include "ui/commands.h"
 #include "ui/controls.h"
@@ -106,9 +107,12 @@ void ShowScheme(HWND window, const std::wstring& scheme, const PowerSchemeSettin
 void ShowCurrentScheme(HWND window)
 {
     editor.isPicked = false;
-    const bool read = !agentRecords.currentScheme.powerScheme.empty();
-    ShowScheme(window, std::wstring(agentRecords.currentScheme.powerScheme),
-        read ? agentRecords.currentScheme : InitialSettings());
+    PowerSchemeSettings settings = agentRecords.currentScheme;
+    if (settings.powerScheme.empty()) { // none was read
+        settings = {};
+        settings.logOffTime = NumberText(kLogOffChoices[kInitialLogOff].number);
+    }
+    ShowScheme(window, std::wstring(settings.powerScheme), settings);
 }
 
 // Shows the lists, and the current settings or, if they could not be read, what was on screen.

@@ -144,11 +144,11 @@ UniqueBitmap RenderList(HWND list)
 // The whole page without the note, for the clipboard.
 void DrawWithList(HDC dc, void* page)
 {
-    DrawGraph(dc, shownDay->graph);
+    if (shownDay)
+        DrawGraph(dc, shownDay->graph);
     DrawListFrame(dc);
     const UniqueBitmap list = RenderList(ControlOf(static_cast<HWND>(page), kDurations));
-    const UniqueMemoryDc source(CreateCompatibleDC(dc));
-    const SelectGuard selected(source.Get(), list.Get());
+    const MemoryDc source(dc, list.Get());
     BitBlt(dc, kControls[0].x, kControls[0].y, kControls[0].width, kControls[0].height, source.Get(), 0, 0, SRCCOPY);
 }
 

@@ -2,11 +2,12 @@
 
 #include "savings/monitor_table.h"
 #include "savings/profile_record.h"
+#include "ui/binding.h"
 #include "ui/boxes.h"
 #include "ui/combo_box.h"
 #include "ui/controls.h"
 
-#include <iterator>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,15 +15,27 @@
 namespace voltaro {
 namespace {
 
-// In the order of kWattSlots; the first two are the monitor's.
-constexpr int kWattFields[] = {kMonitorOn, kMonitorOff, kCpuMax, kCpuIdle, kCpuStandby, kCpuOff};
+// The choice of monitor is not in it: radios and the list of types share one text.
+// clang-format off
+constexpr Binding<PowerConsumptionData> kBindings[] = {
+    {kMonitorOn,  Shown::Text, &PowerConsumptionData::monitorOnPower},
+    {kMonitorOff, Shown::Text, &PowerConsumptionData::monitorOffPower},
+    {kCpuMax,     Shown::Text, &PowerConsumptionData::cpuMaxPower},
+    {kCpuIdle,    Shown::Text, &PowerConsumptionData::cpuIdlePower},
+    {kCpuStandby, Shown::Text, &PowerConsumptionData::cpuStandbyPower},
+    {kCpuOff,     Shown::Text, &PowerConsumptionData::cpuOffPower},
+    {kSize,       Shown::Name, &PowerConsumptionData::monitorSize},
+};
+// clang-format on
+constexpr auto kWattBindings = std::span(kBindings).first<6>();
+
 constexpr int kMonitorFields[] = {kType, kSize, kMonitorOn, kMonitorOff};
 constexpr int kOtherFields[] = {kInbuilt, kBranded, kOthers, kCpuMax, kCpuIdle, kCpuStandby, kCpuOff};
-static_assert(std::size(kWattFields) == std::size(kWattSlots));
 
 constexpr Box kRefusedWatts = {kWattRefusalCaption.data(), L""};
 
 ProfileEntry entry;               // in the fields
+ShownTexts shownTexts;            // how they show the agent's record
 PowerConsumptionData shownFields; // as they were filled
 
 MonitorKind ChosenKind(HWND window)
@@ -51,11 +64,10 @@ void FillSizes(HWND window)
     FillCombo(window, kSize, sizes);
 }
 
-void ChooseMonitor(HWND window, std::wstring_view type, std::wstring_view size)
+void ChooseType(HWND window, std::wstring_view type)
 {
     SelectExact(window, kType, type);
     FillSizes(window);
-    SelectExact(window, kSize, size);
 }
 
 void ShowMonitorWatts(HWND window, std::wstring_view on, std::wstring_view off)
@@ -66,29 +78,24 @@ void ShowMonitorWatts(HWND window, std::wstring_view on, std::wstring_view off)
 
 PowerConsumptionData FieldsShown(HWND window)
 {
-    PowerConsumptionData shown = WithMonitor(entry.read);
+    PowerConsumptionData fields = WithEntered(window, kBindings, WithMonitor(entry.read), shownTexts);
     const MonitorKind kind = ChosenKind(window);
-    if (!HasTypeAndSize(kind)) {
-        shown.monitorType = kind == MonitorKind::Inbuilt ? kInbuiltMonitor : kBrandedMonitor;
-        shown.monitorSize.Clear();
+    if (HasTypeAndSize(kind)) {
+        fields.monitorType = SelectedText(window, kType);
     } else {
-        shown.monitorType = SelectedText(window, kType);
-        if (SelectedIndex(window, kSize) >= 0)
-            shown.monitorSize = SelectedText(window, kSize);
+        fields.monitorType = kind == MonitorKind::Inbuilt ? kInbuiltMonitor : kBrandedMonitor;
+        fields.monitorSize.Clear();
     }
-    for (std::size_t i = 0; i < std::size(kWattFields); ++i)
-        shown.*kWattSlots[i] = TextOf(window, kWattFields[i]);
-    return shown;
+    return fields;
 }
 
 // Tells of the first field that is no power, and empties it. What was read and not touched goes back as it is.
 bool AreWattsRefused(HWND window)
 {
-    for (std::size_t i = 0; i < std::size(kWattFields); ++i) {
-        const int id = kWattFields[i];
-        const std::wstring text = TextOf(window, id);
-        const WattCheck check = CheckWatts(text);
-        if (check == WattCheck::Accepted || (!entry.manual && entry.read.*kWattSlots[i] == text))
+    const PowerConsumptionData fields = FieldsShown(window);
+    for (const auto& [id, shown, slot, choices] : kWattBindings) {
+        const WattCheck check = CheckWatts(fields.*slot);
+        if (check == WattCheck::Accepted || (!entry.manual && entry.read.*slot == fields.*slot))
             continue;
         ShowMessage(window, kRefusedWatts, std::wstring(WattRefusal(check)));
         SetText(window, id, L"");
@@ -103,8 +110,6 @@ bool AreWattsRefused(HWND window)
 void PrepareProfileFields(HWND window)
 {
     FillCombo(window, kType, std::vector<std::wstring>(std::begin(kMonitorTypes), std::end(kMonitorTypes)));
-    for (const int id : kWattFields)
-        LimitText(window, id, FieldText::kEditLimit);
 }
 
 void ShowEntry(HWND window, const ProfileEntry& shown)
@@ -116,9 +121,9 @@ void ShowEntry(HWND window, const ProfileEntry& shown)
     SetChecked(window, kBranded, kind == MonitorKind::Branded);
     SetChecked(window, kOthers, HasTypeAndSize(kind));
     const std::wstring_view type = kMonitorTypes[kind == MonitorKind::Crt ? 0 : kind == MonitorKind::Led ? 2 : 1];
-    ChooseMonitor(window, HasTypeAndSize(kind) ? type : L"", record.monitorSize);
-    for (std::size_t i = 0; i < std::size(kWattFields); ++i)
-        SetText(window, kWattFields[i], record.*kWattSlots[i]);
+    ChooseType(window, HasTypeAndSize(kind) ? type : L"");
+    ShowFields(window, kBindings, record);
+    shownTexts = EnteredTexts(window, kBindings);
     if (!HasTypeAndSize(kind)) // its fields are grey, so whatever the record holds must not be refused there
         ShowMonitorWatts(window, kNoWatts, kNoWatts);
     EnableFields(window);
@@ -159,8 +164,10 @@ void OnKindWithSize(HWND window)
 {
     if (IsWindowEnabled(ControlOf(window, kType)))
         return; // chosen before: the user's own figures stay
-    if (SelectedIndex(window, kType) < 0)
-        ChooseMonitor(window, kDefaultMonitor.type, kDefaultMonitor.size);
+    if (SelectedIndex(window, kType) < 0) {
+        ChooseType(window, kDefaultMonitor.type);
+        SelectExact(window, kSize, kDefaultMonitor.size);
+    }
     OnMonitorType(window);
     EnableFields(window);
 }

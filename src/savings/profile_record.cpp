@@ -13,6 +13,10 @@ constexpr int kWattDecimals = 2;
 constexpr FieldText PowerConsumptionData::*kMonitorSlots[] = {&PowerConsumptionData::monitorType,
     &PowerConsumptionData::monitorSize, &PowerConsumptionData::monitorOnPower, &PowerConsumptionData::monitorOffPower};
 
+constexpr FieldText PowerConsumptionData::*kWattSlots[] = {&PowerConsumptionData::monitorOnPower,
+    &PowerConsumptionData::monitorOffPower, &PowerConsumptionData::cpuMaxPower, &PowerConsumptionData::cpuIdlePower,
+    &PowerConsumptionData::cpuStandbyPower, &PowerConsumptionData::cpuOffPower};
+
 struct ProfileRow {
     const wchar_t* label;
     FieldText PowerConsumptionData::*slot;

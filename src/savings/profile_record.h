@@ -6,16 +6,6 @@
 
 namespace voltaro {
 
-// The six powers of the record, in the order of the profile window's fields.
-inline constexpr FieldText PowerConsumptionData::*kWattSlots[] = {
-    &PowerConsumptionData::monitorOnPower,
-    &PowerConsumptionData::monitorOffPower,
-    &PowerConsumptionData::cpuMaxPower,
-    &PowerConsumptionData::cpuIdlePower,
-    &PowerConsumptionData::cpuStandbyPower,
-    &PowerConsumptionData::cpuOffPower,
-};
-
 // The record, with the default monitor where it names none, as that of a fresh machine.
 [[nodiscard]] PowerConsumptionData WithMonitor(PowerConsumptionData record);
 

@@ -41,13 +41,13 @@ constexpr Control kControls[] = {
 };
 
 constexpr Binding<HostSettings> kBindings[] = {
-    {kLocalHost,       Form::YesNo,   &HostSettings::localhost},
-    {kManager1,        Form::YesNo,   &HostSettings::remoteManager1Enable},
-    {kManager1Address, Form::Address, &HostSettings::remoteManager1},
-    {kManager2,        Form::YesNo,   &HostSettings::remoteManager2Enable},
-    {kManager2Address, Form::Address, &HostSettings::remoteManager2},
-    {kTcpPort,         Form::Text,    &HostSettings::tcpPort},
-    {kUdpPort,         Form::Text,    &HostSettings::udpPort},
+    {kLocalHost,       Shown::YesNo,   &HostSettings::localhost},
+    {kManager1,        Shown::YesNo,   &HostSettings::remoteManager1Enable},
+    {kManager1Address, Shown::Address, &HostSettings::remoteManager1},
+    {kManager2,        Shown::YesNo,   &HostSettings::remoteManager2Enable},
+    {kManager2Address, Shown::Address, &HostSettings::remoteManager2},
+    {kTcpPort,         Shown::Text,    &HostSettings::tcpPort},
+    {kUdpPort,         Shown::Text,    &HostSettings::udpPort},
 };
 // clang-format on
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, 334, 161));

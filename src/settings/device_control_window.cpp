@@ -42,14 +42,14 @@ constexpr Control kControls[] = {
 };
 
 constexpr Binding<DeviceSettings> kBindings[] = {
-    {kUsbStorage,   Form::Feature, &DeviceSettings::usbStorage},
-    {kCdDvdRom,     Form::Feature, &DeviceSettings::cdDvdRom},
-    {kWebCam,       Form::Feature, &DeviceSettings::webCam},
-    {kBlueTooth,    Form::Feature, &DeviceSettings::blueTooth},
-    {kWifi,         Form::Feature, &DeviceSettings::wifi},
-    {kWakeOnLan,    Form::Feature, &DeviceSettings::wakeOnLan},
-    {kRegistryEdit, Form::Feature, &DeviceSettings::registryEdit},
-    {kFireWall,     Form::Feature, &DeviceSettings::fireWall},
+    {kUsbStorage,   Shown::Feature, &DeviceSettings::usbStorage},
+    {kCdDvdRom,     Shown::Feature, &DeviceSettings::cdDvdRom},
+    {kWebCam,       Shown::Feature, &DeviceSettings::webCam},
+    {kBlueTooth,    Shown::Feature, &DeviceSettings::blueTooth},
+    {kWifi,         Shown::Feature, &DeviceSettings::wifi},
+    {kWakeOnLan,    Shown::Feature, &DeviceSettings::wakeOnLan},
+    {kRegistryEdit, Shown::Feature, &DeviceSettings::registryEdit},
+    {kFireWall,     Shown::Feature, &DeviceSettings::fireWall},
 };
 // clang-format on
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, 394, 461));

@@ -42,13 +42,13 @@ constexpr Control kControls[] = {
 };
 
 constexpr Binding<ProxySettings> kBindings[] = {
-    {kUseProxy,          Form::YesNo, &ProxySettings::useProxy},
-    {kServer,            Form::Text,  &ProxySettings::server},
-    {kPort,              Form::Text,  &ProxySettings::port},
-    {kUseAuthentication, Form::YesNo, &ProxySettings::useAuthentication},
-    {kUserName,          Form::Text,  &ProxySettings::userName},
-    {kPassword,          Form::Text,  &ProxySettings::password},
-    {kSavePassword,      Form::YesNo, &ProxySettings::savePassword},
+    {kUseProxy,          Shown::YesNo, &ProxySettings::useProxy},
+    {kServer,            Shown::Text,  &ProxySettings::server},
+    {kPort,              Shown::Text,  &ProxySettings::port},
+    {kUseAuthentication, Shown::YesNo, &ProxySettings::useAuthentication},
+    {kUserName,          Shown::Text,  &ProxySettings::userName},
+    {kPassword,          Shown::Text,  &ProxySettings::password},
+    {kSavePassword,      Shown::YesNo, &ProxySettings::savePassword},
 };
 // clang-format on
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, 394, 406));

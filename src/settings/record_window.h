@@ -1,39 +1,19 @@
 #pragma once
 
-#include "base/choices.h"
 #include "console/agent.h"
 #include "console/change.h"
 #include "console/window_tables.h"
+#include "ui/binding.h"
 #include "ui/boxes.h"
 
-#include <cstdint>
 #include <optional>
 #include <span>
 #include <type_traits>
-#include <vector>
 
 namespace voltaro {
 
 // The mechanics of a window that edits one record of the agent: read it, show it by its bindings, check what the user
-// made of it, check the license, send it, report, read it again. A window gives its tables. What the user does not
-// change goes back exactly as it was read, also where its control cannot show it.
-
-// How a control stands for a field of the record.
-enum class Form : std::uint8_t {
-    Text,    // an edit
-    YesNo,   // a check box; anything but "Yes" shows as clear
-    Address, // an IP address control; blank for a text that is no address, "0.0.0.0" when the user blanks it
-    List,    // a list of times; a number that it does not have shows as the next longer one
-    Feature, // a check box for "YES", grey for "NA"
-};
-
-template <class Record>
-struct Binding {
-    int id;
-    Form form;
-    FieldText Record::*slot;
-    Choices choices = {}; // of a list
-};
+// made of it, check the license, send it, report, read it again. A window gives its tables.
 
 // What a refused input shows; the edit is then emptied and gets the focus.
 struct RefusedField {
@@ -60,27 +40,12 @@ struct RecordForm {
 };
 
 // The steps that no record's type matters for.
-void ShowField(HWND window, int id, Form form, Choices choices, const FieldText& value);
-// What a control holds, as the text of its field; nothing where it holds none: a grey feature, an address of less than
-// four numbers.
-[[nodiscard]] std::optional<FieldText> EnteredText(HWND window, int id, Form form, Choices choices);
 void RefuseField(HWND window, const RefusedField& refusal);
 // The license check, the request, with the window's controls disabled meanwhile, and its box when it failed. True when
 // the agent has taken the change.
 [[nodiscard]] bool ChangeRecord(HWND window, const Request& request, const Box& failed);
 
-// What the controls of a form hold, in the order of the bindings.
-using ShownTexts = std::vector<std::optional<FieldText>>;
-template <const auto* form>
-[[nodiscard]] ShownTexts EnteredTexts(HWND window)
-{
-    ShownTexts texts;
-    for (const auto& binding : form->bindings)
-        texts.push_back(EnteredText(window, binding.id, binding.form, binding.choices));
-    return texts;
-}
-
-// What they held when the record was shown last; empty before the first one.
+// What the controls held when the record was shown last; empty before the first one.
 template <const auto* form>
 inline ShownTexts shownTexts;
 
@@ -88,10 +53,9 @@ inline ShownTexts shownTexts;
 template <const auto* form>
 void ShowRecord(HWND window)
 {
-    for (const auto& binding : form->bindings)
-        ShowField(window, binding.id, binding.form, binding.choices, (*form->record).*binding.slot);
+    ShowFields(window, form->bindings, *form->record);
     form->enable(window);
-    shownTexts<form> = EnteredTexts<form>(window);
+    shownTexts<form> = EnteredTexts(window, form->bindings);
 }
 
 // Reads the record and shows it. Without a record in the answer the controls stay as they are and cannot be sent; false
@@ -121,8 +85,8 @@ void RefreshRecord(HWND window)
 template <const auto* form>
 void RefreshRecordByKey(HWND window)
 {
-    const bool edited
-        = IsWindowEnabled(ControlOf(window, form->applyButton)) && shownTexts<form> != EnteredTexts<form>(window);
+    const bool edited = IsWindowEnabled(ControlOf(window, form->applyButton))
+        && shownTexts<form> != EnteredTexts(window, form->bindings);
     if (!edited || AskQuestion(window, kDiscardChanges))
         RefreshRecord<form>(window);
 }
@@ -140,27 +104,13 @@ void OpenRecord(HWND window)
     ShowAndActivate(window);
 }
 
-// The record with what the user has changed since it was shown.
-template <const auto* form>
-[[nodiscard]] auto EditedRecord(HWND window)
-{
-    auto edited = *form->record;
-    for (std::size_t i = 0; i < form->bindings.size(); ++i) {
-        const auto& binding = form->bindings[i];
-        const auto entered = EnteredText(window, binding.id, binding.form, binding.choices);
-        if (entered && entered != shownTexts<form>[i])
-            edited.*binding.slot = *entered;
-    }
-    return edited;
-}
-
 // "Change".
 template <const auto* form>
 void ApplyRecord(HWND window)
 {
     if (!IsWindowEnabled(ControlOf(window, form->applyButton)))
         return;
-    auto edited = EditedRecord<form>(window);
+    auto edited = WithEntered(window, form->bindings, *form->record, shownTexts<form>);
     if (const std::size_t refusal = form->complete(edited, *form->record))
         return RefuseField(window, form->refusals[refusal - 1]);
     if (!ChangeRecord(window, WithRecord(form->apply, edited), form->failed))

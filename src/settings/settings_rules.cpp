@@ -5,10 +5,6 @@
 namespace voltaro {
 namespace {
 
-constexpr const wchar_t* kNotControllable = L"NA";
-constexpr const wchar_t* kDisabled = L"YES";
-constexpr const wchar_t* kEnabled = L"NO";
-
 // What is sent while an alert is off.
 constexpr const wchar_t* kIdleMinutesOff = L"5";
 constexpr const wchar_t* kSchedulerMinutesOff = L"10";
@@ -65,47 +61,6 @@ std::size_t CompleteSnoozeSettings(SnoozeSettings& edited, const SnoozeSettings&
         edited.snoozeMinutes = kSnoozeMinutesOff;
     }
     return kNoFault;
-}
-
-bool IsControllable(std::wstring_view feature)
-{
-    return !EqualsIgnoreCase(feature, kNotControllable);
-}
-
-bool IsFeatureDisabled(std::wstring_view feature)
-{
-    return EqualsIgnoreCase(feature, kDisabled);
-}
-
-const wchar_t* FeatureText(bool disabled)
-{
-    return disabled ? kDisabled : kEnabled;
-}
-
-std::optional<std::uint32_t> AddressOf(std::wstring_view dotted)
-{
-    constexpr int kParts = 4;
-    std::uint32_t address = 0;
-    for (int part = 0; part < kParts; ++part) {
-        const std::size_t digits = std::min(dotted.find_first_not_of(L"0123456789"), dotted.size());
-        const std::int32_t number = LeadingNumber(dotted.substr(0, digits));
-        if (digits == 0 || number > 255)
-            return std::nullopt;
-        address = address << 8 | static_cast<std::uint32_t>(number);
-        dotted.remove_prefix(digits);
-        if (part == kParts - 1)
-            break;
-        if (!dotted.starts_with(L'.'))
-            return std::nullopt;
-        dotted.remove_prefix(1);
-    }
-    return dotted.empty() ? std::optional(address) : std::nullopt;
-}
-
-FieldText DottedAddress(std::uint32_t address)
-{
-    const auto byte = [address](int shift) { return static_cast<int>(address >> shift & 0xFF); };
-    return FieldText(Format(L"%d.%d.%d.%d", byte(24), byte(16), byte(8), byte(0)));
 }
 
 } // namespace voltaro

@@ -1,13 +1,9 @@
 #pragma once
 
 #include "base/choices.h"
-#include "base/text.h"
 #include "link/records.h"
 
 #include <cstddef>
-#include <cstdint>
-#include <optional>
-#include <string_view>
 
 namespace voltaro {
 
@@ -34,14 +30,5 @@ inline constexpr Choice kSnoozeDurations[]
 
 // With an alert off, its times are the fixed ones that the agent expects then, whatever the lists show. Never a fault.
 [[nodiscard]] std::size_t CompleteSnoozeSettings(SnoozeSettings& edited, const SnoozeSettings& asRead);
-
-// The values of a feature; letter case does not count when they are read.
-[[nodiscard]] bool IsControllable(std::wstring_view feature);
-[[nodiscard]] bool IsFeatureDisabled(std::wstring_view feature);
-[[nodiscard]] const wchar_t* FeatureText(bool disabled);
-
-// A dotted IPv4 address as its four bytes, the first one highest; nothing for any other text.
-[[nodiscard]] std::optional<std::uint32_t> AddressOf(std::wstring_view dotted);
-[[nodiscard]] FieldText DottedAddress(std::uint32_t address);
 
 } // namespace voltaro

@@ -4,7 +4,6 @@
 #include "console/windows.h"
 #include "settings/record_window.h"
 #include "settings/settings_rules.h"
-#include "ui/combo_box.h"
 
 namespace voltaro {
 namespace {
@@ -35,11 +34,11 @@ constexpr Control kControls[] = {
 };
 
 constexpr Binding<SnoozeSettings> kBindings[] = {
-    {kIdleAlert,        Form::YesNo,  &SnoozeSettings::idleAlert},
-    {kSchedulerAlert,   Form::YesNo,  &SnoozeSettings::schedulerAlert},
-    {kIdleMinutes,      Form::List,  &SnoozeSettings::idleAlertMinutes, kNotificationTimes},
-    {kSchedulerMinutes, Form::List,  &SnoozeSettings::schedulerAlertMinutes, kSnoozeAlertTimes},
-    {kSnoozeMinutes,    Form::List,  &SnoozeSettings::snoozeMinutes, kSnoozeDurations},
+    {kIdleAlert,        Shown::YesNo,  &SnoozeSettings::idleAlert},
+    {kSchedulerAlert,   Shown::YesNo,  &SnoozeSettings::schedulerAlert},
+    {kIdleMinutes,      Shown::List,  &SnoozeSettings::idleAlertMinutes, kNotificationTimes},
+    {kSchedulerMinutes, Shown::List,  &SnoozeSettings::schedulerAlertMinutes, kSnoozeAlertTimes},
+    {kSnoozeMinutes,    Shown::List,  &SnoozeSettings::snoozeMinutes, kSnoozeDurations},
 };
 // clang-format on
 static_assert(IdsAreUnique(kControls) && FitInside(kControls, 474, 441));
@@ -78,10 +77,7 @@ constexpr Command kCommands[] = {
 
 void FillLists(HWND window)
 {
-    for (const Binding<SnoozeSettings>& binding : kBindings) {
-        if (binding.form == Form::List)
-            FillChoices(window, binding.id, binding.choices, 0);
-    }
+    ShowFields(window, kBindings, SnoozeSettings());
     EnableLists(window);
 }
 

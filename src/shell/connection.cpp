@@ -88,6 +88,7 @@ void LoadSavingsTotal()
         return;
     const std::span<const Element> values = DetailsOrResponseFields(*reply.Root());
     std::vector<std::vector<std::wstring>> rows;
+    rows.reserve(std::size(kSavingsRows));
     for (std::size_t i = 0; i < std::size(kSavingsRows); ++i)
         rows.push_back({kSavingsRows[i], std::wstring(TextAt(values, i))});
     FillList(ControlOf(Main(), kSavingsList), rows);

@@ -1,6 +1,7 @@
 // The main window: the console's home. Opened at start-up; every other window is opened from its commands.
 #include "shell/main_window.h"
 
+#include "base/com_apartment.h"
 #include "base/text.h"
 #include "console/agent_records.h"
 #include "console/agent_state.h"
@@ -279,7 +280,7 @@ void OnHelp(HWND)
 
 void OnWebSite(HWND window)
 {
-    // In the apartment that this thread has entered to name its controls.
+    EnterComApartment(); // for the shell's extensions
     ShellExecuteW(window, L"open", Format(L"http://%ls", kWebSiteHost).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
 }
 

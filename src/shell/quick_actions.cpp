@@ -1,6 +1,7 @@
 #include "shell/quick_actions.h"
 
 #include "base/platform_calls.h"
+#include "base/system_procedure.h"
 #include "base/text.h"
 #include "console/agent.h"
 #include "shell/main_commands.h"
@@ -87,10 +88,7 @@ static_assert(CoversQuickActions(kActions, [](const QuickAction& action) { retur
 
 void LockWithSystem()
 {
-    const HMODULE user = GetModuleHandleW(L"user32.dll");
-    const auto lock = reinterpret_cast<BOOL(WINAPI*)()>(
-        reinterpret_cast<void*>(user ? GetProcAddress(user, "LockWorkStation") : nullptr));
-    if (lock)
+    if (const auto lock = SystemProcedure<decltype(::LockWorkStation)>(L"user32.dll", "LockWorkStation"))
         lock();
 }
 

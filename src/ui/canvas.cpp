@@ -1,7 +1,9 @@
 #include "ui/canvas.h"
 
+#include "base/system_procedure.h"
 #include "ui/theme.h"
 #include "ui/visual_style.h"
+#include "ui/window_class.h"
 
 #include <algorithm>
 
@@ -33,6 +35,13 @@ void ExcludeChildren(HWND window, HDC screen, const RECT& painted)
     }
 }
 
+HBITMAP BitmapForClient(HWND window, HDC screen)
+{
+    RECT client;
+    GetClientRect(window, &client);
+    return CreateCompatibleBitmap(screen, std::max(client.right, 1L), std::max(client.bottom, 1L));
+}
+
 // Copies a bitmap resource into a memory context and lets `copy` bring it to its place.
 template <class Copy>
 void WithBitmap(HDC dc, int resource, Copy copy)
@@ -41,8 +50,7 @@ void WithBitmap(HDC dc, int resource, Copy copy)
     BITMAP facts;
     if (bitmap == nullptr || GetObjectW(bitmap, sizeof facts, &facts) == 0)
         return;
-    const UniqueMemoryDc source(CreateCompatibleDC(dc));
-    const SelectGuard selected(source.Get(), bitmap);
+    const MemoryDc source(dc, bitmap);
     copy(source.Get(), facts.bmWidth, facts.bmHeight);
 }
 
@@ -51,20 +59,16 @@ void WithBitmap(HDC dc, int resource, Copy copy)
 Canvas::Canvas(HWND window)
     : m_window(window)
     , m_screen(BeginPaint(window, &m_paint))
-    , m_memory(CreateCompatibleDC(m_screen))
+    , m_bitmap(BitmapForClient(window, m_screen))
+    , m_memory(m_screen, m_bitmap.Get())
 {
-    RECT client;
-    GetClientRect(window, &client);
-    m_bitmap.Reset(CreateCompatibleBitmap(m_screen, std::max(client.right, 1L), std::max(client.bottom, 1L)));
-    m_oldBitmap = SelectObject(m_memory, m_bitmap.Get());
-    FillRect(m_memory, &client, GroundBrush(window));
+    FillWithGround(window, Dc());
 }
 
 Canvas::Canvas(HWND window, HBITMAP picture)
     : m_window(window)
     , m_screen(BeginPaint(window, &m_paint))
-    , m_memory(CreateCompatibleDC(m_screen))
-    , m_oldBitmap(SelectObject(m_memory, picture))
+    , m_memory(m_screen, picture)
 {
 }
 
@@ -72,19 +76,16 @@ Canvas::~Canvas()
 {
     const RECT& part = m_paint.rcPaint;
     ExcludeChildren(m_window, m_screen, part);
-    BitBlt(m_screen, part.left, part.top, part.right - part.left, part.bottom - part.top, m_memory, part.left, part.top,
+    BitBlt(m_screen, part.left, part.top, part.right - part.left, part.bottom - part.top, Dc(), part.left, part.top,
         SRCCOPY);
-    SelectObject(m_memory, m_oldBitmap);
-    DeleteDC(m_memory);
     EndPaint(m_window, &m_paint);
 }
 
 UniqueBitmap RenderBitmap(int width, int height, void (*draw)(HDC dc, void* context), void* context, HWND window)
 {
     const WindowDc screen(window);
-    const UniqueMemoryDc memory(CreateCompatibleDC(screen.Get()));
     UniqueBitmap bitmap(CreateCompatibleBitmap(screen.Get(), width, height));
-    const SelectGuard selected(memory.Get(), bitmap.Get());
+    const MemoryDc memory(screen.Get(), bitmap.Get());
     const RECT whole{0, 0, width, height};
     FillRect(memory.Get(), &whole, GroundBrush(window));
     draw(memory.Get(), context);
@@ -102,8 +103,7 @@ void DrawBitmap(HDC dc, int resource, int x, int y, int width, int height)
 
 void DrawTransparentBitmap(HDC dc, int resource, int x, int y, int width, int height)
 {
-    static const auto copy = reinterpret_cast<decltype(::TransparentBlt)*>(
-        reinterpret_cast<void*>(SystemProcedure(L"msimg32.dll", "TransparentBlt")));
+    static const auto copy = SystemProcedure<decltype(::TransparentBlt)>(L"msimg32.dll", "TransparentBlt");
     if (copy == nullptr || HasHighContrast())
         return DrawBitmap(dc, resource, x, y, width, height);
     WithBitmap(dc, resource, [=](HDC source, int sourceWidth, int sourceHeight) {

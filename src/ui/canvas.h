@@ -6,13 +6,6 @@
 
 namespace voltaro {
 
-struct MemoryDcTraits {
-    using Handle = HDC;
-    static Handle Invalid() { return nullptr; }
-    static void Close(Handle handle) { DeleteDC(handle); }
-};
-using UniqueMemoryDc = Unique<MemoryDcTraits>;
-
 // The device context of a window, or of the screen without one.
 class WindowDc {
 public:
@@ -48,6 +41,28 @@ private:
     HGDIOBJ m_old;
 };
 
+// A memory context like another one, that paints on a bitmap or is copied from it. The caller keeps the bitmap.
+class MemoryDc {
+public:
+    MemoryDc(HDC like, HBITMAP bitmap)
+        : m_dc(CreateCompatibleDC(like))
+        , m_old(SelectObject(m_dc, bitmap))
+    {
+    }
+    ~MemoryDc()
+    {
+        SelectObject(m_dc, m_old);
+        DeleteDC(m_dc);
+    }
+    MemoryDc(const MemoryDc&) = delete;
+    MemoryDc& operator=(const MemoryDc&) = delete;
+    [[nodiscard]] HDC Get() const { return m_dc; }
+
+private:
+    HDC m_dc;
+    HGDIOBJ m_old;
+};
+
 // Between BeginPaint and EndPaint of a window: Dc() is a memory bitmap filled with the window's ground; the destructor
 // copies it to the window once, around the child controls (but group boxes, which let their parent shine through), so
 // that nothing flickers. A window that paints with it answers WM_ERASEBKGND with 1.
@@ -60,15 +75,14 @@ public:
     ~Canvas();
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
-    [[nodiscard]] HDC Dc() const { return m_memory; }
+    [[nodiscard]] HDC Dc() const { return m_memory.Get(); }
 
 private:
     HWND m_window;
     PAINTSTRUCT m_paint{};
     HDC m_screen;
-    HDC m_memory;
     UniqueBitmap m_bitmap;
-    HGDIOBJ m_oldBitmap;
+    MemoryDc m_memory;
 };
 
 // A memory bitmap of the given size with the ground of a window, on which `draw` paints: for copying a picture and for

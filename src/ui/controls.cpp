@@ -1,5 +1,6 @@
 #include "ui/controls.h"
 
+#include "base/com_apartment.h"
 #include "ui/list_view.h"
 #include "ui/secret_text.h"
 #include "ui/theme.h"
@@ -133,12 +134,11 @@ void Furnish(HWND control, Kind kind)
 }
 
 // A button is read out by its text, not by the label before it: one whose text says nothing is given its name. The
-// thread stays in its apartment, which holds what was set.
+// thread's apartment holds it.
 void NameForScreenReader(HWND control, const wchar_t* name)
 {
-    static const bool entered = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
     IAccPropServices* services = nullptr;
-    if (!entered
+    if (!EnterComApartment()
         || FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
             reinterpret_cast<void**>(&services))))
         return;
@@ -245,6 +245,8 @@ bool CreateControls(HWND window, std::span<const Control> rows, HFONT font)
         if (!made)
             return false;
         Furnish(made, row.kind);
+        if (row.kind >= Kind::Edit && row.kind <= Kind::PasswordEdit)
+            LimitText(window, row.id, FieldText::kEditLimit);
         if (row.name != nullptr && (IsPush(row) || row.kind == Kind::TabStopGroupBox))
             NameForScreenReader(made, row.name);
         before = &row;

@@ -105,7 +105,8 @@ void Enable(HWND window, int id, bool enabled);
 void Enable(HWND window, std::span<const int> ids, bool enabled);
 void Show(HWND window, int id, bool visible);
 void Show(HWND window, std::span<const int> ids, bool visible);
-// Longest text that an edit takes from the user, in UTF-16 units.
+// Longest text that an edit takes from the user, in UTF-16 units; FieldText::kEditLimit unless set here. A text that
+// the program sets is shown whole.
 void LimitText(HWND window, int id, std::size_t units);
 // Gives a control the focus without choosing it: Windows takes the focus on a radio for a click when none of its group
 // is chosen.

@@ -158,8 +158,9 @@ bool OnKey(HWND list, WPARAM key)
     return true;
 }
 
-// The procedure of all list views, called for what the habits leave. A subclass of the common controls would do too,
-// but looks its data up at every message: where that is slow, filling a list would take many times as long.
+// The procedure of all list views, for what the one below leaves. SetWindowSubclass would do too, but looks its data up
+// at every message: filling 500 rows of two columns then takes 60 ms instead of 19 (medians of nine runs under Wine, of
+// 15 rounds in turn each).
 WNDPROC listProcedure = nullptr;
 
 LRESULT CALLBACK ListSubclassProc(HWND list, UINT message, WPARAM w, LPARAM l)
@@ -285,12 +286,11 @@ std::wstring ListText(HWND list, bool selectedOnly)
 
 void AddListSubclass(HWND list)
 {
-    const DWORD habits = LVS_EX_INFOTIP | LVS_EX_LABELTIP;
-    ListView_SetExtendedListViewStyleEx(list, habits, habits);
-    const auto habitual = reinterpret_cast<LONG_PTR>(&ListSubclassProc);
-    if (GetWindowLongPtrW(list, GWLP_WNDPROC) == habitual)
-        return;
-    listProcedure = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(list, GWLP_WNDPROC, habitual));
+    constexpr DWORD kTips = LVS_EX_INFOTIP | LVS_EX_LABELTIP;
+    ListView_SetExtendedListViewStyleEx(list, kTips, kTips);
+    const auto own = reinterpret_cast<LONG_PTR>(&ListSubclassProc);
+    if (GetWindowLongPtrW(list, GWLP_WNDPROC) != own)
+        listProcedure = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(list, GWLP_WNDPROC, own));
 }
 
 } // namespace voltaro

@@ -2,6 +2,7 @@
 
 #include "base/handles.h"
 #include "base/platform_calls.h"
+#include "base/system_procedure.h"
 #include "ui/visual_style.h"
 #include "ui/window_class.h"
 
@@ -25,8 +26,7 @@ typename Guard::Handle Cached(std::map<Key, Guard>& cache, const Key& key, Make 
 int TrayIconSize()
 {
     using Set = DPI_AWARENESS_CONTEXT WINAPI(DPI_AWARENESS_CONTEXT);
-    static const auto set = reinterpret_cast<Set*>(
-        reinterpret_cast<void*>(SystemProcedure(L"user32.dll", "SetThreadDpiAwarenessContext")));
+    static const auto set = SystemProcedure<Set>(L"user32.dll", "SetThreadDpiAwarenessContext");
     if (set == nullptr)
         return GetSystemMetrics(SM_CXSMICON);
     const DPI_AWARENESS_CONTEXT own = set(DPI_AWARENESS_CONTEXT_SYSTEM_AWARE);

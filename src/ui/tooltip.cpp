@@ -124,7 +124,7 @@ void SetTooltip(HWND control, std::wstring_view text)
     if (!SetPropW(control, kTipProperty, made.get()))
         return;
     Send(control, *made, TTM_ADDTOOLW);
-    static_cast<void>(made.release()); // freed by Drop
+    [[maybe_unused]] const Tip* kept = made.release(); // freed by Drop
 }
 
 void SetThumbTip(HWND slider, std::wstring_view text)

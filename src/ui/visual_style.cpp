@@ -1,5 +1,6 @@
 #include "ui/visual_style.h"
 
+#include "base/system_procedure.h"
 #include "ui/canvas.h"
 #include "ui/theme.h"
 
@@ -14,27 +15,27 @@ namespace {
 
 constexpr int kSample = 64; // pixels; large enough that its middle lies inside the frame
 
-// Both types of a procedure are pointers to functions; there is no other way from one to the other.
 template <class Procedure>
 Procedure* ThemeProcedure(const char* name)
 {
-    return reinterpret_cast<Procedure*>(reinterpret_cast<void*>(SystemProcedure(L"uxtheme.dll", name)));
+    return SystemProcedure<Procedure>(L"uxtheme.dll", name);
 }
 
 COLORREF MiddleOf(HTHEME theme)
 {
-    static const auto draw = ThemeProcedure<decltype(::DrawThemeBackground)>("DrawThemeBackground");
-    COLORREF colour = GetSysColor(COLOR_3DFACE);
-    const UniqueMemoryDc memory(CreateCompatibleDC(nullptr));
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof info.bmiHeader, kSample, kSample, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    const UniqueBitmap bitmap(CreateDIBSection(memory.Get(), &info, DIB_RGB_COLORS, nullptr, nullptr, 0));
-    const SelectGuard selected(memory.Get(), bitmap.Get());
-    const RECT whole{0, 0, kSample, kSample};
-    FillRect(memory.Get(), &whole, FaceBrush());
-    if (draw != nullptr && SUCCEEDED(draw(theme, memory.Get(), TABP_BODY, 0, &whole, nullptr)))
-        colour = GetPixel(memory.Get(), kSample / 2, kSample / 2);
-    return colour;
+    struct Sample {
+        HTHEME theme;
+        COLORREF colour;
+    } sample{theme, GetSysColor(COLOR_3DFACE)};
+    const auto paint = [](HDC dc, void* context) {
+        static const auto draw = ThemeProcedure<decltype(::DrawThemeBackground)>("DrawThemeBackground");
+        auto& [style, colour] = *static_cast<Sample*>(context);
+        const RECT whole{0, 0, kSample, kSample};
+        if (draw != nullptr && SUCCEEDED(draw(style, dc, TABP_BODY, 0, &whole, nullptr)))
+            colour = GetPixel(dc, kSample / 2, kSample / 2);
+    };
+    static_cast<void>(RenderBitmap(kSample, kSample, paint, &sample));
+    return sample.colour;
 }
 
 void SetStyle(HWND control, const wchar_t* name)
@@ -45,12 +46,6 @@ void SetStyle(HWND control, const wchar_t* name)
 }
 
 } // namespace
-
-FARPROC SystemProcedure(const wchar_t* library, const char* name)
-{
-    const HMODULE loaded = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    return loaded != nullptr ? GetProcAddress(loaded, name) : nullptr;
-}
 
 void LeaveVisualStyle(HWND control)
 {

@@ -6,10 +6,6 @@
 
 namespace voltaro {
 
-// A procedure of a library of the system folder, which is loaded at the first use and stays; null where the system has
-// none. For libraries that the loader, as with imports, would look for beside the program first.
-[[nodiscard]] FARPROC SystemProcedure(const wchar_t* library, const char* name);
-
 // Takes the visual style from a control, which then draws itself in the system's colours.
 void LeaveVisualStyle(HWND control);
 void ReturnToVisualStyle(HWND control);

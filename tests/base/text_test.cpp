@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
 TEST(FixedTextTest, CutsAndStaysTerminated)
 {
@@ -47,7 +46,19 @@ TEST(TextTest, FormatsOfAnyLength)
     EXPECT_EQ(Format(L"%02d:%ls|%.3f", 7, L"wide", 1.5), L"07:wide|1.500");
     const std::wstring longText(5000, L'x');
     EXPECT_EQ(Format(L"%ls", longText.c_str()), longText);
+    EXPECT_EQ(WithName(L"%ls%ls", L"a"), L"aa");
 }
 
-} // namespace
+TEST(TextTest, DottedAddresses)
+{
+    EXPECT_EQ(AddressOf(L"192.168.20.11"), 0xC0A8140BU);
+    EXPECT_EQ(AddressOf(L"0.0.0.0"), 0U);
+    EXPECT_EQ(AddressOf(L"255.255.255.255"), 0xFFFFFFFFU);
+    for (const wchar_t* none : {L"", L"1.2.3", L"1.2.3.", L"1.2.3.4.5", L"1.2.3.4 ", L" 1.2.3.4", L"1..3.4",
+             L"1.2.3.256", L"1.2.3.-4", L"1.2.3.99999999999", L"host.example"})
+        EXPECT_EQ(AddressOf(none), std::nullopt) << none;
+    EXPECT_EQ(DottedAddress(0xC0A8140BU), L"192.168.20.11");
+    EXPECT_EQ(DottedAddress(0), L"0.0.0.0");
+}
+
 } // namespace voltaro

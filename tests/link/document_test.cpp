@@ -7,7 +7,6 @@
 #include <regex>
 
 namespace voltaro {
-namespace {
 
 TEST(DocumentTest, IdentifiersAreFreshGuids)
 {
@@ -63,5 +62,4 @@ TEST(DocumentTest, LeavesOutWhatIsNestedTooDeep)
     EXPECT_EQ(depth, kMaxDepth);
 }
 
-} // namespace
 } // namespace voltaro

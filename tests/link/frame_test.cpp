@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
 // A frame with any length digits, as bytes of UTF-16LE.
-WipedBytes Frame(const std::wstring& digits, const std::wstring& text, bool nul = true)
+static WipedBytes Frame(const std::wstring& digits, const std::wstring& text, bool nul = true)
 {
     WipedBytes bytes;
     for (const wchar_t unit : digits + text + (nul ? std::wstring(1, L'\0') : std::wstring())) {
@@ -57,5 +56,4 @@ TEST(FrameTest, TakesAFrameWithoutNul)
     EXPECT_EQ(assembler.Text(), L"ab");
 }
 
-} // namespace
 } // namespace voltaro

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
 TEST(HostConfigTest, ChoosesTheElementsByPosition)
 {
@@ -60,11 +59,16 @@ TEST(InstallationTest, TheEnvironmentIsCutAt99Characters)
     EXPECT_EQ(HostConfigPath(std::string(400, 'h').c_str()).size(), 256U);
 }
 
-TEST(InstallationTest, TheMachineKeyWinsAndFallsBackWhenEmpty)
+class InstallationTest : public testing::TestWithParam<REGSAM> { };
+INSTANTIATE_TEST_SUITE_P(Views, InstallationTest, testing::Values(KEY_WOW64_64KEY, KEY_WOW64_32KEY));
+
+TEST_P(InstallationTest, TheMachineKeyWinsAndFallsBackWhenEmpty)
 {
     HKEY key = nullptr;
     constexpr const wchar_t* kPath = L"SOFTWARE\\Kestrelfen\\VOLTARO";
-    ASSERT_EQ(RegCreateKeyW(HKEY_LOCAL_MACHINE, kPath, &key), ERROR_SUCCESS);
+    ASSERT_EQ(
+        RegCreateKeyExW(HKEY_LOCAL_MACHINE, kPath, 0, nullptr, 0, KEY_ALL_ACCESS | GetParam(), nullptr, &key, nullptr),
+        ERROR_SUCCESS);
     SetEnvironmentVariableW(L"VOLTARO_HOME", L"C:\\env\\");
     const auto read = [] {
         InstallDirectory directory{};
@@ -78,9 +82,8 @@ TEST(InstallationTest, TheMachineKeyWinsAndFallsBackWhenEmpty)
     SetEnvironmentVariableW(L"VOLTARO_HOME", nullptr);
     EXPECT_EQ(read(), "none");
     RegCloseKey(key);
-    RegDeleteKeyW(HKEY_LOCAL_MACHINE, kPath);
-    RegDeleteKeyW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Kestrelfen");
+    RegDeleteKeyExW(HKEY_LOCAL_MACHINE, kPath, GetParam(), 0);
+    RegDeleteKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Kestrelfen", GetParam(), 0);
 }
 
-} // namespace
 } // namespace voltaro

@@ -6,14 +6,13 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
-Element Holding(std::wstring_view name, std::vector<Element> children)
+static Element Holding(std::wstring_view name, std::vector<Element> children)
 {
     return {std::wstring(name), {}, std::move(children)};
 }
 
-Element Texts(std::wstring_view name, std::initializer_list<const wchar_t*> texts)
+static Element Texts(std::wstring_view name, std::initializer_list<const wchar_t*> texts)
 {
     Element element = Holding(name, {});
     for (const wchar_t* text : texts)
@@ -98,5 +97,4 @@ TEST(SystemDetailsTest, DropsWhatHasNoSlot)
     EXPECT_EQ(details.RowCount(DetailSection::LogicalDisks), 500U);
 }
 
-} // namespace
 } // namespace voltaro

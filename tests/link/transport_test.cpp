@@ -6,7 +6,6 @@
 #include "link/frame.h"
 #include "link/requests.h"
 #include "simulator/server.h"
-#include "support/open_handles.h"
 #include "support/test_window.h"
 #include "ui/waiting.h"
 
@@ -146,25 +145,6 @@ TEST(TransportTest, EndsWithItsThread)
         EXPECT_TRUE(response.empty());
     }
     threadWait = WaitPlainly;
-}
-
-TEST(TransportTest, KeepsHandles)
-{
-    AgentServer agent;
-    ASSERT_TRUE(agent.Start());
-    const std::wstring request = StatusRequest();
-    const auto handlesAfter = [&](int exchanges, Outcome expected) {
-        FieldText response;
-        for (int i = 0; i < exchanges; ++i)
-            EXPECT_EQ(ServiceRequest(Member::StatusCheck, request.c_str(), response, agent.Port()), expected);
-        return OpenHandles();
-    };
-    const int before = handlesAfter(20, Outcome::Answered);
-    EXPECT_LE(handlesAfter(200, Outcome::Answered), before + 10); // the simulator's own threads come and go
-    agent.SetFault(kOperation, {FaultKind::CloseAtOnce, {}});
-    EXPECT_LE(handlesAfter(100, Outcome::ClosedByAgent), before + 10); // the one failure that closes its socket
-    agent.SetFault(kOperation, {FaultKind::Length, {}});
-    EXPECT_LE(handlesAfter(100, Outcome::Damaged), before + 120); // any other leaves its socket, and nothing else
 }
 
 } // namespace

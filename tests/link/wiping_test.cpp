@@ -11,21 +11,20 @@ extern "C" std::size_t __sanitizer_get_allocated_size(const volatile void* memor
 // NOLINTEND(bugprone-reserved-identifier)
 
 namespace voltaro {
-namespace {
 
 // Counts the blocks that are given back with the secret still in them, in units of this platform or of the wire.
 constexpr std::wstring_view kSecret = L"tr0ub4dor";
 constexpr std::u16string_view kSecretOnTheWire = u"tr0ub4dor";
-bool watching = false;
-int blocksLeft = 0;
+static bool watching = false;
+static int blocksLeft = 0;
 
 template <class Units>
-std::string_view BytesOf(const Units& units)
+static std::string_view BytesOf(const Units& units)
 {
     return {reinterpret_cast<const char*>(units.data()), units.size() * sizeof units[0]};
 }
 
-void OnFree(const volatile void* memory)
+static void OnFree(const volatile void* memory)
 {
     const auto* bytes = static_cast<const char*>(const_cast<const void*>(memory));
     const std::string_view block(bytes, watching ? __sanitizer_get_allocated_size(memory) : 0);
@@ -58,5 +57,4 @@ TEST(WipingTest, NoBlockIsGivenBackWithASecretInIt)
     EXPECT_EQ(blocksLeft, 0);
 }
 
-} // namespace
 } // namespace voltaro

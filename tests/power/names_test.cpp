@@ -7,7 +7,6 @@
 #include <vector>
 
 namespace voltaro {
-namespace {
 
 TEST(NamesTest, WhileTyping)
 {
@@ -99,5 +98,4 @@ TEST(CapabilitiesTest, ThereUnlessEveryFieldDenies)
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -1,160 +1,125 @@
 #include "power/power_program.h"
 #include "resources/resource_ids.h"
-#include "ui/combo_box.h"
 #include "ui/file_dialog.h"
 
 namespace voltaro {
-namespace {
 
-constexpr WindowId kPolicy = WindowId::Policy;
-constexpr WindowId kRule = WindowId::Rule;
-constexpr WindowId kStrip = WindowId::SchemeProcessor;
+struct PolicyWindow : testing::Test, PowerProgram {
+    const HWND m_list = In(kRuleList);
 
-HWND List()
+    void OpenPresentations() { Do({{kPolicyList, L"Presentations"}, {kEditPolicy}}); }
+    void DoOnRow(int row, std::initializer_list<IdStep> steps)
+    {
+        SelectRow(m_list, row);
+        Do(steps);
+    }
+    std::wstring RowOf(int row) const
+    {
+        SelectRow(m_list, row);
+        return ListText(m_list, true);
+    }
+};
+
+TEST_F(PolicyWindow, SendsANewPolicyAndShowsItInTheEditor)
 {
-    return ControlOf(WindowOf(kPolicy), kRuleList);
-}
-
-void AddRule(PowerProgram& program, std::wstring_view name, std::wstring_view description = {})
-{
-    program.Command(kPolicy, kAddRule);
-    program.Type(kRule, kRuleName, name);
-    program.Type(kRule, kRuleDescription, description);
-    program.Command(kRule, IDOK);
-}
-
-void OpenPresentations(PowerProgram& program)
-{
-    program.Choose(kStrip, kPolicyList, L"Presentations");
-    program.Command(kStrip, kEditPolicy);
-}
-
-Names RowOf(int row)
-{
-    Names cells;
-    for (int column = 0; column < 11; ++column)
-        cells.push_back(CellOf(List(), row, column));
-    return cells;
-}
-
-TEST(PolicyWindow, SendsANewPolicyAndShowsItInTheEditor)
-{
-    PowerProgram program;
-    program.Command(kStrip, kNewPolicy);
-    EXPECT_TRUE(program.IsOpen(kPolicy));
-    EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Scheme)));
+    Do({{kNewPolicy}});
+    EXPECT_TRUE(IsOpen(kPolicy) && !IsEnabled(WindowOf(kEditor)));
     OpenSchemeWindow(WindowOf(WindowId::Main)); // it is open: what lies over it comes to the front
     EXPECT_EQ(GetForegroundWindow(), WindowOf(kPolicy));
-    program.Type(kPolicy, kNewPolicyName, L"Games_1");
-    program.Command(kPolicy, kAddRule);
-    program.Type(kRule, kRuleName, L"Chess.exe");
-    program.Type(kRule, kRuleDescription, L"Tea & thought");
-    program.Click(kRule, kFirstRuleCheck + 3); // lock screen
-    program.Command(kRule, kSaveRule);
-    program.Agent().ClearRequests();
-    program.Command(kPolicy, kSavePolicy);
-    program.ExpectSent(L"CreatePolicy",
-        L"<details>|<PolicyName>Games_1</PolicyName>|<AppNo_1>|\t<Application_Name>Chess.exe</Application_Name>"
-        L"|\t<Rule_Status>Enabled</Rule_Status>|\t<Dim_Monitor>No</Dim_Monitor>|\t<TO_Monitor>No</TO_Monitor>"
-        L"|\t<Lock_Screen>Yes</Lock_Screen>|\t<TO_Harddisk>No</TO_Harddisk>|\t<Logoff>No</Logoff>"
-        L"|\t<Standby>No</Standby>|\t<Hibernate>No</Hibernate>|\t<Shutdown>No</Shutdown>"
-        L"|\t<Description>Tea &amp; thought</Description></AppNo_1></details>");
-    EXPECT_EQ(program.TakeOperations(), (Names{L"GetActivationstatus", L"CreatePolicy", L"GetPolicies"}));
-    EXPECT_FALSE(program.IsOpen(kPolicy));
-    EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Scheme)));
-    EXPECT_EQ(SelectedText(WindowOf(kStrip), kPolicyList), L"Games_1");
+    Do({{kNewPolicyName, L"Games_1"}, {kAddRule}, {kRuleName, L"Chess.exe"}, {kRuleDescription, L"Tea & thought"},
+        {kFirstRuleCheck + 3}, {kSaveRule}}); // lock screen
+    Agent().ClearRequests();
+    Do({{kSavePolicy}});
+    ExpectSent(L"CreatePolicy",
+        L"details[PolicyName=Games_1 AppNo_1[Application_Name=Chess.exe Rule_Status=Enabled Dim_Monitor=No "
+        L"TO_Monitor=No Lock_Screen=Yes TO_Harddisk=No Logoff=No Standby=No Hibernate=No Shutdown=No "
+        L"Description=Tea & thought]]");
+    const std::wstring text = LastRequest(L"CreatePolicy"); // with the line ends and tabs that agents get
+    EXPECT_TRUE(
+        text.starts_with(L"<?xml version='1.0'?>\r\n<vltp version=\"1.0\">\r\n\t<request>\r\n\t\t<MessageId>{ID}<"
+                         L"/MessageId>\r\n\t\t<operation>CreatePolicy</operation>\r\n\t\t<details>\r\n\t\t\t"
+                         L"<PolicyName>Games_1</PolicyName>\r\n\t\t\t<AppNo_1>\r\n\t\t\t\t<A"))
+        << text;
+    EXPECT_TRUE(text.ends_with(L"</AppNo_1></details>\r\n\t</request>\r\n</vltp>\r\n")) << text;
+    EXPECT_EQ(TakeOperations(), (Operations{L"GetActivationstatus", L"CreatePolicy", L"GetPolicies"}));
+    EXPECT_TRUE(!IsOpen(kPolicy) && IsEnabled(WindowOf(kEditor)));
+    EXPECT_EQ(Shown(kPolicyList), L"Games_1");
 }
 
-TEST(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
+TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
 {
-    PowerProgram program;
-    program.Command(kStrip, kEditPolicy); // nothing is selected: nothing happens
-    EXPECT_FALSE(program.IsOpen(kPolicy));
-    program.Machine().policies[0].children[2].children[5].text = L"yes"; // no word of the hard disk's check box
-    OpenPresentations(program);
-    program.ExpectSent(L"QueryPolicy", L"<PolicyName>Presentations</PolicyName>");
-    EXPECT_EQ(TextOf(WindowOf(kPolicy), kPolicyName), L"Presentations");
-    EXPECT_FALSE(IsWindowEnabled(ControlOf(WindowOf(kPolicy), kModifyRule)));
-    program.Command(kPolicy, kModifyRule);
-    program.Command(kPolicy, kDeleteRule);
-    EXPECT_FALSE(program.IsOpen(kRule));
-    EXPECT_EQ(RowCount(List()), 3);
+    Do({{kEditPolicy}}); // nothing is selected: nothing happens
+    EXPECT_FALSE(IsOpen(kPolicy));
+    Machine().policies[0].children[2].children[5].text = L"yes"; // no word of the hard disk's check box
+    OpenPresentations();
+    ExpectSent(L"QueryPolicy", L"PolicyName=Presentations");
+    EXPECT_EQ(Shown(kPolicyName), L"Presentations");
+    EXPECT_FALSE(IsOn(kModifyRule));
+    Do({{kModifyRule}, {kDeleteRule}});
+    EXPECT_FALSE(IsOpen(kRule));
+    EXPECT_EQ(RowCount(m_list), 3);
 
     SetForegroundWindow(WindowOf(kPolicy));
-    SetFocus(List());
-    SelectRow(List(), 1);
-    EXPECT_TRUE(IsWindowEnabled(ControlOf(WindowOf(kPolicy), kModifyRule)));
+    SetFocus(m_list);
+    SelectRow(m_list, 1);
+    EXPECT_TRUE(IsOn(kModifyRule));
     Press(VK_RETURN);
-    EXPECT_TRUE(program.IsOpen(kRule));
-    EXPECT_EQ(TextOf(WindowOf(kRule), kModifiedName), L"MeetingRoom.exe");
-    program.Type(kRule, kRuleDescription, L"Calls");
-    program.Click(kRule, kFirstRuleCheck);
-    program.Command(kRule, kSaveRule); // its own name is no obstacle
-    EXPECT_EQ(RowOf(1),
-        (Names{L"MeetingRoom.exe", L"Calls", L"Disabled", L"No", L"No", L"No", L"yes", L"No", L"No", L"No", L"No"}));
+    EXPECT_EQ(Shown(kModifiedName), L"MeetingRoom.exe");
+    Do({{kRuleDescription, L"Calls"}, {kFirstRuleCheck}, {kSaveRule}}); // its own name is no obstacle
+    EXPECT_EQ(RowOf(1), L"MeetingRoom.exe\tCalls\tDisabled\tNo\tNo\tNo\tyes\tNo\tNo\tNo\tNo\r\n");
 
-    NMITEMACTIVATE click{};
-    click.hdr = {List(), kRuleList, static_cast<UINT>(NM_DBLCLK)};
-    SendMessageW(WindowOf(kPolicy), WM_NOTIFY, kRuleList, reinterpret_cast<LPARAM>(&click));
-    EXPECT_TRUE(program.IsOpen(kRule));
-    program.Command(kRule, ID_RULE_CLEAR);
-    EXPECT_EQ(TextOf(WindowOf(kRule), kRuleDescription), L"");
-    EXPECT_EQ(TextOf(WindowOf(kRule), kModifiedName), L"MeetingRoom.exe");
-    program.Command(kRule, IDCANCEL);
-    EXPECT_EQ(RowOf(1)[1], L"Calls");
+    DoubleClick(m_list, 1);
+    EXPECT_TRUE(IsOpen(kRule));
+    Do({{kRule, ID_RULE_CLEAR}});
+    EXPECT_EQ(Shown(kRuleDescription) + Shown(kModifiedName), L"MeetingRoom.exe");
+    Do({{kRule, IDCANCEL}});
+    EXPECT_EQ(CellOf(m_list, 1, 1), L"Calls");
 
-    SetFocus(List());
-    SelectRow(List(), 2);
+    SetFocus(m_list);
     Press(L'A', VK_CONTROL); // all of them, for a copy
     Press(VK_DELETE);
-    EXPECT_EQ(RowCount(List()), 3);
-    SelectRow(List(), 2);
+    EXPECT_EQ(RowCount(m_list), 3);
+    SelectRow(m_list, 2);
     Press(VK_DELETE);
-    EXPECT_EQ(RowCount(List()), 2);
-    program.Agent().ClearRequests();
-    program.Command(kPolicy, IDOK);
-    EXPECT_TRUE(program.IsOpen(kRule)); // the list had the focus: Enter modifies
-    program.Command(kRule, IDCANCEL);
-    program.Command(kPolicy, kSavePolicy);
-    const std::wstring sent = program.LastRequest(L"SetPolicySettings");
+    EXPECT_EQ(RowCount(m_list), 2);
+    Do({{kPolicy, IDOK}});
+    EXPECT_TRUE(IsOpen(kRule)); // the list had the focus: Enter modifies
+    Do({{kRule, IDCANCEL}, {kPolicy, kSavePolicy}});
+    const std::wstring sent = LastRequest(L"SetPolicySettings");
     EXPECT_NE(sent.find(L"<Description>Calls</Description></AppNo_2></details>"), std::wstring::npos) << sent;
-    EXPECT_FALSE(program.IsOpen(kPolicy));
-    OpenPresentations(program);
-    EXPECT_EQ(RowCount(List()), 2);
+    EXPECT_FALSE(IsOpen(kPolicy));
+    OpenPresentations();
+    EXPECT_EQ(RowCount(m_list), 2);
 }
 
-TEST(PolicyWindow, AnswersDecideWhatIsShownAndReadAgain)
+TEST_F(PolicyWindow, AnswersDecideWhatIsShownAndReadAgain)
 {
-    PowerProgram program;
     const auto expectAnswers = [&](const wchar_t* operation, const ExpectedBox& failed, auto open) {
-        program.ExpectAnswers({operation, nullptr, failed, {L"GetPolicies"}}, [&] {
-            if (!program.IsOpen(kPolicy))
+        ExpectAnswers({operation, nullptr, failed, {L"GetPolicies"}}, [&] {
+            if (!IsOpen(kPolicy))
                 open();
-            program.Agent().ClearRequests();
-            program.Command(kPolicy, kSavePolicy);
+            Agent().ClearRequests();
+            Do({{kSavePolicy}});
         });
-        program.Command(kPolicy, IDCANCEL);
+        Do({{kPolicy, IDCANCEL}});
     };
     expectAnswers(L"SetPolicySettings", {L"Failed to save", L"Unable to save application sensor policy settings"},
-        [&] { OpenPresentations(program); });
+        [&] { OpenPresentations(); });
     expectAnswers(L"CreatePolicy", {L"Failed to save ", L"Unable to save new policy settings"}, [&] {
-        program.Command(kStrip, kNewPolicy);
-        program.Type(kPolicy, kNewPolicyName, L"Games");
-        AddRule(program, L"Chess.exe");
+        Do({{kNewPolicy}, {kNewPolicyName, L"Games"}, {kAddRule}, {kRuleName, L"Chess.exe"}, {kSaveRule}});
     });
-    EXPECT_EQ(SelectedText(WindowOf(kStrip), kPolicyList), L"Presentations"); // the agent does not list the new one
+    EXPECT_EQ(Shown(kPolicyList), L"Presentations"); // the agent does not list the new one
     for (const wchar_t* answer : {kMalformed, L"Failure"}) {
-        program.AnswerWith(L"QueryPolicy", answer);
-        program.boxes.Expect({{L"Application Sensor Policy", L"Could not read the settings of the policy 'Pres"}});
-        OpenPresentations(program);
-        EXPECT_FALSE(program.IsOpen(kPolicy));
+        AnswerWith(L"QueryPolicy", answer);
+        boxes.Expect({{L"Application Sensor Policy", L"Could not read the settings of the policy 'Pres"}});
+        OpenPresentations();
+        EXPECT_FALSE(IsOpen(kPolicy));
     }
 }
 
-TEST(PolicyWindow, MoreRulesAndLongerTextsThanAllowedAreShownAndKept)
+TEST_F(PolicyWindow, MoreRulesAndLongerTextsThanAllowedAreShownAndKept)
 {
-    PowerProgram program;
-    Element& policy = program.Machine().policies[0];
+    Element& policy = Machine().policies[0];
     for (int i = 4; i <= 51; ++i) {
         Element rule = policy.children[1];
         rule.name = L"AppNo_" + std::to_wstring(i);
@@ -162,96 +127,83 @@ TEST(PolicyWindow, MoreRulesAndLongerTextsThanAllowedAreShownAndKept)
         rule.children[10].text = std::wstring(500, L'<');               // long on the wire
         policy.children.push_back(rule);
     }
-    OpenPresentations(program);
-    ASSERT_EQ(RowCount(List()), 51);
-    EXPECT_EQ(RowOf(50)[0], L"Tool51.Exe");
-    program.boxes.Expect({{L"Applications List Exceeded Limitation", L"Application's list cannot contain more than 50"},
+    OpenPresentations();
+    ASSERT_EQ(RowCount(m_list), 51);
+    EXPECT_EQ(CellOf(m_list, 50, 0), L"Tool51.Exe");
+    boxes.Expect({{L"Applications List Exceeded Limitation", L"Application's list cannot contain more than 50"},
         {L"Applications list max limit reached ", L"Applications limit per policy name is 50 applications ."}});
-    program.Command(kPolicy, kSavePolicy);
-    SelectRow(List(), 0);
-    program.Command(kPolicy, kDeleteRule);
-    program.Command(kPolicy, kAddRule);
-    EXPECT_FALSE(program.IsOpen(kRule));
-    SelectRow(List(), 0);
-    program.Command(kPolicy, kDeleteRule);
-    AddRule(program, L"Last.exe", std::wstring(1000, L'd'));
-    SelectRow(List(), 1);
-    program.Command(kPolicy, kModifyRule);
-    program.Click(kRule, kFirstRuleCheck);
-    program.Command(kRule, kSaveRule);
-    program.Command(kPolicy, kSavePolicy);
-    const std::vector<Element> saved = program.Machine().policies[0].children;
+    Do({{kSavePolicy}});
+    DoOnRow(0, {{kDeleteRule}, {kAddRule}});
+    EXPECT_FALSE(IsOpen(kRule));
+    const std::wstring longText(1000, L'd');
+    DoOnRow(0, {{kDeleteRule}, {kAddRule}, {kRuleName, L"Last.exe"}, {kRuleDescription, longText.c_str()}});
+    Do({{kRule, IDOK}});
+    DoOnRow(1, {{kModifyRule}, {kFirstRuleCheck}, {kSaveRule}, {kSavePolicy}});
+    const std::vector<Element> saved = Machine().policies[0].children;
     ASSERT_EQ(saved.size(), 51U);
     EXPECT_EQ(saved[2].children[1].text, L"Disabled");
     EXPECT_EQ(saved[2].children[10].text, std::wstring(500, L'<'));
-    EXPECT_EQ(saved[50].children[10].text, std::wstring(255, L'd')); // as long as one may be entered
+    EXPECT_EQ(saved[50].children[10].text, longText.substr(0, 255)); // as long as one may be entered
 }
 
-TEST(PolicyWindow, NothingReachesAWindowUnderAnotherOne)
+TEST_F(PolicyWindow, NothingReachesAWindowUnderAnotherOne)
 {
-    PowerProgram program;
-    OpenPresentations(program);
-    const auto isOpen = [&](WindowId window) { return program.IsOpen(window) && !IsWindowEnabled(WindowOf(window)); };
-    SelectRow(List(), 1);
-    program.Command(kPolicy, kModifyRule);
-    program.Agent().ClearRequests();
-    SendPastDisabled(kPolicy, {IDCANCEL, kDeleteRule, kSavePolicy});
-    NMLVKEYDOWN key{{List(), kRuleList, static_cast<UINT>(LVN_KEYDOWN)}, VK_DELETE, 0};
+    OpenPresentations();
+    DoOnRow(1, {{kModifyRule}});
+    Agent().ClearRequests();
+    for (const HWND window : {WindowOf(kPolicy), WindowOf(kEditor)}) {
+        SendMessageW(window, WM_CLOSE, 0, 0);
+        for (const int command :
+            {int{IDCANCEL}, int{kDeleteRule}, int{kSavePolicy}, int{kEditorOk}, int{kEditorRefresh}})
+            SendMessageW(window, WM_COMMAND, static_cast<WPARAM>(command), 0);
+    }
+    NMLVKEYDOWN key{{m_list, kRuleList, static_cast<UINT>(LVN_KEYDOWN)}, VK_DELETE, 0};
     SendMessageW(WindowOf(kPolicy), WM_NOTIFY, kRuleList, reinterpret_cast<LPARAM>(&key));
-    SendPastDisabled(WindowId::Scheme, {IDCANCEL, kEditorOk, kEditorRefresh});
-    program.Command(kStrip, kNewPolicy);
-    program.Command(kStrip, kEditPolicy);
-    EXPECT_TRUE(isOpen(kPolicy) && isOpen(WindowId::Scheme));
-    EXPECT_EQ(program.TakeOperations(), Names{});
-    program.Command(kRule, kSaveRule);
-    EXPECT_EQ(RowCount(List()), 3);
-    EXPECT_EQ(TextOf(WindowOf(kPolicy), kPolicyName), L"Presentations");
+    Do({{kNewPolicy}, {kEditPolicy}});
+    for (const WindowId window : {kPolicy, kEditor})
+        EXPECT_TRUE(IsOpen(window) && !IsEnabled(WindowOf(window)));
+    EXPECT_EQ(TakeOperations(), Operations{});
+    Do({{kSaveRule}});
+    EXPECT_EQ(RowCount(m_list), 3);
+    EXPECT_EQ(Shown(kPolicyName), L"Presentations");
 }
 
-TEST(PolicyWindow, NamesAndListsAreChecked)
+TEST_F(PolicyWindow, NamesAndListsAreChecked)
 {
-    PowerProgram program;
-    program.Command(kStrip, kNewPolicy);
+    Do({{kNewPolicy}});
     constexpr const wchar_t* kTyping = L"Invalid policy name ";
-    ExpectRefused(program, kPolicy, kNewPolicyName, kSavePolicy, kTyping,
+    ExpectRefused(kNewPolicyName, kSavePolicy, kTyping,
         {{L"a.", kTyping, L"Please follow the rules listed below while entering a 'Policy Name'"},
             {L"a_", L"Invalid Policy name "}, {L"nightly_BACKUP", L"Policy name already present "}});
-    program.Type(kPolicy, kNewPolicyName, L"Games");
-    program.boxes.Expect({{L"Blank Applications List ", L"Application's list cann't be blank!\nPlease add"}});
-    program.Command(kPolicy, kSavePolicy);
-    AddRule(program, L"A tool.EXE");
+    boxes.Expect({{L"Blank Applications List ", L"Application's list cann't be blank!\nPlease add"}});
+    Do({{kNewPolicyName, L"Games"}, {kSavePolicy}, {kAddRule}, {kRuleName, L"A tool.EXE"}, {kSaveRule}});
     SetText(WindowOf(kPolicy), kNewPolicyName, L"abcdefghijklmnopqrstuvwxyz0123456789");
-    program.Command(kPolicy, kSavePolicy);
-    EXPECT_EQ(SelectedText(WindowOf(kStrip), kPolicyList), L"abcdefghijklmnopqrstuvwxyz012345");
-    program.Command(kStrip, kEditPolicy);
-    EXPECT_EQ(RowOf(0)[0], L"A tool.EXE");
+    Do({{kSavePolicy}});
+    EXPECT_EQ(Shown(kPolicyList), L"abcdefghijklmnopqrstuvwxyz012345");
+    Do({{kEditPolicy}, {kAddRule}});
+    EXPECT_EQ(CellOf(m_list, 0, 0), L"A tool.EXE");
 
-    program.Command(kPolicy, kAddRule);
-    ExpectRefused(program, kRule, kRuleName, kSaveRule, {},
+    ExpectRefused(kRuleName, kSaveRule, {},
         {{L"", L"No Application name "},
             {L"a Tool.exe", L"Application name already in the list ", L"Application ' a Tool.exe ' already exists"}});
     static std::wstring chosen;
-    const auto chooser = std::exchange(platformCalls.chooseFile, [](HWND, const FileDialog& dialog) {
+    platformCalls.chooseFile = [](HWND, const FileDialog& dialog) {
         EXPECT_STREQ(dialog.title, L"Select an exe file");
         return std::optional(chosen);
-    });
+    };
     chosen = L"C:\\" + std::wstring(251, L'd') + L"\\D.exe"; // 260 units
-    program.boxes.Expect({{L"Path too long", L"is longer than 259 characters"}});
-    program.Command(kRule, kRuleFile);
-    EXPECT_EQ(TextOf(WindowOf(kRule), kRuleName), L"");
+    boxes.Expect({{L"Path too long", L"is longer than 259 characters"}});
+    Do({{kRuleFile}});
+    EXPECT_EQ(Shown(kRuleName), L"");
     chosen.erase(3, 1);
-    program.Command(kRule, kRuleFile);
-    platformCalls.chooseFile = chooser;
-    EXPECT_EQ(TextOf(WindowOf(kRule), kRuleName), L"D.exe");
-    program.Command(kRule, ID_RULE_CLEAR);
-    EXPECT_EQ(TextOf(WindowOf(kRule), kRuleName), L"");
-    program.Command(kRule, IDCANCEL);
+    Do({{kRuleFile}});
+    EXPECT_EQ(Shown(kRuleName), L"D.exe");
+    Do({{kRule, ID_RULE_CLEAR}});
+    EXPECT_EQ(Shown(kRuleName), L"");
+    Do({{kRule, IDCANCEL}});
 
-    SelectRow(List(), 0);
-    program.Command(kPolicy, kDeleteRule);
-    program.boxes.Expect({{L"Blank Applications List ", L"Application's list cannot be blank!\nPlease add"}});
-    program.Command(kPolicy, kSavePolicy);
+    boxes.Expect({{L"Blank Applications List ", L"Application's list cannot be blank!\nPlease add"}});
+    DoOnRow(0, {{kDeleteRule}, {kSavePolicy}});
 }
 
-} // namespace
 } // namespace voltaro

@@ -3,65 +3,75 @@
 #include "power/policy_window.h"
 #include "power/processor_strip.h"
 #include "power/rule_window.h"
-#include "power/scheme_form.h"
+#include "power/scheme_pages.h"
 #include "power/scheme_window.h"
 #include "support/program.h"
 #include "support/refusals.h"
 
 namespace voltaro {
 
-using Names = Operations;
+constexpr auto kEditor = WindowId::Scheme, kDisplayPage = WindowId::SchemeDisplay,
+               kPowerOffPage = WindowId::SchemePowerOff, kPolicy = WindowId::Policy, kRule = WindowId::Rule;
 
-// The program loaded from a simulated agent, with the scheme editor open.
-struct PowerProgram : ConsoleProgram {
-    explicit PowerProgram(const simulator::Scenario& scenario = simulator::DefaultScenario())
-        : ConsoleProgram(scenario)
+// The program loaded from a simulated agent, with the scheme editor open. No two controls of its windows have the same
+// id, so the id alone names one; every other id is an item of the editor's menu.
+struct PowerProgram : LoadedProgram {
+    explicit PowerProgram(const wchar_t* scenario = L"battery")
+        : LoadedProgram(scenario)
     {
-        Load();
         OpenSchemeWindow(WindowOf(WindowId::Main));
         Agent().ClearRequests();
     }
 
-    BoxScript boxes{std::initializer_list<ExpectedBox>{}};
-
-    // Types a text unit by unit into an edit, over what is there.
-    static void TypeUnits(WindowId window, int id, std::wstring_view text)
+    static WindowId Holder(int id)
     {
-        const HWND edit = ControlOf(WindowOf(window), id);
-        SendMessageW(edit, EM_SETSEL, 0, -1);
-        for (const wchar_t unit : text)
-            SendMessageW(edit, WM_CHAR, unit, 0);
+        for (const WindowId window : {kDisplayPage, kPowerOffPage, WindowId::SchemeProcessor, kPolicy, kRule}) {
+            if (ControlOf(WindowOf(window), id) != nullptr)
+                return window;
+        }
+        return kEditor;
     }
-};
+    static HWND In(int id) { return ControlOf(WindowOf(Holder(id)), id); }
+    static bool IsOn(int id) { return IsEnabled(In(id)); }
+    static std::wstring Shown(int id)
+    {
+        return ClassOf(In(id)) == WC_EDITW ? WindowText(In(id)) : SelectedText(WindowOf(Holder(id)), id);
+    }
+    struct IdStep {
+        int id;
+        const wchar_t* text = nullptr;
+    };
+    using LoadedProgram::Do;
+    void Do(std::initializer_list<IdStep> steps)
+    {
+        for (const IdStep& step : steps)
+            Do({{Holder(step.id), step.id, step.text}});
+    }
+    // Types a text unit by unit into an edit, over what is there.
+    static void TypeUnits(int id, std::wstring_view text)
+    {
+        SendMessageW(In(id), EM_SETSEL, 0, -1);
+        for (const wchar_t unit : text)
+            SendMessageW(In(id), WM_CHAR, unit, 0);
+    }
 
-// Types and pastes each name; what typing lets pass is refused by the button. Each time the edit is emptied and has the
-// focus. `typing`: the title of the refusal while typing.
-inline void ExpectRefused(PowerProgram& program, WindowId window, int edit, int button, std::wstring_view typing,
-    std::initializer_list<RefusalRow> names)
-{
-    for (const RefusalRow& row : names) {
-        for (const bool pasted : {false, true}) {
-            SCOPED_TRACE(row.input);
-            program.boxes.Expect({{row.title, row.text}});
-            if (pasted)
-                program.Type(window, edit, row.input);
-            else
-                program.TypeUnits(window, edit, row.input);
-            if (row.title != typing)
-                program.Command(window, button);
-            program.boxes.ExpectAllSeen();
-            EXPECT_EQ(TextOf(WindowOf(window), edit), L"");
-            EXPECT_EQ(GetFocus(), ControlOf(WindowOf(window), edit));
+    // Types and pastes each name; what typing lets pass is refused by the button. Each time the edit is emptied and has
+    // the focus. `typing`: the title of the refusal while typing.
+    void ExpectRefused(int edit, int button, std::wstring_view typing, std::initializer_list<RefusalRow> names)
+    {
+        for (const RefusalRow& row : names) {
+            for (const bool pasted : {false, true}) {
+                SCOPED_TRACE(row.input);
+                boxes.Expect({{row.title, row.text}});
+                pasted ? Do({{edit, row.input}}) : TypeUnits(edit, row.input);
+                if (row.title != typing)
+                    Do({{button}});
+                boxes.ExpectAllSeen();
+                EXPECT_EQ(Shown(edit), L"");
+                EXPECT_EQ(GetFocus(), In(edit));
+            }
         }
     }
-}
-
-// Sends what would close or change a window to one that another window lies over; nothing may come of it.
-inline void SendPastDisabled(WindowId window, std::initializer_list<int> commands)
-{
-    SendMessageW(WindowOf(window), WM_CLOSE, 0, 0);
-    for (const int command : commands)
-        SendMessageW(WindowOf(window), WM_COMMAND, static_cast<WPARAM>(command), 0);
-}
+};
 
 } // namespace voltaro

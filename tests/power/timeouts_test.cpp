@@ -1,93 +1,10 @@
 #include "power/timeouts.h"
 
-#include "power/levels.h"
-#include "power/scheme_form.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <string>
-#include <vector>
+#include <tuple>
 
 namespace voltaro {
-namespace {
-
-struct List {
-    Choices choices;
-    std::vector<int> minutes; // without the closing "Never"
-};
-
-const List kLists[] = {
-    {kDimChoices, {2, 3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360}},
-    {kMonitorOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420}},
-    {kLockChoices, {1, 2, 3, 5, 10, 15, 20, 25, 30}},
-    {kHardDiskChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300}},
-    {kLogOffChoices, {3, 5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780}},
-    {kStandbyChoices, {5, 10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840}},
-    {kHibernateChoices,
-        {10, 15, 20, 25, 30, 45, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720, 780, 840, 900}},
-};
-
-std::wstring TextFor(int minutes)
-{
-    const int count = minutes < 60 ? minutes : minutes / 60;
-    return L"After " + std::to_wstring(count) + (minutes < 60 ? L" Min" : L" Hr") + (count == 1 ? L"" : L"s");
-}
-
-TEST(TimeoutsTest, EveryChoiceOfEveryListBothWays)
-{
-    for (const List& list : kLists) {
-        ASSERT_EQ(list.choices.size(), list.minutes.size() + 1);
-        for (std::size_t i = 0; i < list.minutes.size(); ++i) {
-            const std::wstring minutes = std::to_wstring(list.minutes[i]);
-            EXPECT_EQ(list.choices[i].text, TextFor(list.minutes[i]));
-            EXPECT_EQ(ShownText(list.choices, minutes), TextFor(list.minutes[i]));
-            EXPECT_EQ(ChosenText(list.choices, TextFor(list.minutes[i])), minutes);
-        }
-        EXPECT_STREQ(ShownText(list.choices, L"0"), L"Never");
-        EXPECT_EQ(ChosenText(list.choices, L"Never"), L"0");
-    }
-}
-
-TEST(TimeoutsTest, NumbersThatNoChoiceHas)
-{
-    const std::tuple<Choices, const wchar_t*, const wchar_t*> kRows[] = {{kDimChoices, L"1", L"After 2 Mins"},
-        {kDimChoices, L"4", L"After 5 Mins"}, {kDimChoices, L"90", L"After 2 Hrs"}, {kDimChoices, L"361", L"Never"},
-        {kLockChoices, L"45", L"Never"}, {kHibernateChoices, L"005", L"After 10 Mins"},
-        {kBrightnessSteps, L"120", L"128"}, {kBrightnessSteps, L"255", L"128"}, {kCpuLoads, L"150", L"99"}};
-    for (const auto& [choices, stored, shown] : kRows)
-        EXPECT_STREQ(ShownText(choices, stored), shown);
-}
-
-TEST(SchemeFormTest, WhatIsStoredForWhatIsShown)
-{
-    const struct {
-        int control;
-        const wchar_t *shown, *loaded, *stored, *result;
-    } kRows[] = {
-        {kDim, L"After 5 Mins", L"After 5 Mins", L"05", L"05"},       // untouched, however it is spelt
-        {kMonitorOff, L"After 2 Hrs", L"After 2 Hrs", L"10", L"10"},  // the linked list does not hold it
-        {kMonitorOff, L"After 10 Mins", L"After 2 Hrs", L"7", L"10"}, // chosen, or moved by the link
-        {kScript, L"No", L"No", L"maybe", L"maybe"},
-        {kScript, L"Yes", L"No", L"maybe", L"Yes"},
-        {kProcessorSpeed, L"", L"", L"Turbo", L"Turbo"},
-        {kPolicyList, L"Talks", L"Talks", L"talks", L"talks"},
-        {kPolicyList, L"(None)", L"Talks", L"talks", L""},
-        {kStandbyTime, L"Disabled", L"Disabled", L"30", L"0"},
-        {kLock, L"Never", L"Never", L"", L"0"}, // the answer had no such field
-        {kPolicyList, L"(None)", L"(None)", L"", L""},
-    };
-    for (const auto& row : kRows) {
-        const SchemeField& field = *std::ranges::find(kSchemeForm, row.control, &SchemeField::control);
-        EXPECT_EQ(StoredSetting(field, row.shown, {row.loaded, row.stored}), row.result) << row.control << row.stored;
-    }
-}
-
-TEST(LevelsTest, BrightnessSteps)
-{
-    for (std::size_t i = 0; const int step : {0, 15, 30, 45, 60, 75, 90, 105, 128})
-        EXPECT_EQ(ShownChoice(kBrightnessSteps, step), i++);
-}
 
 TEST(LinkedListsTest, WhatTheSecondListHoldsAndSelects)
 {
@@ -112,5 +29,4 @@ TEST(LinkedListsTest, WhatTheSecondListHoldsAndSelects)
     }
 }
 
-} // namespace
 } // namespace voltaro

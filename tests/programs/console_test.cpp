@@ -3,12 +3,15 @@
 #include "shell/main_window.h"
 #include "shell/window_table.h"
 #include "simulator/server.h"
+#include "soak/held.h"
 #include "support/fake_tray.h"
 #include "support/installation.h"
 #include "support/test_window.h"
 #include "ui/controls.h"
 
 #include <gtest/gtest.h>
+
+#include <random>
 
 namespace voltaro {
 namespace {
@@ -154,6 +157,44 @@ TEST_F(ConsoleTest, ClosesDuringAnUpdateCheck)
     PostMessageW(box, WM_COMMAND, IDYES, 0);
     EXPECT_EQ(console.ExitCode(2'000), 0);
     ExpectNoIcon();
+}
+
+// Ends of the program and of the session wherever a request happens to be, from the first one of the start on. The user
+// is asked once the user-interface thread's own request is over; the session waits for nothing.
+TEST_F(ConsoleTest, EndsAtAnyPointOfARequest)
+{
+    constexpr int kCommands[] = {kRefresh, kUpdate, kReinitialize, kSavingsReport, kJobScheduler, 0};
+    constexpr std::pair<simulator::FaultKind, const wchar_t*> kFaults[] = {{simulator::FaultKind::None, L""},
+        {simulator::FaultKind::Late, L"300"}, {simulator::FaultKind::Slow, L"50"}, {simulator::FaultKind::Silent, L""}};
+    std::mt19937 random(Seed());
+    const int rounds = IsLongRun() ? 100 : 4;
+    for (int i = 0; i < rounds; ++i) {
+        SCOPED_TRACE(i);
+        const bool sessionEnds = i % 2 == 1;
+        const auto& [kind, argument] = kFaults[random() % (sessionEnds ? 4 : 3)];
+        agent.SetFault(L"*", {i % 4 < 2 ? kind : simulator::FaultKind::None, argument});
+        const Console console;
+        ASSERT_TRUE(WaitFor([&] { return !agent.Requests().empty(); }, 20'000));
+        if (i % 4 >= 2) {
+            ASSERT_TRUE(WaitFor(IsConnected, 20'000));
+            agent.SetFault(L"*", {kind, argument});
+            PostMessageW(MainWindow(), WM_COMMAND, static_cast<WPARAM>(kCommands[random() % 6]), 0);
+        }
+        Sleep(random() % 400);
+        HWND box = nullptr;
+        if (!sessionEnds) {
+            PostMessageW(MainWindow(), WM_COMMAND, kTrayClose, 0);
+            ASSERT_TRUE(
+                WaitFor([&] { return (box = FindWindowW(L"#32770", L"Close Voltaro Console ?")) != nullptr; }, 20'000));
+            PostMessageW(box, WM_COMMAND, IDYES, 0);
+        }
+        for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION})
+            SendMessageTimeoutW(sessionEnds ? MainWindow() : nullptr, message, TRUE,
+                static_cast<LPARAM>(ENDSESSION_LOGOFF), SMTO_NORMAL, 2'000, nullptr);
+        EXPECT_EQ(console.ExitCode(2'000), 0);
+        ExpectNoIcon();
+        agent.ClearRequests();
+    }
 }
 
 TEST_F(ConsoleTest, ASecondStartRestoresAConsoleThatIsPausedOrBusy)

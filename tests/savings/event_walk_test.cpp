@@ -9,7 +9,6 @@
 #include <string>
 
 namespace voltaro {
-namespace {
 
 constexpr LocalTime kLater = {2024, 3, 1, 9, 0, 0};
 
@@ -25,7 +24,7 @@ struct Day {
 
 // The lines of a day, separated by "|": "Istime 10" stands for the event on 2024-02-29 at 10:00:00, "Duratn 30" and
 // "Pwrcon 1.5" for those lines, and after "=" a line stands as it is.
-std::vector<EventLine> EventLines(std::wstring_view text)
+static std::vector<EventLine> EventLines(std::wstring_view text)
 {
     std::vector<EventLine> lines;
     while (!text.empty()) {
@@ -87,7 +86,7 @@ const Day kDays[] = {
     // Starts and ends that do not match, days that are not one.
     {L"Istime 10|Dstime 10:10|Detime 10:20|Istime 11|Ietime 11:30", {84000, 1800, 600}, {{2, 1800}}},
     {L"Dstime 10|Metime 10:05|Hstime 11|=Pwrcon # 1|Hetime 12", {86400}, {}, kLater, 1, 0},
-    {L"Mstime 10|Metime 09", {86400}}, {L"Istime 10|Dstime 10|Detime 11|Ietime 10:30", {82800, 0, 3600}, {{2, 1800}}},
+    {L"Mstime 10|Metime 09", {86400}, {}, {2028, 2, 29, 10, 0, 0}}, {L"Istime 10|Dstime 10|Detime 11|Ietime 10:30", {82800, 0, 3600}, {{2, 1800}}},
     {L"=Hstime # 2024/02/28 23:00:00|=Hetime # 2024/03/01 01:00:00", {-7200, 0, 0, 0, 0, 93600, 0, 0, 93600}},
     {L"=Hstime # 2023/02/28 23:00:00|=Hetime # 2023/03/01 01:00:00", {79200, 0, 0, 0, 0, 7200, 0, 0, 7200}},
     {L"=  istime#2024/02/29 10:00:00|=IETIME \t#  2024/2/29   10:5: 0", {86100, 300}, {{0, 300}}},
@@ -159,5 +158,4 @@ TEST(EventLinesTest, CutsLinesAndReadsPowerFigures)
         EXPECT_EQ(ScanPowerLine(line).kilowattHours, figure) << line;
 }
 
-} // namespace
 } // namespace voltaro

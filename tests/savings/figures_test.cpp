@@ -9,7 +9,6 @@
 #include <algorithm>
 
 namespace voltaro {
-namespace {
 
 // Powered on 8 h, of it dim 30 min, monitor off 90 min, timed standby 45 min; shutdown 1 h, hibernate upon idle 2 h.
 // clang-format off
@@ -169,5 +168,4 @@ TEST(GraphLayoutTest, TooltipOfASegment)
     EXPECT_TRUE(SegmentTooltip(kLayout.segments[3], kLayout.daySeconds, true).ends_with(L"8.3 % of the day so far"));
 }
 
-} // namespace
 } // namespace voltaro

@@ -4,11 +4,8 @@
 #include "savings/shown_day.h"
 #include "support/pixels.h"
 #include "support/program.h"
-#include "ui/theme.h"
-#include "ui/tooltip.h"
 
 namespace voltaro {
-namespace {
 
 constexpr int kWidth = 670, kHeight = 497;
 
@@ -47,8 +44,7 @@ TEST(GraphViewTest, PixelsOfBarsMarkersGridAndAxes)
     EXPECT_GT(caption, 50) << "the caption stands upright";
 }
 
-class GraphPageTest : public testing::Test {
-protected:
+struct GraphPageTest : testing::Test, ConsoleProgram {
     GraphPageTest()
     {
         shownDay = MakeShownDay({2024, 2, 29}, {kDay, {}, 0, 0}, RoundProfile());
@@ -58,7 +54,6 @@ protected:
         Pump();
     }
 
-    ConsoleProgram m_program;
     HWND m_page = WindowOf(WindowId::SavingsGraph);
 };
 
@@ -117,5 +112,4 @@ TEST_F(GraphPageTest, UntilADayIsChosenThePagesSayWhatToDo)
     }
 }
 
-} // namespace
 } // namespace voltaro

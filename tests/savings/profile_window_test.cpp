@@ -6,55 +6,40 @@
 #include "savings/shown_day.h"
 #include "simulator/xml.h"
 #include "support/program.h"
-#include "ui/combo_box.h"
-#include "ui/controls.h"
-#include "ui/list_view.h"
 #include "ui/navigation.h"
-#include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace voltaro {
-namespace {
 
 // clang-format off
 enum Id : int { kSaved = 101, kInbuilt, kBranded, kOthers, kNote, kType, kSize, kMonitorOn, kMonitorOff, kCpuMax,
     kCpuIdle, kCpuStandby, kCpuOff, kManual, kAuto, kEdit, kSave };
 // clang-format on
 
-class ProfileWindowTest : public testing::Test {
-protected:
+struct ProfileWindowTest : testing::Test, LoadedProgram {
     void Open() { OpenProfileWindow(WindowOf(WindowId::Savings)); }
-    void Click(int id) { m_program.Command(WindowId::Profile, id); }
+    void Click(int id) { Command(WindowId::Profile, id); }
     void ClickRadio(int id)
     {
         SetChecked(m_window, id, true); // as the user's click leaves it
         Click(id);
     }
-    void Type(int id, const wchar_t* text) { m_program.Type(WindowId::Profile, id, text); }
-    void Choose(int id, const wchar_t* entry) { m_program.Choose(WindowId::Profile, id, entry); }
-    [[nodiscard]] std::wstring Text(int id) const { return TextOf(m_window, id); }
-    [[nodiscard]] std::wstring Watts() const { return Text(kMonitorOn) + L" " + Text(kMonitorOff); }
-    [[nodiscard]] bool IsOn(int id) const { return IsWindowEnabled(ControlOf(m_window, id)) != FALSE; }
-    // The record of the last apply, without the line breaks between its elements.
-    std::wstring Applied()
+    void Set(int id, const wchar_t* text) { Do({{WindowId::Profile, id, text}}); }
+    [[nodiscard]] std::wstring Shown(int id) const
     {
-        std::wstring text = m_program.LastRequest(L"ApplyPowerConsumptionData");
-        std::erase_if(text, [](wchar_t unit) { return unit < L' '; });
-        const std::size_t from = std::min(text.find(L"<details>"), text.size());
-        return text.substr(from, text.find(L"</details>") - from);
+        return ClassOf(ControlOf(m_window, id)) == WC_EDITW ? TextOf(m_window, id) : SelectedText(m_window, id);
     }
+    [[nodiscard]] std::wstring Watts() const { return Shown(kMonitorOn) + L" " + Shown(kMonitorOff); }
+    [[nodiscard]] static bool IsOn(int id) { return LoadedProgram::IsOn(WindowId::Profile, id); }
 
-    LoadedProgram m_program;
-    HWND m_window = WindowOf(WindowId::Profile);
+    const HWND m_window = WindowOf(WindowId::Profile);
 };
 
 TEST_F(ProfileWindowTest, OpensWithTheSavedProfileOrTheDefaultMonitorToLookAt)
 {
     Open();
-    EXPECT_EQ(m_program.TakeOperations(), Operations{L"GetCurrentPowerConsumptionData"});
+    EXPECT_EQ(TakeOperations(), Operations{L"GetCurrentPowerConsumptionData"});
     EXPECT_EQ(CellOf(ControlOf(m_window, kSaved), 4, 1), L"62.40 Watts");
-    EXPECT_EQ(SelectedText(m_window, kSize) + L" " + Text(kCpuOff), L"17.00 0.85");
+    EXPECT_EQ(Shown(kSize) + L" " + Shown(kCpuOff), L"17.00 0.85");
     for (const int id : {kInbuilt, kType, kMonitorOn, kCpuMax, kSave})
         EXPECT_FALSE(IsOn(id)) << id;
     Click(IDOK); // nothing to save
@@ -63,22 +48,21 @@ TEST_F(ProfileWindowTest, OpensWithTheSavedProfileOrTheDefaultMonitorToLookAt)
         EXPECT_TRUE(IsOn(id)) << id;
     Click(IDCANCEL);
     EXPECT_FALSE(IsWindowVisible(m_window));
-    EXPECT_TRUE(m_program.TakeOperations().empty());
+    EXPECT_TRUE(TakeOperations().empty());
 
-    m_program.Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::NotWellFormed, {}});
+    Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::NotWellFormed, {}});
     Open();
-    EXPECT_EQ(Text(kCpuMax), L"62.40");
+    EXPECT_EQ(Shown(kCpuMax), L"62.40");
     EXPECT_FALSE(IsOn(kEdit)) << "the record may be out of date";
     Click(IDCANCEL);
 
     savedProfile = {};
-    m_program.Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::Status, {}});
+    Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::Status, {}});
     Open();
-    EXPECT_EQ(SelectedText(m_window, kType) + L" " + SelectedText(m_window, kSize), L"LCD 17.00");
-    EXPECT_EQ(Watts(), L"21.23 0.49");
+    EXPECT_EQ(Shown(kType) + L" " + Shown(kSize) + L" " + Watts(), L"LCD 17.00 21.23 0.49");
     EXPECT_FALSE(IsOn(kEdit)) << "no record came that could be edited";
-    m_program.Agent().SetFault(L"GetAutoPowerConsumptionData", {FaultKind::Status, {}});
-    const BoxScript boxes{{L"Power Consumption Settings", L"Unable to read"}};
+    Agent().SetFault(L"GetAutoPowerConsumptionData", {FaultKind::Status, {}});
+    boxes.Expect({{L"Power Consumption Settings", L"Unable to read"}});
     Click(kAuto);
     EXPECT_FALSE(IsOn(kEdit) || IsOn(kSave));
     Click(kManual);
@@ -91,13 +75,13 @@ TEST_F(ProfileWindowTest, ChoicesOfMonitor)
     Click(kEdit);
     for (const auto& [type, sizes, size, watts] : {std::tuple(L"CRT", 5, L"15.00", L"65.20 4.20"),
              {L"LCD", 16, L"27.00", L"36.91 0.51"}, {L"LED", 8, L"24.00", L"18.9 0.09"}}) {
-        Choose(kType, type);
+        Set(kType, type);
         EXPECT_EQ(SendMessageW(ControlOf(m_window, kSize), CB_GETCOUNT, 0, 0), sizes) << type;
-        Choose(kSize, size);
+        Set(kSize, size);
         EXPECT_EQ(Watts(), watts);
     }
-    Choose(kSize, L"22.00");
-    Choose(kType, L"CRT"); // has that size too
+    Set(kSize, L"22.00");
+    Set(kType, L"CRT"); // has that size too
     EXPECT_EQ(Watts(), L"141.00 3.50");
     for (const int kind : {kInbuilt, kBranded}) {
         ClickRadio(kind);
@@ -108,13 +92,12 @@ TEST_F(ProfileWindowTest, ChoicesOfMonitor)
     ClickRadio(kOthers);
     EXPECT_EQ(Watts(), L"141.00 3.50");
 
-    m_program.TakeOperations();
-    BoxScript boxes{{L"Refresh", {}, Answer::No}};
+    TakeOperations();
+    boxes.Expect({{L"Refresh", {}, Answer::No}, {L"Refresh", {}, Answer::Yes}});
     Click(kRefreshKey);
-    EXPECT_TRUE(m_program.TakeOperations().empty());
-    boxes.Expect({{L"Refresh", {}, Answer::Yes}});
+    EXPECT_TRUE(TakeOperations().empty());
     Click(kRefreshKey);
-    EXPECT_EQ(SelectedText(m_window, kSize) + L" " + Text(kCpuOff), L"17.00 0.85") << "what the agent has";
+    EXPECT_EQ(Shown(kSize) + L" " + Shown(kCpuOff), L"17.00 0.85") << "what the agent has";
     Click(kEdit);
     Click(kRefreshKey); // nothing was typed
     EXPECT_FALSE(IsOn(kSave));
@@ -128,7 +111,7 @@ TEST_F(ProfileWindowTest, AnUntouchedRecordGoesBackAsItCame)
         {L"BRANDED", L"9", L"-", L"7.5", L"0.00 0.00", L"21.23 0.49"},
         {L"lcd", L"17.30", L"5", L"0.400", L"5 0.400", L"8.40 0.73"}, // a size that no row has
         {L"OLED", L"17.00", L"5.00", L"0.40", L"5.00 0.40", L"21.23 0.49"}};
-    m_program.Agent().SetFault(L"ApplyPowerConsumptionData", {FaultKind::Status, L"Success"});
+    Agent().SetFault(L"ApplyPowerConsumptionData", {FaultKind::Status, L"Success"});
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.type);
         PowerConsumptionData record = RoundProfile();
@@ -137,18 +120,14 @@ TEST_F(ProfileWindowTest, AnUntouchedRecordGoesBackAsItCame)
         record.monitorOnPower = row.on;
         record.monitorOffPower = row.off;
         record.cpuIdlePower = L"thirty"; // what was not touched is not checked
-        m_program.Agent().ScriptReply(L"GetCurrentPowerConsumptionData",
+        Agent().ScriptReply(L"GetCurrentPowerConsumptionData",
             simulator::ReplyText({L"response", {}, {ElementOf(L"details", record)}}));
         Open();
         Click(kEdit);
         EXPECT_EQ(Watts(), row.watts);
-        const BoxScript boxes{{L"Power Consumption Settings", {}}};
+        boxes.Expect({{L"Power Consumption Settings", {}}});
         Click(kSave);
-        EXPECT_TRUE(Applied().starts_with(std::wstring(L"<details><ManualSetFlag/><MonitorType>") + row.type
-            + L"</MonitorType><MonitorSize>" + row.size + L"</MonitorSize><MonitorONPower>" + row.on
-            + L"</MonitorONPower><MonitorOFFPower>" + row.off
-            + L"</MonitorOFFPower><CPUMaxPower>60.00</CPUMaxPower><CPUIdlePower>thirty<"))
-            << Applied();
+        ExpectSent(L"ApplyPowerConsumptionData", Line(ElementOf(L"details", record)));
         Click(kEdit);
         ClickRadio(kBranded);
         ClickRadio(kOthers);
@@ -167,14 +146,14 @@ TEST_F(ProfileWindowTest, RefusedPowersAreToldAndEmptied)
     for (const auto& [field, text, box] :
         {std::tuple(kMonitorOn, L"1000", kHigh), {kMonitorOff, L"1,5", kWrong}, {kCpuMax, L"", kWrong},
             {kCpuIdle, L"-1", kWrong}, {kCpuStandby, L"999.991", kHigh}, {kCpuOff, L"1e2", kWrong}}) {
-        Type(field, text);
-        const BoxScript boxes{{L"Invalid Input", box}};
+        Set(field, text);
+        boxes.Expect({{L"Invalid Input", box}});
         Click(kSave);
-        EXPECT_EQ(Text(field), L"");
+        EXPECT_EQ(Shown(field), L"");
         EXPECT_EQ(GetFocus(), ControlOf(m_window, field));
-        Type(field, L"999.99");
+        Set(field, L"999.99");
     }
-    EXPECT_EQ(m_program.TakeOperations(), Operations{L"GetCurrentPowerConsumptionData"}) << "nothing was sent";
+    EXPECT_EQ(TakeOperations(), Operations{L"GetCurrentPowerConsumptionData"}) << "nothing was sent";
 }
 
 TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
@@ -183,20 +162,15 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
     shownDay = MakeShownDay({2024, 2, 29}, {{.poweredOn = 3600, .active = 3600}, {}, 0, 0}, savedProfile);
     Click(kManual);
     EXPECT_EQ(Watts(), L"21.20 0.65");
-    Choose(kType, L"LED");
-    Choose(kSize, L"24.00");
-    Type(kCpuMax, L"100");
-    Type(kCpuIdle, L"40.5");
-    const BoxScript boxes{{L"Power Consumption Settings", {}}, {L"Power Consumption Settings", {}}};
+    for (const auto& [id, text] : {std::pair(kType, L"LED"), {kSize, L"24.00"}, {kCpuMax, L"100"}, {kCpuIdle, L"40.5"}})
+        Set(id, text);
+    boxes.Expect({{L"Power Consumption Settings", {}}, {L"Power Consumption Settings", {}}});
     Click(kSave);
-    EXPECT_EQ(Applied(),
-        L"<details><ManualSetFlag>Yes</ManualSetFlag><MonitorType>LED</MonitorType><MonitorSize>24.00</MonitorSize>"
-        L"<MonitorONPower>18.9</MonitorONPower><MonitorOFFPower>0.09</MonitorOFFPower>"
-        L"<CPUMaxPower>100.00</CPUMaxPower><CPUIdlePower>40.50</CPUIdlePower>"
-        L"<CPUStandbyPower>2.50</CPUStandbyPower><CPUOffPower>1.00</CPUOffPower><System_Type>Notebook</System_Type>"
-        L"<Processor_Type>Quad core, 2.40 GHz</Processor_Type>"
-        L"<System_Manufacturer>Harrowgate Computers</System_Manufacturer><System_Model>Fieldbook 14 G3</System_Model>");
-    EXPECT_EQ(m_program.TakeOperations(),
+    ExpectSent(L"ApplyPowerConsumptionData",
+        L"details[ManualSetFlag=Yes MonitorType=LED MonitorSize=24.00 MonitorONPower=18.9 MonitorOFFPower=0.09 "
+        L"CPUMaxPower=100.00 CPUIdlePower=40.50 CPUStandbyPower=2.50 CPUOffPower=1.00 System_Type=Notebook "
+        L"Processor_Type=Quad core, 2.40 GHz System_Manufacturer=Harrowgate Computers System_Model=Fieldbook 14 G3]");
+    EXPECT_EQ(TakeOperations(),
         (Operations{L"GetCurrentPowerConsumptionData", L"GetManualPowerConsumptionData", L"GetActivationstatus",
             L"ApplyPowerConsumptionData", L"GetCurrentPowerConsumptionData"}));
     EXPECT_EQ(CellOf(ControlOf(m_window, kSaved), 4, 1), L"100.00 Watts");
@@ -205,23 +179,20 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
     EXPECT_EQ(EnergyText(shownDay->figures.nowIs), L"0.067 kWh");
 
     Click(kAuto);
-    EXPECT_EQ(Text(kCpuMax), L"62.40");
+    EXPECT_EQ(Shown(kCpuMax), L"62.40");
     Click(IDOK);
-    EXPECT_TRUE(Applied().starts_with(L"<details><ManualSetFlag>No</ManualSetFlag><MonitorType>LCD</MonitorType>"));
+    EXPECT_NE(LastRequest(L"ApplyPowerConsumptionData").find(L"<ManualSetFlag>No</ManualSetFlag>"), std::wstring::npos);
 }
 
 TEST_F(ProfileWindowTest, RefusalsOfTheAgentLeaveTheFieldsAsTheyAre)
 {
-    constexpr const wchar_t* kCaption = L"Power Consumption Settings";
     Open();
-    m_program.TakeOperations();
     const Change change = {.operation = L"ApplyPowerConsumptionData",
-        .question = nullptr,
         .failed = {L"Error", L"Unable to Set"},
         .readAfterSuccess = {L"GetCurrentPowerConsumptionData"},
-        .done = {kCaption, {}},
+        .done = {L"Power Consumption Settings", {}},
         .unlicensed = L"Unable to Set"};
-    m_program.ExpectAnswers(change, [&] {
+    ExpectAnswers(change, [&] {
         if (!IsOn(kSave))
             Click(kEdit);
         ClickRadio(kBranded);
@@ -230,5 +201,4 @@ TEST_F(ProfileWindowTest, RefusalsOfTheAgentLeaveTheFieldsAsTheyAre)
     });
 }
 
-} // namespace
 } // namespace voltaro

@@ -4,16 +4,8 @@
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
-#include "ui/list_view.h"
-#include "ui/tooltip.h"
-#include "ui/waiting.h"
-
-#include <algorithm>
 
 namespace voltaro {
-namespace {
 
 constexpr int kPicker = 101;
 const Operations kOneDay = {L"GetActivationstatus", L"GetVLTEvents"};
@@ -49,13 +41,12 @@ const struct { WindowId page; int list; std::wstring_view text; } kLists[] = {
 };
 // clang-format on
 
-class SavingsWindowTest : public testing::Test {
-protected:
+struct SavingsWindowTest : testing::Test, LoadedProgram {
     SavingsWindowTest()
     {
         savedProfile = RoundProfile();
-        m_program.Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);
-        m_program.Command(WindowId::Main, kSavingsReport);
+        Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);
+        MainCommand(kSavingsReport);
     }
 
     [[nodiscard]] HWND Picker() const { return ControlOf(WindowOf(WindowId::Savings), kPicker); }
@@ -68,7 +59,7 @@ protected:
     void Choose(WORD year, WORD month, WORD day)
     {
         SetDay(year, month, day);
-        m_program.Command(WindowId::Savings, IDOK);
+        Command(WindowId::Savings, IDOK);
     }
     // What the agent is asked after the picker's notification, once the day has rested.
     Operations AskedAfter(UINT code, unsigned milliseconds)
@@ -77,12 +68,12 @@ protected:
         SendMessageW(WindowOf(WindowId::Savings), WM_NOTIFY, kPicker, reinterpret_cast<LPARAM>(&header));
         static_cast<void>(WaitServingWindows(nullptr, milliseconds));
         Pump();
-        return m_program.TakeOperations();
+        return TakeOperations();
     }
     void ExpectDayAfterReopening(int monthAndDay)
     {
-        m_program.Command(WindowId::Savings, IDCANCEL);
-        EXPECT_FALSE(IsWindowVisible(WindowOf(WindowId::Savings)));
+        Command(WindowId::Savings, IDCANCEL);
+        EXPECT_FALSE(IsOpen(WindowId::Savings));
         SetDay(2024, 1, 1);
         OpenSavingsWindow(nullptr);
         SYSTEMTIME time{};
@@ -98,31 +89,25 @@ protected:
             std::erase(text, L'\r');
             std::replace(text.begin(), text.end(), L'\n', L'|');
             EXPECT_TRUE(!shown || text == row.text) << text;
-            RECT last;
             const bool emission = row.text.ends_with(L"Grams|") || row.text.ends_with(L"Grams\t|");
-            if (!shown || !emission || !ListView_GetItemRect(list, RowCount(list) - 1, &last, LVIR_LABEL))
-                continue;
-            SendMessageW(list, WM_MOUSEMOVE, 0, MAKELPARAM(last.left + 2, last.top + 2));
-            EXPECT_STREQ(TooltipOf(list), L"Saved power (kWh) x 700 Grams");
+            EXPECT_TRUE(!shown || !emission || TipOver(list, RowCount(list) - 1) == L"Saved power (kWh) x 700 Grams");
         }
     }
-
-    LoadedProgram m_program;
 };
 
 TEST_F(SavingsWindowTest, OpeningAsksNothingAndAChosenDayFillsThePages)
 {
-    EXPECT_TRUE(IsWindowVisible(WindowOf(WindowId::Savings)));
-    EXPECT_TRUE(m_program.TakeOperations().empty());
+    EXPECT_TRUE(IsOpen(WindowId::Savings));
+    EXPECT_TRUE(TakeOperations().empty());
     ExpectLists(false);
     Choose(2024, 2, 29);
-    EXPECT_NE(m_program.LastRequest(L"GetVLTEvents").find(L"<fordate>02292024</fordate>"), std::wstring::npos);
-    EXPECT_EQ(m_program.TakeOperations(), kOneDay);
+    EXPECT_NE(LastRequest(L"GetVLTEvents").find(L"<fordate>02292024</fordate>"), std::wstring::npos);
+    EXPECT_EQ(TakeOperations(), kOneDay);
     ExpectLists(true);
 
     // Closed and opened again: the day and its report are there, and the agent is not asked.
     ExpectDayAfterReopening(229);
-    EXPECT_TRUE(m_program.TakeOperations().empty());
+    EXPECT_TRUE(TakeOperations().empty());
     ExpectLists(true);
 }
 
@@ -149,7 +134,7 @@ TEST_F(SavingsWindowTest, ADayCountsOnceItRestsAndNotFromTheFuture)
     DateTime_GetRange(Picker(), range);
     EXPECT_EQ(range[1].wYear, now.wYear);
     Choose(static_cast<WORD>(now.wYear + 1), 1, 1);
-    EXPECT_EQ(m_program.LastRequest(L"GetVLTEvents").find(L"0101"), std::wstring::npos) << "no day in the future";
+    EXPECT_EQ(LastRequest(L"GetVLTEvents").find(L"0101"), std::wstring::npos) << "no day in the future";
 }
 
 TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
@@ -158,12 +143,12 @@ TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
     for (const bool readable : {false, true}) {
         savedProfile = {};
         if (!readable)
-            m_program.Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::NotWellFormed, {}});
+            Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::NotWellFormed, {}});
         Choose(2024, 2, 29);
-        EXPECT_EQ(m_program.TakeOperations(), kBoth);
+        EXPECT_EQ(TakeOperations(), kBoth);
         EXPECT_EQ(shownDay->profileKnown, readable);
         EXPECT_EQ(shownDay->profile.cpuMax > 0, readable);
-        m_program.Agent().ClearFaults();
+        Agent().ClearFaults();
     }
 }
 
@@ -185,21 +170,18 @@ TEST_F(SavingsWindowTest, FailuresAreToldAndEmptyThePages)
         SCOPED_TRACE(row.box.caption);
         Choose(2024, 2, 29);
         ExpectLists(true);
-        m_program.TakeOperations();
-        m_program.Agent().ClearScripts();
-        m_program.Agent().SetFault(row.operation, row.fault);
-        {
-            const BoxScript boxes{row.box};
-            Choose(2024, 3, 5);
-        }
-        EXPECT_EQ(m_program.LastRequest(L"GetVLTEvents").empty(), row.operation[3] == L'A') << "not activated";
-        EXPECT_TRUE(IsWindowEnabled(Picker()));
+        TakeOperations();
+        Agent().ClearScripts();
+        Agent().SetFault(row.operation, row.fault);
+        boxes.Expect({row.box});
+        Choose(2024, 3, 5);
+        EXPECT_EQ(LastRequest(L"GetVLTEvents").empty(), row.operation[3] == L'A') << "not activated";
+        EXPECT_TRUE(IsEnabled(Picker()));
         ExpectDayAfterReopening(305);
         ExpectLists(row.listsStay);
-        m_program.Agent().ClearFaults();
-        m_program.Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);
+        Agent().ClearFaults();
+        Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -6,17 +6,16 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
 // A job's line, of its number, its name, the schedule after the start time and the actions.
-std::wstring JobLine(
+static std::wstring JobLine(
     const std::wstring& n, const std::wstring& name, const std::wstring& schedule, const std::wstring& action)
 {
     return L"Job_" + n + L"[Name=" + name + L" Description= EnabledFlag=No Schedule_" + n + L"[StartTime=08:05:00 "
         + schedule + L"]] Action_" + n + L"[" + action + L"]]";
 }
 
-ScheduledJob Job(const std::wstring& name)
+static ScheduledJob Job(const std::wstring& name)
 {
     ScheduledJob job;
     job.name = name;
@@ -24,7 +23,7 @@ ScheduledJob Job(const std::wstring& name)
     return job;
 }
 
-void ExpectBothWays(const ScheduledJobs& jobs, const std::wstring& line)
+static void ExpectBothWays(const ScheduledJobs& jobs, const std::wstring& line)
 {
     const Element details = BuildJobList(jobs);
     EXPECT_EQ(Line(details), L"details[" + line + L"]");
@@ -116,7 +115,7 @@ TEST(JobDocumentTest, TenJobsOfSevenTasksAndNoMore)
 }
 
 // A list in short: each job's name, start time and number of chosen week days, then its tasks.
-std::wstring Short(const ScheduledJobs& jobs)
+static std::wstring Short(const ScheduledJobs& jobs)
 {
     std::wstring text;
     for (const ScheduledJob& job : jobs) {
@@ -172,5 +171,4 @@ TEST(JobDocumentTest, DamagedTreesInventNothing)
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -4,7 +4,6 @@
 #include "support/refusals.h"
 
 namespace voltaro {
-namespace {
 
 // clang-format off
 TEST(JobRulesTest, JobNames)
@@ -44,23 +43,6 @@ TEST(JobRulesTest, TaskPaths)
     EXPECT_EQ(CheckTaskPath(L"C:\\Tools\\clean.exe", job, EditMode::Update), nullptr);
 }
 // clang-format on
-
-TEST(JobChoicesTest, EveryChoiceBothWays)
-{
-    constexpr std::int32_t kIdleness[] = {2, 3, 4, 5, 10, 15, 20, 30, 45, 60, 120, 180, 240, 300, 360};
-    constexpr std::int32_t kRepeat[] = {5, 10, 15, 30, 60, 120, 180, 240, 300, 360, 420, 480, 540, 600, 660, 720};
-    const auto check = [](Choices choices, std::span<const std::int32_t> minutes, const wchar_t* hour) {
-        ASSERT_EQ(choices.size(), minutes.size());
-        for (std::size_t i = 0; i < choices.size(); ++i) {
-            EXPECT_EQ(ShownChoice(choices, minutes[i]), i);
-            const bool hours = minutes[i] >= 60;
-            const std::wstring unit = !hours ? L" Mins" : minutes[i] == 60 ? hour : hour + std::wstring(L"s");
-            EXPECT_EQ(choices[i].text, std::to_wstring(hours ? minutes[i] / 60 : minutes[i]) + unit);
-        }
-    };
-    check(kIdlenessChoices, kIdleness, L" Hr");
-    check(kRepeatChoices, kRepeat, L" Hour");
-}
 
 TEST(JobTextsTest, TimesAndDates)
 {
@@ -120,5 +102,4 @@ TEST(JobTextsTest, NextRuns)
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -7,9 +7,8 @@
 #include <tuple>
 
 namespace voltaro {
-namespace {
 
-HostSettings Ports(const wchar_t* tcp, const wchar_t* udp)
+static HostSettings Ports(const wchar_t* tcp, const wchar_t* udp)
 {
     return {{}, tcp, udp, {}, {}, {}, {}, {}, {}, {}, {}, {}};
 }
@@ -68,28 +67,6 @@ TEST(SettingsRulesTest, ASnoozeAlertThatIsOffHasFixedTimes)
     }
 }
 
-TEST(SettingsRulesTest, FeatureWordsInAnyCase)
-{
-    const std::tuple<const wchar_t*, bool, bool> kRows[] = {{L"yes", true, true}, {L"No", true, false},
-        {L"", true, false}, {L"NAN", true, false}, {L"NA", false, false}, {L"na", false, false}};
-    for (const auto& [feature, controllable, disabled] : kRows) {
-        EXPECT_EQ(IsControllable(feature), controllable) << feature;
-        EXPECT_EQ(IsFeatureDisabled(feature), disabled) << feature;
-    }
-}
-
-TEST(SettingsRulesTest, DottedAddresses)
-{
-    EXPECT_EQ(AddressOf(L"192.168.20.11"), 0xC0A8140BU);
-    EXPECT_EQ(AddressOf(L"0.0.0.0"), 0U);
-    EXPECT_EQ(AddressOf(L"255.255.255.255"), 0xFFFFFFFFU);
-    for (const wchar_t* none : {L"", L"1.2.3", L"1.2.3.", L"1.2.3.4.5", L"1.2.3.4 ", L" 1.2.3.4", L"1..3.4",
-             L"1.2.3.256", L"1.2.3.-4", L"1.2.3.99999999999", L"host.example"})
-        EXPECT_EQ(AddressOf(none), std::nullopt) << none;
-    EXPECT_EQ(DottedAddress(0xC0A8140BU), L"192.168.20.11");
-    EXPECT_EQ(DottedAddress(0), L"0.0.0.0");
-}
-
 TEST(MachineTextsTest, LogoOfTheSystemName)
 {
     const std::pair<SystemLogo, std::vector<const wchar_t*>> kRows[] = {
@@ -144,5 +121,4 @@ TEST(MachineTextsTest, Battery)
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -1,133 +1,106 @@
-#include "console/main_hold.h"
-#include "console/ui_calls.h"
-#include "shell/about.h"
-#include "shell/main_menus.h"
 #include "support/program.h"
-#include "ui/menus.h"
-#include "ui/theme.h"
 
 namespace voltaro {
-namespace {
 
+constexpr auto kWindow = WindowId::Activation;
 constexpr int kStateLine = 8601, kFields = 8602, kKey = 8603, kActivateButton = 8604;
 
-class ActivationTest : public testing::Test {
-protected:
-    void Open()
+struct ActivationTest : testing::Test, LoadedProgram {
+    ActivationTest()
+        : LoadedProgram(L"notactivated")
     {
-        program.Command(WindowId::Main, kActivate);
-        ASSERT_TRUE(IsWindowVisible(window));
-        EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
-        program.TakeOperations();
+        MainCommand(kActivate);
+        EXPECT_TRUE(IsOpen(kWindow) && !IsMainFree());
+        TakeOperations();
     }
-    void Activate(const wchar_t* key)
+    void Activate(const wchar_t* key, const ExpectedBox& box)
     {
-        program.Type(WindowId::Activation, kKey, key);
-        program.Command(WindowId::Activation, kActivateButton);
+        boxes.Expect({box});
+        Do({{kWindow, kKey, key}, {kWindow, kActivateButton}});
     }
-    std::wstring StateLine() const { return TextOf(window, kStateLine); }
-
-    LoadedProgram program{*simulator::FindScenario(L"notactivated")};
-    HWND window = WindowOf(WindowId::Activation);
 };
 
 TEST_F(ActivationTest, SendsAKeyHoweverItWasPastedAndNothingElse)
 {
-    Open();
-    EXPECT_EQ(StateLine(), L"Voltaro on 'Localhost' is not activated.");
-    EXPECT_EQ(CellOf(ControlOf(window, kFields), 0, 1), L"Not Activated");
+    EXPECT_EQ(Text(kWindow, kStateLine), L"Voltaro on 'Localhost' is not activated.");
+    EXPECT_EQ(CellOf(Find(kWindow, kFields), 0, 1), L"Not Activated");
     for (const wchar_t* key : {L"", L" - - ", L"abcd_EFGH", L"abcd\u00E9", L"<key>", L"a&b"}) {
-        BoxScript boxes{{L"Invalid activation key", {}}};
-        Activate(key);
-        EXPECT_EQ(TextOf(window, kKey), L"");
-        EXPECT_TRUE(program.TakeOperations().empty());
+        Activate(key, {L"Invalid activation key", {}});
+        EXPECT_EQ(Text(kWindow, kKey), L"");
+        EXPECT_TRUE(TakeOperations().empty());
     }
     for (const wchar_t* key : {L"abcd-EFGH-1234-5678", L"abcdEFGH12345678", L"  abcd EFGH 1234 5678 ",
              L"abcd\u2013EFGH\u20131234\u20135678"}) {
-        BoxScript boxes{{L"Voltaro activated", L"Voltaro is activated now."}};
-        Activate(key);
-        EXPECT_EQ(
-            program.TakeOperations(), (Operations{L"ActivateLicense", L"GetActivationstatus", L"GetLicenseInfo"}));
-        EXPECT_EQ(StateLine(), L"Voltaro on 'Localhost' is activated.");
-        EXPECT_EQ(CellOf(ControlOf(window, kFields), 3, 1), L"abcdEFGH12345678");
-        EXPECT_EQ(TextOf(window, kKey), L"");
+        Activate(key, {L"Voltaro activated", L"Voltaro is activated now."});
+        EXPECT_EQ(TakeOperations(), (Operations{L"ActivateLicense", L"GetActivationstatus", L"GetLicenseInfo"}));
+        EXPECT_EQ(Text(kWindow, kStateLine), L"Voltaro on 'Localhost' is activated.");
+        EXPECT_EQ(CellOf(Find(kWindow, kFields), 3, 1), L"abcdEFGH12345678");
+        EXPECT_EQ(Text(kWindow, kKey), L"");
     }
-    program.Command(WindowId::Activation, IDCANCEL);
-    EXPECT_FALSE(IsWindowVisible(window));
-    EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
-    EXPECT_TRUE(IsConsoleReady());
+    Command(kWindow, IDCANCEL);
+    EXPECT_TRUE(!IsOpen(kWindow) && IsMainFree());
 }
 
 TEST_F(ActivationTest, TellsWhatTheAgentAnswers)
 {
-    Open();
     constexpr const wchar_t* kRows[][3]
         = {{L"0000-0000-0000-0000", L"Could not activate Voltaro.", L"Voltaro on 'Localhost' is not activated."},
             {L"9999-9999-9999-9999", L"The license of this activation key has expired.",
                 L"The license of Voltaro on 'Localhost' has expired."}};
     for (const auto& [key, text, line] : kRows) {
-        BoxScript boxes{{L"Activation Failed", text}};
-        Activate(key);
-        EXPECT_EQ(TextOf(window, kKey), key); // to be mended
-        EXPECT_EQ(StateLine(), line);
+        Activate(key, {L"Activation Failed", text});
+        EXPECT_EQ(Text(kWindow, kKey), key); // to be mended
+        EXPECT_EQ(Text(kWindow, kStateLine), line);
     }
-    for (const auto& [reply, text] : {std::pair(L"Not Activated", L"Voltaro is still not activated."),
-             std::pair(L"SUCCESS", L"Voltaro is activated now."), std::pair(L"", L"Could not activate Voltaro.")}) {
-        program.AnswerWith(L"ActivateLicense", reply);
-        BoxScript boxes{{*text == L'V' && text[11] == L'a' ? L"Voltaro activated" : L"Activation Failed", text}};
-        Activate(L"abcdEFGH12345678");
+    for (const auto& [reply, box] :
+        {std::pair(L"Not Activated", ExpectedBox{L"Activation Failed", L"Voltaro is still not activated."}),
+            {L"SUCCESS", {L"Voltaro activated", L"Voltaro is activated now."}},
+            {L"", {L"Activation Failed", L"Could not activate Voltaro."}}, {kNoAnswer, {L"Connection Issue", {}}}}) {
+        AnswerWith(L"ActivateLicense", reply);
+        Activate(L"abcdEFGH12345678", box);
     }
-    program.Agent().Stop();
-    BoxScript boxes{{L"Connection Issue", {}}};
-    Activate(L"abcdEFGH12345678");
-    EXPECT_EQ(TextOf(window, kKey), L"abcdEFGH12345678");
+    EXPECT_EQ(Text(kWindow, kKey), L"abcdEFGH12345678");
 }
 
-TEST(AboutTest, OpensWithAndWithoutAnAgent)
+struct AboutTest : testing::Test, LoadedProgram { };
+
+TEST_F(AboutTest, OpensWithAndWithoutAnAgent)
 {
     constexpr int kCaption = 8701, kHost = 8702, kService = 8704, kLicense = 8705, kLicensedTo = 8706;
-    LoadedProgram program;
-    program.Command(WindowId::Main, kTrayAbout);
-    ASSERT_NE(AboutWindow(), nullptr);
+    const auto text = [](int id) { return TextOf(AboutWindow(), id); };
+    MainCommand(kTrayAbout);
     EXPECT_EQ(GetFocus(), ControlOf(AboutWindow(), IDOK));
-    EXPECT_FALSE(IsItemEnabled(TrayMenu(), kTrayAbout));
-    EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
-    EXPECT_EQ(TextOf(AboutWindow(), kCaption), L"Voltaro - Standard Edition  [ Version : 1.06.006.000 ]");
-    EXPECT_EQ(TextOf(AboutWindow(), kHost), L"FIELDBOOK-07");
-    EXPECT_EQ(TextOf(AboutWindow(), kLicense), L"Activated");
-    EXPECT_EQ(TextOf(AboutWindow(), kLicensedTo), L"Jan Berg & Partners");
-    program.Command(WindowId::Main, kAbout); // the one that is open
+    EXPECT_FALSE(IsItemEnabled(TrayMenu(), kTrayAbout) || IsMainFree());
+    EXPECT_EQ(text(kCaption), L"Voltaro - Standard Edition  [ Version : 1.06.006.000 ]");
+    EXPECT_EQ(text(kHost) + text(kLicense) + text(kLicensedTo), L"FIELDBOOK-07ActivatedJan Berg & Partners");
+    MainCommand(kAbout); // the one that is open
     SendMessageW(AboutWindow(), WM_CLOSE, 0, 0);
     SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
     EXPECT_EQ(AboutWindow(), nullptr);
-    EXPECT_EQ(GetObjectType(WindowFont()), static_cast<DWORD>(OBJ_FONT)); // was only lent to the link
-    EXPECT_TRUE(IsItemEnabled(TrayMenu(), kTrayAbout));
-    EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
-    EXPECT_TRUE(IsConsoleReady());
+    EXPECT_EQ(GetObjectType(WindowFont()), static_cast<DWORD>(OBJ_FONT)); // the link has not deleted it
+    EXPECT_TRUE(IsItemEnabled(TrayMenu(), kTrayAbout) && IsMainFree());
 
     for (const bool systemInfoClosesFirst : {true, false}) {
-        program.Command(WindowId::Main, kSystemInfo);
-        program.Command(WindowId::Main, kTrayAbout);
+        MainCommand(kSystemInfo);
+        MainCommand(kTrayAbout);
         EXPECT_FALSE(IsConsoleReady());
-        SendMessageW(WindowOf(WindowId::Main), kTrayMessage, 9013, WM_LBUTTONUP);
+        SendMessageW(main, kTrayMessage, 9013, WM_LBUTTONUP);
         Pump();
         EXPECT_EQ(GetForegroundWindow(), AboutWindow()) << "the newest holder";
-        const HWND first = systemInfoClosesFirst ? WindowOf(WindowId::SystemInfo) : AboutWindow();
-        const HWND second = systemInfoClosesFirst ? AboutWindow() : WindowOf(WindowId::SystemInfo);
+        HWND first = WindowOf(WindowId::SystemInfo), second = AboutWindow();
+        if (!systemInfoClosesFirst)
+            std::swap(first, second);
         SendMessageW(first, WM_COMMAND, IDCANCEL, 0);
         EXPECT_EQ(FrontWindow(), second);
-        EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
+        EXPECT_FALSE(IsEnabled(main));
         SendMessageW(second, WM_COMMAND, IDCANCEL, 0);
-        EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)) && IsConsoleReady());
+        EXPECT_TRUE(IsMainFree());
     }
 
-    program.Agent().Stop();
-    BoxScript boxes{{L"Connection Issue", L"not responding"}};
-    program.Command(WindowId::Main, kAbout);
-    ASSERT_NE(AboutWindow(), nullptr);
-    EXPECT_EQ(TextOf(AboutWindow(), kService), L"not responding");
-    EXPECT_EQ(TextOf(AboutWindow(), kLicensedTo), L"");
+    Agent().Stop();
+    boxes.Expect({{L"Connection Issue", L"not responding"}});
+    MainCommand(kAbout);
+    EXPECT_EQ(text(kService) + L"|" + text(kLicensedTo), L"not responding|");
 }
 
-} // namespace
 } // namespace voltaro

@@ -1,29 +1,19 @@
 #include "shell/connection.h"
 
-#include "base/platform_calls.h"
 #include "console/agent_lost.h"
-#include "console/connection_state.h"
-#include "shell/main_menus.h"
 #include "shell/main_window.h"
-#include "shell/workers.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/combo_box.h"
-#include "ui/controls.h"
-#include "ui/list_view.h"
-#include "ui/menus.h"
 
 #include <set>
 
 namespace voltaro {
-namespace {
 
 const Operations kLoadOrder
     = {L"GetSystemstatus", L"GetSystemDetails", L"GetBatteryInfo", L"GetPowerSchemes", L"GetPolicies",
         L"GetCurrentpowersettings", L"GetCurrenthostsettings", L"GetCurrentProxySettings", L"GetActivationstatus",
         L"GetVoltaroSavingsTillDate", L"PauseStatus", L"GetCurrentPowerConsumptionData", L"GetPatchDetails"};
 
-std::set<int> GreyedItems()
+static std::set<int> GreyedItems()
 {
     constexpr int kItems[] = {kReinitialize, kResume, kMenuExitToTray, kClose, kSystemInfo, kBatteryInfo,
         kSavingsReport, kPowerScheme, kPorts, kProxy, kSecurity, kJobScheduler, kSnooze, kHelp, kAbout, kUpdate,
@@ -36,31 +26,32 @@ std::set<int> GreyedItems()
     return greyed;
 }
 
-TEST(ConnectionTest, LoadsAndRefreshesInOrderAndTellsOfADeadAgentOnce)
+struct UnloadedProgram : testing::Test, ConsoleProgram { };
+struct ConnectionTest : testing::Test, LoadedProgram { };
+
+TEST_F(UnloadedProgram, LoadsAndRefreshesInOrderAndTellsOfADeadAgentOnce)
 {
-    ConsoleProgram program;
-    program.Load();
-    EXPECT_EQ(program.TakeOperations(), kLoadOrder);
+    Load();
+    EXPECT_EQ(TakeOperations(), kLoadOrder);
     const HWND main = WindowOf(WindowId::Main);
     EXPECT_TRUE(connection.connected);
     EXPECT_EQ(SelectedText(main, kSchemeList), L"Balanced");
-    EXPECT_FALSE(IsWindowEnabled(ControlOf(main, kSchemeList)));
+    EXPECT_FALSE(IsOn(WindowId::Main, kSchemeList));
     EXPECT_EQ(RowCount(ControlOf(main, kSavingsList)), 5);
     EXPECT_EQ(CellOf(ControlOf(main, kSavingsList), 1, 0), L"Power saved");
     EXPECT_EQ(GreyedItems(), (std::set<int>{kResume}));
     EXPECT_EQ(HostLineText().substr(0, 10), L"Hostname :");
-    program.Command(WindowId::Main, kRefresh);
-    EXPECT_EQ(program.TakeOperations(),
+    MainCommand(kRefresh);
+    EXPECT_EQ(TakeOperations(),
         (Operations{L"GetPowerSchemes", L"GetPolicies", L"GetCurrentpowersettings", L"GetBatteryInfo",
             L"GetActivationstatus", L"PauseStatus"}));
-    program.Agent().Stop();
-    const BoxScript boxes{{L"Failed to communicate with Voltaro Agent", {}}};
-    program.Command(WindowId::Main, kRefresh);
+    Agent().Stop();
+    boxes.Expect({{L"Failed to communicate with Voltaro Agent", {}}});
+    MainCommand(kRefresh);
 }
 
-TEST(ConnectionTest, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSchemes)
+TEST_F(UnloadedProgram, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSchemes)
 {
-    ConsoleProgram program;
     // What fails, the box (for the details there is none), and what was asked until then.
     const std::tuple<const wchar_t*, ExpectedBox, Operations> kRows[]
         = {{L"GetSystemstatus",
@@ -70,16 +61,16 @@ TEST(ConnectionTest, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSchemes
             {L"GetPowerSchemes", {L"Failed to communicate with Voltaro Agent", L"Voltaro Agent not responding"},
                 kLoadOrder}};
     for (const auto& [operation, box, asked] : kRows) {
-        program.Agent().ClearFaults();
-        program.Agent().SetFault(operation, {FaultKind::CloseMidFrame, {}});
-        const BoxScript boxes{box};
-        program.Load();
-        EXPECT_EQ(program.TakeOperations(), asked);
+        Agent().ClearFaults();
+        Agent().SetFault(operation, {FaultKind::CloseMidFrame, {}});
+        boxes.Expect({box});
+        Load();
+        EXPECT_EQ(TakeOperations(), asked);
         EXPECT_EQ(connection.connected, asked == kLoadOrder);
         if (connection.connected)
             break;
         EXPECT_EQ(HostLineText(), L"Not initialized.");
-        EXPECT_FALSE(IsWindowEnabled(ControlOf(WindowOf(WindowId::Main), kStandby)));
+        EXPECT_FALSE(IsOn(WindowId::Main, kStandby));
         const std::set<int> greyed = GreyedItems();
         for (const int usable : {kReinitialize, kMenuExitToTray, kClose, kHelp, kAbout, kWebSite})
             EXPECT_EQ(greyed.count(usable), 0U) << usable;
@@ -87,10 +78,9 @@ TEST(ConnectionTest, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSchemes
     }
 }
 
-TEST(ConnectionTest, OneLossOneBox)
+TEST_F(ConnectionTest, OneLossOneBox)
 {
-    LoadedProgram program;
-    BoxScript boxes{{L"Connection Issue", L"\n         To reconnect (in Voltaro Console Menu)"}};
+    boxes.Expect({{L"Connection Issue", L"\n         To reconnect (in Voltaro Console Menu)"}});
     OnAgentLost();
     OnAgentLost();
     boxes.ExpectAllSeen();
@@ -98,22 +88,22 @@ TEST(ConnectionTest, OneLossOneBox)
         (std::set<int>{
             kResume, kSystemInfo, kPowerScheme, kJobScheduler, kSnooze, kSecurity, kSavingsReport, kActivate, kPorts}));
     EXPECT_EQ(RowCount(ControlOf(WindowOf(WindowId::Main), kSavingsList)), 0);
-    program.Command(WindowId::Main, kReinitialize);
+    MainCommand(kReinitialize);
     EXPECT_TRUE(connection.connected);
-    program.Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseMidFrame, {}});
-    program.Command(WindowId::Main, kReinitialize);
+    Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseMidFrame, {}});
+    MainCommand(kReinitialize);
     EXPECT_EQ(HostLineText(), L"Not initialized.");
-    program.Agent().ClearFaults();
-    program.Command(WindowId::Main, kReinitialize);
+    Agent().ClearFaults();
+    MainCommand(kReinitialize);
     EXPECT_EQ(GreyedItems(), (std::set<int>{kResume}));
 }
 
 // The poller asks for the pause state, for the battery where there is one, and gives up after three failed tries.
-TEST(ConnectionTest, PollsUntilTheAgentIsLost)
+TEST(PollerTest, PollsUntilTheAgentIsLost)
 {
     for (const auto& [scenario, second, greyed] : {std::tuple(L"battery", L"GetBatteryInfo", std::set<int>{kResume}),
              {L"desktop", L"PauseStatus", {kResume, kBatteryInfo}}}) {
-        LoadedProgram program(*simulator::FindScenario(scenario));
+        LoadedProgram program(scenario);
         EXPECT_EQ(GreyedItems(), greyed) << scenario;
         timing.pollerPeriod = timing.pollerFirstRetry = timing.pollerSecondRetry = 50;
         ASSERT_TRUE(StartWorkers());
@@ -121,7 +111,7 @@ TEST(ConnectionTest, PollsUntilTheAgentIsLost)
         const Operations polled = program.TakeOperations();
         EXPECT_EQ(polled[0], L"PauseStatus");
         EXPECT_EQ(polled[1], second);
-        BoxScript boxes{{L"Connection Issue", {}}};
+        program.boxes.Expect({{L"Connection Issue", {}}});
         program.Agent().SetFault(L"*", {FaultKind::CloseAtOnce, {}});
         EXPECT_TRUE(WaitFor([] { return !connection.connected; }));
         Pump();
@@ -129,5 +119,4 @@ TEST(ConnectionTest, PollsUntilTheAgentIsLost)
     }
 }
 
-} // namespace
 } // namespace voltaro

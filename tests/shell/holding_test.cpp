@@ -1,141 +1,100 @@
 // Who holds the main window, what a lost agent is told by, and how the workers end.
-#include "base/platform_calls.h"
 #include "console/agent.h"
 #include "console/agent_lost.h"
 #include "console/background_refresh.h"
-#include "console/connection_state.h"
-#include "console/main_hold.h"
-#include "console/ui_calls.h"
-#include "shell/about.h"
 #include "shell/main_window.h"
-#include "shell/workers.h"
 #include "support/program.h"
 
 #include <algorithm>
-#include <random>
 
 namespace voltaro {
-namespace {
 
-bool IsMainFree()
-{
-    return IsWindowEnabled(WindowOf(WindowId::Main)) && IsConsoleReady();
-}
+struct HoldingTest : testing::Test, LoadedProgram { };
 
-TEST(HoldingTest, AboutKeepsTheMainWindowThatItTookOverAnOpenBox)
+TEST_F(HoldingTest, AboutKeepsTheMainWindowThatItTookOverAnOpenBox)
 {
-    LoadedProgram program;
-    program.Agent().Stop();
-    static int boxes = 0;
-    boxes = 0;
+    Agent().Stop();
+    static int told = 0;
+    told = 0;
     platformCalls.showMessageBox = [](const BoxCall& call) {
-        if (call.caption == L"Connection Issue" && boxes++ == 0)
+        if (call.caption == L"Connection Issue" && told++ == 0)
             SendMessageW(WindowOf(WindowId::Main), WM_COMMAND, kTrayAbout, 0);
         return Answer::Ok;
     };
-    program.Command(WindowId::Main, kReinitialize);
-    EXPECT_EQ(boxes, 1);
+    MainCommand(kReinitialize);
+    EXPECT_EQ(told, 1);
     ASSERT_NE(AboutWindow(), nullptr);
-    EXPECT_FALSE(IsWindowEnabled(WindowOf(WindowId::Main)));
-    EXPECT_FALSE(IsConsoleReady());
+    EXPECT_FALSE(IsEnabled(main) || IsConsoleReady());
     SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
     EXPECT_TRUE(IsMainFree());
 }
 
-TEST(HoldingTest, AnOpenBoxKeepsItsOwnerWhenAboutCloses)
+TEST_F(HoldingTest, AnOpenBoxKeepsItsOwnerWhenAboutCloses)
 {
-    LoadedProgram program;
     platformCalls.showMessageBox = [](const BoxCall& call) {
         EnableWindow(call.owner, FALSE); // as Windows does
         SendMessageW(call.owner, WM_COMMAND, kTrayAbout, 0);
         SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
-        EXPECT_FALSE(IsWindowEnabled(call.owner));
+        EXPECT_FALSE(IsEnabled(call.owner));
         return Answer::No;
     };
-    program.Command(WindowId::Main, kTrayClose);
+    MainCommand(kTrayClose);
     EXPECT_TRUE(IsMainFree());
 }
 
-TEST(HoldingTest, ALossIsToldByABoxThatIsSeen)
+TEST_F(HoldingTest, ALossIsToldByABoxThatIsSeen)
 {
-    static std::vector<HWND> owners;
-    owners.clear();
-    for (const bool hidden : {false, true}) {
-        LoadedProgram program;
-        platformCalls.showMessageBox = [](const BoxCall& call) {
-            owners.push_back(call.owner);
-            return Answer::Ok;
-        };
-        if (hidden)
-            program.Command(WindowId::Main, kExitToTray);
-        const HWND main = WindowOf(WindowId::Main);
-        OnAgentLost();
-        OnAgentLost();
-        EXPECT_EQ(owners.back(), hidden ? nullptr : main);
-    }
-    EXPECT_EQ(owners.size(), 2U);
+    static HWND owner;
+    platformCalls.showMessageBox = [](const BoxCall& call) {
+        owner = call.owner;
+        return Answer::Ok;
+    };
+    OnAgentLost();
+    EXPECT_EQ(owner, main);
+    MainCommand(kReinitialize);
+    MainCommand(kExitToTray);
+    OnAgentLost();
+    EXPECT_EQ(owner, nullptr);
 }
 
 // A request that could not be sent says nothing about the agent; a member's own box comes before the loss.
-TEST(OutcomeTest, EachIsToldInItsOwnWay)
+TEST_F(HoldingTest, EachOutcomeIsToldInItsOwnWay)
 {
-    LoadedProgram program;
     {
         const Reply held = Exchange(Plain(Operation::ApplyPowerScheme));
         const Reply again = Exchange(Plain(Operation::ApplyPowerScheme));
         EXPECT_EQ(again.Result(), Outcome::NotSent);
-        const BoxScript boxes{{L"Set Scheme Failed", {}}};
-        program.Command(WindowId::Main, kChange);
-        program.Command(WindowId::Main, kSet);
+        boxes.Expect({{L"Set Scheme Failed", {}}});
+        MainCommand(kChange);
+        MainCommand(kSet);
         const Reply status = Exchange(Plain(Operation::GetActivationStatus));
-        program.Command(WindowId::Main, kRefresh); // reads the status too
+        MainCommand(kRefresh); // reads the status too
     }
     EXPECT_TRUE(connection.connected);
     const Reply unbuildable = SendOrLose(WithText(Operation::PauseStatus, L"text", std::wstring(300, L'x')));
     EXPECT_EQ(unbuildable.Result(), Outcome::NotSent);
     EXPECT_TRUE(connection.connected);
-    program.Agent().Stop();
-    const BoxScript boxes{
-        {L"Connection Closed !", L"Please check if Voltaro Service is started ?"}, {L"Connection Issue", {}}};
+    Agent().Stop();
+    boxes.Expect(
+        {{L"Connection Closed !", L"Please check if Voltaro Service is started ?"}, {L"Connection Issue", {}}});
     EXPECT_EQ(SendOrLose(Plain(Operation::GetSavingsTillDate)).Result(), Outcome::CannotConnect);
     EXPECT_FALSE(connection.connected);
 }
 
-TEST(WorkersTest, EndAtAnyPointOfARequest)
+TEST_F(HoldingTest, ARefreshAskedForDuringARunIsMade)
 {
-    LoadedProgram program;
-    std::mt19937 random(20);
-    for (int i = 0; i < 50; ++i) {
-        const FaultKind kinds[] = {FaultKind::Silent, FaultKind::Slow, FaultKind::None};
-        program.Agent().SetFault(L"*", {kinds[i % 3], i % 3 == 1 ? L"10" : L""});
-        timing.pollerPeriod = 1 + random() % 30;
-        ASSERT_TRUE(StartWorkers());
-        RequestBackgroundRefresh(i % 2 ? kRefreshSystemDetails : kRefreshPowerData);
-        program.Command(WindowId::Main, kUpdate);
-        Sleep(random() % 60); // the window serves nothing meanwhile, so workers wait for it too
-        const ULONGLONG start = GetTickCount64();
-        StopWorkers(i % 2 ? StopOrder::MainWindowDestroyed : StopOrder::SessionEnds);
-        EXPECT_LT(GetTickCount64() - start, 1'000U) << i;
-        ReleaseAllHolders();
-    }
-}
-
-TEST(WorkersTest, ARefreshAskedForDuringARunIsMade)
-{
-    LoadedProgram program;
-    program.Agent().SetFault(L"GetSystemDetails", {FaultKind::Late, L"150"});
+    Agent().SetFault(L"GetSystemDetails", {FaultKind::Late, L"150"});
     ASSERT_TRUE(StartWorkers());
-    program.Command(WindowId::Main, kChange);
+    MainCommand(kChange);
     RequestBackgroundRefresh(kRefreshSystemDetails);
-    ASSERT_TRUE(WaitFor([&] { return !program.Agent().Requests().empty(); }));
+    ASSERT_TRUE(WaitFor([&] { return !Agent().Requests().empty(); }));
     RequestBackgroundRefresh(kRefreshPowerData);
     RequestBackgroundRefresh(kRefreshSystemDetails);
-    EXPECT_TRUE(WaitFor([&] { return program.Agent().Requests().size() == 5; }, 3'000));
-    const Operations asked = program.TakeOperations();
+    EXPECT_TRUE(WaitFor([&] { return Agent().Requests().size() == 5; }, 3'000));
+    const Operations asked = TakeOperations();
     EXPECT_EQ(std::count(asked.begin(), asked.end(), L"GetSystemDetails"), 2);
     StopWorkers(StopOrder::MainWindowDestroyed);
-    EXPECT_TRUE(IsWindowEnabled(ControlOf(WindowOf(WindowId::Main), kSchemeList))); // the user is still choosing
+    EXPECT_TRUE(IsOn(WindowId::Main, kSchemeList)); // the user is still choosing
 }
 
-} // namespace
 } // namespace voltaro

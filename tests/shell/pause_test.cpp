@@ -1,37 +1,33 @@
 #include "shell/pause.h"
 
-#include "base/text.h"
 #include "power/processor_strip.h"
-#include "shell/about.h"
-#include "shell/main_menus.h"
 #include "shell/tray.h"
 #include "support/fake_tray.h"
 #include "support/program.h"
-#include "ui/menus.h"
-#include "ui/tooltip.h"
 
 namespace voltaro {
-namespace {
 
 constexpr const wchar_t* kRunning = L"----- usable, resume grey grey, Voltaro - Standard Edition  \n"
                                     L"[ Version : 1.06.006.000 ]";
-constexpr const wchar_t* kPausedFor[] = {L"x---- grey, resume usable usable, Voltaro Paused",
-    L"-x--- grey, resume usable usable, Voltaro Paused", L"--x-- grey, resume usable usable, Voltaro Paused",
-    L"---x- grey, resume usable usable, Voltaro Paused", L"----x grey, resume usable usable, Voltaro Paused"};
 
-const wchar_t* Usable(HMENU menu, unsigned id)
+static const wchar_t* Usable(HMENU menu, unsigned id)
 {
     return IsItemEnabled(menu, id) ? L"usable" : L"grey";
 }
 
+// What Look gives; 0 hours for running.
+static std::wstring LookFor(int hours)
+{
+    std::wstring ticks = L"-----";
+    if (hours == 0)
+        return kRunning;
+    ticks[static_cast<std::size_t>(hours - 1)] = L'x';
+    return ticks + L" grey, resume usable usable, Voltaro Paused";
+}
+
 // A program with its tray icon, loaded and running, and what pausing changes about it.
-class PauseTest : public testing::Test {
-protected:
-    PauseTest()
-    {
-        AddTrayIcon(main);
-        runningIcon = tray.Last().icon;
-    }
+struct PauseTest : testing::Test, LoadedProgram {
+    PauseTest() { AddTrayIcon(main); }
     ~PauseTest() override { RemoveTrayIcon(); }
 
     // The ticks, the pause items (they are grey or usable together), the two "Resume" items and the tray's tooltip.
@@ -44,17 +40,14 @@ protected:
         }
         look += Format(L" %ls, resume %ls %ls, %ls", Usable(PauseMenu(), kPauseOneHour), Usable(MainMenuBar(), kResume),
             Usable(TrayMenu(), kResume), tray.Last().tooltip.c_str());
-        EXPECT_EQ(tray.Last().icon == runningIcon, look[6] == L'u');
+        EXPECT_EQ(tray.Last().icon == tray.Calls()[0].icon, look[6] == L'u');
         EXPECT_EQ(ResumeTip().empty(), look[6] == L'u');
-        EXPECT_TRUE(IsWindowEnabled(ControlOf(main, kResumeButton)));
+        EXPECT_TRUE(IsOn(WindowId::Main, kResumeButton));
         return look;
     }
     std::wstring ResumeTip() const { return TooltipOf(ControlOf(main, kResumeButton)); }
 
     FakeTray tray;
-    LoadedProgram program;
-    HWND main = WindowOf(WindowId::Main);
-    std::string runningIcon;
 };
 
 TEST_F(PauseTest, ShowsEveryStatusThatTheAgentReports)
@@ -67,43 +60,37 @@ TEST_F(PauseTest, ShowsEveryStatusThatTheAgentReports)
         {L"<vltp><response>", 3}, {kNoAnswer, 3}, {L"1", 1}, {L"resumed", 0}, {L"6", 0}, {L"2", 2}, {L"RESUMED", 0},
         {kNoAnswer, 0}, {L"5", 5}, {L"4", 4}, {L"Resumed", 0}};
     for (const auto& row : kRows) {
-        program.AnswerWith(L"PauseStatus", row.status);
-        program.Command(WindowId::Main, kRefresh);
-        EXPECT_EQ(Look(), row.hours == 0 ? kRunning : kPausedFor[row.hours - 1]) << row.status;
+        AnswerWith(L"PauseStatus", row.status);
+        MainCommand(kRefresh);
+        EXPECT_EQ(Look(), LookFor(row.hours)) << row.status;
         EXPECT_EQ(notPaused, row.hours == 0);
-        if (row.hours == 1) {
-            EXPECT_EQ(ResumeTip().substr(0, 26), L"Paused for 1 hour, read at");
-        }
+        EXPECT_TRUE(row.hours != 1 || ResumeTip().starts_with(L"Paused for 1 hour, read at")) << ResumeTip();
     }
 }
 
 TEST_F(PauseTest, AsksForTheHoursChosen)
 {
     for (int hours = 1; hours <= 5; ++hours) {
-        program.Command(WindowId::Main, kPauseNone + hours);
-        EXPECT_EQ(Look(), kPausedFor[hours - 1]);
-        program.ExpectSent(L"Pause", Format(L"<duration>%d</duration>", hours));
-        EXPECT_FALSE(IsWindowVisible(main));
-        EXPECT_FALSE(IsWindowEnabled(ControlOf(main, kChange)));
-        EXPECT_FALSE(notPaused);
-        program.Command(WindowId::Main, hours % 2 ? kResume : kResumeButton);
+        MainCommand(kPauseNone + hours);
+        EXPECT_EQ(Look(), LookFor(hours));
+        ExpectSent(L"Pause", Format(L"duration=%d", hours));
+        EXPECT_FALSE(IsOpen(WindowId::Main) || IsOn(WindowId::Main, kChange) || notPaused);
+        MainCommand(hours % 2 ? kResume : kResumeButton);
         EXPECT_EQ(Look(), kRunning);
-        EXPECT_TRUE(IsWindowEnabled(ControlOf(main, kChange)));
-        EXPECT_FALSE(notPaused); // until the next status is read
+        EXPECT_TRUE(IsOn(WindowId::Main, kChange) && !notPaused); // until the next status is read
     }
 }
 
 TEST_F(PauseTest, HidesWhatHasTheConsoleAndLeavesItUsable)
 {
-    const HWND scheme = WindowOf(WindowId::Scheme);
-    program.Command(WindowId::Main, kPowerScheme);
-    program.Command(WindowId::SchemeProcessor, kNewPolicy);
-    EXPECT_FALSE(IsWindowEnabled(scheme)); // by its policy window
-    program.Command(WindowId::Main, kTrayAbout);
-    program.Command(WindowId::Main, kPauseOneHour);
+    MainCommand(kPowerScheme);
+    Command(WindowId::SchemeProcessor, kNewPolicy);
+    EXPECT_FALSE(IsEnabled(WindowOf(WindowId::Scheme))); // by its policy window
+    MainCommand(kTrayAbout);
+    MainCommand(kPauseOneHour);
     EXPECT_EQ(AboutWindow(), nullptr);
-    for (const HWND window : {main, scheme, WindowOf(WindowId::Policy)})
-        EXPECT_TRUE(IsWindowEnabled(window) && !IsWindowVisible(window));
+    for (const WindowId window : {WindowId::Main, WindowId::Scheme, WindowId::Policy})
+        EXPECT_TRUE(IsEnabled(WindowOf(window)) && !IsOpen(window));
 }
 
 TEST_F(PauseTest, AnAnswerThatIsNoSuccessChangesNothing)
@@ -115,28 +102,26 @@ TEST_F(PauseTest, AnAnswerThatIsNoSuccessChangesNothing)
             {L"License Expired", {L"Unable to pause", L"'Localhost' has expired"}, kLicenseToo}, {L"Later", {}, kAsked},
             {L"", {}, kAsked}, {kMalformed, {}, kAsked}, {kNoAnswer, {}, kAsked}};
     for (const auto& [status, box, asked] : kRows) {
-        const BoxScript boxes{box};
-        program.AnswerWith(L"Pause", status);
-        program.Command(WindowId::Main, kPauseOneHour);
+        const BoxScript script{box};
+        AnswerWith(L"Pause", status);
+        MainCommand(kPauseOneHour);
         EXPECT_EQ(Look(), kRunning);
-        EXPECT_TRUE(IsWindowVisible(main));
-        EXPECT_TRUE(IsWindowEnabled(ControlOf(main, kChange)));
-        EXPECT_EQ(program.TakeOperations(), asked);
+        EXPECT_TRUE(IsOpen(WindowId::Main) && IsOn(WindowId::Main, kChange));
+        EXPECT_EQ(TakeOperations(), asked);
     }
 }
 
 TEST_F(PauseTest, ResumeShowsTheRunningStateWhateverIsAnswered)
 {
     for (const wchar_t* status : {L"success", L"failure", L"Not Activated", L"", kMalformed, kNoAnswer}) {
-        program.Command(WindowId::Main, kPauseFiveHours);
-        ASSERT_EQ(Look(), kPausedFor[4]);
+        MainCommand(kPauseFiveHours);
+        ASSERT_EQ(Look(), LookFor(5));
         const bool refused = std::wstring_view(status) == L"failure";
-        const BoxScript boxes{{refused ? L"Resume Failed" : L"", L"Could not Resume"}};
-        program.AnswerWith(L"Resume", status);
-        program.Command(WindowId::Main, kResume);
+        const BoxScript script{{refused ? L"Resume Failed" : L"", L"Could not Resume"}};
+        AnswerWith(L"Resume", status);
+        MainCommand(kResume);
         EXPECT_EQ(Look(), kRunning);
     }
 }
 
-} // namespace
 } // namespace voltaro

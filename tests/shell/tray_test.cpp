@@ -1,21 +1,19 @@
 #include "shell/tray.h"
 
-#include "base/platform_calls.h"
-#include "console/connection_state.h"
-#include "console/ui_calls.h"
 #include "support/fake_tray.h"
 #include "support/program.h"
 
 #include <thread>
 
 namespace voltaro {
-namespace {
 
-void LeftClick()
+static void LeftClick()
 {
     SendMessageW(WindowOf(WindowId::Main), kTrayMessage, 9013, WM_LBUTTONUP);
     Pump();
 }
+
+struct LoadedTrayTest : testing::Test, LoadedProgram { };
 
 TEST(TrayTest, CallsTheShellWithOneRecord)
 {
@@ -55,26 +53,24 @@ TEST(TrayTest, ALeftClickRestoresOnceTheConsoleWasLoaded)
     EXPECT_FALSE(IsWindowVisible(main));
     EXPECT_TRUE(program.TakeOperations().empty());
     program.Load();
-    program.Command(WindowId::Main, kMenuExitToTray);
+    program.MainCommand(kMenuExitToTray);
     EXPECT_FALSE(IsWindowVisible(main));
     program.TakeOperations();
     LeftClick();
     EXPECT_TRUE(IsWindowVisible(main));
     EXPECT_EQ(program.TakeOperations(), std::vector<std::wstring>{L"GetBatteryInfo"});
     program.Agent().Stop();
-    BoxScript boxes{{L"Connection Issue", {}}};
+    program.boxes.Expect({{L"Connection Issue", {}}});
     LeftClick();
     LeftClick(); // told once
     EXPECT_TRUE(IsWindowVisible(main));
 }
 
 // The shell reports clicks, and Windows a change of the power source, also while a request waits for its answer.
-TEST(TrayTest, WhatComesDuringARequestFollowsItOnce)
+TEST_F(LoadedTrayTest, WhatComesDuringARequestFollowsItOnce)
 {
-    LoadedProgram program;
-    const HWND main = WindowOf(WindowId::Main);
-    program.Agent().SetFault(L"GetBatteryInfo", {FaultKind::Late, L"200"});
-    std::thread shell([main] {
+    Agent().SetFault(L"GetBatteryInfo", {FaultKind::Late, L"200"});
+    std::thread shell([this] {
         Sleep(50);
         for (int i = 0; i < 10; ++i) {
             SendNotifyMessageW(main, kTrayMessage, 9013, WM_LBUTTONUP);
@@ -84,15 +80,15 @@ TEST(TrayTest, WhatComesDuringARequestFollowsItOnce)
     LeftClick(); // asks for the battery itself, and nobody calls the agent lost
     shell.join();
     Pump();
-    EXPECT_EQ(program.TakeOperations(), Operations(3, L"GetBatteryInfo"));
+    EXPECT_EQ(TakeOperations(), Operations(3, L"GetBatteryInfo"));
     EXPECT_TRUE(connection.connected);
 }
 
-int messagesDuringBox = 0;
-ConsoleProgram* programOfBox = nullptr;
+static int messagesDuringBox = 0;
+static ConsoleProgram* programOfBox = nullptr;
 
 // A box that is open for a while, as a message loop of its own, in which the shell reports all it can.
-Answer OpenForAWhile(const BoxCall& call)
+static Answer OpenForAWhile(const BoxCall& call)
 {
     const HWND main = WindowOf(WindowId::Main);
     programOfBox->TakeOperations();
@@ -111,34 +107,30 @@ Answer OpenForAWhile(const BoxCall& call)
     return call.buttons == BoxButtons::Ok ? Answer::Ok : Answer::No;
 }
 
-TEST(TrayTest, WhatComesWhileABoxIsOpenFollowsItOnce)
+TEST_F(LoadedTrayTest, WhatComesWhileABoxIsOpenFollowsItOnce)
 {
-    LoadedProgram program;
-    programOfBox = &program;
+    programOfBox = this;
     messagesDuringBox = 0;
     platformCalls.showMessageBox = OpenForAWhile;
-    program.Command(WindowId::Main, kTrayClose);
+    MainCommand(kTrayClose);
     EXPECT_LT(messagesDuringBox, 100);
-    EXPECT_EQ(program.TakeOperations(), Operations(2, L"GetBatteryInfo")); // one for the clicks, one for the power
+    EXPECT_EQ(TakeOperations(), Operations(2, L"GetBatteryInfo")); // one for the clicks, one for the power
 }
 
-TEST(TrayTest, AnIconThatIsNotTakenIsTriedAgain)
+TEST_F(LoadedTrayTest, AnIconThatIsNotTakenIsTriedAgain)
 {
     FakeTray tray;
-    LoadedProgram program;
-    const HWND main = WindowOf(WindowId::Main);
     timing.trayRetry = 20;
     tray.RefuseIcons(true);
     AddTrayIcon(main);
-    program.Command(WindowId::Main, kExitToTray);
+    MainCommand(kExitToTray);
     EXPECT_TRUE(IsWindowVisible(main) && IsIconic(main)); // where else would the user find it
     tray.RefuseIcons(false);
     EXPECT_TRUE(WaitFor([&] { return !tray.Calls().empty(); }, 3'000));
-    program.Command(WindowId::Main, kExitToTray);
+    MainCommand(kExitToTray);
     EXPECT_FALSE(IsWindowVisible(main));
     RemoveTrayIcon();
     EXPECT_EQ(tray.Last().what, static_cast<ULONG_PTR>(NIM_DELETE));
 }
 
-} // namespace
 } // namespace voltaro

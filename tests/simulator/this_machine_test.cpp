@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace voltaro::simulator {
-namespace {
 
 TEST(AgentThisMachineTest, TellsOfTheComputerItRunsOn)
 {
@@ -25,5 +24,4 @@ TEST(AgentThisMachineTest, TellsOfTheComputerItRunsOn)
     EXPECT_EQ(ChildText(ThisMachine().battery(), 0), status.ACLineStatus == 0 ? L"On Battery" : L"On AC");
 }
 
-} // namespace
 } // namespace voltaro::simulator

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace voltaro {
@@ -45,11 +46,10 @@ Answer AnswerFromScript(const BoxCall& call)
 }
 
 BoxScript::BoxScript(std::initializer_list<ExpectedBox> boxes)
-    : m_boxes(boxes)
-    , m_outer(std::exchange(script, this))
+    : m_outer(std::exchange(script, this))
     , m_before(std::exchange(platformCalls.showMessageBox, &AnswerFromScript))
 {
-    std::erase_if(m_boxes, [](const ExpectedBox& box) { return box.caption.empty(); });
+    Expect(boxes);
 }
 
 BoxScript::~BoxScript()
@@ -62,7 +62,7 @@ BoxScript::~BoxScript()
 void BoxScript::Expect(std::initializer_list<ExpectedBox> boxes)
 {
     const std::lock_guard lock(m_mutex);
-    m_boxes.insert(m_boxes.end(), boxes);
+    std::ranges::copy_if(boxes, std::back_inserter(m_boxes), [](const auto& box) { return !box.caption.empty(); });
 }
 
 void BoxScript::ExpectAllSeen()

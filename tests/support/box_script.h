@@ -20,7 +20,7 @@ struct ExpectedBox {
 // fails the test and is answered with Ok or No; boxes that never came fail it at the end.
 class BoxScript {
 public:
-    explicit BoxScript(std::initializer_list<ExpectedBox> boxes);
+    BoxScript(std::initializer_list<ExpectedBox> boxes = {});
     ~BoxScript();
     BoxScript(const BoxScript&) = delete;
     BoxScript& operator=(const BoxScript&) = delete;
@@ -40,7 +40,7 @@ private:
     decltype(PlatformCalls::showMessageBox) m_before;
 };
 
-// The door between scripts: every box fails the test.
+// Between scripts every box fails the test.
 Answer FailOnBox(const BoxCall& call);
 
 } // namespace voltaro

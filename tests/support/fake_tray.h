@@ -29,6 +29,7 @@ public:
     // From then on the shell takes no new icon, or takes them again.
     void RefuseIcons(bool refuse) { m_refuses = refuse; }
     [[nodiscard]] const std::vector<TrayCall>& Calls() const { return m_calls; }
+    void ForgetCalls() { std::vector<TrayCall>().swap(m_calls); }
     [[nodiscard]] const TrayCall& Last() const { return m_calls.back(); }
 
 private:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/windows_api.h"
+#include "ui/tooltip.h"
 
 #include <gtest/gtest.h>
 
@@ -35,6 +36,30 @@ inline HWND Labelled(HWND window, const wchar_t* label)
     }
     ADD_FAILURE() << "no control " << std::wstring(label);
     return nullptr;
+}
+
+// The tooltip of a list's cell once the mouse is over it.
+inline std::wstring TipOver(HWND list, int row, int column = 0)
+{
+    RECT cell{};
+    ListView_GetSubItemRect(list, row, column, LVIR_LABEL, &cell);
+    SendMessageW(list, WM_MOUSEMOVE, 0, MAKELPARAM(cell.left + 2, cell.top + 2));
+    return TooltipOf(list);
+}
+
+inline std::wstring ClipboardText()
+{
+    EXPECT_TRUE(OpenClipboard(nullptr));
+    const HANDLE data = GetClipboardData(CF_UNICODETEXT);
+    const std::wstring text(data != nullptr ? static_cast<const wchar_t*>(GlobalLock(data)) : L"");
+    GlobalUnlock(data);
+    CloseClipboard();
+    return text;
+}
+
+inline bool IsEnabled(HWND window)
+{
+    return IsWindowEnabled(window) != FALSE;
 }
 
 // Whether a control would show if its window did.

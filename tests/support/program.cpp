@@ -1,31 +1,24 @@
 #include "support/program.h"
 
-#include "base/platform_calls.h"
-#include "base/text.h"
 #include "console/agent_records.h"
 #include "console/background_refresh.h"
-#include "console/connection_state.h"
-#include "console/main_hold.h"
 #include "console/program_texts.h"
 #include "console/system_events.h"
 #include "link/host_config.h"
 #include "savings/saved_profile.h"
+#include "scheduler/job_controls.h"
 #include "settings/access_control_window.h"
 #include "settings/proxy_window.h"
 #include "shell/connection.h"
-#include "shell/main_menus.h"
 #include "shell/pause.h"
 #include "shell/program.h"
 #include "shell/tray.h"
 #include "shell/update_window.h"
 #include "shell/window_table.h"
+#include "simulator/xml.h"
 #include "support/installation.h"
-#include "support/test_window.h"
-#include "ui/combo_box.h"
-#include "ui/controls.h"
 #include "ui/ui_thread.h"
 
-#include <algorithm>
 #include <memory>
 
 namespace voltaro {
@@ -110,6 +103,34 @@ void ConsoleProgram::Click(WindowId window, int id)
     SendMessageW(ControlOf(WindowOf(window), id), BM_CLICK, 0, 0);
 }
 
+void ConsoleProgram::Do(std::initializer_list<Step> steps)
+{
+    for (const Step& step : steps) {
+        const HWND window = WindowOf(step.window), control = Find(step.window, step.control);
+        const int id = step.control.label ? GetDlgCtrlID(control) : step.control.id;
+        const std::wstring kind = ClassOf(control);
+        const bool push = (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) <= BS_DEFPUSHBUTTON;
+        if (kind == DATETIMEPICK_CLASSW)
+            (step.text[2] == L':' ? ShowTime : ShowDate)(window, id, step.text);
+        else if (kind == WC_COMBOBOXW)
+            Choose(step.window, id, step.text);
+        else if (kind == WC_EDITW)
+            Type(step.window, id, step.text);
+        else if (control == nullptr || (push && step.control.label == nullptr))
+            Command(step.window, id); // even where it is grey
+        else
+            Click(step.window, id);
+    }
+    Pump();
+}
+
+void ConsoleProgram::DoubleClick(HWND list, int row)
+{
+    SelectRow(list, row);
+    const NMHDR twice{list, static_cast<UINT_PTR>(GetDlgCtrlID(list)), static_cast<UINT>(NM_DBLCLK)};
+    SendMessageW(GetParent(list), WM_NOTIFY, twice.idFrom, reinterpret_cast<LPARAM>(&twice));
+}
+
 void ConsoleProgram::Choose(WindowId window, int id, std::wstring_view entry)
 {
     EXPECT_GE(SelectExact(WindowOf(window), id, entry), 0) << std::wstring(entry);
@@ -143,10 +164,8 @@ std::wstring ConsoleProgram::LastRequest(std::wstring_view operation)
 
 void ConsoleProgram::ExpectSent(const std::wstring& operation, const std::wstring& fields)
 {
-    const std::wstring expected = L"<?xml version='1.0'?>\n<vltp version=\"1.0\">\n\t<request>\n\t\t<MessageId>{ID}"
-                                  L"</MessageId>\n\t\t<operation>"
-        + operation + L"</operation>\n\t\t" + Replaced(fields, L"|", L"\n\t\t\t") + L"\n\t</request>\n</vltp>\n";
-    EXPECT_EQ(LastRequest(operation), Replaced(expected, L"\n", L"\r\n"));
+    const std::wstring sent = Line(simulator::ParseXml(LastRequest(operation)).root);
+    EXPECT_EQ(sent, L"vltp[request[MessageId={ID} operation=" + operation + L" " + fields + L"]]");
 }
 
 void ConsoleProgram::AnswerWith(std::wstring_view operation, std::wstring_view answer)
@@ -196,7 +215,7 @@ void ConsoleProgram::ExpectAnswers(const Change& change, const std::function<voi
         SCOPED_TRACE(operation + L" " + row.answer);
         AnswerWith(row.operation, row.answer);
         const ExpectedBox question = {change.question ? change.question : L"", L"Are you sure", Answer::Yes};
-        const BoxScript boxes{question, row.box};
+        const BoxScript script{question, row.box};
         make();
         EXPECT_EQ(TakeOperations(), row.asked);
     }

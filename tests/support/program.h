@@ -1,16 +1,33 @@
 #pragma once
 
 // The program in a test, and what the tests of its windows use throughout.
+#include "base/platform_calls.h"
+#include "base/text.h"
+#include "console/connection_state.h"
+#include "console/main_hold.h"
+#include "console/ui_calls.h"
 #include "console/windows.h"
+#include "shell/about.h"
 #include "shell/main_commands.h"
+#include "shell/main_menus.h"
+#include "shell/workers.h"
 #include "simulator/server.h"
 #include "support/box_script.h"
+#include "support/element_line.h"
 #include "support/labelled.h"
 #include "support/test_window.h"
+#include "ui/combo_box.h"
 #include "ui/controls.h"
 #include "ui/list_view.h"
+#include "ui/menus.h"
+#include "ui/tabs.h"
+#include "ui/theme.h"
+#include "ui/tooltip.h"
+#include "ui/waiting.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 #include <functional>
 #include <string>
@@ -29,14 +46,36 @@ inline constexpr wchar_t kMalformed[] = L"<vltp><response><status>Success",
 // A change that is sent to the agent, and what its answers lead to.
 struct Change {
     const wchar_t* operation;
-    const wchar_t* question; // asked first and answered with Yes; null for none
-    ExpectedBox failed;
-    Operations readAfterSuccess;
+    const wchar_t* question = nullptr; // asked first and answered with Yes
+    ExpectedBox failed{};
+    Operations readAfterSuccess{};
     Operations readAfterOthers{}; // after an answer that says neither
     ExpectedBox denied{};         // the box for "Permission denied", if it has one of its own
     ExpectedBox done{};           // the box that tells of success, if there is one
     std::wstring unlicensed{};    // the caption for a refusal for want of a license; empty: that of `failed`
     bool lenient = false;         // whatever is not "Failure" counts as done
+};
+
+// A control by the label that the user finds it by, or by its id.
+struct ControlName {
+    ControlName(const wchar_t* text)
+        : label(text)
+    {
+    }
+    ControlName(int number)
+        : id(number)
+    {
+    }
+    const wchar_t* label = nullptr;
+    int id = 0;
+};
+
+// One thing that the user does: a combo box, a picker or an edit takes the text, a button is clicked. An id without a
+// control is chosen from the window's menu.
+struct Step {
+    WindowId window;
+    ControlName control;
+    const wchar_t* text = nullptr;
 };
 
 // The whole program in a test: all 29 windows created hidden, against a simulated agent in a thread of its own. Waits
@@ -61,19 +100,34 @@ public:
 
     // Sends a command as a click or a menu choice does, or a control's notification, and serves what follows.
     void Command(WindowId window, int id, int notification = 0);
+    void MainCommand(int id) { Command(WindowId::Main, id); }
+    // Whether the main window takes input again, nothing lying over it.
+    [[nodiscard]] static bool IsMainFree() { return IsEnabled(WindowOf(WindowId::Main)) && IsConsoleReady(); }
     // Puts text into an edit as typing or pasting does (the window hears of the change).
     void Type(WindowId window, int id, std::wstring_view text);
     // Clicks a button.
     static void Click(WindowId window, int id);
     // Chooses an entry of a combo box by its text and tells the window.
     void Choose(WindowId window, int id, std::wstring_view entry);
+    // Does one step after the other, then serves what follows.
+    void Do(std::initializer_list<Step> steps);
+    // Double-clicks a row of a list.
+    static void DoubleClick(HWND list, int row);
+
+    // A control, what it shows and whether it can be used.
+    [[nodiscard]] static HWND Find(WindowId window, ControlName name)
+    {
+        return name.label ? Labelled(WindowOf(window), name.label) : ControlOf(WindowOf(window), name.id);
+    }
+    [[nodiscard]] static std::wstring Text(WindowId window, ControlName name) { return WindowText(Find(window, name)); }
+    [[nodiscard]] static bool IsOn(WindowId window, ControlName name) { return IsEnabled(Find(window, name)); }
 
     // The names of the operations that the agent received since the last call, in order.
     Operations TakeOperations();
     // The last request of that operation as the agent received it, its identifier replaced by "{ID}"; empty when there
     // was none. Line ends are as on the wire.
     [[nodiscard]] std::wstring LastRequest(std::wstring_view operation);
-    // Expects the last request of an operation in the usual envelope. "|" stands for the start of a detail's line.
+    // Expects the last request of an operation in the usual envelope; `fields` as Line() shows elements.
     void ExpectSent(const std::wstring& operation, const std::wstring& fields);
 
     // Answers the operation so, whatever it asks: with a document, a status word or kNoAnswer; any other as usual.
@@ -84,16 +138,20 @@ public:
 private:
     simulator::AgentServer m_agent;
     PlatformCalls m_calls = platformCalls; // as they were before
+
+public:
+    BoxScript boxes{}; // what is not expected here fails the test
 };
 
 // The program once it has loaded; the requests of the load are forgotten.
 struct LoadedProgram : ConsoleProgram {
-    explicit LoadedProgram(const simulator::Scenario& scenario = simulator::DefaultScenario())
-        : ConsoleProgram(scenario)
+    explicit LoadedProgram(const wchar_t* scenario = L"battery")
+        : ConsoleProgram(*simulator::FindScenario(scenario))
     {
         Load();
         TakeOperations();
     }
+    const HWND main = WindowOf(WindowId::Main);
 };
 
 } // namespace voltaro

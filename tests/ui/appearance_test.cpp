@@ -4,29 +4,26 @@
 #include "shell/window_table.h"
 #include "support/pixels.h"
 #include "support/program.h"
-#include "ui/theme.h"
 
 namespace voltaro {
-namespace {
 
 constexpr COLORREF kFace = RGB(0, 0, 64), kOnFace = RGB(255, 255, 0), kGround = RGB(0, 0, 0), kText = RGB(0, 255, 255);
 
-// Other system colours, with high contrast told or not, while it lives.
+// High contrast with its colours while it lives.
 class Contrast {
 public:
-    explicit Contrast(bool high)
+    Contrast()
     {
         for (std::size_t i = 0; i < std::size(kIndices); ++i)
             m_before[i] = GetSysColor(kIndices[i]);
-        if (high)
-            platformCalls.hasHighContrast = [] { return true; };
+        platformCalls.hasHighContrast = [] { return true; };
         constexpr COLORREF kDark[] = {kFace, kOnFace, kGround, kText};
         SetSysColors(4, kIndices, kDark);
         Pump();
     }
     ~Contrast()
     {
-        platformCalls = m_looks;
+        platformCalls.hasHighContrast = nullptr;
         SetSysColors(4, kIndices, m_before);
         Pump();
     }
@@ -35,12 +32,11 @@ public:
 
 private:
     static constexpr int kIndices[] = {COLOR_3DFACE, COLOR_BTNTEXT, COLOR_WINDOW, COLOR_WINDOWTEXT};
-    PlatformCalls m_looks = platformCalls;
     COLORREF m_before[4] = {};
 };
 
 // What the screen shows of a window, in front of all others.
-Pixels Seen(HWND window)
+static Pixels Seen(HWND window)
 {
     SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -57,7 +53,7 @@ Pixels Seen(HWND window)
     return Pixels(seen.Get());
 }
 
-int CountIn(const Pixels& pixels, HWND window, HWND control, COLORREF colour)
+static int CountIn(const Pixels& pixels, HWND window, HWND control, COLORREF colour)
 {
     RECT place;
     GetWindowRect(control, &place);
@@ -66,7 +62,7 @@ int CountIn(const Pixels& pixels, HWND window, HWND control, COLORREF colour)
 }
 
 // Texts that a window colours for its controls: labels, captions of groups, check boxes and radios, read-only fields.
-bool IsColouredByParent(HWND control)
+static bool IsColouredByParent(HWND control)
 {
     const std::wstring name = ClassOf(control);
     const LONG style = GetWindowLongW(control, GWL_STYLE);
@@ -76,27 +72,34 @@ bool IsColouredByParent(HWND control)
         && (name == WC_STATICW || (name == WC_BUTTONW && !plainButton) || (name == WC_EDITW && (style & ES_READONLY)));
 }
 
-void ShowADay()
-{
-    constexpr DayDurations kDay = {.poweredOn = 50400, .offTotal = 36000, .active = 43200, .idle = 7200, .off = 36000};
-    shownDay = MakeShownDay({2024, 2, 29}, {kDay, {}, 0, 0}, RoundProfile());
-    const HWND window = WindowOf(WindowId::Savings);
-    OpenSavingsWindow(WindowOf(WindowId::Main));
-    RecomputeSavings();
-    ClickTab(FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr), 2);
-}
+struct Appearance : testing::Test, LoadedProgram {
+    Appearance()
+    {
+        constexpr DayDurations kDay
+            = {.poweredOn = 50400, .offTotal = 36000, .active = 43200, .idle = 7200, .off = 36000};
+        shownDay = MakeShownDay({2024, 2, 29}, {kDay, {}, 0, 0}, RoundProfile());
+        OpenSavingsWindow(main);
+        RecomputeSavings();
+        ClickTab(FindWindowExW(m_savings, nullptr, WC_TABCONTROLW, nullptr), 2);
+    }
+    // Every top-level window with its title.
+    template <class Use>
+    static void ForEachWindow(Use use)
+    {
+        for (std::size_t i = 0; i < kWindowCount; ++i) {
+            SCOPED_TRACE(std::wstring(WindowRowOf(i).title));
+            if ((WindowRowOf(i).style & WS_CHILD) == 0)
+                use(WindowOf(WindowRowOf(i).id));
+        }
+    }
+    const HWND m_savings = WindowOf(WindowId::Savings);
+};
 
-TEST(HighContrast, EveryTextOfEveryWindowIsInTheSystemsColours)
+TEST_F(Appearance, HighContrastTakesEveryTextOfEveryWindow)
 {
-    LoadedProgram program;
-    ShowADay();
-    const Contrast contrast(true);
+    const Contrast contrast;
     int texts = 0;
-    for (std::size_t i = 0; i < kWindowCount; ++i) {
-        const WindowRow& row = WindowRowOf(i);
-        if ((row.style & WS_CHILD) != 0)
-            continue;
-        const HWND window = WindowOf(row.id);
+    ForEachWindow([&](HWND window) {
         const Pixels pixels = Seen(window);
         ShowWindow(window, SW_SHOWNA); // for IsWindowVisible
         for (HWND at = GetTopWindow(window); at != nullptr; at = GetWindow(at, GW_HWNDNEXT)) {
@@ -105,18 +108,15 @@ TEST(HighContrast, EveryTextOfEveryWindowIsInTheSystemsColours)
             if (!IsColouredByParent(at) || size.right == 0)
                 continue;
             ++texts;
-            EXPECT_GT(CountIn(pixels, window, at, kOnFace), 5) << std::wstring(row.title) << ": " << WindowText(at);
+            EXPECT_GT(CountIn(pixels, window, at, kOnFace), 5) << WindowText(at);
         }
         ShowWindow(window, SW_HIDE);
-    }
+    });
     EXPECT_GT(texts, 60);
 }
 
-TEST(HighContrast, PaintedWindowsFollowTheSystemLiveAndBack)
+TEST_F(Appearance, PaintedWindowsFollowHighContrastLiveAndBack)
 {
-    LoadedProgram program;
-    ShowADay();
-    const HWND main = WindowOf(WindowId::Main);
     const HWND graph = WindowOf(WindowId::SavingsGraph);
     const HWND list = FindWindowExW(main, nullptr, WC_LISTVIEWW, nullptr);
     const HWND durations = FindWindowExW(graph, nullptr, WC_LISTVIEWW, nullptr);
@@ -125,74 +125,64 @@ TEST(HighContrast, PaintedWindowsFollowTheSystemLiveAndBack)
         EXPECT_EQ(CountIn(seen, main, list, kProductGreen) > 1000, !high);
         EXPECT_EQ(CountIn(seen, main, list, kText) > 50, high);
         EXPECT_GT(seen.CountIn(high ? kOnFace : kTextGreen, {165, 470, 490, 500}), 50) << "the notice at the foot";
-        ShowWindow(WindowOf(WindowId::Savings), SW_SHOWNA);
+        ShowWindow(m_savings, SW_SHOWNA);
         const Pixels page = Seen(graph);
         EXPECT_EQ(page.At(140, 150), high ? kGround : RGB(252, 252, 252));
         EXPECT_EQ(page.At(105, 460), RGB(0, 96, 0)) << "a state keeps its colour";
         EXPECT_EQ(page.At(49, 300), high ? kText : RGB(0, 0, 0)) << "axis";
-        EXPECT_EQ(CountIn(page, graph, durations, high ? kText : RGB(0, 0, 0)) > 100, true);
+        EXPECT_GT(CountIn(page, graph, durations, high ? kText : RGB(0, 0, 0)), 100);
         EXPECT_EQ(CountIn(page, graph, durations, RGB(247, 247, 247)) > 1000, !high);
         EXPECT_GT(page.CountIn(high ? kOnFace : RGB(83, 83, 83), {380, 15, 600, 31}), 50) << "title";
         ShowWindow(graph, SW_SHOWNA);
     };
     look(false);
     {
-        const Contrast contrast(true);
+        const Contrast contrast;
         look(true);
     }
     look(false);
-    const auto before = platformCalls;
     platformCalls.hasHighContrast = [] { return true; };
-    SendMessageW(WindowOf(WindowId::Savings), WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
+    SendMessageW(m_savings, WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
     EXPECT_EQ(ListView_GetBkColor(durations), GetSysColor(COLOR_WINDOW)) << "told by the setting alone";
-    platformCalls = before;
-    SendMessageW(WindowOf(WindowId::Savings), WM_THEMECHANGED, 0, 0);
+    platformCalls.hasHighContrast = nullptr;
+    SendMessageW(m_savings, WM_THEMECHANGED, 0, 0);
     EXPECT_EQ(ListView_GetBkColor(durations), RGB(247, 247, 247));
 }
 
-TEST(SmallScreen, EveryWindowOpensInReach)
+TEST_F(Appearance, EveryWindowOpensInReachOfASmallScreen)
 {
-    const ConsoleProgram program;
-    const PlatformCalls before = platformCalls;
     platformCalls.screenOf = [](HWND) {
         return MONITORINFO{sizeof(MONITORINFO), {0, 0, 800, 600}, {0, 0, 800, 560}, 0};
     };
-    constexpr POINT kPlaces[] = {{700, 300}, {-3000, -50}};
-    for (std::size_t i = 0; i < kWindowCount; ++i) {
-        const HWND window = WindowOf(WindowRowOf(i).id);
-        const POINT at = kPlaces[i % 2];
-        if ((WindowRowOf(i).style & WS_CHILD) != 0)
-            continue;
-        SetWindowPos(window, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-        ShowWindow(window, SW_SHOWNA);
-        RECT place;
-        GetWindowRect(window, &place);
-        EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= 800) << WindowRowOf(i).title;
-        EXPECT_TRUE(place.bottom <= 560 || place.top == 0) << WindowRowOf(i).title;
-        ShowWindow(window, SW_HIDE);
+    for (const POINT at : {POINT{700, 300}, {-3000, -50}}) {
+        ForEachWindow([&](HWND window) {
+            ShowWindow(window, SW_HIDE);
+            SetWindowPos(window, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+            ShowWindow(window, SW_SHOWNA);
+            RECT place;
+            GetWindowRect(window, &place);
+            EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= 800);
+            EXPECT_TRUE(place.bottom <= 560 || place.top == 0);
+            ShowWindow(window, SW_HIDE);
+        });
     }
-    platformCalls = before;
 }
 
-TEST(TabPages, TakeTheColourOfTheTabsBody)
+TEST_F(Appearance, TabPagesTakeTheColourOfTheTabsBody)
 {
-    const LoadedProgram program;
-    OpenSavingsWindow(WindowOf(WindowId::Main));
-    const PlatformCalls before = platformCalls;
     platformCalls.tabBodyColour = []() -> std::optional<COLORREF> { return RGB(250, 249, 248); };
-    const HWND window = WindowOf(WindowId::Savings), page = WindowOf(WindowId::SavingsTotals);
-    SendMessageW(window, WM_THEMECHANGED, 0, 0);
+    const HWND page = WindowOf(WindowId::SavingsTotals);
+    SendMessageW(m_savings, WM_THEMECHANGED, 0, 0);
     const HDC dc = GetDC(nullptr);
     const auto behind = [&](HWND labels) {
         return reinterpret_cast<HBRUSH>(SendMessageW(labels, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc), 0));
     };
     EXPECT_EQ(Seen(page).At(3, 3), RGB(250, 249, 248));
     EXPECT_EQ(behind(page), BrushOf(RGB(250, 249, 248)));
-    EXPECT_EQ(behind(window), FaceBrush());
+    EXPECT_EQ(behind(m_savings), FaceBrush());
     ReleaseDC(nullptr, dc);
-    platformCalls = before;
-    SendMessageW(window, WM_THEMECHANGED, 0, 0);
+    platformCalls.tabBodyColour = nullptr;
+    SendMessageW(m_savings, WM_THEMECHANGED, 0, 0);
 }
 
-} // namespace
 } // namespace voltaro

@@ -8,14 +8,11 @@
 #include <optional>
 
 namespace voltaro {
-namespace {
 
 constexpr Box kQuestion{L"Close ?", L"Do you want to close?", BoxIcon::Information, BoxButtons::YesNo};
 
-// The door as the program has it; the test program's own stands in front of it by the time a test runs.
-
-class RealBox : public testing::Test {
-protected:
+// Boxes as the program shows them, without the test program's own function in front.
+struct RealBox : testing::Test {
     RealBox() { platformCalls.showMessageBox = nullptr; }
     ~RealBox() override { platformCalls.showMessageBox = &FailOnBox; }
 
@@ -60,10 +57,10 @@ TEST_F(RealBox, ClosesItselfTakesTheQuitBackAndLeavesItsOwnerAsItWas)
 
 TEST_F(RealBox, AnAnswerInTimeStopsTheTimer)
 {
-    PressLater(IDYES);
-    EXPECT_EQ(AskWithTimeout(m_owner.Get(), kQuestion, 2000), Answer::Yes);
-    PressLater(IDNO);
-    EXPECT_EQ(AskWithTimeout(m_owner.Get(), kQuestion, 2000), Answer::No);
+    for (const auto& [button, answer] : {std::pair(IDYES, Answer::Yes), {IDNO, Answer::No}}) {
+        PressLater(button);
+        EXPECT_EQ(AskWithTimeout(m_owner.Get(), kQuestion, 2000), answer);
+    }
     PressLater(IDYES);
     EXPECT_TRUE(AskQuestion(m_owner.Get(), kQuestion));
     Sleep(50);
@@ -88,5 +85,4 @@ TEST_F(RealBox, SuppressedBoxesAnswerUnseen)
     EXPECT_EQ(AskWithTimeout(nullptr, kQuestion, 5000), Answer::TimedOut);
 }
 
-} // namespace
 } // namespace voltaro

@@ -7,11 +7,10 @@
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
 constexpr COLORREF kRed = RGB(200, 0, 0);
 
-COLORREF PixelOnScreen(HWND window, int x, int y)
+static COLORREF PixelOnScreen(HWND window, int x, int y)
 {
     const HDC dc = GetDC(window);
     const COLORREF colour = GetPixel(dc, x, y);
@@ -50,5 +49,4 @@ TEST(Canvas, PaintsAroundControlsButUnderGroupBoxes)
     }
 }
 
-} // namespace
 } // namespace voltaro

@@ -10,7 +10,6 @@
 #include <iterator>
 
 namespace voltaro {
-namespace {
 
 using enum Kind;
 
@@ -37,8 +36,7 @@ constexpr Control kOfEveryKind[] = {
 static_assert(std::size(kOfEveryKind) == static_cast<std::size_t>(Kind::Link) + 1);
 static_assert(IdsAreUnique(kOfEveryKind) && FitInside(kOfEveryKind, 430, 440));
 
-class Controls : public testing::Test {
-protected:
+struct Controls : testing::Test {
     Controls() { CreateControls(m_all.Get(), kOfEveryKind, WindowFont()); }
     HWND Of(int id) { return ControlOf(m_all.Get(), id); }
 
@@ -53,9 +51,7 @@ TEST_F(Controls, EveryKindStandsWhereItsRowSays)
         RECT place;
         GetWindowRect(Of(row.id), &place);
         MapWindowPoints(nullptr, m_all.Get(), reinterpret_cast<POINT*>(&place), 2);
-        EXPECT_EQ(place.left, row.x);
-        EXPECT_EQ(place.top, row.y);
-        EXPECT_EQ(place.right - place.left, row.width);
+        EXPECT_TRUE(place.left == row.x && place.top == row.y && place.right - place.left == row.width);
         const bool combo = row.kind == Combo || row.kind == SortedCombo;
         EXPECT_TRUE(combo ? place.bottom - place.top <= 24 : place.bottom - place.top == row.height);
         EXPECT_TRUE(IsWindowVisible(Of(row.id)));
@@ -82,15 +78,15 @@ TEST_F(Controls, ALimitedEditKeepsNoHalfOfAPair)
         {L"a", L"\xD83D\xDE00", L"a\xD83D\xDE00"}, {L"ab", L"\xD83D\xDE00", L"ab"}, {L"abc", L"\xD83D\xDE00", L"abc"}};
     LimitText(m_all.Get(), 104, 3);
     for (const auto& row : kRows) {
-        SetText(m_all.Get(), 104, row.before);
-        SendMessageW(Of(104), EM_SETSEL, row.before.size(), static_cast<LPARAM>(row.before.size()));
-        SendMessageW(Of(104), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(row.added.data()));
-        EXPECT_EQ(TextOf(m_all.Get(), 104), row.after) << "pasted";
-        SetText(m_all.Get(), 104, row.before);
-        SendMessageW(Of(104), EM_SETSEL, row.before.size(), static_cast<LPARAM>(row.before.size()));
-        for (const wchar_t unit : row.added)
-            SendMessageW(Of(104), WM_CHAR, unit, 0);
-        EXPECT_EQ(TextOf(m_all.Get(), 104), row.after) << "typed";
+        for (const bool typed : {false, true}) {
+            SetText(m_all.Get(), 104, row.before);
+            SendMessageW(Of(104), EM_SETSEL, row.before.size(), static_cast<LPARAM>(row.before.size()));
+            if (!typed)
+                SendMessageW(Of(104), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(row.added.data()));
+            for (const wchar_t unit : typed ? row.added : L"")
+                SendMessageW(Of(104), WM_CHAR, unit, 0);
+            EXPECT_EQ(TextOf(m_all.Get(), 104), row.after) << typed;
+        }
     }
 }
 
@@ -136,11 +132,9 @@ TEST_F(Controls, ComboSelectsTheExactEntryOnly)
     const std::wstring entries[] = {L"Minimum", L"balanced", L"Balanced", L"Balanced & more", L""};
     for (const int id : {110, 111})
         FillCombo(window, id, entries);
-    EXPECT_EQ(SelectExact(window, 110, L"Balanced"), 2);
-    EXPECT_EQ(SelectedText(window, 110), L"Balanced");
-    EXPECT_EQ(SelectExact(window, 110, L"Balanced "), -1);
+    EXPECT_TRUE(SelectExact(window, 110, L"Balanced") == 2 && SelectedText(window, 110) == L"Balanced");
+    EXPECT_TRUE(SelectExact(window, 110, L"Balanced ") == -1 && SelectedText(window, 110).empty());
     EXPECT_EQ(SelectedIndex(window, 110), -1);
-    EXPECT_EQ(SelectedText(window, 110), L"");
     EXPECT_EQ(SelectExact(window, 111, L"Minimum"), 4) << "sorted: empty, the three B, Minimum";
     const std::wstring wide[] = {std::wstring(60, L'W'), L"short"};
     FillCombo(window, 110, wide);
@@ -150,5 +144,4 @@ TEST_F(Controls, ComboSelectsTheExactEntryOnly)
     EXPECT_EQ(SelectExact(window, 99, L"Minimum"), -1) << "no such control";
 }
 
-} // namespace
 } // namespace voltaro

@@ -1,18 +1,8 @@
-#include "shell/about.h"
-#include "shell/main_commands.h"
 #include "shell/update_window.h"
 #include "shell/window_table.h"
-#include "shell/workers.h"
-#include "support/labelled.h"
 #include "support/program.h"
-#include "support/test_window.h"
-#include "ui/controls.h"
-#include "ui/tabs.h"
-
-#include <algorithm>
 
 namespace voltaro {
-namespace {
 
 // A window, what opens it (a command of the main window, a button of another one), its help page, whether F5 reads at
 // once what it shows, and the key that closes it. Count stands for the about box.
@@ -45,13 +35,13 @@ constexpr Opened kOpened[] = {
 };
 // clang-format on
 
-bool IsStop(HWND control)
+static bool IsStop(HWND control)
 {
     return IsWindowVisible(control) && IsWindowEnabled(control)
         && (GetWindowLongW(control, GWL_STYLE) & WS_TABSTOP) != 0;
 }
 
-std::vector<HWND> StopsOf(HWND window)
+static std::vector<HWND> StopsOf(HWND window)
 {
     std::vector<HWND> stops;
     const auto add = [](HWND child, LPARAM list) -> BOOL {
@@ -64,7 +54,7 @@ std::vector<HWND> StopsOf(HWND window)
 }
 
 // What a screen reader says for a control: the text of a button, else the label right before the field.
-std::wstring NameOf(HWND control)
+static std::wstring NameOf(HWND control)
 {
     const std::wstring text = WindowText(control);
     const bool speaks = ClassOf(control) == WC_BUTTONW || ClassOf(control) == WC_LINK;
@@ -75,7 +65,7 @@ std::wstring NameOf(HWND control)
 }
 
 // The control that is reached: the focus, or what holds it.
-HWND Reached(const std::vector<HWND>& stops)
+static HWND Reached(const std::vector<HWND>& stops)
 {
     const HWND focus = GetFocus();
     const auto at = std::ranges::find_if(stops, [&](HWND stop) { return stop == focus || IsChild(stop, focus); });
@@ -83,7 +73,7 @@ HWND Reached(const std::vector<HWND>& stops)
 }
 
 // Whether a reader who has come to one control looks for the other one next: inside it, below it or on its right.
-bool IsReadAfter(HWND from, HWND to)
+static bool IsReadAfter(HWND from, HWND to)
 {
     RECT a, b;
     GetWindowRect(from, &a);
@@ -92,8 +82,8 @@ bool IsReadAfter(HWND from, HWND to)
     return inside || b.top >= (a.top + a.bottom) / 2 || b.left >= a.right || !PagesOf(to).empty();
 }
 
-// By Tab through all stops and back to the first.
-void WalkStops(HWND window)
+// By Tab through all stops and back to the first, then the other way round.
+static void WalkStops(HWND window)
 {
     const std::vector<HWND> stops = StopsOf(window);
     const HWND first = Reached(stops);
@@ -108,6 +98,10 @@ void WalkStops(HWND window)
     } while (Reached(stops) != first && walked.size() <= stops.size());
     EXPECT_EQ(Reached(stops), first) << "no trap";
     EXPECT_EQ(walked.size(), stops.size());
+    for (auto last = walked.rbegin(); last != walked.rend(); ++last) {
+        Press(VK_TAB, VK_SHIFT);
+        EXPECT_EQ(Reached(stops), *last) << NameOf(*last);
+    }
     EXPECT_LE(std::ranges::count(backwards, L'|'), 1) << backwards;
     const auto placeOf = [&](HWND control) { return std::ranges::find(walked, control) - walked.begin(); };
     for (const HWND stop : stops) {
@@ -121,32 +115,30 @@ void WalkStops(HWND window)
     }
 }
 
-class EveryWindow : public testing::TestWithParam<Opened> {
-protected:
+struct EveryWindow : testing::TestWithParam<Opened>, LoadedProgram {
     EveryWindow()
     {
         EXPECT_TRUE(GetParam().window != WindowId::Update || StartWorkers());
         topic.clear();
         platformCalls.showHelp = [](HWND, const std::wstring& shown) { topic = shown; };
-        ShowWindow(WindowOf(WindowId::Main), SW_SHOW);
-        SetForegroundWindow(WindowOf(WindowId::Main));
-        FocusOn(WindowOf(WindowId::Main), kChange);
+        ShowWindow(main, SW_SHOW);
+        SetForegroundWindow(main);
+        FocusOn(main, kChange);
     }
     ~EveryWindow() override
     {
-        platformCalls.showHelp = m_viewer;
         if (GetParam().window == WindowId::Update)
             StopWorkers(StopOrder::MainWindowDestroyed);
     }
 
-    static HWND Find(WindowId window) { return window != WindowId::Count ? WindowOf(window) : AboutWindow(); }
+    static HWND HandleOf(WindowId window) { return window != WindowId::Count ? WindowOf(window) : AboutWindow(); }
 
     // Opens it by the keyboard where a button does; gives where the focus was.
     HWND Open(const Opened& row)
     {
         if (row.button != nullptr) {
             Open(*std::ranges::find(kOpened, row.opener, &Opened::window));
-            for (const HWND stop : StopsOf(Find(row.opener))) {
+            for (const HWND stop : StopsOf(HandleOf(row.opener))) {
                 if (NameOf(stop) == row.button)
                     GiveFocus(stop);
             }
@@ -155,22 +147,20 @@ protected:
         if (row.button != nullptr)
             Press(VK_RETURN);
         else if (row.command != 0)
-            m_program.Command(WindowId::Main, row.command);
+            MainCommand(row.command);
         EXPECT_TRUE(WaitFor([] { return !updateBusy; }));
-        EXPECT_TRUE(IsWindowVisible(Find(row.window)));
+        EXPECT_TRUE(IsWindowVisible(HandleOf(row.window)));
         return from;
     }
 
     static inline std::wstring topic;
-    decltype(PlatformCalls::showHelp) m_viewer = platformCalls.showHelp;
-    LoadedProgram m_program;
 };
 
 TEST_P(EveryWindow, IsDrivenByTheKeyboardAlone)
 {
     const HWND from = Open(GetParam());
-    const HWND window = Find(GetParam().window), tab = FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr);
-    m_program.TakeOperations();
+    const HWND window = HandleOf(GetParam().window), tab = FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr);
+    TakeOperations();
     int page = 0;
     do {
         WalkStops(window);
@@ -185,7 +175,7 @@ TEST_P(EveryWindow, IsDrivenByTheKeyboardAlone)
     EXPECT_TRUE(*GetParam().page == L'\0' ? topic.empty() : topic.ends_with(help)) << topic;
     if (GetParam().reads) {
         Press(VK_F5);
-        EXPECT_EQ(m_program.TakeOperations().size(), 1U);
+        EXPECT_EQ(TakeOperations().size(), 1U);
     }
     if (GetParam().closes == 0)
         return;
@@ -197,5 +187,4 @@ TEST_P(EveryWindow, IsDrivenByTheKeyboardAlone)
 INSTANTIATE_TEST_SUITE_P(Keyboard, EveryWindow, testing::ValuesIn(kOpened),
     [](const auto& row) { return "Window" + std::to_string(static_cast<int>(row.param.window)); });
 
-} // namespace
 } // namespace voltaro

@@ -1,18 +1,16 @@
 #include "ui/list_view.h"
 
+#include "support/labelled.h"
 #include "support/test_window.h"
 #include "ui/controls.h"
 #include "ui/row_tips.h"
 #include "ui/theme.h"
-#include "ui/tooltip.h"
 
 #include <gtest/gtest.h>
 
 namespace voltaro {
-namespace {
 
-class List : public testing::Test {
-protected:
+struct List : testing::Test {
     List()
     {
         constexpr Control kRows[] = {{Kind::ListView, 1, L"Rows", 0, 0, 200, 120}};
@@ -31,16 +29,6 @@ protected:
         });
     }
 
-    static std::wstring Clipboard()
-    {
-        EXPECT_TRUE(OpenClipboard(nullptr));
-        const HANDLE data = GetClipboardData(CF_UNICODETEXT);
-        const std::wstring text(data != nullptr ? static_cast<const wchar_t*>(GlobalLock(data)) : L"");
-        GlobalUnlock(data);
-        CloseClipboard();
-        return text;
-    }
-
     TestWindow m_window;
     HWND m_list;
 };
@@ -56,12 +44,10 @@ TEST_F(List, RefillKeepsSelectionFocusAndScroll)
     ListView_Scroll(m_list, 40, 0);
     ASSERT_EQ(ListView_GetTopIndex(m_list), 300);
     Fill(400);
-    EXPECT_EQ(SelectedRow(m_list), 350);
-    EXPECT_EQ(ListView_GetTopIndex(m_list), 300);
+    EXPECT_TRUE(SelectedRow(m_list) == 350 && ListView_GetTopIndex(m_list) == 300);
     EXPECT_EQ(GetScrollPos(m_list, SB_HORZ), 40);
     Fill(3);
-    EXPECT_EQ(SelectedRow(m_list), -1);
-    EXPECT_EQ(ListView_GetTopIndex(m_list), 0);
+    EXPECT_TRUE(SelectedRow(m_list) == -1 && ListView_GetTopIndex(m_list) == 0);
     ClearList(m_list);
     EXPECT_EQ(RowCount(m_list), 0);
     SelectRow(m_list, 0);
@@ -88,10 +74,10 @@ TEST_F(List, KeysCopyTheChosenRowAndAllRowsAndAClickChoosesOne)
     SetForegroundWindow(m_window.Get());
     SetFocus(m_list);
     Press('C', VK_CONTROL);
-    EXPECT_EQ(Clipboard(), L"n1\tv1\r\n");
+    EXPECT_EQ(ClipboardText(), L"n1\tv1\r\n");
     Press('A', VK_CONTROL);
     Press('C', VK_CONTROL);
-    EXPECT_EQ(Clipboard(), L"n0\tv0\r\nn1\tv1\r\nn2\tv2\r\n");
+    EXPECT_EQ(ClipboardText(), L"n0\tv0\r\nn1\tv1\r\nn2\tv2\r\n");
     RECT row;
     ListView_GetItemRect(m_list, 2, &row, LVIR_LABEL);
     for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP})
@@ -119,12 +105,8 @@ TEST_F(List, ACellThatIsCutOffShowsItsWholeTextAboveTheRowsOwn)
     FillList(m_list, rows);
     for (const auto& row : kRows) {
         SetRowTips(m_list, row.tip);
-        RECT cell;
-        ListView_GetSubItemRect(m_list, row.row, row.column, LVIR_LABEL, &cell);
-        SendMessageW(m_list, WM_MOUSEMOVE, 0, MAKELPARAM(cell.left + 2, cell.top + 2));
-        EXPECT_EQ(TooltipOf(m_list), row.shown);
+        EXPECT_EQ(TipOver(m_list, row.row, row.column), row.shown);
     }
 }
 
-} // namespace
 } // namespace voltaro

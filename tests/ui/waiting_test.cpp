@@ -10,7 +10,6 @@
 #include <thread>
 
 namespace voltaro {
-namespace {
 
 TEST(WaitingTest, AWaitAnswersProbesAndPaintsButLeavesInput)
 {
@@ -84,5 +83,4 @@ TEST(WaitingTest, EndsAtOnceForItsHandleOrTheProgramAndLeavesTheQuitMessage)
     EXPECT_EQ(message.wParam, 5u);
 }
 
-} // namespace
 } // namespace voltaro

@@ -1,6 +1,6 @@
 // TakePictures.exe FOLDER: drives the running console from outside and writes a bitmap of every window and page.
 
-#include "power/scheme_form.h"
+#include "power/scheme_pages.h"
 #include "shell/main_commands.h"
 #include "shell/main_window.h"
 #include "shell/window_table.h"

@@ -1,0 +1,193 @@
+#include "base/platform_calls.h"
+#include "console/background_refresh.h"
+#include "console/ui_calls.h"
+#include "link/exchange.h"
+#include "shell/about.h"
+#include "shell/tray.h"
+#include "shell/update_window.h"
+#include "shell/workers.h"
+#include "soak/held.h"
+#include "support/fake_tray.h"
+#include "support/program.h"
+
+#include <algorithm>
+
+namespace voltaro {
+namespace {
+
+// What opens a window: a command of the main window, or a button of another one.
+struct Opening {
+    WindowId opened;
+    WindowId from;
+    int command;
+    const wchar_t* button = nullptr;
+};
+// clang-format off
+constexpr Opening kOpenings[] = {
+    {WindowId::SystemInfo,    WindowId::Main, kSystemInfo},
+    {WindowId::Battery,       WindowId::Main, kBatteryInfo},
+    {WindowId::DeviceControl, WindowId::Main, kSecurity},
+    {WindowId::AccessControl, WindowId::Main, kPorts},
+    {WindowId::Snooze,        WindowId::Main, kSnooze},
+    {WindowId::Proxy,         WindowId::Main, kProxy},
+    {WindowId::Activation,    WindowId::Main, kActivate},
+    {WindowId::Update,        WindowId::Main, kUpdate},
+    {WindowId::Scheme,        WindowId::Main, kPowerScheme},
+    {WindowId::Policy,        WindowId::SchemeProcessor, 0, L"New .."},
+    {WindowId::Rule,          WindowId::Policy, 0, L"Add Rule.."},
+    {WindowId::JobList,       WindowId::Main, kJobScheduler},
+    {WindowId::JobEditor,     WindowId::JobList, 0, L"Add Job.."},
+    {WindowId::Savings,       WindowId::Main, kSavingsReport},
+    {WindowId::Profile,       WindowId::Savings, 0, L"&Power Consumption Settings"},
+};
+// clang-format on
+
+// A piece of work, done so often in the long run; the tests do a hundredth.
+struct Work {
+    const char* what;
+    int count;
+    void (*step)(ConsoleProgram& program, int number);
+    int socketsLeft = 0; // on purpose, by each step
+    int labels = 0;      // that each step destroys
+};
+
+void TurnPages(HWND window)
+{
+    HWND tab = nullptr;
+    while ((tab = FindWindowExW(window, tab, WC_TABCONTROLW, nullptr)) != nullptr) {
+        for (int page = TabCtrl_GetItemCount(tab); page-- > 0;)
+            ClickTab(tab, page);
+    }
+}
+
+void Open(ConsoleProgram& program, const Opening& row)
+{
+    if (row.button) {
+        const auto owner = std::ranges::find_if(kOpenings,
+            [&](const Opening& other) { return WindowOf(other.opened) == GetAncestor(WindowOf(row.from), GA_ROOT); });
+        Open(program, *owner);
+        SendMessageW(Labelled(WindowOf(row.from), row.button), BM_CLICK, 0, 0);
+    } else {
+        program.Command(row.from, row.command);
+    }
+    EXPECT_TRUE(row.opened != WindowId::Update || WaitFor([] { return !updateBusy; }));
+    EXPECT_TRUE(IsWindowVisible(WindowOf(row.opened))) << row.command;
+    TurnPages(WindowOf(row.opened));
+}
+
+void CloseAll()
+{
+    for (std::size_t i = std::size(kOpenings); i-- > 0;) {
+        const HWND window = WindowOf(kOpenings[i].opened);
+        SendMessageW(window, kOpenings[i].opened == WindowId::Update ? WM_COMMAND : WM_CLOSE, IDOK, 0);
+        EXPECT_FALSE(IsWindowVisible(window)) << i;
+    }
+    Pump();
+}
+
+void OpenAndClose(ConsoleProgram& program, int number)
+{
+    Open(program, kOpenings[static_cast<std::size_t>(number) % std::size(kOpenings)]);
+    CloseAll();
+}
+
+void OpenAndCloseAbout(ConsoleProgram& program, int)
+{
+    program.Command(WindowId::Main, kAbout);
+    SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
+    EXPECT_EQ(AboutWindow(), nullptr);
+}
+
+void Repaint(ConsoleProgram&, int number)
+{
+    const HWND window = windowHandles[static_cast<std::size_t>(number) % windowHandles.size()];
+    for (const HWND painted : {WindowOf(WindowId::Main), window}) {
+        ShowWindow(painted, SW_SHOWNA);
+        RedrawWindow(painted, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    }
+}
+
+template <FaultKind Kind, Outcome Expected>
+void ExchangeOnce(ConsoleProgram& program, int)
+{
+    program.Agent().SetFault(L"*", {Kind, {}});
+    Reply reply = Exchange(Plain(Operation::GetSystemDetails));
+    EXPECT_EQ(reply.Result(), Expected);
+    static_cast<void>(reply.Root());
+}
+
+void Refresh(ConsoleProgram& program, int number)
+{
+    program.Command(WindowId::Main, kRefresh);
+    const bool details = number % 2 == 0;
+    const std::size_t expected = program.Agent().Requests().size() + (details ? 1 : 3);
+    const Operation last = details ? Operation::GetSystemDetails : Operation::GetCurrentPowerSettings;
+    RequestBackgroundRefresh(details ? kRefreshSystemDetails : kRefreshPowerData);
+    EXPECT_TRUE(WaitFor([&] { return program.Agent().Requests().size() >= expected && !IsHeld(last); }));
+}
+
+void PauseAndRestore(ConsoleProgram& program, int number)
+{
+    const HWND main = WindowOf(WindowId::Main);
+    program.Command(WindowId::Main, kPauseOneHour + number % kPauseHours);
+    SendMessageW(main, kTrayMessage, 9013, WM_LBUTTONUP);
+    Pump();
+    EXPECT_TRUE(IsWindowVisible(main));
+    program.Command(WindowId::Main, kResume);
+    program.Command(WindowId::Main, kExitToTray);
+    SendMessageW(main, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+    program.Command(WindowId::Main, kTrayVoltaro);
+}
+
+void CheckAgain(ConsoleProgram& program, int)
+{
+    program.Command(WindowId::Main, kReinitialize);
+}
+
+// clang-format off
+constexpr Work kWorks[] = {
+    {"windows opened, pages turned, closed", 200 * std::size(kOpenings), OpenAndClose},
+    {"about box",                              200, OpenAndCloseAbout, 0, 9},
+    {"exchanges, answered",                  1'000, ExchangeOnce<FaultKind::None, Outcome::Answered>},
+    {"exchanges, nobody listens",            1'000, ExchangeOnce<FaultKind::Refuse, Outcome::CannotConnect>, 1},
+    {"exchanges, closed without an answer",  1'000, ExchangeOnce<FaultKind::CloseAtOnce, Outcome::ClosedByAgent>},
+    {"exchanges, closed in an answer",       1'000, ExchangeOnce<FaultKind::CloseMidFrame, Outcome::ClosedByAgent>, 1},
+    {"exchanges, answer too long",           1'000, ExchangeOnce<FaultKind::HugeLength, Outcome::Damaged>, 1},
+    {"exchanges, not well-formed",           1'000, ExchangeOnce<FaultKind::NotWellFormed, Outcome::Answered>},
+    {"refreshes",                              300, Refresh},
+    {"pause and tray round trips",             300, PauseAndRestore},
+    {"connection checks",                      300, CheckAgain},
+    {"repaints",                             2'000, Repaint},
+};
+// clang-format on
+
+TEST(GrowthTest, WorkLeavesNothingBehind)
+{
+    FakeTray tray;
+    LoadedProgram program;
+    AddTrayIcon(WindowOf(WindowId::Main));
+    ASSERT_TRUE(StartWorkers());
+    platformCalls.showMessageBox
+        = [](const BoxCall& call) { return call.buttons == BoxButtons::Ok ? Answer::Ok : Answer::Yes; };
+    for (const Work& work : kWorks) {
+        SCOPED_TRACE(work.what);
+        program.Agent().ClearFaults();
+        ExpectNoGrowth(work.what, [&] {
+            const int count = IsLongRun() ? work.count : work.count / 100;
+            Left left{count * work.socketsLeft, 0, count * work.labels};
+            for (int i = 0; i < count; ++i) {
+                work.step(program, i);
+                Operations built = program.TakeOperations();
+                std::erase(built, L"PauseStatus"); // that one is built once for all
+                left.requests += std::max(static_cast<int>(built.size()), work.socketsLeft);
+            }
+            tray.ForgetCalls();
+            return left;
+        });
+    }
+    StopWorkers(StopOrder::MainWindowDestroyed);
+    RemoveTrayIcon();
+}
+
+} // namespace
+} // namespace voltaro

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdlib>
+#include <functional>
+
+namespace voltaro {
+
+// What work may leave behind: sockets, and what the platform keeps of what was there. Nothing else may grow at all.
+struct Left {
+    int sockets = 0;
+    int requests = 0; // built
+    int labels = 0;   // destroyed
+};
+
+// Does the work once to warm up, and then at most three times: a leak grows every time, a cache and the threads of the
+// simulated agent only once. The test fails when every time left more behind than the work says; the smallest growth
+// of each kind is printed.
+void ExpectNoGrowth(const char* what, const std::function<Left()>& work);
+
+// Whether this is the long run (./run soak) instead of the one that belongs to the tests.
+[[nodiscard]] inline bool IsLongRun()
+{
+    return std::getenv("VOLTARO_SEED") != nullptr;
+}
+
+// What chance begins with; the tests always take the same.
+[[nodiscard]] inline unsigned Seed()
+{
+    return IsLongRun() ? static_cast<unsigned>(std::atoi(std::getenv("VOLTARO_SEED"))) : 1;
+}
+
+} // namespace voltaro

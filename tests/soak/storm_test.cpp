@@ -1,0 +1,284 @@
+#include "console/connection_state.h"
+#include "console/main_hold.h"
+#include "console/ui_calls.h"
+#include "shell/main_menus.h"
+#include "shell/tray.h"
+#include "shell/workers.h"
+#include "soak/held.h"
+#include "support/fake_tray.h"
+#include "support/program.h"
+#include "ui/menus.h"
+
+#include <algorithm>
+#include <atomic>
+#include <climits>
+#include <random>
+#include <thread>
+
+namespace voltaro {
+namespace {
+
+constexpr int kUpdateOk = 8505, kCloseVoltaro = 8504; // the latter ends the program
+
+std::mt19937 dice;
+std::atomic<int> steps{0};
+int losses = 0;          // told
+bool isLossOwed = false; // the program was connected since the last box that told of a loss
+bool isExcused = false;  // and the user has asked for a new check since
+
+std::size_t Throw(std::size_t sides)
+{
+    return dice() % sides;
+}
+
+template <class Values>
+auto Any(const Values& values)
+{
+    return values[Throw(std::size(values))];
+}
+
+// Looks at the connection before and after every message of the main window.
+LRESULT CALLBACK Observe(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR)
+{
+    isLossOwed = isLossOwed || connection.connected;
+    isExcused = (isExcused && !connection.connected) || (message == WM_COMMAND && w == kReinitialize);
+    const LRESULT answer = DefSubclassProc(window, message, w, l);
+    isLossOwed = isLossOwed || connection.connected;
+    return answer;
+}
+
+// The box is open for a while, as a message loop of its own, and leaves its owner enabled.
+Answer OnBox(const BoxCall& call)
+{
+    if (call.caption == L"Connection Issue" && call.text.find(L"Hint :To check") != std::wstring::npos) {
+        ++losses;
+        EXPECT_TRUE(std::exchange(isLossOwed, false)) << "told twice, step " << steps;
+    }
+    MSG message;
+    EnableWindow(call.owner, FALSE);
+    for (std::size_t i = Throw(20); OpenBoxes() < 4 && i > 0; --i) {
+        if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+    }
+    EnableWindow(call.owner, TRUE);
+    if (call.buttons == BoxButtons::Ok)
+        return Answer::Ok;
+    return call.caption.starts_with(L"Close Voltaro") || Throw(2) ? Answer::No : Answer::Yes;
+}
+
+BOOL CALLBACK AddIfVisible(HWND window, LPARAM list)
+{
+    if (IsWindowVisible(window) && ((GetWindowLongW(window, GWL_STYLE) & (WS_CHILD | WS_CAPTION)) != 0))
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
+std::vector<HWND> OpenWindows()
+{
+    std::vector<HWND> open;
+    EnumThreadWindows(GetCurrentThreadId(), &AddIfVisible, reinterpret_cast<LPARAM>(&open));
+    return open;
+}
+
+// Whether a window that takes no input waits for another one.
+bool IsHeld(HWND window, const std::vector<HWND>& open)
+{
+    return std::ranges::any_of(open, [window](HWND other) {
+        return other != window && (window == WindowOf(WindowId::Main) || GetWindow(other, GW_OWNER) == window);
+    });
+}
+
+void Choose(HMENU menu, int item)
+{
+    if (IsItemEnabled(menu, static_cast<unsigned>(item)))
+        PostMessageW(WindowOf(WindowId::Main), WM_COMMAND, static_cast<WPARAM>(item), 0);
+}
+
+void ChooseFromBar()
+{
+    constexpr int kItems[] = {kPowerScheme, kSystemInfo, kJobScheduler, kUpdate, kPorts, kBatteryInfo, kSavingsReport,
+        kActivate, kProxy, kSecurity, kSnooze, kAbout, kRefresh, kMenuExitToTray, kClose, kHelp};
+    const int item = Throw(connection.connected ? 20 : 2) ? Any(kItems) : static_cast<int>(kReinitialize);
+    if (IsWindowEnabled(WindowOf(WindowId::Main)))
+        Choose(MainMenuBar(), item);
+}
+
+void ChooseFromTray()
+{
+    constexpr int kItems[] = {kTrayVoltaro, kTrayAbout, kTrayHelp, kTrayClose, kPauseOneHour, kPauseFiveHours, kResume};
+    Choose(TrayMenu(), Any(kItems));
+}
+
+// Clicks a control that the user can reach.
+void Click()
+{
+    std::vector<HWND> controls;
+    for (const HWND window : OpenWindows()) {
+        if (IsWindowEnabled(window))
+            EnumChildWindows(window, &AddIfVisible, reinterpret_cast<LPARAM>(&controls));
+    }
+    std::erase_if(controls, [](HWND control) {
+        return !IsWindowEnabled(control) || (GetWindowLongW(control, GWL_STYLE) & WS_TABSTOP) == 0
+            || GetDlgCtrlID(control) == kCloseVoltaro;
+    });
+    if (controls.empty())
+        return;
+    const HWND control = Any(controls);
+    SetFocus(control);
+    PostMessageW(control, BM_CLICK, 0, 0);
+}
+
+void PressAny()
+{
+    constexpr WORD kKeys[] = {VK_TAB, VK_TAB, VK_RETURN, VK_ESCAPE, VK_SPACE, VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT,
+        VK_HOME, VK_END, VK_PRIOR, VK_NEXT, VK_DELETE, VK_F1, VK_F5, 'A', '7'};
+    constexpr WORD kModifiers[] = {0, 0, 0, VK_CONTROL, VK_SHIFT};
+    if (GetDlgCtrlID(GetFocus()) != kCloseVoltaro)
+        Press(Any(kKeys), Any(kModifiers));
+}
+
+// What the shell and the system say, to the window that it is meant for or to any other.
+void Tell()
+{
+    const struct {
+        UINT message;
+        WPARAM w = 0;
+        LPARAM l = 0;
+    } kMessages[] = {{kTrayMessage, 9013, WM_LBUTTONUP}, {kTrayMessage, 9013, WM_LBUTTONUP},
+        {kTrayMessage, 9013, WM_RBUTTONUP}, {kTrayMessage, 9013, NIN_KEYSELECT}, {WM_TIMER, 1}, {WM_TIMER, Throw(100)},
+        {WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE}, {WM_POWERBROADCAST, PBT_APMSUSPEND},
+        {RegisterWindowMessageW(L"TaskbarCreated")}, {WM_QUERYENDSESSION}, {WM_SYSCOLORCHANGE}, {WM_THEMECHANGED},
+        {WM_DISPLAYCHANGE}, {WM_SETTINGCHANGE}};
+    const auto told = Any(kMessages);
+    PostMessageW(Throw(2) ? WindowOf(WindowId::Main) : Any(windowHandles), told.message, told.w, told.l);
+}
+
+void Close()
+{
+    if (const std::vector<HWND> open = OpenWindows(); !open.empty())
+        PostMessageW(Any(open), WM_CLOSE, 0, 0);
+}
+
+constexpr void (*kActions[])()
+    = {ChooseFromBar, ChooseFromBar, ChooseFromTray, Click, Click, Click, PressAny, PressAny, Tell, Tell, Tell, Close};
+
+// Kills and revives the agent, which then answers rubbish every other time; takes back the menus that the program waits
+// in; ends it all when the program hangs.
+void Guard(const std::stop_token& over, simulator::AgentServer& agent, int port, DWORD uiThread)
+{
+    std::mt19937 own(Seed());
+    ULONGLONG moved = GetTickCount64();
+    for (int tick = 0, seen = -1; !over.stop_requested(); ++tick, Sleep(20)) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        if (GetGUIThreadInfo(uiThread, &info) && (info.flags & GUI_INMENUMODE))
+            PostMessageW(info.hwndMenuOwner, WM_CANCELMODE, 0, 0);
+        if (std::exchange(seen, steps.load()) != steps)
+            moved = GetTickCount64();
+        if (GetTickCount64() - moved > 30'000) {
+            std::printf("no end of step %d\n[  FAILED  ]\n", seen);
+            std::fflush(stdout);
+            TerminateProcess(GetCurrentProcess(), 3);
+        }
+        if (tick % 20 == 10)
+            agent.Stop();
+        if (tick % 20 == 0) {
+            const auto kind = static_cast<FaultKind>(own() % 2 ? own() % simulator::FaultInfos().size() : 0);
+            agent.SetFault(L"*", {kind == FaultKind::Refuse ? FaultKind::CloseAtOnce : kind, {}});
+            static_cast<void>(agent.Start(port));
+        }
+    }
+}
+
+class StormTest : public testing::Test {
+protected:
+    StormTest()
+    {
+        dice.seed(Seed());
+        timing.pollerPeriod = 30;
+        program.Agent().Stop(); // the other one takes its place
+        platformCalls.showMessageBox = &OnBox;
+        platformCalls.showHelp = [](HWND, const std::wstring&) {};
+        platformCalls.lockScreen = [] {};
+        platformCalls.chooseFile = [](HWND, const FileDialog&) { return std::optional<std::wstring>(L"C:\\a.exe"); };
+        SetWindowSubclass(WindowOf(WindowId::Main), &Observe, 0, 0);
+        AddTrayIcon(WindowOf(WindowId::Main));
+    }
+    ~StormTest() override
+    {
+        StopWorkers(StopOrder::MainWindowDestroyed);
+        RemoveTrayIcon();
+    }
+
+    void Run(int count)
+    {
+        const std::jthread guard(&Guard, std::ref(agent), program.Agent().Port(), GetCurrentThreadId());
+        for (steps = 0; steps < count; ++steps) {
+            if (steps % 100 == 0)
+                RestartWorkers();
+            Any(kActions)();
+            Pump();
+            const std::vector<HWND> open = OpenWindows();
+            ASSERT_TRUE(
+                std::ranges::all_of(open, [&](HWND window) { return IsWindowEnabled(window) || IsHeld(window, open); }))
+                << "a window is left disabled, step " << steps;
+            const auto isTold = [] { return !isLossOwed || isExcused || connection.connected; };
+            ASSERT_TRUE(isTold() || WaitFor(isTold, 2'000)) << "a loss was not told, step " << steps;
+        }
+    }
+    // In the middle of what they do; the poller has ended with the first loss.
+    static void RestartWorkers()
+    {
+        const ULONGLONG start = GetTickCount64();
+        StopWorkers(steps % 200 ? StopOrder::MainWindowDestroyed : StopOrder::SessionEnds);
+        EXPECT_LT(GetTickCount64() - start, 1'000U) << steps;
+        ASSERT_TRUE(StartWorkers());
+    }
+    static bool CloseWindows()
+    {
+        SendMessageW(WindowOf(WindowId::Update), WM_COMMAND, kUpdateOk, 0);
+        for (const HWND window : OpenWindows())
+            PostMessageW(window, window == WindowOf(WindowId::Main) ? WM_NULL : WM_CLOSE, 0, 0);
+        Pump();
+        return OpenWindows().size() <= 1;
+    }
+
+    FakeTray tray;
+    LoadedProgram program;
+    simulator::AgentServer agent;
+};
+
+TEST_F(StormTest, LeavesTheProgramAsItWasAndPollingGoesOn)
+{
+    Run(IsLongRun() ? 10'000 : 300);
+    std::printf("seed %u: %d steps, %d losses\n", Seed(), steps.load(), losses);
+    StopWorkers(StopOrder::MainWindowDestroyed);
+    agent.ClearFaults();
+    ASSERT_TRUE(agent.Start(program.Agent().Port()));
+    EXPECT_TRUE(WaitFor(&CloseWindows));
+    program.Command(WindowId::Main, kReinitialize);
+    EXPECT_TRUE(connection.connected && IsConsoleReady() && OpenBoxes() == 0);
+    for (const HWND window : windowHandles)
+        EXPECT_TRUE(IsWindowEnabled(window)) << WindowText(window);
+
+    program.Command(WindowId::Main, kResume);
+    timing.pollerPeriod = IsLongRun() ? 480 : 8;
+    ExpectNoGrowth("eight hours of polling", [this] {
+        agent.ClearRequests();
+        EXPECT_TRUE(StartWorkers());
+        EXPECT_TRUE(WaitFor([this] { return agent.Requests().size() >= 120; }, 120'000));
+        StopWorkers(StopOrder::MainWindowDestroyed);
+        const auto polls = static_cast<int>(agent.Requests().size() / 2); // the pause's request is built once for all
+        agent.ClearRequests();
+        tray.ForgetCalls();
+        return Left{0, polls, 0};
+    });
+    ASSERT_TRUE(StartWorkers());
+    EXPECT_TRUE(connection.connected);
+    const int before = losses;
+    agent.Stop();
+    EXPECT_TRUE(WaitFor([&] { return losses > before; }));
+}
+
+} // namespace
+} // namespace voltaro
