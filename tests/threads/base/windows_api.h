@@ -18,6 +18,7 @@
 #include <mutex>
 #include <thread>
 
+// clang-format off
 using DWORD = std::uint32_t;
 using ULONGLONG = std::uint64_t;
 using BOOL = int;
@@ -25,29 +26,14 @@ using HRESULT = std::int32_t;
 using COLORREF = std::uint32_t;
 using SOCKET = int;
 using HANDLE = struct Event*;
-using HWND = void*;
-using HFONT = void*;
-using HBRUSH = void*;
-using HPEN = void*;
-using HBITMAP = void*;
-using HMENU = void*;
-using HKEY = void*;
+using HWND = void*; using HFONT = void*; using HBRUSH = void*; using HPEN = void*; using HBITMAP = void*; using HMENU = void*; using HKEY = void*;
 struct MONITORINFO { };
 struct WSADATA { };
-struct WSANETWORKEVENTS {
-    int iErrorCode[1];
-};
-struct SYSTEMTIME {
-    int wYear, wMonth, wDay, wHour, wMinute, wSecond, wMilliseconds;
-};
+struct WSANETWORKEVENTS { int iErrorCode[1]; };
+struct SYSTEMTIME { int wYear, wMonth, wDay, wHour, wMinute, wSecond, wMilliseconds; };
 enum : int { INVALID_SOCKET = -1, SD_BOTH = SHUT_RDWR, TRUE = 1, FALSE = 0, E_FAIL = -1, FD_CONNECT_BIT = 0 };
 enum : int { FD_READ = POLLIN, FD_CLOSE = POLLHUP, FD_CONNECT = POLLOUT };
-enum : int {
-    WSAENETDOWN = ENETDOWN,
-    WSAENETRESET = ENETRESET,
-    WSAECONNABORTED = ECONNABORTED,
-    WSAETIMEDOUT = ETIMEDOUT
-};
+enum : int { WSAENETDOWN = ENETDOWN, WSAENETRESET = ENETRESET, WSAECONNABORTED = ECONNABORTED, WSAETIMEDOUT = ETIMEDOUT };
 enum : int { WSAEWOULDBLOCK = EAGAIN };
 enum : DWORD { WAIT_OBJECT_0 = 0, WAIT_TIMEOUT = 258, INFINITE = UINT32_MAX };
 inline const HANDLE INVALID_HANDLE_VALUE = nullptr;
@@ -58,14 +44,8 @@ struct Event {
     bool set = false;
     pollfd socket{INVALID_SOCKET, 0, 0};
 };
-inline HANDLE CreateEventW(void*, BOOL, BOOL set, void*)
-{
-    return new Event{{}, {}, set != 0};
-}
-inline void CloseHandle(HANDLE event)
-{
-    delete event;
-}
+inline HANDLE CreateEventW(void*, BOOL, BOOL set, void*) { return new Event{{}, {}, set != 0}; }
+inline void CloseHandle(HANDLE event) { delete event; }
 inline void SetEvent(HANDLE event)
 {
     const std::lock_guard lock(event->mutex);
@@ -82,10 +62,7 @@ inline DWORD WaitForSingleObject(HANDLE event, DWORD milliseconds)
     event->set = false; // auto-reset
     return signalled ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
 }
-inline int ioctlsocket(SOCKET socket, long command, unsigned long* value)
-{
-    return ioctl(socket, static_cast<unsigned long>(command), value);
-}
+inline int ioctlsocket(SOCKET socket, long command, unsigned long* value) { return ioctl(socket, static_cast<unsigned long>(command), value); }
 inline int WSAEventSelect(SOCKET socket, HANDLE event, int events)
 {
     unsigned long nonBlocking = 1;
@@ -98,48 +75,19 @@ inline int WSAEnumNetworkEvents(SOCKET socket, HANDLE, WSANETWORKEVENTS* events)
     socklen_t size = sizeof(int);
     return getsockopt(socket, SOL_SOCKET, SO_ERROR, events->iErrorCode, &size);
 }
-inline int WSAGetLastError()
-{
-    return errno == EINPROGRESS ? WSAEWOULDBLOCK : errno;
-}
-inline void WSASetLastError(int error)
-{
-    errno = error;
-}
-inline int MAKEWORD(int low, int high)
-{
-    return low | high << 8;
-}
-inline int WSAStartup(int, WSADATA*)
-{
-    return 0;
-}
+inline int WSAGetLastError() { return errno == EINPROGRESS ? WSAEWOULDBLOCK : errno; }
+inline void WSASetLastError(int error) { errno = error; }
+inline int MAKEWORD(int low, int high) { return low | high << 8; }
+inline int WSAStartup(int, WSADATA*) { return 0; }
 inline void WSACleanup() { }
-inline void closesocket(SOCKET socket)
-{
-    close(socket);
-}
-inline int getsockname(SOCKET socket, sockaddr* address, int* size)
-{
-    return getsockname(socket, address, reinterpret_cast<socklen_t*>(size));
-}
-inline int select(int, fd_set* read, fd_set* write, std::nullptr_t, timeval* wait)
-{
-    return select(FD_SETSIZE, read, write, static_cast<fd_set*>(nullptr), wait);
-}
-inline void Sleep(DWORD milliseconds)
-{
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-}
-inline ULONGLONG GetTickCount64()
-{
-    return static_cast<ULONGLONG>(std::chrono::steady_clock::now().time_since_epoch() / std::chrono::milliseconds(1));
-}
-inline DWORD GetCurrentThreadId()
-{
-    return static_cast<DWORD>(gettid());
-}
+inline void closesocket(SOCKET socket) { close(socket); }
+inline int getsockname(SOCKET socket, sockaddr* address, int* size) { return getsockname(socket, address, reinterpret_cast<socklen_t*>(size)); }
+inline int select(int, fd_set* read, fd_set* write, std::nullptr_t, timeval* wait) { return select(FD_SETSIZE, read, write, static_cast<fd_set*>(nullptr), wait); }
+inline void Sleep(DWORD milliseconds) { std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds)); }
+inline ULONGLONG GetTickCount64() { return static_cast<ULONGLONG>(std::chrono::steady_clock::now().time_since_epoch() / std::chrono::milliseconds(1)); }
+inline DWORD GetCurrentThreadId() { return static_cast<DWORD>(gettid()); }
 inline void GetLocalTime(SYSTEMTIME*) { }
 inline void DeleteObject(void*) { }
 inline void DestroyMenu(void*) { }
 inline void RegCloseKey(void*) { }
+// clang-format on
