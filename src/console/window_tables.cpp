@@ -34,7 +34,8 @@ LRESULT AnswerFromTables(const WindowTables& tables, HWND window, UINT message, 
         return *answer;
     switch (message) {
     case WM_CREATE:
-        CreateControls(window, tables.controls, WindowFont());
+        if (!CreateControls(window, tables.controls, WindowFont()))
+            return -1;
         if (tables.created)
             tables.created(window);
         return 0;

@@ -183,7 +183,8 @@ std::vector<AreaTip> SegmentTips()
 
 LRESULT OnCreate(HWND window)
 {
-    CreateControls(window, kControls, WindowFont());
+    if (!CreateControls(window, kControls, WindowFont()))
+        return -1;
     const HWND list = ControlOf(window, kDurations);
     PrepareReportList(list, kColumns);
     SetWindowLongPtrW(list, GWL_STYLE, GetWindowLongPtrW(list, GWL_STYLE) & ~static_cast<LONG_PTR>(WS_BORDER));

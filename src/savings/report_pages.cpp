@@ -117,7 +117,8 @@ std::wstring TipOf(HWND list, int row)
 
 LRESULT OnCreate(HWND window, const ReportPage& page)
 {
-    CreateControls(window, page.controls, WindowFont());
+    if (!CreateControls(window, page.controls, WindowFont()))
+        return -1;
     for (const ReportList& list : page.lists) {
         PrepareReportList(ControlOf(window, list.id), list.columns);
         SetRowTips(ControlOf(window, list.id), TipOf);

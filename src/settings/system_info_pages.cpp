@@ -82,19 +82,21 @@ constexpr struct {
 
 constexpr RECT kPictures = {0, 0, 90, 150};
 
-void MakeControls(HWND window, const Page& page)
+LRESULT OnCreate(HWND window, const Page& page)
 {
-    CreateControls(window, page.controls, WindowFont());
+    if (!CreateControls(window, page.controls, WindowFont()))
+        return -1;
     for (const int id : {kList, kSecondList}) {
         if (const HWND list = ControlOf(window, id))
             SetColumns(list, page.columns);
     }
+    return 0;
 }
 
 LRESULT AnswerPage(const Page& page, HWND window, UINT message, WPARAM w, LPARAM l)
 {
     switch (message) {
-    case WM_CREATE: MakeControls(window, page); return 0;
+    case WM_CREATE: return OnCreate(window, page);
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: {
         const Canvas canvas(window);

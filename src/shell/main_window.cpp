@@ -177,7 +177,8 @@ void OnBoxClosed()
 
 LRESULT OnCreate(HWND window)
 {
-    CreateControls(window, kControls, MainFont());
+    if (!CreateControls(window, kControls, MainFont()))
+        return -1;
     const HWND list = ControlOf(window, kSavingsList);
     SetColumns(list, kSavingsColumns);
     SetRowTips(list);

@@ -10,7 +10,6 @@
 #include <oleacc.h>
 
 #include <algorithm>
-#include <cassert>
 #include <iterator>
 #include <vector>
 
@@ -152,8 +151,8 @@ HWND Create(HWND window, const Shape& shape, DWORD style, const wchar_t* text, c
     const HWND made = CreateWindowExW(shape.extendedStyle, shape.className, text, style, place.left, place.top,
         place.right - place.left, place.bottom - place.top, window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
         Instance(), nullptr);
-    assert(made != nullptr);
-    SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    if (made)
+        SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     return made;
 }
 
@@ -232,7 +231,7 @@ void ReturnFocusTo(HWND control)
 
 } // namespace
 
-void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
+bool CreateControls(HWND window, std::span<const Control> rows, HFONT font)
 {
     constexpr Shape kName{Kind::Label, WC_STATICW, kStatic, 0};
     InitialiseClasses();
@@ -243,6 +242,8 @@ void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
             Create(window, kName, WS_CHILD | WS_VISIBLE | kStatic, row.name, {row.x, row.y, row.x, row.y}, kNoId, font);
         const RECT place{row.x, row.y, row.x + row.width, row.y + row.height};
         const HWND made = Create(window, ShapeOf(row), StyleOf(row, before), row.text, place, row.id, font);
+        if (!made)
+            return false;
         Furnish(made, row.kind);
         if (row.kind >= Kind::Edit && row.kind <= Kind::PasswordEdit)
             LimitText(window, row.id, FieldText::kEditLimit);
@@ -252,6 +253,7 @@ void CreateControls(HWND window, std::span<const Control> rows, HFONT font)
     }
     if (HasHighContrast())
         RenewColours(window);
+    return true;
 }
 
 HWND ControlOf(HWND window, int id)

@@ -65,9 +65,9 @@ struct Control {
     const wchar_t* name = nullptr;
 };
 
-// Creates the children of a window from its rows, all with one font, which the caller keeps. Asserts that each was
-// made.
-void CreateControls(HWND window, std::span<const Control> rows, HFONT font);
+// Creates the children of a window from its rows, all with one font, which the caller keeps. False when one cannot be
+// made; then the window's own creation is to fail.
+bool CreateControls(HWND window, std::span<const Control> rows, HFONT font);
 
 // Compile-time proof-reading of tables.
 consteval bool IdsAreUnique(std::span<const Control> rows)

@@ -1,29 +1,25 @@
 #include "ui/menus.h"
 
-#include <cassert>
 #include <span>
 
 namespace voltaro {
 namespace {
 
+// A row that cannot be appended is missing.
 void AppendRows(HMENU menu, const MenuItem* rows, std::size_t count, HMENU shared)
 {
     for (const MenuItem& item : std::span(rows, count)) {
-        BOOL appended = FALSE;
         if (item.sharedPopup) {
-            assert(shared != nullptr);
-            appended = AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(shared), item.text);
+            AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(shared), item.text);
         } else if (item.rows != nullptr) {
             UniqueMenu popup = BuildPopup(item.rows, item.count, shared);
-            appended = AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Get()), item.text);
-            if (appended)
+            if (AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Get()), item.text))
                 popup.Release(); // now destroyed with its menu
         } else if (item.text == nullptr) {
-            appended = AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+            AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
         } else {
-            appended = AppendMenuW(menu, MF_STRING, item.id, item.text);
+            AppendMenuW(menu, MF_STRING, item.id, item.text);
         }
-        assert(appended);
     }
 }
 

@@ -29,38 +29,12 @@ namespace {
 using simulator::ParseFault;
 
 // Faults that make documents.
-constexpr const wchar_t* kDocuments[] = {
-    L"text:empty",
-    L"text:Failure",
-    L"prefix", // a byte order mark
-    L"prefix: ",
-    L"garbage:1000",
-    L"not-well-formed",
-    L"insert", // half of a surrogate pair
-    L"insert:&#1;",
-    L"insert:&unknown;",
-    L"insert:<![CDATA[<&]]><!-- -- -->",
-    L"entities:1",
-    L"entities",
-    L"external:\\\\.\\pipe\\voltaro_elsewhere",
-    L"external:http://127.0.0.1:",
-    L"references:\\\\.\\pipe\\voltaro_elsewhere",
-    L"references:http://127.0.0.1:",
-    L"deep",
-    L"wide",
-    L"wide:30",
-    L"root",
-    L"few-elements:0",
-    L"few-elements",
-    L"long-texts:20000",
-    L"long-texts:300",
-    L"texts:%s%n%S%x%99999999d",
-    L"texts:-1",
-    L"many-elements:3011",
-    L"many-elements:20",
-    L"foreign-texts",
-    L"status",
-};
+constexpr const wchar_t* kDocuments[] = {L"text:empty", L"text:Failure", L"prefix", L"prefix: ", L"garbage:1000",
+    L"not-well-formed", L"insert", L"insert:&#1;", L"insert:&unknown;", L"insert:<![CDATA[<&]]><!-- -- -->",
+    L"entities:1", L"entities", L"external:\\\\.\\pipe\\voltaro_elsewhere", L"external:http://127.0.0.1:",
+    L"references:\\\\.\\pipe\\voltaro_elsewhere", L"references:http://127.0.0.1:", L"deep", L"wide", L"wide:30",
+    L"root", L"few-elements:0", L"few-elements", L"long-texts:20000", L"long-texts:300", L"texts:%s%n%S%x%99999999d",
+    L"texts:-1", L"many-elements:3011", L"many-elements:20", L"foreign-texts", L"status"};
 
 // What of the document refers to this machine: the port stands at the end of an address.
 simulator::Fault FaultOf(const std::wstring& document, int port)

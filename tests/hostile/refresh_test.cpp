@@ -1,0 +1,36 @@
+#include "base/platform_calls.h"
+#include "console/agent_records.h"
+#include "console/background_refresh.h"
+#include "console/connection_state.h"
+#include "settings/machine_texts.h"
+#include "shell/workers.h"
+#include "support/program.h"
+
+namespace voltaro {
+namespace {
+
+auto Records()
+{
+    return std::tuple(
+        DetailsText(agentRecords.details), agentRecords.schemes, agentRecords.policies, agentRecords.currentScheme);
+}
+
+TEST(RefreshTest, RefreshesAgainstThePollerReadWhatOneReads)
+{
+    LoadedProgram program;
+    const auto expected = Records();
+    timing.pollerPeriod = 1;
+    ASSERT_TRUE(StartWorkers());
+    for (int i = 0; i < 200; ++i) {
+        RequestBackgroundRefresh(i % 2 ? kRefreshSystemDetails : kRefreshPowerData);
+        ASSERT_TRUE(WaitFor([] { return refreshRequests == 0; }));
+    }
+    StopWorkers(StopOrder::MainWindowDestroyed);
+    EXPECT_EQ(Records(), expected);
+    EXPECT_TRUE(connection.connected);
+    const Operations asked = program.TakeOperations();
+    EXPECT_GT(std::count(asked.begin(), asked.end(), L"PauseStatus"), 20);
+}
+
+} // namespace
+} // namespace voltaro

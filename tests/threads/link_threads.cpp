@@ -1,0 +1,89 @@
+// The link against the simulated agent from several threads at once, for the race detector: every thread reads what one
+// alone reads.
+#include "base/platform_calls.h"
+#include "link/document.h"
+#include "link/error_log.h"
+#include "link/exchange.h"
+#include "link/host_config.h"
+#include "simulator/server.h"
+#include "simulator/this_machine.h"
+#include "simulator/xml.h"
+
+#include <csignal>
+#include <iostream>
+#include <vector>
+
+namespace voltaro {
+
+// In the place of the platform's document.
+std::optional<Element> ParseAnswer(const wchar_t* text)
+{
+    simulator::XmlDocument document = simulator::ParseXml(text);
+    return document.error.empty() ? std::optional(std::move(document.root)) : std::nullopt;
+}
+std::optional<FieldText> SerialiseRequest(const Element& request)
+{
+    return simulator::ReplyText(request);
+}
+std::wstring NewMessageId()
+{
+    return L"{00000000-0000-0000-0000-000000000000}";
+}
+void LogFailure(const char* module, unsigned line, const char* label, long, const char* call)
+{
+    std::cerr << module << ":" << line << " " << label << " " << call << "\n";
+}
+void LogFault(const char* label, const char* what, CodePlace where)
+{
+    LogFailure(where.file, where.line, label, 0, what);
+}
+const simulator::LiveMachine& simulator::ThisMachine()
+{
+    std::abort(); // no scenario of the test asks
+}
+
+namespace {
+
+const Request kRequests[] = {WithText(Operation::GetSystemDetails, L"type", L"Refresh"),
+    Plain(Operation::GetPowerSchemes), Plain(Operation::GetPolicies), Plain(Operation::GetCurrentPowerSettings),
+    Plain(Operation::GetBatteryInfo), Plain(Operation::PauseStatus)};
+std::vector<Element> expected;
+
+std::optional<Element> Read(const Request& request)
+{
+    Reply reply = Exchange(request);
+    return reply.Root() ? std::optional(*reply.Root()) : std::nullopt;
+}
+
+// Begins with another request in each thread, so that they meet at all of them.
+void ReadAll(std::size_t thread, int rounds)
+{
+    for (std::size_t i = thread; i < thread + static_cast<std::size_t>(rounds) * std::size(kRequests); ++i) {
+        const std::size_t request = i % std::size(kRequests);
+        if (Read(kRequests[request]) != expected[request]) {
+            std::cerr << "thread " << thread << " reads otherwise\n";
+            std::_Exit(1);
+        }
+    }
+}
+
+} // namespace
+} // namespace voltaro
+
+int main()
+{
+    using namespace voltaro;
+    std::signal(SIGPIPE, SIG_IGN);
+    simulator::AgentServer agent;
+    if (!agent.Start())
+        return 1;
+    servicePort = agent.Port();
+    for (const Request& request : kRequests)
+        expected.push_back(Read(request).value());
+    agent.SetFault(L"GetBatteryInfo", *simulator::ParseFault(L"pieces"));
+    std::vector<std::thread> threads;
+    for (std::size_t thread = 0; thread < 4; ++thread)
+        threads.emplace_back(ReadAll, thread, 50);
+    for (std::thread& thread : threads)
+        thread.join();
+}
