@@ -1,3 +1,4 @@
+#include "base/com_apartment.h"
 #include "base/handles.h"
 #include "base/platform_calls.h"
 #include "console/connection_state.h"
@@ -43,7 +44,6 @@ constexpr Call kLinkCalls[] = {
     {"recv", -1, WSAECONNRESET},
     {"shutdown", -1, WSAENOTCONN},
     {"CreateEventW", 0, ERROR_NO_SYSTEM_RESOURCES},
-    {"CoInitializeEx", E_OUTOFMEMORY, 0},
     {"CoCreateInstance", E_OUTOFMEMORY, 0},
     {"CoCreateGuid", E_FAIL, 0},
     {"StringFromGUID2", 0, 0},
@@ -120,7 +120,7 @@ TEST_F(LinkFaultsTest, EveryCallOfAnExchangeFailsOnce)
 
 TEST_F(LinkFaultsTest, EveryMethodOfADocumentFailsOnce)
 {
-    const ComApartment com;
+    ASSERT_TRUE(EnterComApartment());
     CLSID kind{};
     ASSERT_EQ(CLSIDFromProgID(L"Msxml2.DOMDocument.3.0", &kind), S_OK);
     ComPtr<IXMLDOMDocument> document;
