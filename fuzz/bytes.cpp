@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace voltaro::fuzz {
@@ -51,8 +52,21 @@ std::wstring Bytes::Value(std::span<const wchar_t* const> words)
     return choice < 192 ? text : text + text + text + text;
 }
 
+namespace {
+
+std::size_t SizeOf(const Element& element)
+{
+    std::size_t size = 1;
+    for (const Element& child : element.children)
+        size += SizeOf(child);
+    return size;
+}
+
+} // namespace
+
 void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
 {
+    std::size_t room = 1000; // for copies, or copies of copies would never end
     const auto anyName = [&] {
         const std::wstring stem = names[bytes.Next() % names.size()];
         return stem.ends_with(L'_') ? stem + NumberText(bytes.Next()) : stem;
@@ -65,8 +79,6 @@ void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
         const std::size_t step = choice % 5;
         std::vector<Element>& children = here->children;
         const std::size_t child = children.empty() ? 0 : bytes.Next() % children.size();
-        // Now and then more than any list of the console may hold.
-        const std::size_t copies = choice > 250 && !children.empty() && children[child].children.empty() ? 220 : 1;
         if (step == 0)
             here->name = anyName();
         else if (step == 1)
@@ -75,8 +87,13 @@ void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
             children.push_back(TextElement(anyName(), bytes.Value()));
         else if (step == 3)
             children.erase(children.begin() + static_cast<std::ptrdiff_t>(child));
-        else
+        else {
+            // Now and then more than any list of the console may hold.
+            const std::size_t size = SizeOf(children[child]),
+                              copies = std::min<std::size_t>(room / size, choice > 250 ? 220 : 1);
             children.insert(children.end(), copies, Element(children[child]));
+            room -= copies * size;
+        }
     }
 }
 
