@@ -16,6 +16,7 @@
 #include "shell/about.h"
 #include "shell/activation_window.h"
 #include "simulator/frame.h"
+#include "soak/held.h"
 #include "support/program.h"
 
 #include <psapi.h>
@@ -77,7 +78,8 @@ TEST(HostileDocumentTest, EveryDocumentInEveryWindow)
     const auto isUntouched
         = [&] { return !ConnectNamedPipe(pipe.Get(), nullptr) && GetLastError() == ERROR_PIPE_LISTENING; };
     ASSERT_TRUE(isUntouched());
-    for (const wchar_t* document : kDocuments) {
+    for (std::size_t i = 0; i < std::size(kDocuments); i += IsLongRun() ? 1 : 4) {
+        const wchar_t* document = kDocuments[i];
         SCOPED_TRACE(document);
         program.Agent().SetFault(L"*", FaultOf(document, elsewhere.Port()));
         for (const wchar_t* gate : {L"GetSystemstatus", L"GetActivationstatus"}) // or no window would open
