@@ -63,7 +63,7 @@ bool FromKey(const UniqueKey& key, InstallDirectory& directory)
 bool ReadInstallPath(InstallDirectory& directory)
 {
     // A 32-bit installer of the agent writes the other view.
-    for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY})
+    for (const REGSAM view : {REGSAM{KEY_WOW64_64KEY}, REGSAM{KEY_WOW64_32KEY}})
         if (const UniqueKey machine = OpenKey(HKEY_LOCAL_MACHINE, kMachineKey, view))
             return FromKey(machine, directory) || FromEnvironment(directory);
     if (FromEnvironment(directory))

@@ -67,8 +67,9 @@ template <class Table, class Record>
 {
     const ShownTexts entered = EnteredTexts(window, table);
     for (std::size_t i = 0; i < entered.size(); ++i) {
-        if (entered[i] && (shown.empty() || entered[i] != shown[i]))
-            record.*table[i].slot = *entered[i];
+        const std::optional<FieldText>& text = entered[i];
+        if (text && (shown.empty() || text != shown[i]))
+            record.*table[i].slot = *text;
     }
     return record;
 }

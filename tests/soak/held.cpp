@@ -99,15 +99,15 @@ Counts CountAll()
 
 } // namespace
 
-void ExpectNoGrowth(const char* what, const std::function<Left()>& work)
+void ExpectNoGrowth(const char* what, const std::function<Left(int share)>& work)
 {
     Counts least;
     least.fill(1LL << 40);
-    Left left = work();
+    Left left = work(10);
     bool grown = true;
     for (int round = 0; round < 3 && grown; ++round) {
         const Counts before = CountAll();
-        left = work();
+        left = work(1);
         const Counts after = CountAll();
         grown = false;
         for (std::size_t i = 0; i < least.size(); ++i) {

@@ -12,10 +12,10 @@ struct Left {
     int labels = 0;   // destroyed
 };
 
-// Does the work once to warm up, and then at most three times: a leak grows every time, a cache and the threads of the
-// simulated agent only once. The test fails when every time left more behind than the work says; the smallest growth
-// of each kind is printed.
-void ExpectNoGrowth(const char* what, const std::function<Left()>& work);
+// Does a tenth of the work to warm up, and then all of it at most three times: a leak grows every time, a cache and the
+// threads of the simulated agent only once. The test fails when every time left more behind than the work says; the
+// smallest growth of each kind is printed.
+void ExpectNoGrowth(const char* what, const std::function<Left(int share)>& work);
 
 // Whether this is the long run (./run soak) instead of the one that belongs to the tests.
 [[nodiscard]] inline bool IsLongRun()

@@ -263,7 +263,7 @@ TEST_F(StormTest, LeavesTheProgramAsItWasAndPollingGoesOn)
 
     program.Command(WindowId::Main, kResume);
     timing.pollerPeriod = IsLongRun() ? 480 : 8;
-    ExpectNoGrowth("eight hours of polling", [this] {
+    ExpectNoGrowth("eight hours of polling", [this](int) {
         agent.ClearRequests();
         EXPECT_TRUE(StartWorkers());
         EXPECT_TRUE(WaitFor([this] { return agent.Requests().size() >= 120; }, 120'000));

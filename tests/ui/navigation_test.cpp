@@ -19,7 +19,9 @@ TEST_F(NavigationTest, CtrlTabTurnsThePagesAndTakesTheFocusAlong)
     ScreenToClient(m_window, &inside);
     EXPECT_EQ(ChildWindowFromPoint(m_window, inside), first) << "above the tab control";
     boxes.Expect({{L"Voltaro Help", {}}});
-    SendMessageW(ControlOf(first, kDim), WM_HELP, 0, 0); // of its window
+    HELPINFO help{};
+    help.cbSize = sizeof help;
+    SendMessageW(ControlOf(first, kDim), WM_HELP, 0, reinterpret_cast<LPARAM>(&help)); // of its window
     SetFocus(ControlOf(first, kDim));
     Press(VK_TAB, VK_CONTROL);
     EXPECT_TRUE(IsWindowVisible(second) && !IsWindowVisible(first));
