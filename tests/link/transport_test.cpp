@@ -95,8 +95,8 @@ TEST(TransportTest, EveryMemberAgainstEveryBehaviour)
             EXPECT_EQ(outcome, member.capacity >= row.bytes ? row.outcome : Outcome::Damaged)
                 << static_cast<int>(member.member);
             const ULONGLONG took = GetTickCount64() - start;
-            EXPECT_LT(
-                took, 4'000U + static_cast<unsigned>(member.seconds) * timing.transportSecond); // on a busy machine
+            constexpr unsigned kBusyMachine = 1'000; // ms
+            EXPECT_LT(took, kBusyMachine + static_cast<unsigned>(member.seconds) * timing.transportSecond);
             EXPECT_TRUE(took < 100 || probes > 0) << "the windows did not answer";
             EXPECT_LE(response.view().size(), member.capacity / 2);
         }
