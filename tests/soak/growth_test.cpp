@@ -139,11 +139,6 @@ void PauseAndRestore(ConsoleProgram& program, int number)
     program.Command(WindowId::Main, kTrayVoltaro);
 }
 
-void CheckAgain(ConsoleProgram& program, int)
-{
-    program.Command(WindowId::Main, kReinitialize);
-}
-
 // clang-format off
 constexpr Work kWorks[] = {
     {"windows opened, pages turned, closed", 200 * std::size(kOpenings), OpenAndClose},
@@ -156,7 +151,7 @@ constexpr Work kWorks[] = {
     {"exchanges, not well-formed",           1'000, ExchangeOnce<FaultKind::NotWellFormed, Outcome::Answered>},
     {"refreshes",                              300, Refresh},
     {"pause and tray round trips",             300, PauseAndRestore},
-    {"connection checks",                      300, CheckAgain},
+    {"connection checks",                      300, [](ConsoleProgram& program, int) { program.Command(WindowId::Main, kReinitialize); }},
     {"repaints",                             2'000, Repaint},
 };
 // clang-format on
