@@ -1,30 +1,50 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
+
+namespace voltaro::simulator {
+class AgentServer;
+}
 
 namespace voltaro::bench {
 
 using Work = std::function<void()>;
 
-// Median times, in milliseconds, of several pieces of work, run in turn for so many rounds after one round to warm up.
-[[nodiscard]] std::vector<double> Medians(const std::vector<Work>& works, int rounds);
+// The time that a piece of work takes, in milliseconds.
+[[nodiscard]] double Time(const Work& work);
 
-// One line: what was measured, its time, what it is held against, the ratio and its limit.
-void PrintRatio(const char* what, double time, double base, double limit);
+[[nodiscard]] double Median(std::vector<double> figures);
 
-// What an answer's document costs by itself. The thread must have entered COM.
+// Median times of several pieces of work, run in turn for so many rounds after one round to warm up.
+[[nodiscard]] std::vector<double> Medians(const std::vector<Work>& works, int rounds = 15);
 
-// Creates a document, loads the text and lets it go.
-void LoadBare(const std::wstring& text);
+// Each prints a line and keeps a figure above its limit in mind.
 
-// Does so and asks for the text of every node of the path in turn, keeping none.
+// What was measured, its time, what it is held against, the ratio and its limit.
+void JudgeRatio(const char* what, double time, double base, double limit);
+void JudgeFigure(const char* what, double figure, const char* unit, double limit);
+// The same work at growing sizes: ten times the size may take eleven times the time. Prints the time of each.
+void JudgeGrowth(const char* what, const std::vector<std::size_t>& sizes, const std::function<Work(std::size_t)>& work);
+
+// The verdict.
+[[nodiscard]] bool IsWithinLimits();
+
+// What an answer's document costs by itself: loads the text and asks for the text of every node of the path in turn,
+// keeping none. The thread must have entered COM.
 void ReadBare(const std::wstring& text, const wchar_t* path);
 
-// Reading and walking a day of the most lines an answer may have, and repainting the graph. Makes the program's
-// windows.
-void MeasureEvents();
+// All windows of the program in this process, hidden.
+void MakeWindows();
+
+// The groups of figures; an agent answers at the service's port, and an installation names it.
+[[nodiscard]] double MeasureRequests(); // the median of a bare exchange
+void MeasureAnswers();
+void MeasureListFill();
 void MeasureGraph();
+void MeasureProgram(simulator::AgentServer& agent, double bareExchange);
+int RunSkeleton();
 
 } // namespace voltaro::bench

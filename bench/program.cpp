@@ -1,0 +1,177 @@
+// The program as a process: its start, what it holds and what it does in the notification area.
+#include "measure.h"
+
+#include "base/handles.h"
+#include "console/windows.h"
+#include "shell/connection.h"
+#include "shell/main_commands.h"
+#include "shell/program.h"
+#include "shell/window_table.h"
+#include "simulator/server.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+
+#include <psapi.h>
+
+namespace voltaro::bench {
+namespace {
+
+constexpr const wchar_t* kSkeletonReady = L"VoltaroBenchSkeletonReady";
+
+// A process of its own, ended with its owner.
+class Process {
+public:
+    explicit Process(std::wstring command)
+    {
+        STARTUPINFOW start{};
+        start.cb = sizeof start;
+        PROCESS_INFORMATION made{};
+        CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &made);
+        CloseHandle(made.hThread);
+        m_process = UniqueHandle(made.hProcess);
+    }
+    ~Process()
+    {
+        TerminateProcess(m_process.Get(), 0);
+        WaitForSingleObject(m_process.Get(), 5'000);
+    }
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    [[nodiscard]] double PrivateMegabytes() const
+    {
+        PROCESS_MEMORY_COUNTERS_EX memory{};
+        GetProcessMemoryInfo(m_process.Get(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
+        return static_cast<double>(memory.PrivateUsage ? memory.PrivateUsage : memory.PagefileUsage) / 1e6;
+    }
+    [[nodiscard]] double ProcessorMs() const
+    {
+        ULARGE_INTEGER kernel{}, user{};
+        FILETIME made{}, ended{};
+        GetProcessTimes(
+            m_process.Get(), &made, &ended, reinterpret_cast<FILETIME*>(&kernel), reinterpret_cast<FILETIME*>(&user));
+        return static_cast<double>(kernel.QuadPart + user.QuadPart) / 1e4;
+    }
+
+private:
+    UniqueHandle m_process;
+};
+
+struct Programs {
+    simulator::AgentServer& agent;
+    std::wstring self, console;
+};
+
+// Waits for any request, or for one of that operation.
+void AwaitRequest(const simulator::AgentServer& agent, std::wstring_view operation)
+{
+    for (const ULONGLONG end = GetTickCount64() + 60'000;; Sleep(1)) {
+        const auto requests = agent.Requests();
+        if (std::ranges::any_of(
+                requests, [&](const auto& request) { return operation.empty() || request.operation == operation; }))
+            return;
+        if (GetTickCount64() > end)
+            return JudgeFigure("no request within", 60, "s", 0);
+    }
+}
+
+// The console's first request follows its main window's first paint; that for the patches ends the load.
+void StartConsole(const Programs& programs, std::optional<Process>& process, double& painted, double& connected)
+{
+    programs.agent.ClearRequests();
+    painted = Time([&] {
+        process.emplace(programs.console);
+        AwaitRequest(programs.agent, L"");
+    });
+    connected = painted + Time([&] { AwaitRequest(programs.agent, L"GetPatchDetails"); });
+}
+
+double StartSkeleton(const Programs& programs, std::optional<Process>& process)
+{
+    const UniqueHandle ready(CreateEventW(nullptr, TRUE, FALSE, kSkeletonReady));
+    return Time([&] {
+        process.emplace(programs.self + L" --skeleton");
+        WaitForSingleObject(ready.Get(), 60'000);
+    });
+}
+
+void MeasureStart(const Programs& programs, double bareExchange)
+{
+    constexpr double kExchanges = 13; // of the check and the load
+    std::vector<double> painted, connected, skeleton, memory;
+    for (int round = 0; round < 17; ++round) {
+        std::optional<Process> process;
+        StartConsole(programs, process, painted.emplace_back(), connected.emplace_back());
+        memory.push_back(process->PrivateMegabytes());
+        process.reset();
+        skeleton.push_back(StartSkeleton(programs, process));
+        memory.back() -= process->PrivateMegabytes();
+    }
+    JudgeRatio("start to first paint / skeleton with the same windows", Median(painted), Median(skeleton), 1.15);
+    JudgeRatio("start to connected / 1.15 x skeleton + 2.5 x exchanges", Median(connected),
+        1.15 * Median(skeleton) + 2.5 * kExchanges * bareExchange, 1.0);
+    JudgeFigure("private memory after the load, above the skeleton's", Median(memory), "MB", 8);
+}
+
+// Serves this process's windows so long and counts their timers' messages.
+int TimersWithin(ULONGLONG milliseconds)
+{
+    int timers = 0;
+    const ULONGLONG end = GetTickCount64() + milliseconds;
+    for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+        for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); DispatchMessageW(&message))
+            timers += message.message == WM_TIMER;
+    }
+    return timers;
+}
+
+void MeasureTray(const Programs& programs)
+{
+    constexpr ULONGLONG kMinute = 60'000;
+    std::optional<Process> console, skeleton;
+    double painted = 0, connected = 0;
+    StartConsole(programs, console, painted, connected);
+    Sleep(2'000); // the rest of the load
+    PostMessageW(FindWindowW(kMainClass, kMainTitle), WM_COMMAND, kExitToTray, 0);
+    StartSkeleton(programs, skeleton); // a console does not start beside another's windows
+    MakeWindows();                     // in this process
+    PrepareForCheck();
+    RunCheck(WindowOf(WindowId::Main));
+    programs.agent.ClearRequests();
+    const double before = console->ProcessorMs(), asleep = skeleton->ProcessorMs();
+    JudgeFigure("timers in a minute in the notification area", TimersWithin(kMinute), "", 0);
+    JudgeFigure("requests in that minute", static_cast<double>(programs.agent.Requests().size()), "", 0);
+    // The clock of other processes counts in steps of 10 ms.
+    JudgeFigure("processor time in it, above the sleeping skeleton's",
+        console->ProcessorMs() - before - (skeleton->ProcessorMs() - asleep), "ms", 10);
+}
+
+} // namespace
+
+// All windows of the program made and the main window shown, and nothing else.
+int RunSkeleton()
+{
+    MakeWindows();
+    ShowWindow(WindowOf(WindowId::Main), SW_SHOWNORMAL);
+    UpdateWindow(WindowOf(WindowId::Main));
+    const UniqueHandle ready(OpenEventW(EVENT_MODIFY_STATE, FALSE, kSkeletonReady));
+    SetEvent(ready.Get());
+    Sleep(INFINITE);
+    return 0;
+}
+
+void MeasureProgram(simulator::AgentServer& agent, double bareExchange)
+{
+    wchar_t self[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, self, MAX_PATH);
+    const auto console = std::filesystem::path(self).parent_path().parent_path() / "bin" / "VoltaroConsoleSE.exe";
+    const Programs programs{agent, self, console.wstring()};
+    MeasureStart(programs, bareExchange);
+    MeasureTray(programs);
+    JudgeFigure("size of the program", static_cast<double>(std::filesystem::file_size(console)) / 1e6, "MB", 1.5);
+}
+
+} // namespace voltaro::bench
