@@ -1,8 +1,8 @@
 #include "link/document.h"
 
 #include "base/com_apartment.h"
+#include "base/error_log.h"
 #include "base/windows_api.h"
-#include "link/error_log.h"
 #include "link/refused_document.h"
 
 #include <msxml2.h>

@@ -1,9 +1,9 @@
 #include "link/exchange.h"
 
+#include "base/error_log.h"
 #include "base/handles.h"
 #include "base/waiting.h"
 #include "link/document.h"
-#include "link/error_log.h"
 #include "link/host_config.h"
 #include "link/transport.h"
 

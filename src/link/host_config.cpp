@@ -1,11 +1,11 @@
 #include "link/host_config.h"
 
 #include "base/ansi.h"
+#include "base/error_log.h"
 #include "base/handles.h"
 #include "base/installation.h"
 #include "base/windows_api.h"
 #include "link/document.h"
-#include "link/error_log.h"
 #include "link/refused_document.h"
 
 namespace voltaro {

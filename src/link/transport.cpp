@@ -1,9 +1,9 @@
 #include "link/transport.h"
 
+#include "base/error_log.h"
 #include "base/handles.h"
 #include "base/platform_calls.h"
 #include "base/waiting.h"
-#include "link/error_log.h"
 #include "link/frame.h"
 
 #include <exception>

@@ -2,6 +2,7 @@
 // processor strip to a scheme's settings.
 #include "power/scheme_pages.h"
 
+#include "base/error_log.h"
 #include "console/agent_records.h"
 #include "console/program_texts.h"
 #include "console/window_tables.h"
@@ -256,7 +257,8 @@ constexpr WindowTables kPowerOffPage = {kPowerOffControls, kPowerOffCommands, nu
 
 void ClipToRows(HWND page, int top, int bottom)
 {
-    SetWindowRgn(page, CreateRectRgn(0, top, kSchemePageWidth, bottom), FALSE); // the window owns the region
+    const HRGN region = Checked(CreateRectRgn(0, top, kSchemePageWidth, bottom), "CreateRectRgn");
+    SetWindowRgn(page, region, FALSE); // the window owns the region
 }
 
 void ShowSettings(const PowerSchemeSettings& settings)

@@ -3,6 +3,7 @@
 // the readings of it.
 #include "power/scheme_window.h"
 
+#include "base/error_log.h"
 #include "base/handles.h"
 #include "console/agent.h"
 #include "console/agent_lost.h"
@@ -153,7 +154,7 @@ void OnCreate(HWND window)
     editor = Editor();
     editor.closed = UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     LimitText(window, kNewSchemeName, kMaxNameLength);
-    SetMenu(window, BuildMenuBar(kMenu, std::size(kMenu)).Release()); // destroyed with the window
+    Checked(SetMenu(window, BuildMenuBar(kMenu, std::size(kMenu)).Release()), "SetMenu"); // destroyed with the window
 }
 
 void OnPickScheme(HWND window)

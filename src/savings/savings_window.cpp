@@ -2,6 +2,7 @@
 // main menu.
 #include "savings/savings_window.h"
 
+#include "base/error_log.h"
 #include "base/local_clock.h"
 #include "base/text.h"
 #include "console/activation.h"
@@ -170,7 +171,8 @@ LRESULT CALLBACK CalendarSubclassProc(HWND parent, UINT message, WPARAM w, LPARA
 void WatchCalendarIn(HWND window, HWND parent)
 {
     if (parent != nullptr)
-        SetWindowSubclass(parent, &CalendarSubclassProc, 0, reinterpret_cast<DWORD_PTR>(window));
+        Checked(SetWindowSubclass(parent, &CalendarSubclassProc, 0, reinterpret_cast<DWORD_PTR>(window)),
+            "SetWindowSubclass");
 }
 
 void OnTimer(HWND window)

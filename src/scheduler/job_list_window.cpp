@@ -3,6 +3,7 @@
 #include "scheduler/job_list_window.h"
 
 #include "base/computer_name.h"
+#include "base/error_log.h"
 #include "base/local_clock.h"
 #include "base/text.h"
 #include "console/activation.h"
@@ -10,7 +11,6 @@
 #include "console/change.h"
 #include "console/window_tables.h"
 #include "console/windows.h"
-#include "link/error_log.h"
 #include "scheduler/job_controls.h"
 #include "scheduler/job_document.h"
 #include "scheduler/job_editor_window.h"

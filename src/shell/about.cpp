@@ -3,6 +3,7 @@
 #include "shell/about.h"
 
 #include "base/computer_name.h"
+#include "base/error_log.h"
 #include "base/text.h"
 #include "console/activation.h"
 #include "console/agent_lost.h"
@@ -186,7 +187,8 @@ void OnAbout(HWND main)
     }
     EnableItem(TrayMenu(), kTrayAbout, false);
     const bool answered = ReadActivationStatus() != ReadResult::Lost;
-    const HWND window = CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_ABOUT), main, AboutProc, 0);
+    const HWND window = Checked(
+        CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_ABOUT), main, AboutProc, 0), "CreateDialogParamW");
     if (!window) {
         EnableItem(TrayMenu(), kTrayAbout, true);
         return;

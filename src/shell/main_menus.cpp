@@ -1,5 +1,6 @@
 #include "shell/main_menus.h"
 
+#include "base/error_log.h"
 #include "shell/main_commands.h"
 #include "shell/main_menu_items.h"
 #include "shell/main_window.h"
@@ -85,7 +86,7 @@ void BuildMainMenus(HWND window)
     menus.pause = BuildPopup(kPauseItems, std::size(kPauseItems));
     UniqueMenu bar = BuildMenuBar(kBarItems, std::size(kBarItems), menus.pause.Get());
     menus.tray = BuildPopup(kTrayItems, std::size(kTrayItems), menus.pause.Get());
-    SetMenu(window, bar.Get());
+    Checked(SetMenu(window, bar.Get()), "SetMenu");
     menus.bar = bar.Release();
     EnableItem(menus.tray.Get(), kResume, false);
 }

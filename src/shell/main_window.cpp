@@ -2,6 +2,7 @@
 #include "shell/main_window.h"
 
 #include "base/com_apartment.h"
+#include "base/error_log.h"
 #include "base/text.h"
 #include "console/agent_records.h"
 #include "console/agent_state.h"
@@ -161,7 +162,7 @@ void PaintInnerGroup(HWND window)
     const HWND group = ControlOf(window, kInnerGroup);
     InvalidateRect(group, nullptr, FALSE);
     PAINTSTRUCT paint;
-    const HDC dc = BeginPaint(group, &paint);
+    const HDC dc = Checked(BeginPaint(group, &paint), "BeginPaint");
     for (const ActionFace& face : kActionFaces)
         DrawTextAt(dc, face.captionX, kCaptionY, face.caption, MainFont(), kTextGreen);
     EndPaint(group, &paint);

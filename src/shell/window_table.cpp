@@ -1,5 +1,6 @@
 #include "shell/window_table.h"
 
+#include "base/error_log.h"
 #include "power/policy_window.h"
 #include "power/processor_strip.h"
 #include "power/rule_window.h"
@@ -188,8 +189,9 @@ bool CreateWindows()
     for (const WindowRow& row : kWindows) {
         const HWND owner = row.owner == kNone ? nullptr : WindowOf(row.owner);
         HWND& window = windowHandles[static_cast<std::size_t>(row.id)];
-        window = CreateWindowExW(row.extendedStyle, row.className, row.title, row.style, row.x, row.y, row.width,
-            row.height, owner, nullptr, Instance(), nullptr);
+        window = Checked(CreateWindowExW(row.extendedStyle, row.className, row.title, row.style, row.x, row.y,
+                             row.width, row.height, owner, nullptr, Instance(), nullptr),
+            "CreateWindowExW");
         if (!window) {
             ReportFailure(row.creationFailure);
             return false;

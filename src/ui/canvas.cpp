@@ -1,5 +1,6 @@
 #include "ui/canvas.h"
 
+#include "base/error_log.h"
 #include "base/system_procedure.h"
 #include "ui/theme.h"
 #include "ui/visual_style.h"
@@ -39,7 +40,8 @@ HBITMAP BitmapForClient(HWND window, HDC screen)
 {
     RECT client;
     GetClientRect(window, &client);
-    return CreateCompatibleBitmap(screen, std::max(client.right, 1L), std::max(client.bottom, 1L));
+    return Checked(CreateCompatibleBitmap(screen, std::max(client.right, 1L), std::max(client.bottom, 1L)),
+        "CreateCompatibleBitmap");
 }
 
 // Copies a bitmap resource into a memory context and lets `copy` bring it to its place.
@@ -48,7 +50,7 @@ void WithBitmap(HDC dc, int resource, Copy copy)
 {
     const HBITMAP bitmap = BitmapOf(resource);
     BITMAP facts;
-    if (bitmap == nullptr || GetObjectW(bitmap, sizeof facts, &facts) == 0)
+    if (bitmap == nullptr || Checked(GetObjectW(bitmap, sizeof facts, &facts), "GetObjectW") == 0)
         return;
     const MemoryDc source(dc, bitmap);
     copy(source.Get(), facts.bmWidth, facts.bmHeight);
@@ -58,7 +60,7 @@ void WithBitmap(HDC dc, int resource, Copy copy)
 
 Canvas::Canvas(HWND window)
     : m_window(window)
-    , m_screen(BeginPaint(window, &m_paint))
+    , m_screen(Checked(BeginPaint(window, &m_paint), "BeginPaint"))
     , m_bitmap(BitmapForClient(window, m_screen))
     , m_memory(m_screen, m_bitmap.Get())
 {
@@ -67,7 +69,7 @@ Canvas::Canvas(HWND window)
 
 Canvas::Canvas(HWND window, HBITMAP picture)
     : m_window(window)
-    , m_screen(BeginPaint(window, &m_paint))
+    , m_screen(Checked(BeginPaint(window, &m_paint), "BeginPaint"))
     , m_memory(m_screen, picture)
 {
 }
@@ -84,7 +86,7 @@ Canvas::~Canvas()
 UniqueBitmap RenderBitmap(int width, int height, void (*draw)(HDC dc, void* context), void* context, HWND window)
 {
     const WindowDc screen(window);
-    UniqueBitmap bitmap(CreateCompatibleBitmap(screen.Get(), width, height));
+    UniqueBitmap bitmap(Checked(CreateCompatibleBitmap(screen.Get(), width, height), "CreateCompatibleBitmap"));
     const MemoryDc memory(screen.Get(), bitmap.Get());
     const RECT whole{0, 0, width, height};
     FillRect(memory.Get(), &whole, GroundBrush(window));

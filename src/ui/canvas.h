@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/error_log.h"
 #include "base/handles.h"
 
 #include <string_view>
@@ -11,7 +12,7 @@ class WindowDc {
 public:
     explicit WindowDc(HWND window)
         : m_window(window)
-        , m_dc(GetDC(window))
+        , m_dc(Checked(GetDC(window), "GetDC"))
     {
     }
     ~WindowDc() { ReleaseDC(m_window, m_dc); }
@@ -29,7 +30,7 @@ class SelectGuard {
 public:
     SelectGuard(HDC dc, HGDIOBJ object)
         : m_dc(dc)
-        , m_old(SelectObject(dc, object))
+        , m_old(object ? Checked(SelectObject(dc, object), "SelectObject") : nullptr)
     {
     }
     ~SelectGuard() { SelectObject(m_dc, m_old); }
@@ -45,8 +46,8 @@ private:
 class MemoryDc {
 public:
     MemoryDc(HDC like, HBITMAP bitmap)
-        : m_dc(CreateCompatibleDC(like))
-        , m_old(SelectObject(m_dc, bitmap))
+        : m_dc(Checked(CreateCompatibleDC(like), "CreateCompatibleDC"))
+        , m_old(m_dc && bitmap ? Checked(SelectObject(m_dc, bitmap), "SelectObject") : nullptr)
     {
     }
     ~MemoryDc()

@@ -1,5 +1,6 @@
 #include "ui/clipboard.h"
 
+#include "base/error_log.h"
 #include "base/handles.h"
 
 #include <cstring>
@@ -19,7 +20,7 @@ public:
             if (!m_open)
                 Sleep(kPause);
         }
-        m_ready = m_open && EmptyClipboard();
+        m_ready = Checked(m_open, "OpenClipboard") && Checked(EmptyClipboard(), "EmptyClipboard");
     }
     ~OpenedClipboard()
     {
@@ -40,14 +41,14 @@ private:
 bool CopyToClipboard(HWND owner, std::wstring_view text)
 {
     const std::size_t bytes = text.size() * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes + sizeof(wchar_t));
+    const HGLOBAL memory = Checked(GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes + sizeof(wchar_t)), "GlobalAlloc");
     if (memory == nullptr)
         return false;
-    if (void* units = GlobalLock(memory)) {
+    if (void* units = Checked(GlobalLock(memory), "GlobalLock")) {
         std::memcpy(units, text.data(), bytes);
         GlobalUnlock(memory);
         const OpenedClipboard clipboard(owner);
-        if (clipboard && SetClipboardData(CF_UNICODETEXT, memory) != nullptr)
+        if (clipboard && Checked(SetClipboardData(CF_UNICODETEXT, memory), "SetClipboardData") != nullptr)
             return true; // the memory is the clipboard's now
     }
     GlobalFree(memory);
@@ -56,9 +57,9 @@ bool CopyToClipboard(HWND owner, std::wstring_view text)
 
 bool CopyToClipboard(HWND owner, HBITMAP bitmap)
 {
-    UniqueBitmap copy(static_cast<HBITMAP>(CopyImage(bitmap, IMAGE_BITMAP, 0, 0, 0)));
+    UniqueBitmap copy(static_cast<HBITMAP>(Checked(CopyImage(bitmap, IMAGE_BITMAP, 0, 0, 0), "CopyImage")));
     const OpenedClipboard clipboard(owner);
-    if (!copy || !clipboard || SetClipboardData(CF_BITMAP, copy.Get()) == nullptr)
+    if (!copy || !clipboard || Checked(SetClipboardData(CF_BITMAP, copy.Get()), "SetClipboardData") == nullptr)
         return false;
     copy.Release(); // the clipboard's now
     return true;

@@ -1,6 +1,7 @@
 #include "ui/controls.h"
 
 #include "base/com_apartment.h"
+#include "base/error_log.h"
 #include "ui/list_view.h"
 #include "ui/secret_text.h"
 #include "ui/theme.h"
@@ -122,14 +123,14 @@ LRESULT CALLBACK LinkSubclassProc(HWND link, UINT message, WPARAM w, LPARAM l, U
     return DefSubclassProc(link, message, w, l);
 }
 
-void Furnish(HWND control, Kind kind)
+void SetStyles(HWND control, Kind kind)
 {
     if (kind == Kind::ListView) {
-        const DWORD looks = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
-        ListView_SetExtendedListViewStyleEx(control, looks, looks);
+        const DWORD styles = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
+        ListView_SetExtendedListViewStyleEx(control, styles, styles);
         AddListSubclass(control);
     } else if (kind == Kind::Link) {
-        SetWindowSubclass(control, &LinkSubclassProc, 0, 0);
+        Checked(SetWindowSubclass(control, &LinkSubclassProc, 0, 0), "SetWindowSubclass");
     }
 }
 
@@ -148,9 +149,10 @@ void NameForScreenReader(HWND control, const wchar_t* name)
 
 HWND Create(HWND window, const Shape& shape, DWORD style, const wchar_t* text, const RECT& place, int id, HFONT font)
 {
-    const HWND made = CreateWindowExW(shape.extendedStyle, shape.className, text, style, place.left, place.top,
-        place.right - place.left, place.bottom - place.top, window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-        Instance(), nullptr);
+    const HWND made = Checked(CreateWindowExW(shape.extendedStyle, shape.className, text, style, place.left, place.top,
+                                  place.right - place.left, place.bottom - place.top, window,
+                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), Instance(), nullptr),
+        "CreateWindowExW");
     if (made)
         SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     return made;
@@ -244,7 +246,7 @@ bool CreateControls(HWND window, std::span<const Control> rows, HFONT font)
         const HWND made = Create(window, ShapeOf(row), StyleOf(row, before), row.text, place, row.id, font);
         if (!made)
             return false;
-        Furnish(made, row.kind);
+        SetStyles(made, row.kind);
         if (row.kind >= Kind::Edit && row.kind <= Kind::PasswordEdit)
             LimitText(window, row.id, FieldText::kEditLimit);
         if (row.name != nullptr && (IsPush(row) || row.kind == Kind::TabStopGroupBox))

@@ -1,5 +1,6 @@
 #include "ui/list_view.h"
 
+#include "base/error_log.h"
 #include "base/handles.h"
 #include "base/text.h"
 #include "ui/clipboard.h"
@@ -130,12 +131,12 @@ POINT MenuPlace(HWND list, LPARAM l)
 
 void ShowMenu(HWND list, LPARAM l)
 {
-    const UniqueMenu menu(CreatePopupMenu());
+    const UniqueMenu menu(Checked(CreatePopupMenu(), "CreatePopupMenu"));
     const UINT copy = SelectedRow(list) >= 0 ? MF_ENABLED : MF_GRAYED;
     const UINT copyAll = RowCount(list) > 0 ? MF_ENABLED : MF_GRAYED;
-    AppendMenuW(menu.Get(), MF_STRING | copy, kCopy, L"&Copy\tCtrl+C");
-    AppendMenuW(menu.Get(), MF_STRING | copyAll, kCopyAll, L"Copy &all");
-    AppendMenuW(menu.Get(), MF_STRING | copyAll, kSelectAll, L"&Select all\tCtrl+A");
+    Checked(AppendMenuW(menu.Get(), MF_STRING | copy, kCopy, L"&Copy\tCtrl+C"), "AppendMenuW");
+    Checked(AppendMenuW(menu.Get(), MF_STRING | copyAll, kCopyAll, L"Copy &all"), "AppendMenuW");
+    Checked(AppendMenuW(menu.Get(), MF_STRING | copyAll, kSelectAll, L"&Select all\tCtrl+A"), "AppendMenuW");
     const POINT place = MenuPlace(list, l);
     const UINT flags = TPM_LEFTALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD | TPM_NONOTIFY;
     const BOOL chosen = TrackPopupMenu(menu.Get(), flags, place.x, place.y, 0, list, nullptr);

@@ -1,5 +1,6 @@
 #include "ui/menus.h"
 
+#include "base/error_log.h"
 #include <span>
 
 namespace voltaro {
@@ -10,15 +11,15 @@ void AppendRows(HMENU menu, const MenuItem* rows, std::size_t count, HMENU share
 {
     for (const MenuItem& item : std::span(rows, count)) {
         if (item.sharedPopup) {
-            AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(shared), item.text);
+            Checked(AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(shared), item.text), "AppendMenuW");
         } else if (item.rows != nullptr) {
             UniqueMenu popup = BuildPopup(item.rows, item.count, shared);
-            if (AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Get()), item.text))
+            if (Checked(AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Get()), item.text), "AppendMenuW"))
                 popup.Release(); // now destroyed with its menu
         } else if (item.text == nullptr) {
-            AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+            Checked(AppendMenuW(menu, MF_SEPARATOR, 0, nullptr), "AppendMenuW");
         } else {
-            AppendMenuW(menu, MF_STRING, item.id, item.text);
+            Checked(AppendMenuW(menu, MF_STRING, item.id, item.text), "AppendMenuW");
         }
     }
 }
@@ -27,14 +28,14 @@ void AppendRows(HMENU menu, const MenuItem* rows, std::size_t count, HMENU share
 
 UniqueMenu BuildMenuBar(const MenuItem* rows, std::size_t count, HMENU shared)
 {
-    UniqueMenu menu(CreateMenu());
+    UniqueMenu menu(Checked(CreateMenu(), "CreateMenu"));
     AppendRows(menu.Get(), rows, count, shared);
     return menu;
 }
 
 UniqueMenu BuildPopup(const MenuItem* rows, std::size_t count, HMENU shared)
 {
-    UniqueMenu menu(CreatePopupMenu());
+    UniqueMenu menu(Checked(CreatePopupMenu(), "CreatePopupMenu"));
     AppendRows(menu.Get(), rows, count, shared);
     return menu;
 }

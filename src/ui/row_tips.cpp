@@ -1,5 +1,6 @@
 #include "ui/row_tips.h"
 
+#include "base/error_log.h"
 #include "ui/list_view.h"
 #include "ui/tooltip.h"
 
@@ -46,7 +47,7 @@ LRESULT CALLBACK RowTipSubclassProc(HWND list, UINT message, WPARAM w, LPARAM l,
 void SetRowTips(HWND list, RowTip tip)
 {
     ListView_SetExtendedListViewStyleEx(list, LVS_EX_INFOTIP | LVS_EX_LABELTIP, 0);
-    SetWindowSubclass(list, &RowTipSubclassProc, 0, reinterpret_cast<DWORD_PTR>(tip));
+    Checked(SetWindowSubclass(list, &RowTipSubclassProc, 0, reinterpret_cast<DWORD_PTR>(tip)), "SetWindowSubclass");
 }
 
 } // namespace voltaro

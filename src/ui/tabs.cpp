@@ -1,5 +1,6 @@
 #include "ui/tabs.h"
 
+#include "base/error_log.h"
 #include "ui/controls.h"
 #include "ui/theme.h"
 
@@ -69,7 +70,8 @@ void SetTabs(HWND tab, std::span<const TabPage> pages)
     Pages* remembered = Remembered(tab);
     if (remembered == nullptr) {
         auto made = std::make_unique<Pages>();
-        if (!SetWindowSubclass(tab, &TabSubclassProc, 0, 0) || !SetPropW(tab, kPagesProperty, made.get()))
+        if (!Checked(SetWindowSubclass(tab, &TabSubclassProc, 0, 0), "SetWindowSubclass")
+            || !Checked(SetPropW(tab, kPagesProperty, made.get()), "SetPropW"))
             return;
         remembered = made.release(); // freed by TabSubclassProc
     }

@@ -1,5 +1,6 @@
 #include "ui/theme.h"
 
+#include "base/error_log.h"
 #include "base/handles.h"
 #include "base/platform_calls.h"
 #include "base/system_procedure.h"
@@ -48,7 +49,7 @@ constexpr ULONG_PTR kIsColour = 0x0100'0000;
 
 void KeepColour(HWND control, const wchar_t* property, COLORREF colour)
 {
-    SetPropW(control, property, reinterpret_cast<HANDLE>(colour | kIsColour));
+    Checked(SetPropW(control, property, reinterpret_cast<HANDLE>(colour | kIsColour)), "SetPropW");
 }
 
 std::optional<COLORREF> KeptColour(HWND control, const wchar_t* property)
@@ -104,8 +105,9 @@ HFONT FontOf(int height, int weight)
 {
     static std::map<std::pair<int, int>, UniqueFont> fonts;
     return Cached(fonts, std::pair(height, weight), [=] {
-        return CreateFontW(height, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_TT_PRECIS,
-            CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, VARIABLE_PITCH | FF_SWISS, L"Arial");
+        return Checked(CreateFontW(height, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_TT_PRECIS,
+                           CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, VARIABLE_PITCH | FF_SWISS, L"Arial"),
+            "CreateFontW");
     });
 }
 
@@ -117,13 +119,13 @@ HFONT WindowFont()
 HBRUSH BrushOf(COLORREF colour)
 {
     static std::map<COLORREF, UniqueBrush> brushes;
-    return Cached(brushes, colour, [=] { return CreateSolidBrush(colour); });
+    return Cached(brushes, colour, [=] { return Checked(CreateSolidBrush(colour), "CreateSolidBrush"); });
 }
 
 HPEN PenOf(int style, COLORREF colour)
 {
     static std::map<std::pair<int, COLORREF>, UniquePen> pens;
-    return Cached(pens, std::pair(style, colour), [=] { return CreatePen(style, 1, colour); });
+    return Cached(pens, std::pair(style, colour), [=] { return Checked(CreatePen(style, 1, colour), "CreatePen"); });
 }
 
 HBRUSH FaceBrush()
@@ -145,8 +147,8 @@ HBITMAP BitmapOf(int resource)
     // As a section of plain colours: a bitmap of the screen's depth could round the key colour.
     static std::map<int, UniqueBitmap> bitmaps;
     return Cached(bitmaps, resource, [=] {
-        return static_cast<HBITMAP>(
-            LoadImageW(Instance(), MAKEINTRESOURCEW(resource), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+        return static_cast<HBITMAP>(Checked(
+            LoadImageW(Instance(), MAKEINTRESOURCEW(resource), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION), "LoadImageW"));
     });
 }
 
@@ -154,7 +156,8 @@ HBITMAP BitmapOf(int resource)
 // gets the system's own icon.
 HICON IconOf(int resource, int size)
 {
-    const HANDLE icon = LoadImageW(Instance(), MAKEINTRESOURCEW(resource), IMAGE_ICON, size, size, LR_SHARED);
+    const HANDLE icon
+        = Checked(LoadImageW(Instance(), MAKEINTRESOURCEW(resource), IMAGE_ICON, size, size, LR_SHARED), "LoadImageW");
     return icon != nullptr ? static_cast<HICON>(icon) : LoadIconW(nullptr, IDI_APPLICATION);
 }
 
@@ -208,7 +211,7 @@ void SetBarColour(HWND bar, COLORREF colour)
 
 void SetTabPage(HWND page)
 {
-    SetPropW(page, kPageProperty, page);
+    Checked(SetPropW(page, kPageProperty, page), "SetPropW");
 }
 
 void RenewColours(HWND window)

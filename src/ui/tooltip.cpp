@@ -1,5 +1,6 @@
 #include "ui/tooltip.h"
 
+#include "base/error_log.h"
 #include <algorithm>
 #include <iterator>
 #include <memory>
@@ -22,8 +23,10 @@ struct Tip {
 // A tooltip window that belongs to a top-level window: owned by it, so it dies with it.
 HWND MakeTips(HWND root)
 {
-    const HWND tips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
-        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, root, nullptr, nullptr, nullptr);
+    const HWND tips
+        = Checked(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
+                      CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, root, nullptr, nullptr, nullptr),
+            "CreateWindowExW");
     SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, kTipWidth);
     return tips;
 }
@@ -34,7 +37,7 @@ HWND TipsOf(HWND control)
     if (const auto made = static_cast<HWND>(GetPropW(root, kTipsProperty)))
         return made;
     const HWND tips = MakeTips(root);
-    SetPropW(root, kTipsProperty, tips);
+    Checked(SetPropW(root, kTipsProperty, tips), "SetPropW");
     return tips;
 }
 
@@ -118,10 +121,10 @@ void SetTooltip(HWND control, std::wstring_view text)
         tip->text = text;
         return Send(control, *tip, TTM_UPDATETIPTEXTW);
     }
-    if (!SetWindowSubclass(control, &TooltipSubclassProc, 0, 0))
+    if (!Checked(SetWindowSubclass(control, &TooltipSubclassProc, 0, 0), "SetWindowSubclass"))
         return;
     auto made = std::make_unique<Tip>(Tip{TipsOf(control), std::wstring(text)});
-    if (!SetPropW(control, kTipProperty, made.get()))
+    if (!Checked(SetPropW(control, kTipProperty, made.get()), "SetPropW"))
         return;
     Send(control, *made, TTM_ADDTOOLW);
     [[maybe_unused]] const Tip* kept = made.release(); // freed by Drop
@@ -137,7 +140,7 @@ void SetThumbTip(HWND slider, std::wstring_view text)
     auto tips = static_cast<HWND>(GetPropW(root, kThumbTipsProperty));
     if (tips == nullptr) { // one of its own: the other one follows the mouse
         tips = MakeTips(root);
-        SetPropW(root, kThumbTipsProperty, tips);
+        Checked(SetPropW(root, kThumbTipsProperty, tips), "SetPropW");
         SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     }
     std::wstring shown(text);

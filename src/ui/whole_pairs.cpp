@@ -1,5 +1,6 @@
 #include "ui/whole_pairs.h"
 
+#include "base/error_log.h"
 #include "base/text.h"
 #include "ui/controls.h"
 
@@ -50,7 +51,7 @@ LRESULT CALLBACK EditSubclassProc(HWND edit, UINT message, WPARAM w, LPARAM l, U
 
 void KeepPairsWhole(HWND edit)
 {
-    SetWindowSubclass(edit, &EditSubclassProc, 0, 0);
+    Checked(SetWindowSubclass(edit, &EditSubclassProc, 0, 0), "SetWindowSubclass");
 }
 
 } // namespace voltaro

@@ -1,5 +1,6 @@
 #include "ui/window_class.h"
 
+#include "base/error_log.h"
 #include "ui/controls.h"
 #include "ui/theme.h"
 
@@ -37,7 +38,7 @@ void KeepFocus(HWND window, bool active)
 {
     const HWND focus = GetFocus();
     if (!active && IsChild(window, focus))
-        SetPropW(window, kFocusProperty, focus);
+        Checked(SetPropW(window, kFocusProperty, focus), "SetPropW");
     if (!active)
         return;
     const HWND left = static_cast<HWND>(GetPropW(window, kFocusProperty));
@@ -74,7 +75,7 @@ bool RegisterWindow(const wchar_t* name, WNDPROC procedure, int menu)
     windowClass.hbrBackground = FaceBrush();
     windowClass.lpszMenuName = menu != 0 ? MAKEINTRESOURCEW(menu) : nullptr;
     windowClass.lpszClassName = name;
-    return RegisterClassExW(&windowClass) != 0;
+    return Checked(RegisterClassExW(&windowClass), "RegisterClassExW") != 0;
 }
 
 LRESULT DefaultAnswer(HWND window, UINT message, WPARAM w, LPARAM l)

@@ -2,7 +2,7 @@
 // alone reads.
 #include "base/platform_calls.h"
 #include "link/document.h"
-#include "link/error_log.h"
+#include "base/error_log.h"
 #include "link/exchange.h"
 #include "link/host_config.h"
 #include "simulator/server.h"

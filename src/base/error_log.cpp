@@ -1,4 +1,4 @@
-#include "link/error_log.h"
+#include "base/error_log.h"
 
 #include "base/windows_api.h"
 
@@ -14,6 +14,11 @@ void LogFailure(const char* module, unsigned line, const char* label, long resul
     OutputDebugStringA(text);
     std::fputs(text, stdout);
     std::fflush(stdout);
+}
+
+void LogLastError(const char* call, CodePlace where)
+{
+    LogFailure(where.file, where.line, "", static_cast<long>(GetLastError()), call);
 }
 
 void LogFault(const char* label, const char* what, CodePlace where)

@@ -20,4 +20,16 @@ void LogFailure(const char* module, unsigned line, const char* label, long resul
 // A fault that is no failed call (a refused answer, a dropped row), in the same form.
 void LogFault(const char* label, const char* what, CodePlace where = CodePlace::Here());
 
+// Logs a call that has just failed with the thread's last error.
+void LogLastError(const char* call, CodePlace where);
+
+// The result of a platform call that gives a handle, a pointer or a BOOL; logged where it is none.
+template <class Result>
+Result Checked(Result result, const char* call, CodePlace where = CodePlace::Here())
+{
+    if (!result)
+        LogLastError(call, where);
+    return result;
+}
+
 } // namespace voltaro
