@@ -1,31 +1,53 @@
 #include "base/com_apartment.h"
-#include "base/handles.h"
 #include "base/platform_calls.h"
-#include "console/connection_state.h"
 #include "link/document.h"
 #include "link/exchange.h"
 #include "link/host_config.h"
-#include "power/scheme_window.h"
-#include "savings/savings_window.h"
-#include "settings/system_info_window.h"
-#include "shell/about.h"
-#include "shell/window_table.h"
-#include "soak/held.h"
-#include "support/failing_call.h"
-#include "support/open_handles.h"
-#include "support/program.h"
-#include "ui/clipboard.h"
-#include "ui/ui_thread.h"
+#include "simulator/server.h"
+
+#include <gtest/gtest.h>
 
 #include <msxml2.h>
 #include <wrl/client.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstring>
+
+// What FailOnce reads.
+extern "C" {
+void* failOriginal = nullptr;
+std::uint32_t failThread = 0, failCalls = 0, failAt = 0, failError = 0;
+std::intptr_t failResult = 0;
+void FailOnce();
+}
+
+// Stands for a function of any parameters: passes every call on with its registers untouched, but for this thread's
+// n-th. The thread's identifier and last error are in its environment block.
+asm(R"(
+    .globl FailOnce
+FailOnce:
+    movl %gs:0x48, %eax
+    cmpl failThread(%rip), %eax
+    jne 1f
+    incl failCalls(%rip)
+    movl failAt(%rip), %eax
+    cmpl failCalls(%rip), %eax
+    jne 1f
+    movl failError(%rip), %eax
+    movl %eax, %gs:0x68
+    movq failResult(%rip), %rax
+    ret
+1:  jmp *failOriginal(%rip)
+)");
 
 namespace voltaro {
 namespace {
 
 using Microsoft::WRL::ComPtr;
+
+// What holds a function's address: an entry of this program's import table, or of a COM object's table of methods.
+using FunctionPlace = void**;
 
 struct Call {
     const char* function;
@@ -34,94 +56,82 @@ struct Call {
 };
 
 // Of one build, exchange and read. Calls that give memory or handles back are not among them.
-constexpr Call kLinkCalls[] = {
-    {"WSAStartup", WSASYSNOTREADY, 0},
-    {"socket", -1, WSAENOBUFS},
-    {"setsockopt", -1, WSAEFAULT},
-    {"WSAEventSelect", -1, WSAENOBUFS},
-    {"connect", -1, WSAECONNREFUSED},
-    {"WSAEnumNetworkEvents", -1, WSAENOTSOCK},
-    {"ioctlsocket", -1, WSAENOBUFS},
-    {"send", -1, WSAECONNRESET},
-    {"recv", -1, WSAECONNRESET},
-    {"shutdown", -1, WSAENOTCONN},
-    {"CreateEventW", 0, ERROR_NO_SYSTEM_RESOURCES},
-    {"CoCreateInstance", E_OUTOFMEMORY, 0},
-    {"CoCreateGuid", E_FAIL, 0},
-    {"StringFromGUID2", 0, 0},
-    {"SysAllocStringLen", 0, 0},
-    {"malloc", 0, ENOMEM},
-};
+constexpr Call kCalls[] = {{"WSAStartup", WSASYSNOTREADY, 0}, {"socket", -1, WSAENOBUFS}, {"setsockopt", -1, WSAEFAULT},
+    {"WSAEventSelect", -1, WSAENOBUFS}, {"connect", -1, WSAECONNREFUSED}, {"WSAEnumNetworkEvents", -1, WSAENOTSOCK},
+    {"ioctlsocket", -1, WSAENOBUFS}, {"send", -1, WSAECONNRESET}, {"recv", -1, WSAECONNRESET},
+    {"shutdown", -1, WSAENOTCONN}, {"CreateEventW", 0, ERROR_NO_SYSTEM_RESOURCES},
+    {"CoCreateInstance", E_OUTOFMEMORY, 0}, {"CoCreateGuid", E_FAIL, 0}, {"StringFromGUID2", 0, 0},
+    {"SysAllocStringLen", 0, 0}, {"malloc", 0, ENOMEM}};
 
-class LinkFaultsTest : public testing::Test {
-protected:
-    LinkFaultsTest()
-    {
-        timing.transportSecond = 20;
-        Start();
-        for (int i = 0; i < 3; ++i)
-            EXPECT_TRUE(Exercise(nullptr, 0));
-        m_agent.Stop();
-        m_handles = OpenHandles();
-        Start();
-    }
-    ~LinkFaultsTest() override
-    {
-        m_agent.Stop();                                   // its own handles are gone with it
-        EXPECT_LE(OpenHandles(), m_handles + m_left + 2); // what the platform opens once
-        EXPECT_GE(m_exercised, 40);
-        timing = Timing();
-    }
-
-    void Start()
-    {
-        EXPECT_TRUE(m_agent.Start(m_agent.Port()));
-        servicePort = m_agent.Port();
-    }
-
-    // Builds, sends and reads while the n-th call of that kind fails; true when all of it went well.
-    bool Exercise(FunctionPlace place, int n, const Call& call = {})
-    {
-        std::optional<FailingCall> failing;
-        if (place)
-            failing.emplace(place, n, call.result, call.error);
-        Reply reply = Exchange(Plain(Operation::GetSnoozeSettings));
-        const Element* root = reply.Root();
-        failing.reset();
-        m_left += reply.Lost() && reply.Result() != Outcome::CannotStart; // a failed exchange leaves its socket
-        return root && FirstElement(*root, kSnoozeFields[0].element);
-    }
-
-    // Every call through the place fails once, or of many every so manieth.
-    void FailEach(FunctionPlace place, const Call& call)
-    {
-        ASSERT_NE(place, nullptr) << call.function;
-        Exercise(place, 0);
-        const int calls = FailingCall::Calls();
-        for (int n = 1; n <= calls; n += 1 + calls / 30) {
-            testing::internal::CaptureStdout();
-            const bool went = Exercise(place, n, call);
-            const std::string log = testing::internal::GetCapturedStdout();
-            const auto entries = std::count(log.begin(), log.end(), '\n') / 2;
-            EXPECT_LE(entries, 1) << call.function << n << log;
-            EXPECT_TRUE(went || entries == 1) << call.function << n;
-            EXPECT_TRUE(Exercise(nullptr, 0)) << call.function << n;
-            ++m_exercised;
+FunctionPlace ImportOf(const char* function)
+{
+    auto* const base = reinterpret_cast<std::byte*>(GetModuleHandleW(nullptr));
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    for (auto* library = reinterpret_cast<IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+         library->Name != 0; ++library) {
+        const auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + library->OriginalFirstThunk);
+        auto* places = reinterpret_cast<FunctionPlace>(base + library->FirstThunk);
+        for (; names->u1.AddressOfData != 0; ++names, ++places) {
+            const auto* name = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + names->u1.AddressOfData);
+            if (!IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal) && std::strcmp(name->Name, function) == 0)
+                return places;
         }
     }
-
-    simulator::AgentServer m_agent;
-    int m_handles = 0, m_left = 0, m_exercised = 0;
-};
-
-TEST_F(LinkFaultsTest, EveryCallOfAnExchangeFailsOnce)
-{
-    for (const Call& call : kLinkCalls)
-        FailEach(ImportOf(call.function), call);
+    return nullptr;
 }
 
-TEST_F(LinkFaultsTest, EveryMethodOfADocumentFailsOnce)
+void Replace(FunctionPlace place, void* function)
 {
+    DWORD old = 0;
+    VirtualProtect(place, sizeof *place, PAGE_READWRITE, &old);
+    *place = function;
+    VirtualProtect(place, sizeof *place, old, &old);
+}
+
+// Builds, sends and reads while the n-th call through the place fails (0: none); true when all of it went well.
+bool Exercise(FunctionPlace place, std::uint32_t n, const Call& call)
+{
+    failOriginal = *place;
+    failThread = GetCurrentThreadId();
+    failCalls = 0;
+    failAt = n;
+    failResult = call.result;
+    failError = call.error;
+    Replace(place, reinterpret_cast<void*>(&FailOnce));
+    Reply reply = Exchange(Plain(Operation::GetSnoozeSettings));
+    const Element* root = reply.Root();
+    Replace(place, failOriginal);
+    return root && FirstElement(*root, kSnoozeFields[0].element);
+}
+
+// Every call through the place fails once, or of many every so manieth: at most one entry in the log tells of it.
+void FailEach(FunctionPlace place, const Call& call)
+{
+    ASSERT_NE(place, nullptr) << call.function;
+    EXPECT_TRUE(Exercise(place, 0, call));
+    const std::uint32_t calls = failCalls;
+    for (std::uint32_t n = 1; n <= calls; n += 1 + calls / 30) {
+        testing::internal::CaptureStdout();
+        const bool went = Exercise(place, n, call);
+        const std::string log = testing::internal::GetCapturedStdout();
+        const auto entries = std::count(log.begin(), log.end(), '\n') / 2;
+        EXPECT_LE(entries, 1) << call.function << n << log;
+        EXPECT_TRUE(went || entries == 1) << call.function << n;
+        EXPECT_TRUE(Exercise(place, 0, call)) << call.function << n;
+    }
+}
+
+TEST(LinkFaultsTest, EveryCallOfAnExchangeAndEveryMethodOfADocumentFailsOnce)
+{
+    simulator::AgentServer agent;
+    ASSERT_TRUE(agent.Start());
+    servicePort = agent.Port();
+    timing.transportSecond = 20;
+    for (const Call& call : kCalls)
+        FailEach(ImportOf(call.function), call);
+
     ASSERT_TRUE(EnterComApartment());
     CLSID kind{};
     ASSERT_EQ(CLSIDFromProgID(L"Msxml2.DOMDocument.3.0", &kind), S_OK);
@@ -131,96 +141,17 @@ TEST_F(LinkFaultsTest, EveryMethodOfADocumentFailsOnce)
     VARIANT_BOOL loaded = VARIANT_FALSE;
     document->loadXML(const_cast<BSTR>(L"<a b='c'>d</a>"), &loaded);
     ComPtr<IXMLDOMElement> element;
-    ComPtr<IXMLDOMNode> text, attribute;
-    ComPtr<IXMLDOMNamedNodeMap> attributes;
+    ComPtr<IXMLDOMNode> text;
     document->get_documentElement(&element);
     element->get_firstChild(&text);
-    element->get_attributes(&attributes);
-    attributes->get_item(0, &attribute);
     // How many methods each has, the last of its own included.
-    const std::pair<IUnknown*, int> kObjects[]
-        = {{document.Get(), 76}, {element.Get(), 51}, {text.Get(), 52}, {attribute.Get(), 46}};
-    for (const auto& [object, methods] : kObjects) {
+    for (const auto& [object, methods] :
+        {std::pair<IUnknown*, int>{document.Get(), 76}, {element.Get(), 51}, {text.Get(), 52}}) {
         const FunctionPlace table = *reinterpret_cast<FunctionPlace*>(object);
         for (int method = 3; method < methods; ++method)
             FailEach(table + method, {std::to_string(method).c_str(), E_FAIL, 0});
     }
-}
-
-// Of making windows, and of opening and painting some and copying; each gives 0 when it fails.
-constexpr const char* kMakingCalls[] = {"CreateWindowExW", "CreateMenu", "CreatePopupMenu", "AppendMenuW", "SetMenu",
-    "SetWindowSubclass", "SetPropW", "LoadImageW", "CreateFontW"};
-constexpr const char* kShowingCalls[] = {"CreateDialogParamW", "CreateWindowExW", "CopyImage", "BeginPaint", "GetDC",
-    "CreateCompatibleDC", "CreateCompatibleBitmap", "CreatePen", "CreateSolidBrush", "CreateRectRgn", "SelectObject",
-    "GetObjectW", "GetDIBits", "OpenClipboard", "EmptyClipboard", "SetClipboardData", "GlobalAlloc", "GlobalLock"};
-
-// Makes all windows anew.
-bool MakeWindows()
-{
-    for (std::size_t window = windowHandles.size(); window-- > 0;) {
-        if (IsWindow(windowHandles[window]))
-            DestroyWindow(windowHandles[window]);
-    }
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) { } // the quit message too
-    windowHandles = {};
-    AllowWaits(); // which the main window's end has ended
-    return CreateWindows();
-}
-
-void OpenPaintCopy()
-{
-    const HWND main = WindowOf(WindowId::Main);
-    for (const auto open : {OpenSystemInfoWindow, OpenSchemeWindow, OpenSavingsWindow, OnAbout}) {
-        connection.connected = true;
-        open(main);
-    }
-    SendMessageW(WindowOf(WindowId::Savings), WM_COMMAND, IDOK, 0);
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM) {
-            return RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-        },
-        0);
-    static_cast<void>(CopyToClipboard(main, L"text"));
-    const UniqueBitmap bitmap(CreateBitmap(2, 2, 1, 1, nullptr));
-    static_cast<void>(CopyToClipboard(main, bitmap.Get()));
-    CloseAbout();
-    for (const WindowId window : {WindowId::Savings, WindowId::Scheme, WindowId::SystemInfo})
-        SendMessageW(WindowOf(window), WM_CLOSE, 0, 0);
-    Pump();
-}
-
-// The n-th of the calls fails; how many there were.
-int Exercise(const char* function, int n, void (*work)())
-{
-    const FunctionPlace place = ImportOf(function);
-    EXPECT_NE(place, nullptr) << function;
-    const FailingCall failing(place, n, 0, ERROR_NOT_ENOUGH_MEMORY);
-    work();
-    return FailingCall::Calls();
-}
-
-TEST(WindowFaultsTest, EveryCallFailsOnce)
-{
-    LoadedProgram program;
-    platformCalls.showMessageBox = [](const BoxCall&) { return Answer::Ok; };
-    const auto exerciseAll = [](std::span<const char* const> functions, void (*work)()) {
-        for (const char* function : functions) {
-            const int calls = Exercise(function, 0, work);
-            for (int n = 1; n <= calls; n += 1 + calls / (IsLongRun() ? 10 : 1))
-                Exercise(function, n, work);
-        }
-    };
-    OpenPaintCopy();
-    const int handles = OpenHandles();
-    exerciseAll(kMakingCalls, [] { static_cast<void>(MakeWindows()); });
-    ASSERT_TRUE(MakeWindows());
-    exerciseAll(kShowingCalls, OpenPaintCopy);
-    EXPECT_LE(OpenHandles(), handles + 10); // the simulated agent's own threads come and go
-    program.Load();
-    EXPECT_TRUE(connection.connected);
-    EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
+    timing = Timing();
 }
 
 } // namespace
