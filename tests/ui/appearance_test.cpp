@@ -1,6 +1,7 @@
 #include "savings/savings_window.h"
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
+#include "shell/main_window.h"
 #include "shell/window_table.h"
 #include "support/pixels.h"
 #include "support/program.h"
@@ -16,21 +17,20 @@ public:
     {
         for (std::size_t i = 0; i < std::size(kIndices); ++i)
             m_before[i] = GetSysColor(kIndices[i]);
-        platformCalls.hasHighContrast = [] { return true; };
         constexpr COLORREF kDark[] = {kFace, kOnFace, kGround, kText};
-        SetSysColors(4, kIndices, kDark);
-        Pump();
+        Turn([] { return true; }, kDark);
     }
-    ~Contrast()
-    {
-        platformCalls.hasHighContrast = nullptr;
-        SetSysColors(4, kIndices, m_before);
-        Pump();
-    }
+    ~Contrast() { Turn(nullptr, m_before); }
     Contrast(const Contrast&) = delete;
     Contrast& operator=(const Contrast&) = delete;
 
 private:
+    static void Turn(bool (*hasHighContrast)(), const COLORREF* colours)
+    {
+        platformCalls.hasHighContrast = hasHighContrast;
+        SetSysColors(4, kIndices, colours);
+        Pump();
+    }
     static constexpr int kIndices[] = {COLOR_3DFACE, COLOR_BTNTEXT, COLOR_WINDOW, COLOR_WINDOWTEXT};
     COLORREF m_before[4] = {};
 };
@@ -66,8 +66,7 @@ static bool IsColouredByParent(HWND control)
 {
     const std::wstring name = ClassOf(control);
     const LONG style = GetWindowLongW(control, GWL_STYLE);
-    const LONG type = style & BS_TYPEMASK;
-    const bool plainButton = type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON;
+    const bool plainButton = (style & BS_TYPEMASK) <= BS_DEFPUSHBUTTON;
     return IsWindowVisible(control) && IsWindowEnabled(control) && !WindowText(control).empty()
         && (name == WC_STATICW || (name == WC_BUTTONW && !plainButton) || (name == WC_EDITW && (style & ES_READONLY)));
 }
@@ -87,7 +86,7 @@ struct Appearance : testing::Test, LoadedProgram {
     static void ForEachWindow(Use use)
     {
         for (std::size_t i = 0; i < kWindowCount; ++i) {
-            SCOPED_TRACE(std::wstring(WindowRowOf(i).title));
+            SCOPED_TRACE(WindowRowOf(i).title);
             if ((WindowRowOf(i).style & WS_CHILD) == 0)
                 use(WindowOf(WindowRowOf(i).id));
         }
@@ -117,8 +116,7 @@ TEST_F(Appearance, HighContrastTakesEveryTextOfEveryWindow)
 
 TEST_F(Appearance, PaintedWindowsFollowHighContrastLiveAndBack)
 {
-    const HWND graph = WindowOf(WindowId::SavingsGraph);
-    const HWND list = FindWindowExW(main, nullptr, WC_LISTVIEWW, nullptr);
+    const HWND graph = WindowOf(WindowId::SavingsGraph), list = ControlOf(main, kSavingsList);
     const HWND durations = FindWindowExW(graph, nullptr, WC_LISTVIEWW, nullptr);
     const auto look = [&](bool high) {
         const Pixels seen = Seen(main);
@@ -132,7 +130,6 @@ TEST_F(Appearance, PaintedWindowsFollowHighContrastLiveAndBack)
         EXPECT_EQ(page.At(49, 300), high ? kText : RGB(0, 0, 0)) << "axis";
         EXPECT_GT(CountIn(page, graph, durations, high ? kText : RGB(0, 0, 0)), 100);
         EXPECT_EQ(CountIn(page, graph, durations, RGB(247, 247, 247)) > 1000, !high);
-        EXPECT_GT(page.CountIn(high ? kOnFace : RGB(83, 83, 83), {380, 15, 600, 31}), 50) << "title";
         ShowWindow(graph, SW_SHOWNA);
     };
     look(false);
@@ -141,12 +138,6 @@ TEST_F(Appearance, PaintedWindowsFollowHighContrastLiveAndBack)
         look(true);
     }
     look(false);
-    platformCalls.hasHighContrast = [] { return true; };
-    SendMessageW(m_savings, WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
-    EXPECT_EQ(ListView_GetBkColor(durations), GetSysColor(COLOR_WINDOW)) << "told by the setting alone";
-    platformCalls.hasHighContrast = nullptr;
-    SendMessageW(m_savings, WM_THEMECHANGED, 0, 0);
-    EXPECT_EQ(ListView_GetBkColor(durations), RGB(247, 247, 247));
 }
 
 TEST_F(Appearance, EveryWindowOpensInReachOfASmallScreen)

@@ -36,17 +36,13 @@ constexpr Opened kOpened[] = {
 };
 // clang-format on
 
-static bool IsStop(HWND control)
-{
-    return IsWindowVisible(control) && IsWindowEnabled(control)
-        && (GetWindowLongW(control, GWL_STYLE) & WS_TABSTOP) != 0;
-}
-
 static std::vector<HWND> StopsOf(HWND window)
 {
+    static constexpr LONG kStop = WS_TABSTOP | WS_DISABLED;
     std::vector<HWND> stops;
     const auto add = [](HWND child, LPARAM list) -> BOOL {
-        if (IsStop(child) && ClassOf(GetParent(child)) != WC_IPADDRESSW)
+        const bool takesKeys = IsWindowVisible(child) && (GetWindowLongW(child, GWL_STYLE) & kStop) == WS_TABSTOP;
+        if (takesKeys && ClassOf(GetParent(child)) != WC_IPADDRESSW)
             reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
         return TRUE;
     };
@@ -73,16 +69,6 @@ static HWND Reached(const std::vector<HWND>& stops)
     return at != stops.end() ? *at : nullptr;
 }
 
-// Whether a reader who has come to one control looks for the other one next: inside it, below it or on its right.
-static bool IsReadAfter(HWND from, HWND to)
-{
-    RECT a, b;
-    GetWindowRect(from, &a);
-    GetWindowRect(to, &b);
-    const bool inside = b.left >= a.left && b.top >= a.top && b.right <= a.right && b.bottom <= a.bottom;
-    return inside || b.top >= (a.top + a.bottom) / 2 || b.left >= a.right || !PagesOf(to).empty();
-}
-
 // By Tab through all stops and back to the first, then the other way round.
 static void WalkStops(HWND window)
 {
@@ -90,12 +76,9 @@ static void WalkStops(HWND window)
     const HWND first = Reached(stops);
     ASSERT_NE(first, nullptr) << "the focus opens on a control, not on " << ClassOf(GetFocus());
     std::vector<HWND> walked;
-    std::wstring backwards; // once around leads back once
     do {
         walked.push_back(Reached(stops));
         Press(VK_TAB);
-        if (Reached(stops) != nullptr && !IsReadAfter(walked.back(), Reached(stops)))
-            backwards += L"|" + NameOf(walked.back()) + L" to " + NameOf(Reached(stops));
     } while (Reached(stops) != first && walked.size() <= stops.size());
     EXPECT_EQ(Reached(stops), first) << "no trap";
     EXPECT_EQ(walked.size(), stops.size());
@@ -103,16 +86,9 @@ static void WalkStops(HWND window)
         Press(VK_TAB, VK_SHIFT);
         EXPECT_EQ(Reached(stops), *last) << NameOf(*last);
     }
-    EXPECT_LE(std::ranges::count(backwards, L'|'), 1) << backwards;
-    const auto placeOf = [&](HWND control) { return std::ranges::find(walked, control) - walked.begin(); };
     for (const HWND stop : stops) {
         EXPECT_EQ(std::ranges::count(walked, stop), 1) << NameOf(stop) << " " << ClassOf(stop);
         EXPECT_FALSE(NameOf(stop).empty()) << ClassOf(stop) << GetDlgCtrlID(stop);
-        for (const HWND page : PagesOf(stop)) {
-            const HWND field = GetNextDlgTabItem(page, nullptr, FALSE);
-            const auto after = (placeOf(field) - placeOf(stop) + std::ssize(walked)) % std::ssize(walked);
-            EXPECT_TRUE(!IsWindowVisible(page) || !IsStop(field) || after == 1) << "tab control, then its page";
-        }
     }
 }
 
@@ -122,7 +98,6 @@ struct EveryWindow : testing::TestWithParam<Opened>, LoadedProgram {
         EXPECT_TRUE(!GetParam().works || StartWorkers());
         topic.clear();
         platformCalls.showHelp = [](HWND, const std::wstring& shown) { topic = shown; };
-        ShowWindow(main, SW_SHOW);
         SetForegroundWindow(main);
         FocusOn(main, kChange);
     }

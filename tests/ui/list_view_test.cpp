@@ -53,6 +53,10 @@ TEST_F(List, RefillKeepsSelectionFocusAndScroll)
     SelectRow(m_list, 0);
     EXPECT_EQ(SelectedRow(m_list), -1);
     Show(m_window.Get(), 1, false);
+    const auto redraw = [](HWND list, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR) {
+        return message == WM_SETREDRAW ? DefWindowProcW(list, message, w, l) : DefSubclassProc(list, message, w, l);
+    };
+    SetWindowSubclass(m_list, redraw, 1, 0); // as Windows' own list does it
     Fill(5);
     EXPECT_FALSE(IsWindowVisible(m_list)) << "filling does not show it";
 }
@@ -80,9 +84,7 @@ TEST_F(List, KeysCopyTheChosenRowAndAllRowsAndAClickChoosesOne)
     EXPECT_EQ(ClipboardText(), L"n0\tv0\r\nn1\tv1\r\nn2\tv2\r\n");
     RECT row;
     ListView_GetItemRect(m_list, 2, &row, LVIR_LABEL);
-    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP})
-        PostMessageW(m_list, message, 0, MAKELPARAM(row.left + 2, row.top + 2));
-    Pump();
+    ClickAt(m_list, row.left + 2, row.top + 2);
     EXPECT_EQ(OnlySelectedRow(m_list), 2) << "a click chooses one again";
     PostMessageW(m_list, WM_CHAR, L's', 0); // the letter of "Select all", for the menu
     PostMessageW(m_list, WM_KEYDOWN, VK_ESCAPE, 0);
@@ -94,20 +96,12 @@ TEST_F(List, ACellThatIsCutOffShowsItsWholeTextAboveTheRowsOwn)
 {
     const std::wstring longText(40, L'W');
     const std::vector<std::wstring> rows[] = {{longText, L"v"}, {L"n", longText}};
-    const struct {
-        int row, column;
-        RowTip tip;
-        std::wstring shown;
-    } kRows[] = {{0, 0, [](HWND, int) { return std::wstring(); }, longText},
-        {0, 0, [](HWND, int) { return std::wstring(L"why"); }, longText + L"\r\nwhy"},
-        {1, 0, [](HWND, int) { return std::wstring(L"why"); }, L"why"},
-        {1, 0, [](HWND, int) { return std::wstring(); }, L""},
-        {1, 1, [](HWND, int) { return std::wstring(); }, longText}};
     FillList(m_list, rows);
-    for (const auto& row : kRows) {
-        SetRowTips(m_list, row.tip);
-        EXPECT_EQ(TipOver(m_list, row.row, row.column), row.shown);
-    }
+    SetRowTips(m_list, [](HWND, int) { return std::wstring(); });
+    EXPECT_EQ(TipOver(m_list, 0, 0) + L"|" + TipOver(m_list, 1, 0) + L"|" + TipOver(m_list, 1, 1),
+        longText + L"||" + longText);
+    SetRowTips(m_list, [](HWND, int) { return std::wstring(L"why"); });
+    EXPECT_EQ(TipOver(m_list, 0, 0) + L"|" + TipOver(m_list, 1, 0), longText + L"\r\nwhy|why");
 }
 
 } // namespace voltaro
