@@ -1,17 +1,5 @@
 #include "base/handles.h"
 #include "power/policy_window.h"
-#include "power/scheme_window.h"
-#include "savings/profile_window.h"
-#include "savings/savings_window.h"
-#include "scheduler/job_list_window.h"
-#include "settings/access_control_window.h"
-#include "settings/battery_window.h"
-#include "settings/device_control_window.h"
-#include "settings/proxy_window.h"
-#include "settings/snooze_window.h"
-#include "settings/system_info_window.h"
-#include "shell/about.h"
-#include "shell/activation_window.h"
 #include "soak/held.h"
 #include "support/program.h"
 
@@ -26,28 +14,15 @@ constexpr const wchar_t* kDocuments[] = {L"text:empty", L"text:Failure", L"prefi
     L"root", L"few-elements:0", L"few-elements", L"long-texts:20000", L"long-texts:300", L"texts:%s%n%S%x%99999999d",
     L"texts:-1", L"many-elements:3011", L"many-elements:20", L"foreign-texts", L"status"};
 
-// Windows that read when they open, and what reads in the ones that do not.
-void (*const kOpen[])(HWND main) = {
-    OpenSystemInfoWindow,
-    OpenBatteryWindow,
-    OpenSchemeWindow,
-    [](HWND) { OpenPolicy(L"Presentations"); },
-    OpenJobListWindow,
-    [](HWND) {
-        ListView_SetItemState(
-            Labelled(WindowOf(WindowId::JobList), L"Scheduled Job List"), 0, LVIS_SELECTED, LVIS_SELECTED);
-        SendMessageW(Labelled(WindowOf(WindowId::JobList), L"Modify Job.."), BM_CLICK, 0, 0);
-    },
-    OpenSavingsWindow,
-    [](HWND) { SendMessageW(WindowOf(WindowId::Savings), WM_COMMAND, IDOK, 0); },
-    OpenProfileWindow,
-    OpenAccessControlWindow,
-    OpenProxyWindow,
-    OpenDeviceControlWindow,
-    OpenSnoozeWindow,
-    OpenActivationWindow,
-    OnAbout,
+// Commands of windows that read something, and a button there that reads more.
+struct Opening {
+    int command;
+    WindowId window = WindowId::Main;
+    const wchar_t* button = nullptr;
 };
+constexpr Opening kOpenings[] = {{kSystemInfo}, {kBatteryInfo}, {kPorts}, {kProxy}, {kSecurity}, {kSnooze}, {kActivate},
+    {kAbout}, {kPowerScheme, WindowId::SchemeProcessor, L"Edit"}, {kJobScheduler, WindowId::JobList, L"Modify Job.."},
+    {kSavingsReport, WindowId::Savings, L"&Power Consumption Settings"}};
 
 TEST(HostileDocumentTest, EveryDocumentInEveryWindow)
 {
@@ -70,14 +45,18 @@ TEST(HostileDocumentTest, EveryDocumentInEveryWindow)
         for (const wchar_t* gate : {L"GetSystemstatus", L"GetActivationstatus"}) // or no window would open
             program.Agent().SetFault(gate, *simulator::ParseFault(L"late:0"));
         program.Load();
-        for (const auto open : kOpen) {
+        for (const auto& [command, window, button] : kOpenings) {
             connection.connected = true;
-            open(WindowOf(WindowId::Main));
-            Pump();
+            program.MainCommand(command);
+            if (button) {
+                SelectRow(FindWindowExW(WindowOf(window), nullptr, WC_LISTVIEWW, nullptr), 0);
+                OpenPolicy(L"Presentations");
+                SendMessageW(Labelled(WindowOf(window), button), BM_CLICK, 0, 0);
+            }
+            CloseAbout();
+            for (std::size_t open = windowHandles.size(); --open > 0;)
+                SendMessageW(windowHandles[open], WM_CLOSE, 0, 0);
         }
-        CloseAbout();
-        for (std::size_t window = windowHandles.size(); --window > 0;)
-            SendMessageW(windowHandles[window], WM_CLOSE, 0, 0);
         EXPECT_TRUE(elsewhere.Requests().empty());
         EXPECT_TRUE(isUntouched());
     }

@@ -36,12 +36,6 @@ bool IsConnected()
     return MainWindow() && HostLine().starts_with(L"Hostname :");
 }
 
-void EndSession(LPARAM reason)
-{
-    for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION})
-        SendMessageTimeoutW(MainWindow(), message, TRUE, reason, SMTO_NORMAL, 2'000, nullptr);
-}
-
 void AnswerBox(const wchar_t* caption, WPARAM button)
 {
     HWND box = nullptr;
@@ -138,28 +132,6 @@ TEST_F(ConsoleTest, StartsConnectsAndIsRestoredByASecondStart)
     EXPECT_EQ(console.ExitCode(0), -1);
 }
 
-TEST_F(ConsoleTest, StaysAliveAndEndsWithTheSessionDuringAHungRequest)
-{
-    const std::tuple<int, const wchar_t*, LPARAM> kRows[]
-        = {{kRefresh, L"GetPowerSchemes", static_cast<LPARAM>(ENDSESSION_LOGOFF)},
-            {kUpdate, L"CheckForUpdates", ENDSESSION_CLOSEAPP}};
-    for (const auto& [command, operation, reason] : kRows) {
-        agent.ClearFaults();
-        const Console console;
-        ASSERT_TRUE(WaitFor(IsConnected, 20'000));
-        HangIn(command, operation);
-        int answered = 0;
-        for (int i = 0; i < 20; ++i) {
-            answered += SendMessageTimeoutW(MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 50, nullptr) != 0 ? 1 : 0;
-            Sleep(20);
-        }
-        EXPECT_EQ(answered, 20);
-        EndSession(reason);
-        EXPECT_EQ(console.ExitCode(2'000), 0);
-        ExpectNoIcon();
-    }
-}
-
 // Ends of the program and of the session wherever a request happens to be, from the first one of the start on. The user
 // is asked once the user-interface thread's own request is over; the session waits for nothing.
 TEST_F(ConsoleTest, EndsAtAnyPointOfARequest)
@@ -181,10 +153,15 @@ TEST_F(ConsoleTest, EndsAtAnyPointOfARequest)
             agent.SetFault(L"*", fault);
             PostMessageW(MainWindow(), WM_COMMAND, kCommands[random() % 6], 0);
         }
-        Sleep(random() % 400);
-        if (sessionEnds)
-            EndSession(static_cast<LPARAM>(ENDSESSION_LOGOFF));
-        else {
+        for (auto naps = random() % 20; naps > 0; --naps) {
+            EXPECT_TRUE(SendMessageTimeoutW(MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 1'000, nullptr)) << "it is alive";
+            Sleep(20);
+        }
+        if (sessionEnds) {
+            const LPARAM reason = whileStarting ? ENDSESSION_CLOSEAPP : static_cast<LPARAM>(ENDSESSION_LOGOFF);
+            for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION})
+                SendMessageTimeoutW(MainWindow(), message, TRUE, reason, SMTO_NORMAL, 2'000, nullptr);
+        } else {
             PostMessageW(MainWindow(), WM_COMMAND, kTrayClose, 0);
             AnswerBox(L"Close Voltaro Console ?", IDYES);
         }

@@ -132,18 +132,12 @@ Operations ConsoleProgram::TakeOperations()
 
 std::wstring ConsoleProgram::LastRequest(std::wstring_view operation)
 {
-    const std::vector<simulator::ReceivedRequest> requests = m_agent.Requests();
-    const auto found = std::find_if(
-        requests.rbegin(), requests.rend(), [&](const auto& request) { return request.operation == operation; });
-    if (found == requests.rend())
-        return {};
-    std::wstring text = found->text;
+    std::wstring text;
+    for (const simulator::ReceivedRequest& request : m_agent.Requests())
+        text = request.operation == operation ? request.text : text;
+    constexpr std::size_t kTag = 11, kIdentifier = 38;
     const std::size_t at = text.find(L"<MessageId>");
-    constexpr std::size_t kTag = 11;
-    constexpr std::size_t kIdentifier = 38;
-    if (at != std::wstring::npos && text.size() > at + kTag + kIdentifier)
-        text.replace(at + kTag, kIdentifier, L"{ID}");
-    return text;
+    return at != std::wstring::npos ? text.replace(at + kTag, kIdentifier, L"{ID}") : text;
 }
 
 void ConsoleProgram::ExpectSent(const std::wstring& operation, const std::wstring& fields)

@@ -22,23 +22,12 @@
 #include "ui/menus.h"
 #include "ui/tabs.h"
 #include "ui/theme.h"
-#include "ui/tooltip.h"
-#include "ui/waiting.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <variant>
-
-#include <functional>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace voltaro {
 
 using simulator::FaultKind;
-
 using Operations = std::vector<std::wstring>;
 
 inline constexpr wchar_t kMalformed[] = L"<vltp><response><status>Success",
@@ -87,14 +76,13 @@ public:
         return *m_agent.WithMachine([](simulator::Machine& machine) { return &machine.State(); });
     }
 
-    // Sends a command as a click or a menu choice does, or a control's notification, and serves what follows.
+    // Sends a command as a click, a menu choice or a control's notification does, and serves what follows.
     void Command(WindowId window, int id, int notification = 0);
     void MainCommand(int id) { Command(WindowId::Main, id); }
     // Whether the main window takes input again, nothing lying over it.
     [[nodiscard]] static bool IsMainFree() { return IsEnabled(WindowOf(WindowId::Main)) && IsConsoleReady(); }
     // Does one step after the other as the user does it, the window hearing of each, then serves what follows.
     void Do(std::initializer_list<Step> steps);
-    // Double-clicks a row of a list.
     static void DoubleClick(HWND list, int row);
 
     // A control, what it shows and whether it can be used.
