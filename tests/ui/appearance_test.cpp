@@ -35,12 +35,8 @@ private:
     COLORREF m_before[4] = {};
 };
 
-// What the screen shows of a window, in front of all others.
-static Pixels Seen(HWND window)
+static Pixels OnScreen(HWND window)
 {
-    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-    Pump();
     RECT client;
     GetClientRect(window, &client);
     const auto copy = [](HDC dc, void* from) {
@@ -48,9 +44,18 @@ static Pixels Seen(HWND window)
         BitBlt(dc, 0, 0, 2000, 2000, source, 0, 0, SRCCOPY);
         ReleaseDC(static_cast<HWND>(from), source);
     };
-    const UniqueBitmap seen = RenderBitmap(client.right, client.bottom, copy, window);
+    return Pixels(RenderBitmap(client.right, client.bottom, copy, window).Get());
+}
+
+// What the screen shows of a window, in front of all others.
+static Pixels Seen(HWND window)
+{
+    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    Pump();
+    Pixels seen = OnScreen(window);
     SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_HIDEWINDOW);
-    return Pixels(seen.Get());
+    return seen;
 }
 
 static int CountIn(const Pixels& pixels, HWND window, HWND control, COLORREF colour)
@@ -164,6 +169,35 @@ TEST_F(Appearance, TabPagesTakeTheColourOfTheTabsBody)
     ReleaseDC(nullptr, dc);
     platformCalls.tabBodyColour = nullptr;
     SendMessageW(m_savings, WM_THEMECHANGED, 0, 0);
+}
+
+TEST(Canvas, PaintsAroundControlsButUnderGroupBoxes)
+{
+    constexpr Control kRows[] = {{Kind::GroupBox, 1, L"", 20, 20, 200, 100}, {Kind::Progress, 2, L"", 40, 50, 100, 40},
+        {Kind::Push, 3, L"", 40, 140, 100, 40, kHidden}};
+    COLORREF colour = 0;
+    const TestWindow window([&](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_ERASEBKGND)
+            return 1;
+        if (message != WM_PAINT)
+            return std::nullopt;
+        const Canvas canvas(self);
+        const RECT part{10, 10, 300, 200};
+        FillRect(canvas.Dc(), &part, BrushOf(colour));
+        return 0;
+    });
+    CreateControls(window.Get(), kRows, WindowFont());
+    for (int round = 0; round < 3; ++round) {
+        colour = RGB(200, 60 * round, 0);
+        RedrawWindow(window.Get(), nullptr, nullptr, RDW_INVALIDATE | (round < 2 ? RDW_ALLCHILDREN : RDW_NOCHILDREN));
+        Pump();
+        const Pixels seen = OnScreen(window.Get());
+        for (const auto& [x, y] : {POINT{12, 12}, {200, 100}, {50, 150}}) // plain, in the group box, a hidden control
+            EXPECT_EQ(seen.At(x, y), colour) << x;
+        EXPECT_EQ(seen.At(5, 5), GetSysColor(COLOR_3DFACE));
+        EXPECT_NE(seen.At(90, 70), colour) << "a control";
+        EXPECT_LT(seen.CountIn(colour, {120, 110, 121, 122}), 12) << "the frame of the group box";
+    }
 }
 
 } // namespace voltaro
