@@ -103,9 +103,10 @@ TEST_F(UpdateTest, TheTrayMenuWorksWhileItChecks)
     MainCommand(kTrayVoltaro);
     MainCommand(kUpdate); // the check that still runs is not made twice
     EXPECT_EQ(Shown(), kChecking);
-    EXPECT_TRUE(TakeOperations().empty());
     Agent().Stop();
-    ASSERT_TRUE(WaitForOutcome());
+    ASSERT_TRUE(Agent().Start(Agent().Port()) && WaitForOutcome());
+    static_cast<void>(WaitServingWindows(nullptr, 100));
+    EXPECT_EQ(TakeOperations(), Operations{});
     EXPECT_EQ(
         Shown(), L"Could not update, service not responding.|Please check if service is running and try again.|ok");
     Command(WindowId::Update, IDOK);
