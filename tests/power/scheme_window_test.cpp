@@ -173,8 +173,7 @@ TEST_F(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
 TEST_F(SchemeWindow, ModesAndTheWaysOut)
 {
     Do({{kDim, L"After 20 Mins"}, {kNewScheme}});
-    EXPECT_TRUE(IsShown(kNewSchemeName) && IsShown(kSaveNewScheme));
-    EXPECT_FALSE(IsOn(kSaveAndApply) || IsOn(kDeleteScheme));
+    EXPECT_TRUE(IsShown(kNewSchemeName) && IsShown(kSaveNewScheme) && !IsOn(kSaveAndApply) && !IsOn(kDeleteScheme));
     Do({{kEditSettings}});
     EXPECT_FALSE(IsShown(kNewSchemeName) || IsShown(kSaveNewScheme));
     EXPECT_EQ(Shown(kDim), L"After 20 Mins");

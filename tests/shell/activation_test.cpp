@@ -11,7 +11,6 @@ struct ActivationTest : testing::Test, LoadedProgram {
         : LoadedProgram(L"notactivated")
     {
         MainCommand(kActivate);
-        EXPECT_TRUE(IsOpen(kWindow) && !IsMainFree());
         TakeOperations();
     }
     void Activate(const wchar_t* key, const ExpectedBox& box)

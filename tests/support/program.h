@@ -39,11 +39,11 @@ struct Change {
     const wchar_t* question = nullptr; // asked first and answered with Yes
     ExpectedBox failed{};
     Operations readAfterSuccess{};
-    Operations readAfterOthers{}; // after an answer that says neither
-    ExpectedBox denied{};         // the box for "Permission denied", if it has one of its own
-    ExpectedBox done{};           // the box that tells of success, if there is one
-    std::wstring unlicensed{};    // the caption for a refusal for want of a license; empty: that of `failed`
-    bool lenient = false;         // whatever is not "Failure" counts as done
+    Operations readAfterOthers{};             // after an answer that says neither
+    ExpectedBox denied{};                     // the box for "Permission denied", if it has one of its own
+    ExpectedBox done{};                       // the box that tells of success, if there is one
+    std::wstring unlicensed = failed.caption; // the caption for a refusal for want of a license
+    bool lenient = false;                     // whatever is not "Failure" counts as done
 };
 
 using ControlName = std::variant<int, const wchar_t*>; // a control's id, or the label that the user finds it by

@@ -80,8 +80,7 @@ inline void Press(WORD key, WORD modifier = 0, WORD secondModifier = 0)
     std::array<BYTE, 256> before{};
     GetKeyboardState(before.data());
     std::array<BYTE, 256> during = before;
-    for (const WORD held : {modifier, secondModifier})
-        during[held] = held != 0 ? 0x80 : during[held];
+    during[modifier] = during[secondModifier] = 0x80; // the place 0 is no key's
     PostMessageW(GetFocus(), WM_KEYDOWN, key, 0);
     SetKeyboardState(during.data());
     Pump();

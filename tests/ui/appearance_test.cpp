@@ -10,30 +10,18 @@ namespace voltaro {
 
 constexpr COLORREF kFace = RGB(0, 0, 64), kOnFace = RGB(255, 255, 0), kGround = RGB(0, 0, 0), kText = RGB(0, 255, 255);
 
-// High contrast with its colours while it lives.
-class Contrast {
-public:
-    Contrast()
-    {
-        for (std::size_t i = 0; i < std::size(kIndices); ++i)
-            m_before[i] = GetSysColor(kIndices[i]);
-        constexpr COLORREF kDark[] = {kFace, kOnFace, kGround, kText};
-        Turn([] { return true; }, kDark);
-    }
-    ~Contrast() { Turn(nullptr, m_before); }
-    Contrast(const Contrast&) = delete;
-    Contrast& operator=(const Contrast&) = delete;
-
-private:
-    static void Turn(bool (*hasHighContrast)(), const COLORREF* colours)
-    {
-        platformCalls.hasHighContrast = hasHighContrast;
-        SetSysColors(4, kIndices, colours);
-        Pump();
-    }
-    static constexpr int kIndices[] = {COLOR_3DFACE, COLOR_BTNTEXT, COLOR_WINDOW, COLOR_WINDOWTEXT};
-    COLORREF m_before[4] = {};
-};
+// Turns high contrast with its colours on, or back.
+static void TurnContrast(bool on)
+{
+    constexpr int kIndices[] = {COLOR_3DFACE, COLOR_BTNTEXT, COLOR_WINDOW, COLOR_WINDOWTEXT};
+    constexpr COLORREF kDark[] = {kFace, kOnFace, kGround, kText};
+    static COLORREF before[4];
+    for (std::size_t i = 0; on && i < std::size(before); ++i)
+        before[i] = GetSysColor(kIndices[i]);
+    platformCalls.hasHighContrast = on ? +[] { return true; } : nullptr;
+    SetSysColors(4, kIndices, on ? kDark : before);
+    Pump();
+}
 
 static Pixels OnScreen(HWND window)
 {
@@ -91,7 +79,7 @@ struct Appearance : testing::Test, LoadedProgram {
 
 TEST_F(Appearance, HighContrastTakesEveryTextOfEveryWindow)
 {
-    const Contrast contrast;
+    TurnContrast(true);
     int texts = 0;
     ForEachWindow([&](HWND window) {
         const Pixels pixels = Seen(window);
@@ -106,6 +94,7 @@ TEST_F(Appearance, HighContrastTakesEveryTextOfEveryWindow)
         ShowWindow(window, SW_HIDE);
     });
     EXPECT_GT(texts, 45);
+    TurnContrast(false);
 }
 
 TEST_F(Appearance, PaintedWindowsFollowHighContrastLiveAndBack)
@@ -128,10 +117,9 @@ TEST_F(Appearance, PaintedWindowsFollowHighContrastLiveAndBack)
         ShowWindow(graph, SW_SHOWNA);
     };
     look(false);
-    {
-        const Contrast contrast;
-        look(true);
-    }
+    TurnContrast(true);
+    look(true);
+    TurnContrast(false);
     look(false);
 }
 

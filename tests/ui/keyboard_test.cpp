@@ -120,10 +120,7 @@ struct EveryWindow : testing::TestWithParam<Opened>, LoadedProgram {
             }
         }
         const HWND from = GetFocus();
-        if (row.button != nullptr)
-            Press(VK_RETURN);
-        else if (row.command != 0)
-            MainCommand(row.command);
+        row.button != nullptr ? Press(VK_RETURN) : MainCommand(row.command);
         EXPECT_TRUE(WaitFor([] { return !updateBusy; }));
         EXPECT_TRUE(IsWindowVisible(HandleOf(row.window)));
         return from;

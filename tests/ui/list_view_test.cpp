@@ -45,7 +45,6 @@ TEST_F(List, RefillKeepsSelectionFocusAndScroll)
 {
     SetWindowSubclass(m_list, DoAsWindows, 1, 0);
     Fill(500);
-    EXPECT_EQ(RowCount(m_list), 500);
     EXPECT_EQ(CellOf(m_list, 499, 1), L"v499");
     SelectRow(m_list, 350);
     ListView_EnsureVisible(m_list, 499, FALSE);
@@ -57,10 +56,6 @@ TEST_F(List, RefillKeepsSelectionFocusAndScroll)
     EXPECT_EQ(GetScrollPos(m_list, SB_HORZ), 40);
     Fill(3);
     EXPECT_TRUE(SelectedRow(m_list) == -1 && ListView_GetTopIndex(m_list) == 0);
-    ClearList(m_list);
-    EXPECT_EQ(RowCount(m_list), 0);
-    SelectRow(m_list, 0);
-    EXPECT_EQ(SelectedRow(m_list), -1);
     Show(m_window.Get(), 1, false);
     Fill(5);
     EXPECT_FALSE(IsWindowVisible(m_list)) << "filling does not show it";
