@@ -61,8 +61,6 @@ public:
         m_process = UniqueHandle(made.hProcess);
     }
     ~Console() { TerminateProcess(m_process.Get(), 9); }
-    Console(const Console&) = delete;
-    Console& operator=(const Console&) = delete;
 
     // The exit code once the program has ended, -1 when it has not within that time.
     [[nodiscard]] int ExitCode(unsigned milliseconds) const

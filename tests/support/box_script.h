@@ -38,8 +38,6 @@ public:
         script = m_outer;
         platformCalls.showMessageBox = m_before;
     }
-    BoxScript(const BoxScript&) = delete;
-    BoxScript& operator=(const BoxScript&) = delete;
 
     // Adds boxes for the next step of a test.
     void Expect(std::initializer_list<ExpectedBox> boxes)

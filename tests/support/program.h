@@ -63,8 +63,6 @@ class ConsoleProgram {
 public:
     explicit ConsoleProgram(const simulator::Scenario& scenario = simulator::DefaultScenario());
     ~ConsoleProgram();
-    ConsoleProgram(const ConsoleProgram&) = delete;
-    ConsoleProgram& operator=(const ConsoleProgram&) = delete;
 
     // The first connection check and load, as start-up runs it.
     void Load();

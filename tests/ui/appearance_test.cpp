@@ -121,6 +121,9 @@ TEST_F(Appearance, PaintedWindowsFollowHighContrastLiveAndBack)
     look(true);
     TurnContrast(false);
     look(false);
+    platformCalls.hasHighContrast = [] { return true; };
+    SendMessageW(m_savings, WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
+    EXPECT_EQ(ListView_GetBkColor(durations), GetSysColor(COLOR_WINDOW)) << "told by the setting alone";
 }
 
 TEST_F(Appearance, EveryWindowOpensInReachOfASmallScreen)
