@@ -97,6 +97,7 @@ struct EveryWindow : testing::TestWithParam<Opened>, LoadedProgram {
     EveryWindow()
     {
         EXPECT_TRUE(!GetParam().works || StartWorkers());
+        topic.clear();
         platformCalls.showHelp = [](HWND, const std::wstring& shown) { topic = shown; };
         SetForegroundWindow(main);
         FocusOn(main, kChange);
