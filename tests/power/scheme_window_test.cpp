@@ -7,31 +7,12 @@ namespace voltaro {
 const Operations kReload = {L"GetPowerSchemes", L"GetPolicies", L"GetCurrentpowersettings"};
 const Operations kAfterSaving = {L"GetPolicies", L"GetCurrentpowersettings"}, kCurrent = {L"GetCurrentpowersettings"};
 
-static bool IsATipShown()
-{
-    HWND tip = nullptr;
-    do
-        tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr);
-    while (tip != nullptr && !IsWindowVisible(tip));
-    return tip != nullptr;
-}
-
 struct SchemeWindow : testing::Test, PowerProgram {
     static bool IsShown(int id) { return voltaro::IsShown(In(id)); }
-    static Operations EntriesOf(int id)
-    {
-        Operations entries;
-        wchar_t text[50];
-        for (int i = 0; i < ComboBox_GetCount(In(id)); ++i) {
-            ComboBox_GetLBText(In(id), i, text);
-            entries.emplace_back(text);
-        }
-        return entries;
-    }
-    static void Slide(int slider, int position, int how = TB_THUMBTRACK)
+    static void Slide(int slider, int position)
     {
         SendMessageW(In(slider), TBM_SETPOS, TRUE, position);
-        SendMessageW(GetParent(In(slider)), WM_HSCROLL, static_cast<WPARAM>(how), reinterpret_cast<LPARAM>(In(slider)));
+        SendMessageW(GetParent(In(slider)), WM_HSCROLL, TB_THUMBTRACK, reinterpret_cast<LPARAM>(In(slider)));
     }
 };
 
@@ -39,9 +20,6 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
 {
     Slide(kWorkingBrightness, 8);
     EXPECT_STREQ(TooltipOf(In(kWorkingBrightness)), L"128");
-    EXPECT_TRUE(IsATipShown());
-    Slide(kWorkingBrightness, 8, TB_ENDTRACK);
-    EXPECT_FALSE(IsATipShown());
     Slide(kIdleBrightness, 1);
     Do({{kScreenSaverOff}, {kShutdownChoice}, {kResumePassword}, {kScript}, {kDownloads}, {kPrinter}, {kCpuLoadCheck},
         {kEditSettings}});
@@ -57,7 +35,6 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
     // clang-format on
     for (const auto& [id, text] : kChosen)
         Do({{id, text}});
-    EXPECT_EQ(EntriesOf(kMonitorOff).front(), L"After 1 Hr");
     const std::wstring settings
         = L"details[PowerScheme=Night_shift CPUSpeed=Maximum Screensaver=Yes LockScreentime=1 Wbrightvalue=128 "
           L"Ibrightvalue=15 Dimtime=45 Monitortime=420 StandBytime=840 Hibernatetime=900 HardDiskTimeOut=3 "
@@ -68,17 +45,13 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
     Do({{kEditor, kNewScheme}, {kEditor, kNewSchemeName, L"Night_shift"}, {kEditor, IDOK}});
     ExpectSent(L"CreateScheme", settings);
     EXPECT_FALSE(IsShown(kSaveNewScheme) || IsShown(kApplyScheme));
-
     Do({{kEditorScheme, L"Night_shift"}});
     ExpectSent(L"QueryPowerScheme", L"scheme=Night_shift");
     for (const auto& [id, text] : kChosen)
         EXPECT_EQ(Shown(id), text) << id;
-    EXPECT_EQ(SendMessageW(In(kWorkingBrightness), TBM_GETPOS, 0, 0), 8);
-    EXPECT_EQ(SendMessageW(In(kIdleBrightness), TBM_GETPOS, 0, 0), 1);
     Do({{kSaveAndApply}});
     ExpectSent(L"ApplyPowerSettings", settings);
     EXPECT_EQ(SelectedText(WindowOf(WindowId::Main), 5001), L"Night_shift");
-
     Do({{kEditorScheme, L"Minimum"}});
     EXPECT_TRUE(IsShown(kApplyScheme));
     Do({{kApplyScheme}});
@@ -86,17 +59,16 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
     EXPECT_FALSE(IsShown(kApplyScheme));
 
     boxes.Expect({{L"Delete Scheme",
-        L"Are you sure you want to delete the power scheme 'Night_shift'?\n Press 'Yes' to continue..", Answer::Yes}});
+                      L"Are you sure you want to delete the power scheme 'Night_shift'?\n Press 'Yes' to continue..",
+                      Answer::Yes},
+        {L"Delete Policy", L"Are you sure you want to delete the policy 'Nightly_Backup'?\n Press 'Yes' to Continue..",
+            Answer::Yes}});
     Do({{kEditorScheme, L"Night_shift"}, {kDeleteScheme}});
     ExpectSent(L"DeleteScheme", L"scheme=Night_shift");
-    EXPECT_EQ(EntriesOf(kEditorScheme),
-        (Operations{L"Balanced", L"MaxPowerSaver", L"Minimum", L"Baseline", L"Office_Hours"}));
-
-    boxes.Expect({{L"Delete Policy",
-        L"Are you sure you want to delete the policy 'Nightly_Backup'?\n Press 'Yes' to Continue..", Answer::Yes}});
+    EXPECT_EQ(ComboBox_GetCount(In(kEditorScheme)), 5);
     Do({{kPolicyList, L"Nightly_Backup"}, {kDeletePolicy}});
     ExpectSent(L"DeletePolicy", L"policy=Nightly_Backup");
-    EXPECT_EQ(EntriesOf(kPolicyList), (Operations{L"(None)", L"Presentations"}));
+    EXPECT_EQ(ComboBox_GetCount(In(kPolicyList)), 2);
     EXPECT_EQ(Shown(kPolicyList), L"(None)");
     EXPECT_FALSE(IsOn(kEditPolicy) || IsOn(kDeletePolicy));
 }
@@ -140,11 +112,10 @@ TEST_F(SchemeWindow, WhatIsActiveIsNotDeleted)
 TEST(LimitedMachine, ThatCannotSleepShowsDisabled)
 {
     PowerProgram program(L"limited");
-    for (const int id : {kStandbyTime, kHibernateTime})
-        EXPECT_TRUE(ComboBox_GetCount(program.In(id)) == 1 && program.Shown(id) == L"Disabled") << id;
+    EXPECT_EQ(program.Shown(kStandbyTime) + program.Shown(kHibernateTime), L"DisabledDisabled");
     program.Do({{kSaveAndApply}});
-    EXPECT_NE(program.LastRequest(L"ApplyPowerSettings").find(L"<StandBytime>0<"), std::wstring::npos);
-    EXPECT_NE(program.LastRequest(L"ApplyPowerSettings").find(L"<Hibernatetime>0<"), std::wstring::npos);
+    for (const wchar_t* sent : {L"<StandBytime>0<", L"<Hibernatetime>0<"})
+        EXPECT_NE(program.LastRequest(L"ApplyPowerSettings").find(sent), std::wstring::npos) << sent;
 }
 
 TEST_F(SchemeWindow, WhatTheUserDidNotChangeGoesBackAsRead)
@@ -174,12 +145,8 @@ TEST_F(SchemeWindow, NamesAreCheckedTypedAndPasted)
         {{L"a ", kTyping, L"Please follow the rules listed below while entering a 'Scheme Name':\n\n (1) Only"},
             {L"", L"Blank Input "}, {L"bALANCED", L"Scheme name already present "}});
     EXPECT_EQ(LastRequest(L"CreateScheme"), L"");
-    const std::wstring longName = L"abcdefghijklmnopqrstuvwxyz0123456789";
-    TypeUnits(kNewSchemeName, longName);
-    EXPECT_EQ(Shown(kNewSchemeName), longName.substr(0, 32));
-    SetText(WindowOf(kEditor), kNewSchemeName, longName);
-    Do({{kSaveNewScheme}});
-    EXPECT_EQ(ChildText(Machine().schemes.back(), 0), longName.substr(0, 32));
+    TypeUnits(kNewSchemeName, L"abcdefghijklmnopqrstuvwxyz0123456789");
+    EXPECT_EQ(Shown(kNewSchemeName), L"abcdefghijklmnopqrstuvwxyz012345");
 }
 
 TEST_F(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
@@ -188,7 +155,6 @@ TEST_F(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
         AnswerWith(L"QueryPowerScheme", answer);
         Do({{kEditorScheme, L"Baseline"}});
         EXPECT_EQ(Shown(kEditorScheme) + Shown(kDim), L"BalancedAfter 5 Mins");
-        EXPECT_FALSE(IsShown(kApplyScheme));
     }
     // Current settings that cannot be read leave what is on screen, which is not sent again before a readable answer.
     for (const wchar_t* answer : {kMalformed, L"Failure"}) {
@@ -200,37 +166,28 @@ TEST_F(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
         connection.connected = false;
         Do({{kEditorRefresh}});
         EXPECT_TRUE(IsOn(kSaveAndApply) && IsOn(kSaveNewScheme));
-        EXPECT_EQ(EntriesOf(kPolicyList), Operations{L"(None)"});
+        EXPECT_EQ(ComboBox_GetCount(In(kPolicyList)), 1); // "(None)"
     }
 }
 
 TEST_F(SchemeWindow, ModesAndTheWaysOut)
 {
-    SetForegroundWindow(WindowOf(kEditor));
-    SetFocus(In(kEditorScheme));
-    ClickTab(In(kSchemeTab), 1);
-    EXPECT_TRUE(IsOpen(kPowerOffPage) && !IsOpen(kDisplayPage));
-    ClickTab(In(kSchemeTab), 0);
-    EXPECT_TRUE(IsOpen(kDisplayPage) && !IsOpen(kPowerOffPage));
     Do({{kDim, L"After 20 Mins"}, {kNewScheme}});
-    EXPECT_TRUE(IsShown(kNewSchemeName) && IsShown(kSaveNewScheme));
-    EXPECT_FALSE(IsOn(kSaveAndApply) || IsOn(kDeleteScheme));
-    EXPECT_EQ(Shown(kDim), L"After 20 Mins");
+    EXPECT_TRUE(IsShown(kNewSchemeName) && IsShown(kSaveNewScheme) && !IsOn(kSaveAndApply) && !IsOn(kDeleteScheme));
     Do({{kEditSettings}});
     EXPECT_FALSE(IsShown(kNewSchemeName) || IsShown(kSaveNewScheme));
-    EXPECT_TRUE(IsOn(kSaveAndApply));
-
-    Agent().ClearRequests();
+    EXPECT_EQ(Shown(kDim), L"After 20 Mins");
+    SetForegroundWindow(WindowOf(kEditor));
+    SetFocus(In(kEditorScheme));
     Press(VK_RETURN);
     EXPECT_FALSE(IsOpen(kEditor));
     EXPECT_EQ(WaitForSingleObject(SchemeWindowClosed(), 0), WAIT_OBJECT_0);
     EXPECT_EQ(TakeOperations(), Operations{});
-    Command(WindowId::Main, 9002);
+    MainCommand(kPowerScheme);
     EXPECT_EQ(TakeOperations(), kReload);
     EXPECT_EQ(Shown(kDim), L"After 5 Mins");
     EXPECT_EQ(WaitForSingleObject(SchemeWindowClosed(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
     Press(VK_ESCAPE);
-    EXPECT_FALSE(IsOpen(kEditor));
     EXPECT_EQ(TakeOperations(), kAfterSaving);
 }
 

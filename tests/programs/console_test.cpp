@@ -11,10 +11,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace voltaro {
 namespace {
+
+using simulator::FaultKind;
 
 HWND MainWindow()
 {
@@ -34,6 +37,13 @@ bool IsConnected()
     return MainWindow() && HostLine().starts_with(L"Hostname :");
 }
 
+void AnswerBox(const wchar_t* caption, WPARAM button)
+{
+    HWND box = nullptr;
+    ASSERT_TRUE(WaitFor([&] { return (box = FindWindowW(L"#32770", caption)) != nullptr; }, 20'000));
+    PostMessageW(box, WM_COMMAND, button, 0);
+}
+
 // One console process; ended by force when a test leaves it running.
 class Console {
 public:
@@ -51,8 +61,6 @@ public:
         m_process = UniqueHandle(made.hProcess);
     }
     ~Console() { TerminateProcess(m_process.Get(), 9); }
-    Console(const Console&) = delete;
-    Console& operator=(const Console&) = delete;
 
     // The exit code once the program has ended, -1 when it has not within that time.
     [[nodiscard]] int ExitCode(unsigned milliseconds) const
@@ -68,168 +76,95 @@ private:
     UniqueHandle m_process;
 };
 
-class ConsoleTest : public testing::Test {
-protected:
+struct ConsoleTest : testing::Test {
     ConsoleTest()
     {
         EXPECT_TRUE(agent.Start());
         Install(L"voltaro_program", agent.Port());
     }
-    // Gives a command that ends in a request which the agent never answers.
-    void HangIn(int command, const wchar_t* operation)
+    bool HasAsked(std::wstring_view operation) const
     {
-        agent.SetFault(operation, {simulator::FaultKind::Silent, {}});
-        agent.ClearRequests();
-        PostMessageW(MainWindow(), WM_COMMAND, static_cast<WPARAM>(command), 0);
-        ASSERT_TRUE(WaitFor([&] { return LastOperation() == operation; }, 3'000));
-    }
-    std::wstring LastOperation() const
-    {
-        const auto requests = agent.Requests();
-        return requests.empty() ? std::wstring() : requests.back().operation;
-    }
-    // The console tells the shell to take its icon away as the last thing; a crash would leave it there.
-    void ExpectNoIcon() const
-    {
-        ASSERT_FALSE(tray.Calls().empty());
-        EXPECT_EQ(tray.Last().what, static_cast<ULONG_PTR>(NIM_DELETE));
+        return std::ranges::any_of(
+            agent.Requests(), [&](const auto& request) { return request.operation == operation; });
     }
 
     simulator::AgentServer agent;
     FakeTray tray;
 };
 
-TEST_F(ConsoleTest, StartsConnectsAndStaysTheOnlyOne)
+TEST_F(ConsoleTest, StartsConnectsAndIsRestoredByASecondStart)
 {
     const Console console;
-    ASSERT_TRUE(WaitFor(IsConnected, 20'000)) << HostLine().c_str();
-    EXPECT_TRUE(WaitFor([] { return IsWindowEnabled(MainWindow()) != FALSE; }, 2'000));
-    EXPECT_FALSE(IsIconic(MainWindow()));
-
-    ShowWindowAsync(MainWindow(), SW_MINIMIZE);
-    ASSERT_TRUE(WaitFor([] { return IsIconic(MainWindow()) != FALSE; }, 2'000));
-    const Console second;
-    EXPECT_EQ(second.ExitCode(10'000), 0);
-    EXPECT_TRUE(WaitFor([] { return !IsIconic(MainWindow()); }, 2'000));
-    EXPECT_EQ(console.ExitCode(0), -1);
-}
-
-TEST_F(ConsoleTest, ClosesByItselfWhenTheQuestionIsNotAnswered)
-{
-    const Console console;
-    ASSERT_TRUE(WaitFor(IsConnected, 20'000));
-    PostMessageW(MainWindow(), WM_CLOSE, 0, 0);
-    EXPECT_EQ(console.ExitCode(4'000), -1);
-    EXPECT_EQ(console.ExitCode(6'000), 0);
-}
-
-TEST_F(ConsoleTest, StaysAliveAndEndsWithTheSessionDuringAHungRequest)
-{
-    const std::tuple<int, const wchar_t*, LPARAM> kRows[]
-        = {{kRefresh, L"GetPowerSchemes", static_cast<LPARAM>(ENDSESSION_LOGOFF)},
-            {kUpdate, L"CheckForUpdates", ENDSESSION_CLOSEAPP}};
-    for (const auto& [command, operation, reason] : kRows) {
-        agent.ClearFaults();
-        const Console console;
-        ASSERT_TRUE(WaitFor(IsConnected, 20'000));
-        HangIn(command, operation);
-        int answered = 0;
-        for (int i = 0; i < 20; ++i) {
-            answered += SendMessageTimeoutW(MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 50, nullptr) != 0 ? 1 : 0;
-            Sleep(20);
-        }
-        EXPECT_EQ(answered, 20);
-        for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION})
-            SendMessageTimeoutW(MainWindow(), message, TRUE, reason, SMTO_NORMAL, 2'000, nullptr);
-        EXPECT_EQ(console.ExitCode(2'000), 0);
-        ExpectNoIcon();
-    }
-}
-
-TEST_F(ConsoleTest, ClosesDuringAnUpdateCheck)
-{
-    const Console console;
-    ASSERT_TRUE(WaitFor(IsConnected, 20'000));
-    HangIn(kUpdate, L"CheckForUpdates");
-    PostMessageW(MainWindow(), WM_COMMAND, kTrayClose, 0);
-    HWND box = nullptr;
-    ASSERT_TRUE(WaitFor([&] { return (box = FindWindowW(L"#32770", L"Close Voltaro Console ?")) != nullptr; }, 3'000));
-    PostMessageW(box, WM_COMMAND, IDYES, 0);
-    EXPECT_EQ(console.ExitCode(2'000), 0);
-    ExpectNoIcon();
-}
-
-// Ends of the program and of the session wherever a request happens to be, from the first one of the start on. The user
-// is asked once the user-interface thread's own request is over; the session waits for nothing.
-TEST_F(ConsoleTest, EndsAtAnyPointOfARequest)
-{
-    constexpr int kCommands[] = {kRefresh, kUpdate, kReinitialize, kSavingsReport, kJobScheduler, 0};
-    constexpr std::pair<simulator::FaultKind, const wchar_t*> kFaults[] = {{simulator::FaultKind::None, L""},
-        {simulator::FaultKind::Late, L"300"}, {simulator::FaultKind::Slow, L"50"}, {simulator::FaultKind::Silent, L""}};
-    std::mt19937 random(Seed());
-    const int rounds = IsLongRun() ? 100 : 4;
-    for (int i = 0; i < rounds; ++i) {
-        SCOPED_TRACE(i);
-        const bool sessionEnds = i % 2 == 1;
-        const auto& [kind, argument] = kFaults[random() % (sessionEnds ? 4 : 3)];
-        agent.SetFault(L"*", {i % 4 < 2 ? kind : simulator::FaultKind::None, argument});
-        const Console console;
-        ASSERT_TRUE(WaitFor([&] { return !agent.Requests().empty(); }, 60'000)) << HostLine() << MainWindow();
-        if (i % 4 >= 2) {
-            ASSERT_TRUE(WaitFor(IsConnected, 60'000)) << HostLine();
-            agent.SetFault(L"*", {kind, argument});
-            PostMessageW(MainWindow(), WM_COMMAND, static_cast<WPARAM>(kCommands[random() % 6]), 0);
-        }
-        Sleep(random() % 400);
-        HWND box = nullptr;
-        if (!sessionEnds) {
-            PostMessageW(MainWindow(), WM_COMMAND, kTrayClose, 0);
-            ASSERT_TRUE(
-                WaitFor([&] { return (box = FindWindowW(L"#32770", L"Close Voltaro Console ?")) != nullptr; }, 20'000));
-            PostMessageW(box, WM_COMMAND, IDYES, 0);
-        }
-        for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION})
-            SendMessageTimeoutW(sessionEnds ? MainWindow() : nullptr, message, TRUE,
-                static_cast<LPARAM>(ENDSESSION_LOGOFF), SMTO_NORMAL, 2'000, nullptr);
-        const ULONGLONG start = GetTickCount64();
-        EXPECT_EQ(console.ExitCode(30'000), 0);
-        EXPECT_LE(GetTickCount64() - start, 2'000U);
-        ExpectNoIcon();
-        agent.ClearRequests();
-    }
-}
-
-TEST_F(ConsoleTest, ASecondStartRestoresAConsoleThatIsPausedOrBusy)
-{
-    const Console console;
-    ASSERT_TRUE(WaitFor(IsConnected, 20'000));
-    ASSERT_TRUE(WaitFor([&] { return LastOperation() == L"GetPatchDetails"; }, 2'000));
+    ASSERT_TRUE(WaitFor(IsConnected, 20'000)) << HostLine();
+    ASSERT_TRUE(WaitFor([&] { return HasAsked(L"GetPatchDetails"); }, 2'000));
+    EXPECT_TRUE(IsWindowEnabled(MainWindow()) && !IsIconic(MainWindow()));
     agent.ClearRequests();
     PostMessageW(MainWindow(), WM_COMMAND, kPauseOneHour, 0);
     ASSERT_TRUE(WaitFor([&] { return tray.Last().tooltip == L"Voltaro Paused"; }, 2'000));
     EXPECT_FALSE(IsWindowVisible(MainWindow()));
     const std::size_t calls = tray.Calls().size();
     for (const bool busy : {false, true}) {
-        if (busy)
-            HangIn(kRefresh, L"GetPowerSchemes");
+        if (busy) {
+            agent.SetFault(L"GetPowerSchemes", {FaultKind::Silent, {}}); // never answered
+            agent.ClearRequests();
+            PostMessageW(MainWindow(), WM_COMMAND, kRefresh, 0);
+            ASSERT_TRUE(WaitFor([&] { return HasAsked(L"GetPowerSchemes"); }, 3'000));
+        }
+        ShowWindowAsync(MainWindow(), SW_MINIMIZE);
         const Console second;
-        EXPECT_EQ(second.ExitCode(5'000), 0);
-        EXPECT_TRUE(WaitFor([] { return IsWindowVisible(MainWindow()) != FALSE; }, 2'000));
+        EXPECT_EQ(second.ExitCode(10'000), 0);
+        EXPECT_TRUE(WaitFor([] { return IsWindowVisible(MainWindow()) && !IsIconic(MainWindow()); }, 2'000));
         EXPECT_EQ(agent.Requests().size(), 1U); // the pause's; the hung one's
     }
     EXPECT_EQ(tray.Calls().size(), calls);
     EXPECT_EQ(console.ExitCode(0), -1);
 }
 
+// Ends of the program and of the session wherever a request happens to be, from the first one of the start on. The user
+// is asked once the user-interface thread's own request is over; the session waits for nothing.
+TEST_F(ConsoleTest, EndsAtAnyPointOfARequest)
+{
+    constexpr WPARAM kCommands[] = {kRefresh, kUpdate, kReinitialize, kSavingsReport, kJobScheduler, 0};
+    const simulator::Fault kFaults[]
+        = {{FaultKind::None, {}}, {FaultKind::Late, L"300"}, {FaultKind::Slow, L"50"}, {FaultKind::Silent, {}}};
+    std::mt19937 random(Seed());
+    const int rounds = IsLongRun() ? 100 : 4;
+    for (int i = 0; i < rounds; ++i) {
+        SCOPED_TRACE(i);
+        const bool sessionEnds = i % 2 == 1, whileStarting = i % 4 < 2;
+        const simulator::Fault fault = kFaults[random() % (sessionEnds ? 4 : 3)];
+        agent.SetFault(L"*", whileStarting ? fault : kFaults[0]);
+        const Console console;
+        ASSERT_TRUE(WaitFor([&] { return !agent.Requests().empty(); }, 60'000)) << HostLine();
+        if (!whileStarting) {
+            ASSERT_TRUE(WaitFor(IsConnected, 60'000)) << HostLine();
+            agent.SetFault(L"*", fault);
+            PostMessageW(MainWindow(), WM_COMMAND, kCommands[random() % 6], 0);
+        }
+        for (auto naps = random() % 20; naps > 0; --naps) {
+            EXPECT_TRUE(SendMessageTimeoutW(MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 1'000, nullptr)) << "it is alive";
+            Sleep(20);
+        }
+        if (sessionEnds) {
+            const LPARAM reason = whileStarting ? ENDSESSION_CLOSEAPP : static_cast<LPARAM>(ENDSESSION_LOGOFF);
+            for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION})
+                SendMessageTimeoutW(MainWindow(), message, TRUE, reason, SMTO_NORMAL, 2'000, nullptr);
+        } else {
+            PostMessageW(MainWindow(), WM_COMMAND, kTrayClose, 0);
+            AnswerBox(L"Close Voltaro Console ?", IDYES);
+        }
+        EXPECT_EQ(console.ExitCode(2'000), 0);
+        ASSERT_FALSE(tray.Calls().empty());
+        EXPECT_EQ(tray.Last().what, static_cast<ULONG_PTR>(NIM_DELETE)) << "a crash would leave the icon";
+        agent.ClearRequests();
+    }
+}
+
 TEST(ConsoleStartTest, EndsWithoutAnInstallation)
 {
     SetEnvironmentVariableW(L"VOLTARO_HOME", nullptr);
     const Console console;
-    HWND box = nullptr;
-    ASSERT_TRUE(WaitFor(
-        [&] { return (box = FindWindowW(nullptr, L"Could not read Environment variable 'VOLTARO_HOME'")) != nullptr; },
-        10'000));
-    PostMessageW(box, WM_COMMAND, IDOK, 0);
+    AnswerBox(L"Could not read Environment variable 'VOLTARO_HOME'", IDOK);
     EXPECT_EQ(console.ExitCode(3'000), 0);
     EXPECT_EQ(MainWindow(), nullptr);
 }

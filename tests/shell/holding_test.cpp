@@ -14,25 +14,7 @@ namespace voltaro {
 
 struct HoldingTest : testing::Test, LoadedProgram { };
 
-TEST_F(HoldingTest, AboutKeepsTheMainWindowThatItTookOverAnOpenBox)
-{
-    Agent().Stop();
-    static int told = 0;
-    told = 0;
-    platformCalls.showMessageBox = [](const BoxCall& call) {
-        if (call.caption == L"Connection Issue" && told++ == 0)
-            SendMessageW(WindowOf(WindowId::Main), WM_COMMAND, kTrayAbout, 0);
-        return Answer::Ok;
-    };
-    MainCommand(kReinitialize);
-    EXPECT_EQ(told, 1);
-    ASSERT_NE(AboutWindow(), nullptr);
-    EXPECT_FALSE(IsEnabled(main) || IsConsoleReady());
-    SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
-    EXPECT_TRUE(IsMainFree());
-}
-
-TEST_F(HoldingTest, AnOpenBoxKeepsItsOwnerWhenAboutCloses)
+TEST_F(HoldingTest, AboutAndABoxHoldTheMainWindowEachForItself)
 {
     platformCalls.showMessageBox = [](const BoxCall& call) {
         EnableWindow(call.owner, FALSE); // as Windows does
@@ -43,6 +25,17 @@ TEST_F(HoldingTest, AnOpenBoxKeepsItsOwnerWhenAboutCloses)
     };
     MainCommand(kTrayClose);
     EXPECT_TRUE(IsMainFree());
+    platformCalls.showMessageBox = [](const BoxCall&) {
+        SendMessageW(WindowOf(WindowId::Main), WM_COMMAND, kTrayAbout, 0);
+        return Answer::Ok;
+    };
+    Agent().Stop();
+    MainCommand(kReinitialize);
+    ASSERT_NE(AboutWindow(), nullptr);
+    EXPECT_FALSE(IsEnabled(main) || IsConsoleReady());
+    platformCalls.showMessageBox = FailOnBox;
+    SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(IsMainFree());
 }
 
 TEST_F(HoldingTest, ALossIsToldByABoxThatIsSeen)
@@ -50,7 +43,7 @@ TEST_F(HoldingTest, ALossIsToldByABoxThatIsSeen)
     static HWND owner;
     platformCalls.showMessageBox = [](const BoxCall& call) {
         owner = call.owner;
-        EXPECT_FALSE(IsHeld(Operation::GetSavingsTillDate));
+        EXPECT_FALSE(IsHeld(Operation::GetSavingsTillDate) || IsHeld(Operation::GetPolicies));
         return Answer::Ok;
     };
     OnAgentLost();
@@ -62,12 +55,16 @@ TEST_F(HoldingTest, ALossIsToldByABoxThatIsSeen)
         EXPECT_EQ(owner, nullptr);
     }
     owner = main;
+    connection.connected = true;
     std::thread(OnAgentLost).join();
     connection.connected = true; // the user has reconnected before the loss is told
     Pump();
     EXPECT_EQ(owner, main);
     Agent().Stop();
     static_cast<void>(SendOrLose(Plain(Operation::GetSavingsTillDate))); // two boxes, its own and the loss
+    connection.connected = true;
+    static_cast<void>(SendOrLose(Plain(Operation::GetPolicies))); // the loss alone
+    EXPECT_EQ(owner, nullptr);
 }
 
 // A request that could not be sent says nothing about the agent; a member's own box comes before the loss.

@@ -25,7 +25,6 @@ static std::wstring LookFor(int hours)
     return ticks + L" grey, resume usable usable, Voltaro Paused";
 }
 
-// A program with its tray icon, loaded and running, and what pausing changes about it.
 struct PauseTest : testing::Test, LoadedProgram {
     PauseTest() { AddTrayIcon(main); }
     ~PauseTest() override { RemoveTrayIcon(); }
@@ -41,11 +40,9 @@ struct PauseTest : testing::Test, LoadedProgram {
         look += Format(L" %ls, resume %ls %ls, %ls", Usable(PauseMenu(), kPauseOneHour), Usable(MainMenuBar(), kResume),
             Usable(TrayMenu(), kResume), tray.Last().tooltip.c_str());
         EXPECT_EQ(tray.Last().icon == tray.Calls()[0].icon, look[6] == L'u');
-        EXPECT_EQ(ResumeTip().empty(), look[6] == L'u');
-        EXPECT_TRUE(IsOn(WindowId::Main, kResumeButton));
+        EXPECT_EQ(*TooltipOf(ControlOf(main, kResumeButton)) == L'\0', look[6] == L'u');
         return look;
     }
-    std::wstring ResumeTip() const { return TooltipOf(ControlOf(main, kResumeButton)); }
 
     FakeTray tray;
 };
@@ -64,7 +61,6 @@ TEST_F(PauseTest, ShowsEveryStatusThatTheAgentReports)
         MainCommand(kRefresh);
         EXPECT_EQ(Look(), LookFor(row.hours)) << row.status;
         EXPECT_EQ(notPaused, row.hours == 0);
-        EXPECT_TRUE(row.hours != 1 || ResumeTip().starts_with(L"Paused for 1 hour, read at")) << ResumeTip();
     }
 }
 
@@ -74,9 +70,8 @@ TEST_F(PauseTest, AsksForTheHoursChosen)
         MainCommand(kPauseNone + hours);
         EXPECT_EQ(Look(), LookFor(hours));
         ExpectSent(L"Pause", Format(L"duration=%d", hours));
-        EXPECT_FALSE(IsOpen(WindowId::Main) || IsOn(WindowId::Main, kChange) || notPaused);
+        EXPECT_FALSE(IsOpen(WindowId::Main) || IsOn(WindowId::Main, kChange));
         MainCommand(hours % 2 ? kResume : kResumeButton);
-        EXPECT_EQ(Look(), kRunning);
         EXPECT_TRUE(IsOn(WindowId::Main, kChange) && !notPaused); // until the next status is read
     }
 }
@@ -102,22 +97,23 @@ TEST_F(PauseTest, AnAnswerThatIsNoSuccessChangesNothing)
             {L"License Expired", {L"Unable to pause", L"'Localhost' has expired"}, kLicenseToo}, {L"Later", {}, kAsked},
             {L"", {}, kAsked}, {kMalformed, {}, kAsked}, {kNoAnswer, {}, kAsked}};
     for (const auto& [status, box, asked] : kRows) {
-        const BoxScript script{box};
+        boxes.Expect({box});
         AnswerWith(L"Pause", status);
         MainCommand(kPauseOneHour);
         EXPECT_EQ(Look(), kRunning);
-        EXPECT_TRUE(IsOpen(WindowId::Main) && IsOn(WindowId::Main, kChange));
+        EXPECT_TRUE(IsOpen(WindowId::Main));
         EXPECT_EQ(TakeOperations(), asked);
     }
 }
 
 TEST_F(PauseTest, ResumeShowsTheRunningStateWhateverIsAnswered)
 {
-    for (const wchar_t* status : {L"success", L"failure", L"Not Activated", L"", kMalformed, kNoAnswer}) {
+    const std::pair<const wchar_t*, ExpectedBox> kRows[]
+        = {{L"success", {}}, {L"failure", {L"Resume Failed", L"Could not Resume"}}, {L"Not Activated", {}}, {L"", {}},
+            {kMalformed, {}}, {kNoAnswer, {}}};
+    for (const auto& [status, box] : kRows) {
         MainCommand(kPauseFiveHours);
-        ASSERT_EQ(Look(), LookFor(5));
-        const bool refused = std::wstring_view(status) == L"failure";
-        const BoxScript script{{refused ? L"Resume Failed" : L"", L"Could not Resume"}};
+        boxes.Expect({box});
         AnswerWith(L"Resume", status);
         MainCommand(kResume);
         EXPECT_EQ(Look(), kRunning);

@@ -99,6 +99,11 @@ Counts CountAll()
 
 } // namespace
 
+Objects OpenObjects()
+{
+    return {kCounters[0].count(), kCounters[1].count(), kCounters[2].count()};
+}
+
 void ExpectNoGrowth(const char* what, const std::function<Left(int share)>& work)
 {
     Counts least;

@@ -17,6 +17,12 @@ struct Left {
 // smallest growth of each kind is printed.
 void ExpectNoGrowth(const char* what, const std::function<Left(int share)>& work);
 
+// What this process holds open.
+struct Objects {
+    long long gdi, user, handles;
+};
+[[nodiscard]] Objects OpenObjects();
+
 // Whether this is the long run (./run soak) instead of the one that belongs to the tests.
 [[nodiscard]] inline bool IsLongRun()
 {

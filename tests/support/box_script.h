@@ -1,10 +1,14 @@
 #pragma once
 
+#include "base/ansi.h"
 #include "ui/boxes.h"
+
+#include <gtest/gtest.h>
 
 #include <initializer_list>
 #include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace voltaro {
@@ -16,31 +20,58 @@ struct ExpectedBox {
     Answer answer = Answer::Ok;
 };
 
+// Between scripts every box fails the test.
+inline Answer FailOnBox(const BoxCall& call)
+{
+    ADD_FAILURE() << "unexpected box " << Narrowed(call.caption) << ": " << Narrowed(call.text);
+    return call.buttons == BoxButtons::Ok ? Answer::Ok : Answer::No;
+}
+
 // While it lives, boxes are answered from the script in order instead of being shown. A box that is not expected next
 // fails the test and is answered with Ok or No; boxes that never came fail it at the end.
 class BoxScript {
 public:
-    BoxScript(std::initializer_list<ExpectedBox> boxes = {});
-    ~BoxScript();
-    BoxScript(const BoxScript&) = delete;
-    BoxScript& operator=(const BoxScript&) = delete;
+    BoxScript(std::initializer_list<ExpectedBox> boxes = {}) { Expect(boxes); }
+    ~BoxScript()
+    {
+        ExpectAllSeen();
+        script = m_outer;
+        platformCalls.showMessageBox = m_before;
+    }
 
     // Adds boxes for the next step of a test.
-    void Expect(std::initializer_list<ExpectedBox> boxes);
+    void Expect(std::initializer_list<ExpectedBox> boxes)
+    {
+        const std::lock_guard lock(m_mutex);
+        std::ranges::copy_if(boxes, std::back_inserter(m_boxes), [](const auto& box) { return !box.caption.empty(); });
+    }
     // Fails the test if an expected box has not come so far.
-    void ExpectAllSeen();
+    void ExpectAllSeen()
+    {
+        const std::lock_guard lock(m_mutex);
+        for (; m_next < m_boxes.size(); ++m_next)
+            ADD_FAILURE() << "no box " << Narrowed(m_boxes[m_next].caption) << ": " << Narrowed(m_boxes[m_next].text);
+    }
 
 private:
-    friend Answer AnswerFromScript(const BoxCall& call);
+    Answer AnswerNext(const BoxCall& call)
+    {
+        const std::lock_guard lock(m_mutex);
+        const ExpectedBox* next = m_next < m_boxes.size() ? &m_boxes[m_next] : nullptr;
+        if (!next || call.caption != next->caption || call.text.find(next->text) == std::wstring::npos)
+            return FailOnBox(call);
+        ++m_next;
+        return next->answer;
+    }
+
+    static inline BoxScript* script = nullptr;
 
     std::mutex m_mutex; // workers show boxes too
     std::vector<ExpectedBox> m_boxes;
     std::size_t m_next = 0;
-    BoxScript* m_outer;
-    decltype(PlatformCalls::showMessageBox) m_before;
+    BoxScript* m_outer = std::exchange(script, this);
+    decltype(PlatformCalls::showMessageBox) m_before
+        = std::exchange(platformCalls.showMessageBox, [](const BoxCall& call) { return script->AnswerNext(call); });
 };
-
-// Between scripts every box fails the test.
-Answer FailOnBox(const BoxCall& call);
 
 } // namespace voltaro

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "base/windows_api.h"
+#include "ui/window_class.h"
 
+#include <cstddef>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -21,8 +23,14 @@ struct TrayCall {
 // alone: the form of the calls is the platform's own affair.
 class FakeTray {
 public:
-    FakeTray();
-    ~FakeTray();
+    FakeTray()
+    {
+        static_cast<void>(RegisterWindow(L"Shell_TrayWnd", &Procedure, 0)); // at the first time
+        m_window = CreateWindowExW(
+            WS_EX_TOPMOST, L"Shell_TrayWnd", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, Instance(), nullptr);
+        SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    }
+    ~FakeTray() { DestroyWindow(m_window); }
     FakeTray(const FakeTray&) = delete;
     FakeTray& operator=(const FakeTray&) = delete;
 
@@ -33,7 +41,29 @@ public:
     [[nodiscard]] const TrayCall& Last() const { return m_calls.back(); }
 
 private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+    // How a call comes: this head, then the icon's pixels.
+    struct WireCall {
+        DWORD window;
+        UINT id, flags, callback;
+        wchar_t tooltip[128];
+        std::byte rest[8 + 512 + 4 + 128 + 4 + 16 + 16]; // state, balloon, identifier, the icon's size
+    };
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l)
+    {
+        auto* self = reinterpret_cast<FakeTray*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        if (message != WM_COPYDATA || self == nullptr)
+            return DefWindowProcW(window, message, w, l);
+        const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(l);
+        WireCall call{};
+        if (data->cbData < sizeof call || (self->m_refuses && data->dwData == NIM_ADD))
+            return FALSE;
+        std::memcpy(&call, data->lpData, sizeof call);
+        const auto* bytes = static_cast<const char*>(data->lpData);
+        self->m_calls.push_back({data->dwData, call.window, call.id, call.callback, call.tooltip,
+            std::string(bytes + sizeof call, bytes + data->cbData)});
+        return TRUE;
+    }
 
     std::vector<TrayCall> m_calls;
     HWND m_window;

@@ -19,19 +19,7 @@
 #include "support/installation.h"
 #include "ui/ui_thread.h"
 
-#include <memory>
-
 namespace voltaro {
-namespace {
-
-template <class State>
-void Renew(State& state)
-{
-    std::destroy_at(&state);
-    std::construct_at(&state);
-}
-
-} // namespace
 
 ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     : m_agent(scenario)
@@ -60,10 +48,11 @@ ConsoleProgram::~ConsoleProgram()
     windowHandles = {};
     connection.connected = false;
     connection.detailsAnswered = false;
-    Renew(agentRecords);
-    Renew(hostSettings);
-    Renew(proxySettings);
-    Renew(savedProfile);
+    std::destroy_at(&agentRecords);
+    std::construct_at(&agentRecords);
+    hostSettings = {};
+    proxySettings = {};
+    savedProfile = {};
     notPaused = false;
     updateBusy = false;
     trayRestoreAllowed = false;
@@ -132,18 +121,12 @@ Operations ConsoleProgram::TakeOperations()
 
 std::wstring ConsoleProgram::LastRequest(std::wstring_view operation)
 {
-    const std::vector<simulator::ReceivedRequest> requests = m_agent.Requests();
-    const auto found = std::find_if(
-        requests.rbegin(), requests.rend(), [&](const auto& request) { return request.operation == operation; });
-    if (found == requests.rend())
-        return {};
-    std::wstring text = found->text;
+    std::wstring text;
+    for (const simulator::ReceivedRequest& request : m_agent.Requests())
+        text = request.operation == operation ? request.text : text;
+    constexpr std::size_t kTag = 11, kIdentifier = 38;
     const std::size_t at = text.find(L"<MessageId>");
-    constexpr std::size_t kTag = 11;
-    constexpr std::size_t kIdentifier = 38;
-    if (at != std::wstring::npos && text.size() > at + kTag + kIdentifier)
-        text.replace(at + kTag, kIdentifier, L"{ID}");
-    return text;
+    return at != std::wstring::npos ? text.replace(at + kTag, kIdentifier, L"{ID}") : text;
 }
 
 void ConsoleProgram::ExpectSent(const std::wstring& operation, const std::wstring& fields)
@@ -170,7 +153,6 @@ void ConsoleProgram::AnswerWith(std::wstring_view operation, std::wstring_view a
 void ConsoleProgram::ExpectAnswers(const Change& change, const std::function<void()>& make)
 {
     const std::wstring gate = L"GetActivationstatus", operation = change.operation;
-    const std::wstring& unlicensed = change.unlicensed.empty() ? change.failed.caption : change.unlicensed;
     const auto sent = [&](Operations readAgain) {
         readAgain.insert(readAgain.begin(), {gate, operation});
         return readAgain;
@@ -178,7 +160,6 @@ void ConsoleProgram::ExpectAnswers(const Change& change, const std::function<voi
     const ExpectedBox& odd = change.lenient ? change.done : change.failed;
     const ExpectedBox& denied = change.denied.caption.empty() ? odd : change.denied;
     const Operations readAfterOdd = change.lenient ? change.readAfterSuccess : Operations();
-    const Operations readAfterDenied = change.lenient ? change.readAfterSuccess : change.readAfterOthers;
     const struct {
         const std::wstring& operation;
         const wchar_t* answer;
@@ -186,12 +167,12 @@ void ConsoleProgram::ExpectAnswers(const Change& change, const std::function<voi
         Operations asked;
     } rows[] = {
         {operation, L"Failure", change.failed, sent({})},
-        {operation, L"Permission denied", denied, sent(readAfterDenied)},
+        {operation, L"Permission denied", denied, sent(change.lenient ? readAfterOdd : change.readAfterOthers)},
         {operation, kNoStatus, odd, sent(readAfterOdd)},
         {operation, L"Success", change.done, sent(change.readAfterSuccess)},
         {operation, L"success", change.done, sent(change.readAfterSuccess)},
-        {operation, L"Not Activated", {unlicensed, L"'Localhost' is not activated."}, sent({gate})},
-        {gate, L"License Expired", {unlicensed, L"The license of Voltaro on 'Localhost' has expired."}, {gate}},
+        {operation, L"Not Activated", {change.unlicensed, L"'Localhost' is not activated."}, sent({gate})},
+        {gate, L"License Expired", {change.unlicensed, L"The license of Voltaro on 'Localhost' has expired."}, {gate}},
         {operation, kMalformed, odd, sent(readAfterOdd)},
         {operation, kNoAnswer, {L"Connection Issue", L"is not responding"}, sent({})},
     };

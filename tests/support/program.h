@@ -22,23 +22,12 @@
 #include "ui/menus.h"
 #include "ui/tabs.h"
 #include "ui/theme.h"
-#include "ui/tooltip.h"
-#include "ui/waiting.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <variant>
-
-#include <functional>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace voltaro {
 
 using simulator::FaultKind;
-
 using Operations = std::vector<std::wstring>;
 
 inline constexpr wchar_t kMalformed[] = L"<vltp><response><status>Success",
@@ -50,11 +39,11 @@ struct Change {
     const wchar_t* question = nullptr; // asked first and answered with Yes
     ExpectedBox failed{};
     Operations readAfterSuccess{};
-    Operations readAfterOthers{}; // after an answer that says neither
-    ExpectedBox denied{};         // the box for "Permission denied", if it has one of its own
-    ExpectedBox done{};           // the box that tells of success, if there is one
-    std::wstring unlicensed{};    // the caption for a refusal for want of a license; empty: that of `failed`
-    bool lenient = false;         // whatever is not "Failure" counts as done
+    Operations readAfterOthers{};             // after an answer that says neither
+    ExpectedBox denied{};                     // the box for "Permission denied", if it has one of its own
+    ExpectedBox done{};                       // the box that tells of success, if there is one
+    std::wstring unlicensed = failed.caption; // the caption for a refusal for want of a license
+    bool lenient = false;                     // whatever is not "Failure" counts as done
 };
 
 using ControlName = std::variant<int, const wchar_t*>; // a control's id, or the label that the user finds it by
@@ -74,8 +63,6 @@ class ConsoleProgram {
 public:
     explicit ConsoleProgram(const simulator::Scenario& scenario = simulator::DefaultScenario());
     ~ConsoleProgram();
-    ConsoleProgram(const ConsoleProgram&) = delete;
-    ConsoleProgram& operator=(const ConsoleProgram&) = delete;
 
     // The first connection check and load, as start-up runs it.
     void Load();
@@ -87,14 +74,13 @@ public:
         return *m_agent.WithMachine([](simulator::Machine& machine) { return &machine.State(); });
     }
 
-    // Sends a command as a click or a menu choice does, or a control's notification, and serves what follows.
+    // Sends a command as a click, a menu choice or a control's notification does, and serves what follows.
     void Command(WindowId window, int id, int notification = 0);
     void MainCommand(int id) { Command(WindowId::Main, id); }
     // Whether the main window takes input again, nothing lying over it.
     [[nodiscard]] static bool IsMainFree() { return IsEnabled(WindowOf(WindowId::Main)) && IsConsoleReady(); }
     // Does one step after the other as the user does it, the window hearing of each, then serves what follows.
     void Do(std::initializer_list<Step> steps);
-    // Double-clicks a row of a list.
     static void DoubleClick(HWND list, int row);
 
     // A control, what it shows and whether it can be used.

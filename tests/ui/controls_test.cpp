@@ -1,75 +1,49 @@
 #include "ui/controls.h"
 
-#include "support/labelled.h"
 #include "support/test_window.h"
+#include "ui/binding.h"
 #include "ui/combo_box.h"
 #include "ui/menus.h"
 #include "ui/theme.h"
 
 #include <gtest/gtest.h>
 
-#include <iterator>
-
 namespace voltaro {
 
 using enum Kind;
 
-// clang-format off
-constexpr Control kOfEveryKind[] = {
-    {GroupBox, 100, L"Frame", 5, 5, 290, 40}, {TabStopGroupBox, 101, L"Frame", 5, 50, 290, 40},
-    {Label, 102, L"A & B", 10, 20, 100, 16},
-    {Edit, 104, L"one", 10, 100, 100, 20, kPlain, L"Edit"}, {NumberEdit, 105, L"2", 120, 100, 100, 20, kPlain, L"Number"},
-    {PasswordEdit, 106, L"three", 230, 100, 100, 20, kPlain, L"Password"},
-    {PlainEdit, 107, L"plain", 10, 125, 100, 16, kPlain, L"Plain"},
-    {CentredPlainEdit, 108, L"plain", 120, 125, 100, 16, kPlain, L"Centred"},
-    {Combo, 110, L"", 10, 170, 100, 90, kPlain, L"Combo"},
-    {SortedCombo, 111, L"", 120, 170, 100, 90, kPlain, L"Sorted"}, {CheckBox, 112, L"Check", 10, 200, 100, 20},
-    {Radio, 113, L"Radio", 120, 200, 100, 20, kGroup}, {Push, 114, L"Push", 10, 230, 100, 25},
-    {DefaultPush, 115, L"Push", 120, 230, 100, 25}, {BitmapPush, 116, L"Lock", 230, 230, 41, 41},
-    {DefaultBitmapPush, 117, L"Lock", 280, 230, 41, 41}, {Trackbar, 118, L"", 10, 280, 100, 30, kPlain, L"Brightness"},
-    {Progress, 119, L"", 120, 280, 100, 20, kPlain, L"Progress"},
-    {SmoothProgress, 120, L"", 230, 280, 100, 20, kPlain, L"Progress"}, {BusyBar, 127, L"", 340, 280, 80, 20, kPlain, L"Busy"},
-    {ListView, 121, L"List", 10, 320, 150, 80, kPlain, L"Rows"}, {Tab, 122, L"", 170, 320, 150, 80, kPlain, L"Pages"},
-    {TimePicker, 123, L"", 10, 410, 100, 22, kPlain, L"Time"}, {DatePicker, 124, L"", 120, 410, 100, 22, kPlain, L"Date"},
-    {IpAddress, 125, L"", 230, 410, 120, 22, kPlain, L"Address"}, {Link, 126, L"<a>Go</a>", 360, 410, 60, 22},
+enum Id : int {
+    kEdit = 1,
+    kNumber,
+    kPassword,
+    kCombo,
+    kSorted,
+    kAddress,
+    kSlider,
+    kFirst,
+    kSecond,
+    kCheck,
+    kThird,
+    kFourth
 };
-// clang-format on
-static_assert(std::size(kOfEveryKind) == static_cast<std::size_t>(Kind::Link) + 1);
-static_assert(IdsAreUnique(kOfEveryKind) && FitInside(kOfEveryKind, 430, 440));
 
 struct Controls : testing::Test {
-    Controls() { CreateControls(m_all.Get(), kOfEveryKind, WindowFont()); }
-    HWND Of(int id) { return ControlOf(m_all.Get(), id); }
+    Controls()
+    {
+        constexpr Control kRows[] = {{Edit, kEdit, L"one", 10, 0, 90, 20}, {NumberEdit, kNumber, L"2", 10, 30, 90, 20},
+            {PasswordEdit, kPassword, L"three", 10, 60, 90, 20}, {Combo, kCombo, L"", 10, 90, 90, 90},
+            {SortedCombo, kSorted, L"", 10, 120, 90, 90}, {IpAddress, kAddress, L"", 110, 0, 90, 20},
+            {Trackbar, kSlider, L"", 110, 30, 90, 20}, {Radio, kFirst, L"a", 10, 150, 90, 20, kGroup},
+            {Radio, kSecond, L"b", 10, 180, 90, 20}, {CheckBox, kCheck, L"c", 10, 210, 90, 20},
+            {Radio, kThird, L"d", 10, 240, 90, 20, kGroup}, {Radio, kFourth, L"e", 10, 270, 90, 20}};
+        CreateControls(m_window.Get(), kRows, WindowFont());
+        SetForegroundWindow(window);
+    }
+    HWND Of(int id) const { return ControlOf(window, id); }
 
-    TestWindow m_all;
+    TestWindow m_window;
+    const HWND window = m_window.Get();
 };
-
-TEST_F(Controls, EveryKindStandsWhereItsRowSays)
-{
-    for (const Control& row : kOfEveryKind) {
-        SCOPED_TRACE(row.id);
-        ASSERT_NE(Of(row.id), nullptr);
-        RECT place;
-        GetWindowRect(Of(row.id), &place);
-        MapWindowPoints(nullptr, m_all.Get(), reinterpret_cast<POINT*>(&place), 2);
-        EXPECT_TRUE(place.left == row.x && place.top == row.y && place.right - place.left == row.width);
-        const bool combo = row.kind == Combo || row.kind == SortedCombo;
-        EXPECT_TRUE(combo ? place.bottom - place.top <= 24 : place.bottom - place.top == row.height);
-        EXPECT_TRUE(IsWindowVisible(Of(row.id)));
-        EXPECT_TRUE(*row.text == L'\0' || row.kind == Link || TextOf(m_all.Get(), row.id) == row.text);
-        EXPECT_TRUE(row.name == nullptr || WindowText(GetWindow(Of(row.id), GW_HWNDPREV)) == row.name);
-    }
-}
-
-TEST_F(Controls, TabKeyStopsWhereAUserExpects)
-{
-    HWND at = Of(126);
-    for (const int id :
-        {101, 104, 105, 106, 110, 111, 112, 113, 114, 115, 116, 117, 118, 121, 122, 123, 124, 125, 126}) {
-        at = GetNextDlgTabItem(m_all.Get(), at, FALSE);
-        EXPECT_EQ(GetDlgCtrlID(at), id);
-    }
-}
 
 TEST_F(Controls, ALimitedEditKeepsNoHalfOfAPair)
 {
@@ -77,72 +51,110 @@ TEST_F(Controls, ALimitedEditKeepsNoHalfOfAPair)
         std::wstring_view before, added, after;
     } kRows[] = {
         {L"a", L"\xD83D\xDE00", L"a\xD83D\xDE00"}, {L"ab", L"\xD83D\xDE00", L"ab"}, {L"abc", L"\xD83D\xDE00", L"abc"}};
-    LimitText(m_all.Get(), 104, 3);
+    LimitText(window, kEdit, 3);
     for (const auto& row : kRows) {
         for (const bool typed : {false, true}) {
-            SetText(m_all.Get(), 104, row.before);
-            SendMessageW(Of(104), EM_SETSEL, row.before.size(), static_cast<LPARAM>(row.before.size()));
+            SetText(window, kEdit, row.before);
+            SendMessageW(Of(kEdit), EM_SETSEL, row.before.size(), static_cast<LPARAM>(row.before.size()));
             if (!typed)
-                SendMessageW(Of(104), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(row.added.data()));
+                SendMessageW(Of(kEdit), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(row.added.data()));
             for (const wchar_t unit : typed ? row.added : L"")
-                SendMessageW(Of(104), WM_CHAR, unit, 0);
-            EXPECT_EQ(TextOf(m_all.Get(), 104), row.after) << typed;
+                SendMessageW(Of(kEdit), WM_CHAR, unit, 0);
+            EXPECT_EQ(TextOf(window, kEdit), row.after) << typed;
         }
     }
 }
 
 TEST_F(Controls, FocusLeavesAControlThatIsDisabledOrHiddenAndComesBack)
 {
-    SetForegroundWindow(m_all.Get());
-    FocusOn(m_all.Get(), 104);
-    EXPECT_EQ(SendMessageW(Of(104), EM_GETSEL, 0, 0), MAKELONG(0, 3)) << "the refused text is selected";
-    Enable(m_all.Get(), 104, false);
-    EXPECT_EQ(GetFocus(), Of(105));
-    Show(m_all.Get(), 105, false);
-    EXPECT_EQ(GetFocus(), Of(106));
-    Show(m_all.Get(), 105, true);
-    EXPECT_EQ(GetFocus(), Of(106)) << "it was lent only";
-    Enable(m_all.Get(), 104, true);
-    EXPECT_EQ(GetFocus(), Of(104));
-    Enable(m_all.Get(), 104, false);
-    FocusOn(m_all.Get(), 112);
-    Enable(m_all.Get(), 104, true);
-    EXPECT_EQ(GetFocus(), Of(112)) << "the user has gone elsewhere";
+    FocusOn(window, kEdit);
+    EXPECT_EQ(SendMessageW(Of(kEdit), EM_GETSEL, 0, 0), MAKELONG(0, 3)) << "the refused text is selected";
+    Enable(window, kEdit, false);
+    EXPECT_EQ(GetFocus(), Of(kNumber));
+    Show(window, kNumber, false);
+    EXPECT_EQ(GetFocus(), Of(kPassword));
+    Show(window, kNumber, true);
+    EXPECT_EQ(GetFocus(), Of(kPassword)) << "it was lent only";
+    Enable(window, kEdit, true);
+    EXPECT_EQ(GetFocus(), Of(kEdit));
+    Enable(window, kEdit, false);
+    FocusOn(window, kCheck);
+    Enable(window, kEdit, true);
+    EXPECT_EQ(GetFocus(), Of(kCheck)) << "the user has gone elsewhere";
 }
 
 TEST_F(Controls, AChosenRadioClearsItsOwnGroupOnly)
 {
-    constexpr Control kRows[] = {{Radio, 1, L"a", 0, 0, 50, 20, kGroup}, {Radio, 2, L"b", 0, 30, 50, 20},
-        {CheckBox, 3, L"c", 0, 60, 50, 20}, {Radio, 4, L"d", 0, 90, 50, 20, kGroup}, {Radio, 5, L"e", 0, 120, 50, 20}};
-    const TestWindow window;
-    CreateControls(window.Get(), kRows, WindowFont());
-    for (const int id : {1, 3, 5, 2})
-        SetChecked(window.Get(), id, true);
-    for (int id = 1; id <= 5; ++id)
-        EXPECT_EQ(IsChecked(window.Get(), id), id == 2 || id == 3 || id == 5) << id;
-    const auto stopAfter
-        = [&](int id) { return GetDlgCtrlID(GetNextDlgTabItem(window.Get(), ControlOf(window.Get(), id), FALSE)); };
-    EXPECT_EQ(stopAfter(5), 2);
-    SetChecked(window.Get(), 2, false);
-    EXPECT_EQ(stopAfter(5), 1) << "a group without a choice is reached too";
+    for (const int id : {kFirst, kCheck, kFourth, kSecond})
+        SetChecked(window, id, true);
+    for (int id = kFirst; id <= kFourth; ++id)
+        EXPECT_EQ(IsChecked(window, id), id == kSecond || id == kCheck || id == kFourth) << id;
+    EXPECT_EQ(GetNextDlgTabItem(window, Of(kSlider), FALSE), Of(kSecond));
+    SetChecked(window, kSecond, false);
+    EXPECT_EQ(GetNextDlgTabItem(window, Of(kSlider), FALSE), Of(kFirst)) << "a group without a choice is reached too";
+}
+
+TEST_F(Controls, TheFocusDoesNotChooseARadio)
+{
+    static bool clicks;
+    clicks = true;
+    const auto observe = [](HWND radio, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR) {
+        clicks = message == BM_SETDONTCLICK ? w == FALSE : clicks;
+        EXPECT_FALSE(message == WM_SETFOCUS && clicks);
+        return DefSubclassProc(radio, message, w, l);
+    };
+    SetWindowSubclass(Of(kSecond), observe, 1, 0);
+    FocusOn(window, kSecond);
+    EXPECT_TRUE(clicks) << "the user's own";
 }
 
 TEST_F(Controls, ComboSelectsTheExactEntryOnly)
 {
-    const HWND window = m_all.Get();
     const std::wstring entries[] = {L"Minimum", L"balanced", L"Balanced", L"Balanced & more", L""};
-    for (const int id : {110, 111})
+    for (const int id : {kCombo, kSorted})
         FillCombo(window, id, entries);
-    EXPECT_TRUE(SelectExact(window, 110, L"Balanced") == 2 && SelectedText(window, 110) == L"Balanced");
-    EXPECT_TRUE(SelectExact(window, 110, L"Balanced ") == -1 && SelectedText(window, 110).empty());
-    EXPECT_EQ(SelectedIndex(window, 110), -1);
-    EXPECT_EQ(SelectExact(window, 111, L"Minimum"), 4) << "sorted: empty, the three B, Minimum";
+    EXPECT_TRUE(SelectExact(window, kCombo, L"Balanced") == 2 && SelectedText(window, kCombo) == L"Balanced");
+    EXPECT_TRUE(SelectExact(window, kCombo, L"Balanced ") == -1 && SelectedText(window, kCombo).empty());
+    EXPECT_EQ(SelectedIndex(window, kCombo), -1);
+    EXPECT_EQ(SelectExact(window, kSorted, L"Minimum"), 4) << "sorted: empty, the three B, Minimum";
     const std::wstring wide[] = {std::wstring(60, L'W'), L"short"};
-    FillCombo(window, 110, wide);
-    EXPECT_GT(SendMessageW(Of(110), CB_GETDROPPEDWIDTH, 0, 0), 500) << "the list shows its longest entry whole";
-    FillCombo(window, 111, {});
-    EXPECT_EQ(SelectExact(window, 111, L"Minimum"), -1);
-    EXPECT_EQ(SelectExact(window, 99, L"Minimum"), -1) << "no such control";
+    FillCombo(window, kCombo, wide);
+    EXPECT_GT(SendMessageW(Of(kCombo), CB_GETDROPPEDWIDTH, 0, 0), 500) << "the list shows its longest entry whole";
+    FillCombo(window, kSorted, {});
+    EXPECT_EQ(SelectExact(window, kSorted, L"Minimum"), -1);
+}
+
+TEST_F(Controls, ShowAStoredTextAndKeepItWhereTheyCannot)
+{
+    // What is stored, and what the control holds of it; null: nothing.
+    const std::tuple<int, Shown, const wchar_t*, const wchar_t*> kRows[]
+        = {{kEdit, Shown::Text, L" a & b ", L" a & b "}, {kAddress, Shown::Address, L"192.168.20.11", L"192.168.20.11"},
+            {kAddress, Shown::Address, L"host", L"0.0.0.0"}, {kSlider, Shown::Step, L"5", L"5"},
+            {kSlider, Shown::Step, L"6", L"10"}, {kCombo, Shown::List, L"07", L"10"},
+            {kCombo, Shown::List, L"11", L"0"}, {kCombo, Shown::List, L"", L"0"},
+            {kSorted, Shown::Name, L"tALKS", L"Talks"}, {kSorted, Shown::Name, L"", nullptr},
+            {kSorted, Shown::Name, L"Gone", nullptr}, {kSorted, Shown::OptionalName, L"Talks", L"Talks"},
+            {kSorted, Shown::OptionalName, L"", L""}, {kSorted, Shown::OptionalName, L"Gone", nullptr},
+            {kCheck, Shown::YesNo, L"yes", L"Yes"}, {kCheck, Shown::YesNo, L"maybe", L"No"},
+            {kCheck, Shown::Feature, L"yes", L"YES"}, {kCheck, Shown::Feature, L"NAN", L"NO"},
+            {kCheck, Shown::Feature, L"na", nullptr}, {kCheck, Shown::Feature, L"No", L"NO"},
+            {kCheck, Shown::Status, L"Enabled", L"Enabled"}, {kCheck, Shown::Status, L"enabled", L"Disabled"},
+            {kCheck, Shown::Activity, L"Yes", L"Yes"}, {kCheck, Shown::Activity, L"yes", L"No"}};
+    constexpr Choice kChoices[] = {{L"5 Mins", 5}, {L"10 Mins", 10}, {L"Never", 0}};
+    struct Texts {
+        FieldText one;
+    };
+    const std::wstring names[] = {L"(None)", L"Talks"};
+    FillCombo(window, kSorted, names);
+    for (const auto& [id, shown, stored, held] : kRows) {
+        const Binding<Texts> table[] = {{id, shown, &Texts::one, kChoices}};
+        ShowFields(window, table, Texts{stored});
+        const ShownTexts before = EnteredTexts(window, table);
+        EXPECT_EQ(before[0], held ? std::optional<FieldText>(held) : std::nullopt) << stored;
+        EXPECT_EQ(WithEntered(window, table, Texts{stored}, before).one, stored) << "nobody changed it";
+        EXPECT_EQ(WithEntered(window, table, Texts{stored}, {}).one, held ? held : stored);
+        EXPECT_EQ(WithEntered(window, table, Texts{stored}, {FieldText(L"other")}).one, held ? held : stored);
+    }
 }
 
 TEST(Menus, ASharedPopupOutlivesItsBars)
