@@ -56,9 +56,9 @@ std::optional<Element> Read(const Request& request)
 }
 
 // Begins with another request in each thread, so that they meet at all of them.
-void ReadAll(std::size_t thread, int rounds)
+void ReadAll(std::size_t thread, std::size_t rounds)
 {
-    for (std::size_t i = thread; i < thread + static_cast<std::size_t>(rounds) * std::size(kRequests); ++i) {
+    for (std::size_t i = thread; i < thread + rounds * std::size(kRequests); ++i) {
         const std::size_t request = i % std::size(kRequests);
         if (Read(kRequests[request]) != expected[request]) {
             std::cerr << "thread " << thread << " reads otherwise\n";
@@ -81,9 +81,7 @@ int main()
     for (const Request& request : kRequests)
         expected.push_back(Read(request).value());
     agent.SetFault(L"GetBatteryInfo", *simulator::ParseFault(L"pieces"));
-    std::vector<std::thread> threads;
+    std::vector<std::jthread> threads;
     for (std::size_t thread = 0; thread < 4; ++thread)
-        threads.emplace_back(ReadAll, thread, 50);
-    for (std::thread& thread : threads)
-        thread.join();
+        threads.emplace_back(ReadAll, thread, 50U);
 }
