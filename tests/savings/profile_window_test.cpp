@@ -5,7 +5,6 @@
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
 #include "simulator/xml.h"
-#include "support/program.h"
 #include "ui/navigation.h"
 
 namespace voltaro {
