@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/records.h"
 #include "support/pixels.h"
 #include "support/program.h"
 
