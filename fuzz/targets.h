@@ -47,7 +47,6 @@ struct Target {
 
 void RunFrame(Bytes& bytes);
 void RunReplies(Bytes& bytes);
-void RunDetails(Bytes& bytes);
 void RunDocument(Bytes& bytes);
 void RunEvents(Bytes& bytes);
 void RunGraph(Bytes& bytes);
@@ -58,7 +57,7 @@ void RunSettings(Bytes& bytes);
 
 // clang-format off
 inline constexpr Target kTargets[] = {
-    {"frame", RunFrame}, {"replies", RunReplies}, {"details", RunDetails}, {"document", RunDocument}, {"events", RunEvents},
+    {"frame", RunFrame}, {"replies", RunReplies}, {"document", RunDocument}, {"events", RunEvents},
     {"graph", RunGraph}, {"profile", RunProfile}, {"jobs", RunJobs}, {"names", RunNames}, {"settings", RunSettings},
 };
 // clang-format on

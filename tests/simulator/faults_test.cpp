@@ -1,6 +1,5 @@
 #include "simulator/faults.h"
 
-#include "base/text.h"
 #include "simulator/frame.h"
 #include "simulator/options.h"
 #include "simulator/xml.h"
@@ -84,17 +83,6 @@ TEST(AgentOptionsTest, ReadsEveryOption)
     for (const Arguments& wrong : {Arguments{L"--help"}, {L"--port"}, {L"--port", L"0"}, {L"--port", L"80x"},
              {L"--scenario", L"none"}, {L"--fault", L"*"}, {L"--fault", L"*=explode"}, {L"--fault", L"pause=late"}})
         EXPECT_FALSE(ParseOptions(wrong)) << wrong.back();
-}
-
-TEST(AgentXmlTest, RefusesWhatNoRequestNeeds)
-{
-    const wchar_t half[] = {L'<', L'a', L'>', 0xD83D, L'<', L'/', L'a', L'>', 0};
-    for (const wchar_t* text : {L"text", L"<a", L"<a>", L"<a></b>", L"<a></a><b/>", L"<a>x<b/></a>",
-             L"<a><b x='1'/></a>", L"<!DOCTYPE a [<!ENTITY e 'x'>]><a>&e;</a>", L"<a>&e;</a>", L"<a>&#0;</a>",
-             static_cast<const wchar_t*>(half)})
-        EXPECT_NE(ParseXml(text).error, L"") << text;
-    const std::wstring deep = Replaced(std::wstring(100'000, L'a'), L"a", L"<a>");
-    EXPECT_EQ(ParseXml(deep).error, L"the elements are nested too deeply at unit 51");
 }
 
 TEST(AgentXmlTest, WritesWhatADocumentMayHold)

@@ -35,34 +35,21 @@ static std::wstring StatusOf(const Outcome& outcome)
 
 TEST(AgentMachineTest, RefusesWrongRequests)
 {
-    const std::wstring good = Request(L"Pause", L"<duration>3</duration>");
-    const std::wstring declared = L"<?xml version=\"1.0\"?>";
-    // clang-format off
-    const struct { std::wstring text, complaint; } kCases[] = {
-        {good, L""}, {L"", L"Not well-formed: an element is missing at unit 0."},
-        {good.substr(23), L"The document does not begin with its declaration."},
-        {declared + L"<vltp><request/></vltp>", L"The root is not vltp of version 1.0."},
-        {declared + L"<vltp version=\"1.0\"><a/></vltp>", L"Element 1 of vltp is a, expected was request."},
-        {Document(L"<a>Pause</a>" + kId), L"Element 1 of request is a, expected was MessageId."},
-        {Document(L"<MessageId>{0123abcd-4567-89EF-0123-456789ABCDEF}</MessageId><operation>Resume</operation>"),
-            L"MessageId is not an identifier in braces."},
-        {Request(L"resume"), L"The operation is not known."},
-        {Request(L"Pause"), L"request lacks its element 3, duration."},
-        {Request(L"Pause", L"<duration>6</duration>"), L"duration must be 1 to 5."},
-        {Request(L"logoff", L"<monitoroff>1</monitoroff>"), L"monitoroff must be Yes or No."},
-        {Request(L"GetVLTEvents", L"<fordate>22112026</fordate>"), L"fordate must be a day as MMDDYYYY."},
-        {Request(L"success"), L"No power action is waiting."},
-        {Request(L"CreatePolicy", L"<details><PolicyName>P</PolicyName></details>"),
-            L"details has 1 elements, expected were 2 to 51."},
-        {Request(L"ApplySchedulerSettings", L"<details><Job_2/></details>"),
-            L"Element 1 of details is Job_2, expected was Job_1."},
-    };
-    // clang-format on
+    const std::wstring good = Request(L"Pause", L"<duration>3</duration>"), declared = good.substr(0, 21);
     Machine machine = MachineOf(L"battery");
-    for (const auto& row : kCases) {
-        const Outcome outcome = machine.Answer(row.text);
-        EXPECT_EQ(StatusOf(outcome), row.complaint.empty() ? L"Success" : L"Failure") << row.text;
-        EXPECT_EQ(outcome.complaint, row.complaint) << row.text;
+    EXPECT_EQ(StatusOf(machine.Answer(good)), L"Success");
+    for (const std::wstring& wrong : {std::wstring(), good.substr(23), declared + L"<vltp><request/></vltp>",
+             declared + L"<vltp version=\"1.0\"><a/></vltp>", Document(L"<a>Pause</a>" + kId),
+             Document(L"<MessageId>{0123abcd-4567-89EF-0123-456789ABCDEF}</MessageId><operation>Resume</operation>"),
+             Request(L"resume"), Request(L"Pause"), Request(L"Resume", L"<x/>"),
+             Request(L"Pause", L"<duration>6</duration>"), Request(L"Pause", L"<duration><x/></duration>"),
+             Request(L"logoff", L"<monitoroff>1</monitoroff>"), Request(L"success"),
+             Request(L"GetVLTEvents", L"<fordate>22112026</fordate>"),
+             Request(L"CreatePolicy", L"<details><PolicyName>P</PolicyName></details>"),
+             Request(L"ApplySchedulerSettings", L"<details>x</details>"),
+             Request(L"ApplySchedulerSettings", L"<details><Job_2/></details>")}) {
+        const Outcome outcome = machine.Answer(wrong);
+        EXPECT_TRUE(StatusOf(outcome) == L"Failure" && !outcome.complaint.empty()) << wrong;
     }
 }
 
