@@ -23,4 +23,10 @@ void ExpectNoGrowth(const char* what, const std::function<Left(int share)>& work
     return std::getenv("VOLTARO_SEED") != nullptr;
 }
 
+// What chance begins with; the tests always take the same.
+[[nodiscard]] inline unsigned Seed()
+{
+    return IsLongRun() ? static_cast<unsigned>(std::atoi(std::getenv("VOLTARO_SEED"))) : 1;
+}
+
 } // namespace voltaro

@@ -19,8 +19,7 @@ namespace {
 
 constexpr int kUpdateOk = 8505, kCloseVoltaro = 8504; // the latter ends the program
 
-const unsigned seed = IsLongRun() ? static_cast<unsigned>(std::atoi(std::getenv("VOLTARO_SEED"))) : 1;
-std::mt19937 dice(seed);
+std::mt19937 dice(Seed());
 std::atomic<int> steps{0};
 int losses = 0;          // told
 bool isLossOwed = false; // the program was connected since the last box that told of a loss
@@ -146,7 +145,7 @@ constexpr void (*kActions[])()
 // in; ends it all when the program hangs.
 void Guard(const std::stop_token& over, simulator::AgentServer& agent, int port, DWORD uiThread)
 {
-    std::mt19937 own(seed);
+    std::mt19937 own(Seed());
     ULONGLONG moved = GetTickCount64();
     for (int tick = 0, seen = -1; !over.stop_requested(); ++tick, Sleep(20)) {
         GUITHREADINFO info{};
@@ -212,7 +211,7 @@ TEST(StormTest, LeavesTheProgramAsItWasAndPollingGoesOn)
             ExpectLive();
         }
     }
-    std::printf("seed %u: %d steps, %d losses\n", seed, steps.load(), losses);
+    std::printf("seed %u: %d steps, %d losses\n", Seed(), steps.load(), losses);
     StopWorkers(StopOrder::MainWindowDestroyed);
     agent.ClearFaults();
     ASSERT_TRUE(agent.Start(port));
