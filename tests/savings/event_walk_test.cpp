@@ -125,11 +125,8 @@ TEST(ShownDayTest, Answers)
         return ReadDayAnswer(&root, answer, kLater, report);
     };
     const auto details = [](const wchar_t* text) { return Element{L"details", {}, {TextElement(L"a", text)}}; };
-    EXPECT_EQ(read({}), DayAnswer::Damaged);
     EXPECT_EQ(read({{L"response", {}, {TextElement(L"a", L"Failure of it")}}}, L"Failure"), DayAnswer::Report);
     EXPECT_EQ(report.durations.active, kDaySeconds);
-    EXPECT_EQ(read({{L"response", {}, {details(L"failure")}}}, L"failure"), DayAnswer::NoData);
-    EXPECT_TRUE(report.durations == DayDurations()) << "nothing of the day before";
     EXPECT_EQ(read({{L"response", {}, {details(L"Istime # 2024/02/29 00:00:00")}}, TextElement(L"a", L"Failure"),
                   details(L"Ietime # 2024/02/29 00:05:00")}),
         DayAnswer::Report);

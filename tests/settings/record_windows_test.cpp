@@ -107,8 +107,11 @@ TEST_F(RecordWindows, ProxyTravelsWholeAndItsFieldsFollowTheirSwitches)
     expectEnabled(true, false);
     ApplyAndExpect(Replaced(before, L"Authentication=Yes", L"Authentication=No") + L"Password= SavePassword=No");
     Set(L"Use Authentication");
+    Set(L"Port No      :", L"");
     Set(L"Connect Via Proxy Server");
     expectEnabled(false, false);
+    ApplyAndExpect(
+        Replaced(Replaced(before, L"UseProxy=Yes", L"UseProxy=No"), L"3128", L"") + L"Password= SavePassword=No");
 }
 
 TEST_F(RecordWindows, SnoozeTimesGoOutAndComeBack)

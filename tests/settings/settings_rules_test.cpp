@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <tuple>
-
 namespace voltaro {
 
 TEST(SettingsRulesTest, PortsAreTheirLeadingDigitsInRange)
@@ -25,27 +23,6 @@ TEST(SettingsRulesTest, PortsAreTheirLeadingDigitsInRange)
         EXPECT_EQ(CheckProxySettings(proxy, {}), sent ? kNoFault : kProxyPortOutOfRange) << typed;
         for (const FieldText& port : {tcp.tcpPort, udp.udpPort, proxy.port})
             EXPECT_EQ(port, sent ? sent : typed);
-    }
-}
-
-TEST(SettingsRulesTest, AProxyIsCheckedOnlyWhereItIsUsed)
-{
-    const std::pair<ProxySettings, std::size_t> kRows[] = {
-        {{L"Yes", L"", L"", L"Yes", L"", L"", L""}, kServerBlank},
-        {{L"Yes", L"proxy", L"", L"Yes", L"", L"", L""}, kProxyPortBlank},
-        {{L"yes", L"proxy", L"0", L"Yes", L"", L"", L""}, kProxyPortOutOfRange},
-        {{L"Yes", L"proxy", L"65535", L"Yes", L"", L"", L""}, kUserNameBlank},
-        {{L"No", L"", L"99999", L"No", L"", L"", L""}, kNoFault},
-    };
-    for (const auto& [settings, fault] : kRows) {
-        ProxySettings edited = settings;
-        EXPECT_EQ(CheckProxySettings(edited, settings), fault) << settings.port.c_str();
-        EXPECT_TRUE(edited == settings);
-    }
-    for (const wchar_t* save : {L"Yes", L"No"}) {
-        ProxySettings edited{L"Yes", L"proxy", L"8080", L"Yes", L"jan", L"secret", save};
-        EXPECT_EQ(CheckProxySettings(edited, {}), kNoFault);
-        EXPECT_EQ(edited.password, IsYes(save) ? L"secret" : L"") << "not kept, not sent";
     }
 }
 
@@ -73,22 +50,6 @@ TEST(MachineTextsTest, AllSectionsAsText)
     EXPECT_EQ(Replaced(Replaced(DetailsText(machine), L"\r\nDescription\tValue\r\n", L"*"), L"\r\n", L"|"),
         L"CPU*Name\tHX4 with breaks||Operating System*OSName\tDebian||Power Capabilities*|"
         L"Network*IP\t1||IP\t|||Physical Disks*|Logical Disks*Drive\tC:|||");
-}
-
-TEST(MachineTextsTest, Battery)
-{
-    const std::tuple<std::vector<const wchar_t*>, int, const wchar_t*> kRows[]
-        = {{{}, 0, L""}, {{L"On AC", L"No System battery", L"", L""}, 0, L"No System battery"},
-            {{L"On Battery", L"", L"250 %", L"2 Hrs"}, 100, L"2 Hrs"},
-            {{L"On Battery", L"Discharging", L"-7", L"", L"11.40 V"}, 0, L"Discharging"}};
-    BatteryInfo info;
-    for (const auto& [values, percent, line] : kRows) {
-        info.rows.clear();
-        for (const wchar_t* value : values)
-            info.rows.push_back({L"Element", value});
-        EXPECT_EQ(ChargePercent(info), percent) << line;
-        EXPECT_EQ(BatteryStatusLine(info), line);
-    }
 }
 
 } // namespace voltaro

@@ -25,16 +25,6 @@ std::wstring TextOf(const Delivery& delivery)
     return UnitsOf(delivery.bytes.substr(kHeaderBytes, delivery.bytes.size() - kHeaderBytes - 2));
 }
 
-TEST(AgentFrameTest, LengthsInBytes)
-{
-    EXPECT_EQ(BytesOf(L"\xE9\x20AC"), std::string("\xE9\x00\xAC\x20", 4));
-    const std::pair<const wchar_t*, std::size_t> kCases[]
-        = {{L"00000018", 18}, {L"00000218", 218}, {L"01048576", 1048576}, {L"01048578", 0}, {L"00000016", 0},
-            {L"00000219", 0}, {L"     218", 0}, {L"-0000218", 0}, {L"0000218x", 0}, {L"0000218", 0}};
-    for (const auto& [digits, length] : kCases)
-        EXPECT_EQ(FrameLength(BytesOf(digits)), length) << digits;
-}
-
 TEST(AgentFaultTest, KindsAreNamedInTheirOrder)
 {
     for (std::size_t kind = 0; kind < FaultInfos().size(); ++kind)
@@ -83,12 +73,6 @@ TEST(AgentOptionsTest, ReadsEveryOption)
     for (const Arguments& wrong : {Arguments{L"--help"}, {L"--port"}, {L"--port", L"0"}, {L"--port", L"80x"},
              {L"--scenario", L"none"}, {L"--fault", L"*"}, {L"--fault", L"*=explode"}, {L"--fault", L"pause=late"}})
         EXPECT_FALSE(ParseOptions(wrong)) << wrong.back();
-}
-
-TEST(AgentXmlTest, WritesWhatADocumentMayHold)
-{
-    const wchar_t text[] = {L'<', L'&', L'>', 0x01, L'\t', L'\r', 0xD83D, 0xDE00, 0xD83D, L'x', 0xFFFF, 0xE9, 0};
-    EXPECT_EQ(EscapedText(text), L"&lt;&amp;&gt;\t&#13;\xD83D\xDE00x\xE9");
 }
 
 } // namespace

@@ -26,21 +26,13 @@ struct Opening {
 };
 // clang-format off
 constexpr Opening kOpenings[] = {
-    {WindowId::SystemInfo,    kSystemInfo},
-    {WindowId::Battery,       kBatteryInfo},
-    {WindowId::DeviceControl, kSecurity},
-    {WindowId::AccessControl, kPorts},
-    {WindowId::Snooze,        kSnooze},
-    {WindowId::Proxy,         kProxy},
-    {WindowId::Activation,    kActivate},
-    {WindowId::Update,        kUpdate},
-    {WindowId::Scheme,        kPowerScheme},
-    {WindowId::Policy,        0, WindowId::SchemeProcessor, L"New .."},
-    {WindowId::Rule,          0, WindowId::Policy, L"Add Rule.."},
-    {WindowId::JobList,       kJobScheduler},
-    {WindowId::JobEditor,     0, WindowId::JobList, L"Add Job.."},
-    {WindowId::Savings,       kSavingsReport},
-    {WindowId::Profile,       0, WindowId::Savings, L"&Power Consumption Settings"},
+    {WindowId::SystemInfo, kSystemInfo}, {WindowId::Battery, kBatteryInfo}, {WindowId::DeviceControl, kSecurity},
+    {WindowId::AccessControl, kPorts}, {WindowId::Snooze, kSnooze}, {WindowId::Proxy, kProxy},
+    {WindowId::Activation, kActivate}, {WindowId::Update, kUpdate},
+    {WindowId::Scheme, kPowerScheme}, {WindowId::Policy, 0, WindowId::SchemeProcessor, L"New .."},
+    {WindowId::Rule, 0, WindowId::Policy, L"Add Rule.."},
+    {WindowId::JobList, kJobScheduler}, {WindowId::JobEditor, 0, WindowId::JobList, L"Add Job.."},
+    {WindowId::Savings, kSavingsReport}, {WindowId::Profile, 0, WindowId::Savings, L"&Power Consumption Settings"},
 };
 // clang-format on
 
@@ -52,15 +44,6 @@ struct Work {
     int socketsLeft = 0; // on purpose, by each step
     int labels = 0;      // that each step destroys
 };
-
-void TurnPages(HWND window)
-{
-    HWND tab = nullptr;
-    while ((tab = FindWindowExW(window, tab, WC_TABCONTROLW, nullptr)) != nullptr) {
-        for (int page = TabCtrl_GetItemCount(tab); page-- > 0;)
-            ClickTab(tab, page);
-    }
-}
 
 void CloseAll()
 {
@@ -83,7 +66,11 @@ void OpenAndClose(ConsoleProgram& program, int)
         }
         EXPECT_TRUE(opened != WindowId::Update || WaitFor([] { return !updateBusy; }));
         EXPECT_TRUE(IsWindowVisible(WindowOf(opened))) << command;
-        TurnPages(WindowOf(opened));
+        HWND tab = nullptr;
+        while ((tab = FindWindowExW(WindowOf(opened), tab, WC_TABCONTROLW, nullptr)) != nullptr) {
+            for (int page = TabCtrl_GetItemCount(tab); page-- > 0;)
+                ClickTab(tab, page);
+        }
     }
     CloseAll();
 }

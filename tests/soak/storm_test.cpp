@@ -92,7 +92,7 @@ void Choose()
         PostMessageW(WindowOf(WindowId::Main), WM_COMMAND, static_cast<WPARAM>(item), 0);
 }
 
-// Clicks a control that the user can reach.
+// Clicks a control that the user can reach, or closes its window.
 void Click()
 {
     std::vector<HWND> controls;
@@ -104,10 +104,14 @@ void Click()
         return !IsWindowEnabled(control) || (GetWindowLongW(control, GWL_STYLE) & WS_TABSTOP) == 0
             || GetDlgCtrlID(control) == kCloseVoltaro;
     });
-    if (!controls.empty()) {
-        SetFocus(controls[Throw(controls.size())]);
-        PostMessageW(GetFocus(), BM_CLICK, 0, 0);
-    }
+    if (controls.empty())
+        return;
+    const HWND control = Any(controls);
+    SetFocus(control);
+    if (Throw(4))
+        PostMessageW(control, BM_CLICK, 0, 0);
+    else
+        PostMessageW(GetAncestor(control, GA_ROOT), WM_CLOSE, 0, 0);
 }
 
 void PressAny()
@@ -132,14 +136,8 @@ void Tell()
     PostMessageW(Throw(2) ? WindowOf(WindowId::Main) : Any(windowHandles), message, w, l);
 }
 
-void Close()
-{
-    if (const std::vector<HWND> open = OpenWindows(); !open.empty())
-        PostMessageW(Any(open), WM_CLOSE, 0, 0);
-}
-
 constexpr void (*kActions[])()
-    = {Choose, Choose, Choose, Click, Click, Click, PressAny, PressAny, Tell, Tell, Tell, Close};
+    = {Choose, Choose, Choose, Click, Click, Click, Click, PressAny, PressAny, Tell, Tell, Tell};
 
 // Kills and revives the agent, which then answers rubbish every other time; takes back the menus that the program waits
 // in; ends it all when the program hangs.
