@@ -110,11 +110,6 @@ TEST(TransportTest, AnswersAboveTheCapacityFail)
             EXPECT_EQ(response.view().size(), units <= fits ? units : 0U);
         }
     }
-    agent.SetFault(L"*", {FaultKind::Refuse, {}});
-    for (const MemberRow& member : kMembers) {
-        FieldText response;
-        EXPECT_EQ(ServiceRequest(member.member, L"", response, agent.Port()), Outcome::CannotConnect);
-    }
 }
 
 // Waits that end: the first data's after the member's time, the connection's and the data's when the thread is to end.

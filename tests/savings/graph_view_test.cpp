@@ -11,23 +11,6 @@ constexpr DayDurations kDay = {.poweredOn = 50400, .offTotal = 36000, .active = 
     .idleWithoutSavings = 1800, .dim = 1800, .monitorOff = 3600, .off = 36000, .shutdown = 7200};
 // clang-format on
 
-TEST(GraphViewTest, PixelsOfBarsMarkersGridAndAxes)
-{
-    constexpr COLORREF kGrid = RGB(196, 196, 196), kIdle = RGB(0, 96, 0), kActive = RGB(0, 42, 138);
-    const auto drawDay = [](HDC dc, void*) { DrawGraph(dc, LayOutGraph(kDay, L"February 29, 2024")); };
-    const Pixels pixels(RenderBitmap(kWidth, kHeight, drawDay, nullptr).Get());
-    const COLORREF plot = pixels.At(140, 150), face = GetSysColor(COLOR_3DFACE);
-    const std::tuple<int, int, COLORREF> kPixels[] = {{105, 440, kIdle}, {105, 439, kActive}, {105, 199, plot},
-        {85, 300, kActive}, {84, 300, kGrid}, {124, 301, kActive}, {125, 301, plot}, {319, 20, kGrid}, {320, 20, face},
-        {60, 19, plot}, {60, 0, kGrid}, {49, 300, 0}, {50, 300, 0}, {51, 301, plot}, {319, 481, 0}, {320, 481, face}};
-    for (const auto& [x, y, colour] : kPixels)
-        EXPECT_EQ(pixels.At(x, y), colour) << x << ", " << y;
-    EXPECT_EQ(pixels.CountOf(RGB(128, 128, 0), 210, 254, 200), 44) << "solid";
-    const int dashes = pixels.CountOf(RGB(140, 227, 55), 126, 171, 470);
-    EXPECT_TRUE(dashes > 15 && dashes < 45) << dashes;
-    EXPECT_GT(pixels.CountIn(RGB(10, 10, 10), {0, 100, 29, 320}), 50) << "the caption stands upright";
-}
-
 struct GraphPageTest : testing::Test, ConsoleProgram {
     const HWND m_page = WindowOf(WindowId::SavingsGraph);
     GraphPageTest()
@@ -49,7 +32,17 @@ TEST_F(GraphPageTest, SegmentsHaveTooltipsAndTheRightButtonCopiesThePage)
     const Pixels copied(static_cast<HBITMAP>(GetClipboardData(CF_BITMAP)));
     CloseClipboard();
     ASSERT_TRUE(copied.Width() == kWidth && copied.Height() == kHeight);
-    EXPECT_EQ(copied.At(105, 440), RGB(0, 96, 0));
+    const COLORREF kGrid = RGB(196, 196, 196), kIdle = RGB(0, 96, 0), kActive = RGB(0, 42, 138),
+                   plot = copied.At(140, 150);
+    const std::tuple<int, int, COLORREF> kPixels[] = {{105, 440, kIdle}, {105, 439, kActive}, {105, 199, plot},
+        {85, 300, kActive}, {84, 300, kGrid}, {124, 301, kActive}, {125, 301, plot}, {319, 20, kGrid}, {60, 19, plot},
+        {60, 0, kGrid}, {49, 300, 0}, {50, 300, 0}, {51, 301, plot}, {319, 481, 0}};
+    for (const auto& [x, y, colour] : kPixels)
+        EXPECT_EQ(copied.At(x, y), colour) << x << ", " << y;
+    EXPECT_EQ(copied.CountOf(RGB(128, 128, 0), 210, 254, 200), 44) << "solid";
+    const int dashes = copied.CountOf(RGB(140, 227, 55), 126, 171, 470);
+    EXPECT_TRUE(dashes > 15 && dashes < 45) << dashes;
+    EXPECT_GT(copied.CountIn(RGB(10, 10, 10), {0, 100, 29, 320}), 50) << "the caption stands upright";
     EXPECT_GT(copied.CountIn(RGB(0, 0, 0), {545, 85, 650, 270}), 100) << "texts in the second column of the list";
 
     UpdateWindow(m_page);

@@ -62,23 +62,24 @@ TEST(JobTextsTest, NextRuns)
     constexpr wchar_t kNever[] = L"This job does not run again.", kUnknown[] = L"The next run is not known.";
     const struct {
         K kind;
-        const wchar_t *startTime, *date; // OnDate; "first-last" for Monthly
+        const wchar_t *startTime, *date; // OnDate; the first day of Monthly
         std::vector<std::size_t> chosen; // week days, Sunday 0; months, January 0
         const wchar_t* text;             // "*" for "Next run: "
+        const wchar_t* lastDay = L"31";
     } kRows[] = {
         // clang-format off
-        {K::Daily, L"12:00:01", L"", {}, L"*today at 12:00:01"},
+        {K::Daily, L"12:00:01", L"", {}, L"*today at 12:00:01"}, {K::Daily, L"", L"", {}, kUnknown},
         {K::Daily, L"12:00:00", L"", {}, L"*tomorrow at 12:00:00"},
-        {K::Daily, L"", L"", {}, kUnknown}, {K::OnDate, L"13:00:00", L"2024-02-28", {}, L"*today at 13:00:00"},
+        {K::OnDate, L"13:00:00", L"2024-02-28", {}, L"*today at 13:00:00"},
         {K::OnDate, L"11:00:00", L"2024-02-28", {}, kNever}, {K::OnDate, L"11:00:00", L"2023-12-31", {}, kNever},
         {K::OnDate, L"11:00:00", L"2055-01-01", {}, L"*Friday, 2055-01-01 at 11:00:00"},
         {K::OnDate, L"11:00:00", L"garbage", {}, kUnknown}, {K::Weekly, L"11:00:00", L"", {}, kNever},
         {K::Weekly, L"11:00:00", L"", {3}, L"*Wednesday, 2024-03-06 at 11:00:00"},
         {K::Weekly, L"11:00:00", L"", {0, 5}, L"*Friday, 2024-03-01 at 11:00:00"},
-        {K::Monthly, L"11:00:00", L"01-31", {1}, L"*tomorrow at 11:00:00"},
-        {K::Monthly, L"11:00:00", L"01-28", {1}, L"*Saturday, 2025-02-01 at 11:00:00"},
-        {K::Monthly, L"11:00:00", L"31-31", {3, 4}, L"*Friday, 2024-05-31 at 11:00:00"},
-        {K::Monthly, L"11:00:00", L"30-31", {1}, kNever}, {K::Monthly, L"11:00:00", L"20-10", {0}, kUnknown},
+        {K::Monthly, L"11:00:00", L"01", {1}, L"*tomorrow at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"01", {1}, L"*Saturday, 2025-02-01 at 11:00:00", L"28"},
+        {K::Monthly, L"11:00:00", L"31", {3, 4}, L"*Friday, 2024-05-31 at 11:00:00"},
+        {K::Monthly, L"11:00:00", L"30", {1}, kNever}, {K::Monthly, L"11:00:00", L"20", {0}, kUnknown, L"10"},
         // clang-format on
     };
     for (const auto& row : kRows) {
@@ -87,10 +88,7 @@ TEST(JobTextsTest, NextRuns)
         job.kind = row.kind;
         job.startTime = row.startTime;
         job.startDate = row.date;
-        if (row.kind == K::Monthly) {
-            job.startDate = std::wstring_view(row.date).substr(0, 2);
-            job.endDate = std::wstring_view(row.date).substr(3);
-        }
+        job.endDate = row.lastDay;
         for (const std::size_t i : row.chosen)
             (row.kind == K::Weekly ? job.weekDays[i] : job.months[i]) = true;
         const std::wstring text = row.text[0] == L'*' ? L"Next run: " + std::wstring(row.text + 1) : row.text;

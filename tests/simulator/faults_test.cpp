@@ -1,8 +1,6 @@
 #include "simulator/faults.h"
 
 #include "simulator/frame.h"
-#include "simulator/options.h"
-#include "simulator/xml.h"
 
 #include <gtest/gtest.h>
 
@@ -51,28 +49,11 @@ TEST(AgentFaultTest, ChangesTheDocument)
     has(L"external:http://x", L"<!DOCTYPE vltp SYSTEM \"http://x\" [<!ENTITY x SYSTEM \"http://x\">");
     has(L"deep:2", L"<a>1<a><a></a></a></a>");
     has(L"wide:2", L"<a>1<a/><a/></a>");
-    has(L"root", L"<other version=\"1.0\"><response>");
-    has(L"prefix", L"\xFEFF<?xml");
-    has(L"few-elements", L"<details><a>1</a></details>");
-    has(L"texts", L"<a>Perhaps</a><b>Perhaps</b>");
     has(L"foreign-texts", L"<b>2 \x00DF\x03A9\x0416\x05D0\x4E3C\xD83D\xDD0B</b>");
     has(L"fill:228", L"<b>2x</b>");
     EXPECT_EQ(Faulted(L"fill").bytes.size(), 700u);
     const std::wstring script = L"any & thing";
     EXPECT_EQ(TextOf(Faulted(L"none", &script)), script);
-}
-
-TEST(AgentOptionsTest, ReadsEveryOption)
-{
-    using Arguments = std::vector<const wchar_t*>;
-    const std::optional<Options> all = ParseOptions(Arguments{L"--port", L"65535", L"--log", L"a.log", L"--scenario",
-        L"Desktop", L"--fault", L"*=late:30", L"--fault", L"Pause=status:a=b"});
-    ASSERT_TRUE(all && all->faults.size() == 2);
-    EXPECT_TRUE(all->port == 65535 && all->log == L"a.log" && all->scenario->name == std::wstring_view(L"desktop"));
-    EXPECT_EQ(all->faults[1].operation + all->faults[1].fault.argument, L"Pausea=b");
-    for (const Arguments& wrong : {Arguments{L"--help"}, {L"--port"}, {L"--port", L"0"}, {L"--port", L"80x"},
-             {L"--scenario", L"none"}, {L"--fault", L"*"}, {L"--fault", L"*=explode"}, {L"--fault", L"pause=late"}})
-        EXPECT_FALSE(ParseOptions(wrong)) << wrong.back();
 }
 
 } // namespace
