@@ -91,7 +91,6 @@ TEST_F(ProfileWindowTest, ChoicesOfMonitor)
     }
     ClickRadio(kOthers);
     EXPECT_EQ(Watts(), L"141.00 3.50");
-
     TakeOperations();
     boxes.Expect({{L"Refresh", {}, Answer::No}, {L"Refresh", {}, Answer::Yes}});
     Click(kRefreshKey);
