@@ -5,15 +5,11 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
-
 namespace voltaro {
 
-TEST(DocumentTest, IdentifiersAreFreshGuids)
+TEST(DocumentTest, IdentifiersAreFresh)
 {
-    const std::wstring id = NewMessageId();
-    EXPECT_TRUE(std::regex_match(id, std::wregex(L"\\{[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\}")));
-    EXPECT_NE(NewMessageId(), id);
+    EXPECT_NE(NewMessageId(), NewMessageId());
 }
 
 TEST(DocumentTest, ReadsElementsAndLeafTexts)

@@ -55,7 +55,6 @@ const Day kDays[] = {
     {L"Istime 10|Dstime 10:10|Detime 10:15|Mstime 10:15|Metime 11|Ietime 11", {82800, 600, 300, 2700}, {{3, 3600}}},
     {L"Istime 08|Qstime 08:20|Qetime 09|Hstime 09|Hetime 11|"
      L"Ietime 12:00:01", {71999, 4801, 0, 0, 2400, 7200, 0, 0, 7200}, {{6, 14401}}},
-    {L"Istime 00:30|Qhtime 01|QHetme 03|Ietime 03", {77400, 1800, 0, 0, 0, 7200}, {{5, 9000}}},
     {L"Istime 12|Qptime 12:10|QUptme 13:10|Ietime 13:30|Qptime 20|"
      L"QAgtme 20:30", {75600, 5400, 0, 0, 0, 0, 5400}, {{4, 5400}}},
     {L"Istime 18|Sdtime 18:30|SUptme 20|Ietime 20", {79200, 1800, 0, 0, 0, 0, 5400, 5400}, {{4, 7200}}},
@@ -76,7 +75,6 @@ const Day kDays[] = {
     {L"Setime 06|Dstime 07|Detime 07:01", {64740, 0, 60, 0, 21600}}, {L"=Foobar # 1|Metime 02", {86400}},
     // Open to the day's end, or until now.
     {L"Istime 23|=Pwrcon # 2|=Pwrsav # -0.5", {82801, 3599}, {{3, 3600}}, kLater, 2, -0.5},
-    {L"Sdtime 20|=Pwrsav # 0.5", {72001, 0, 0, 0, 0, 0, 14399, 14399}, {}, kLater, 0, 0.5},
     {L"Istime 12|Qstime 12:10", {43200, 600, 0, 0, 3000}, {{4, 3601}}, {2024, 2, 29, 13, 0, 0}},
     // Starts and ends that do not match, days that are not one.
     {L"Istime 10|Dstime 10:10|Detime 10:20|Istime 11|Ietime 11:30", {84000, 1800, 600}, {{2, 1800}}},
@@ -89,7 +87,6 @@ const Day kDays[] = {
     {L"=Dstime # 2024/13/29 10:00:00|=Detime # 2024/13/29 11:00:00|=Mstime # 2024/02/00 10:00:00|"
      L"=Metime # 2024/02/29 99:00:00", {86400}},
     {L"=Hstime|Hetime 11|Qstime 11|=Qetime # -|=Sdtime # 2024-02-29|SUptme 12", {86400}},
-    {L"=Dstime # 2024/02/29 10|=Detime # 2024/02/29 10:30x", {84600, 0, 1800}},
     {L"Sbtime 13|=Duratn # -5|Setime 14|=Duratn # 99999999999", {82800, 0, 0, 0, 3600, 0, 0, 0, 0, 3600}},
 };
 // clang-format on

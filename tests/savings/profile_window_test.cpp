@@ -29,7 +29,6 @@ struct ProfileWindowTest : testing::Test, LoadedProgram {
     }
     [[nodiscard]] std::wstring Watts() const { return Shown(kMonitorOn) + L" " + Shown(kMonitorOff); }
     [[nodiscard]] static bool IsOn(int id) { return LoadedProgram::IsOn(WindowId::Profile, id); }
-
     const HWND m_window = WindowOf(WindowId::Profile);
 };
 
@@ -49,13 +48,11 @@ TEST_F(ProfileWindowTest, OpensWithTheSavedProfileOrTheDefaultMonitorToLookAt)
     }
     EXPECT_FALSE(IsWindowVisible(m_window));
     EXPECT_TRUE(TakeOperations().empty());
-
     Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::NotWellFormed, {}});
     Open();
     EXPECT_EQ(Shown(kCpuMax), L"62.40");
     EXPECT_FALSE(IsOn(kEdit)) << "the record may be out of date";
     Click(IDCANCEL);
-
     savedProfile = {};
     Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::Status, {}});
     Open();
@@ -168,7 +165,6 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
     EXPECT_FALSE(IsOn(kSave) || IsOn(kCpuMax));
     // An hour at 0.05 x 118.9 + 0.15 x 89.15 + 0.8 x 59.4 W.
     EXPECT_EQ(EnergyText(shownDay->figures.nowIs), L"0.067 kWh");
-
     Click(kAuto);
     EXPECT_EQ(Shown(kCpuMax), L"62.40");
     Click(IDOK);

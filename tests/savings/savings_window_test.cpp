@@ -48,9 +48,7 @@ struct SavingsWindowTest : testing::Test, LoadedProgram {
         Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);
         MainCommand(kSavingsReport);
     }
-
     [[nodiscard]] HWND Picker() const { return ControlOf(WindowOf(WindowId::Savings), kPicker); }
-
     void SetDay(WORD year, WORD month, WORD day)
     {
         const SYSTEMTIME time{year, month, 0, day, 0, 0, 0, 0};

@@ -27,7 +27,6 @@ TEST_F(JobListWindowTest, TheAgentsListFollowsTheScreen)
     EXPECT_EQ(
         Row(Jobs(), 1), L"Nightly backup\tCopy the day's work & power off\t22:30:00\t*******\t2\tShutdown\t15 Mins");
     EXPECT_EQ(Text(kList, L"Host Name :"), ComputerName());
-
     Add(L"Long day");
     // clang-format off
     Do({
@@ -53,7 +52,6 @@ TEST_F(JobListWindowTest, TheAgentsListFollowsTheScreen)
         L"EndDate=31 Frequency_4[JobStart=Monthly Jan=No Feb=Yes Mar=No Apr=No May=No Jun=No Jul=No Aug=No Sep=No "
         L"Oct=No Nov=No Dec=Yes]] Action_4[PowerOn=Yes ApplyScheme=Office_Hours PowerOff_4[type=Hibernate idlefor=120 "
         L"AppSensor=No] RunTask_4[APP_41[Path=C:\\x (1)\\run.exe Parameters=-a \"b\" RDelay=60 REndTime=20:30:05]]]]");
-
     SelectRow(Jobs(), 0);
     boxes.Expect({{L"Delete Job", {}, Answer::No},
         {L"Delete Job",
@@ -66,7 +64,6 @@ TEST_F(JobListWindowTest, TheAgentsListFollowsTheScreen)
     EXPECT_FALSE(IsOpen(kList));
     Open();
     EXPECT_EQ(JobNames(true), L"Nightly backup,Quarter closing,Long day");
-
     boxes.Expect({{L"Delete all Jobs",
         L"Are you sure you want to remove all scheduled jobs from '" + ComputerName()
             + L"' System?\n\n All jobs and associated tasks will be deleted.",
@@ -127,7 +124,6 @@ TEST_F(JobListWindowTest, OddAnswers)
         EXPECT_EQ(RowCount(Jobs()), 0);
         Do({{kList, L"Cancel"}});
     }
-
     ScheduledJob job; // each character of the parameters takes five in a request: just too long to be read back
     job.name = L"n";
     job.tasks.assign(7, {L"a.exe", L"#"});

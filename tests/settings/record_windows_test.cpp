@@ -47,7 +47,6 @@ struct RecordWindows : testing::Test, LoadedProgram {
         Agent().ClearFaults();
         MainCommand(kReinitialize);
     }
-
     // Opens on a record that the agent sends like that.
     template <class Record>
     std::wstring OpenWith(const Editor& editor, const Record& record)
@@ -59,7 +58,6 @@ struct RecordWindows : testing::Test, LoadedProgram {
         const std::wstring line = Line(details);
         return line.substr(8, line.size() - 9); // inside "details[]"
     }
-
     const Editor* m_editor = nullptr;
     WindowId m_window{};
 };
@@ -95,7 +93,6 @@ TEST_F(RecordWindows, ProxyTravelsWholeAndItsFieldsFollowTheirSwitches)
     Set(L"Save Password");
     EXPECT_EQ(Shown(L"Password     :"), L"");
     ApplyAndExpect(before + L"Password= SavePassword=No");
-
     const auto expectEnabled = [&](bool proxy, bool authentication) {
         for (const wchar_t* label : {L"Proxy Server :", L"Port No      :", L"Use Authentication"})
             EXPECT_EQ(IsOn(label), proxy) << label;

@@ -1,6 +1,5 @@
 #include "settings/settings_rules.h"
 
-#include "base/text.h"
 #include "settings/machine_texts.h"
 
 #include <gtest/gtest.h>
@@ -34,22 +33,6 @@ TEST(MachineTextsTest, LogoOfTheSystemName)
         {L"microsoft windows", SystemLogo::None}, {L"UBUNTU", SystemLogo::None}};
     for (const auto& [name, logo] : kRows)
         EXPECT_EQ(LogoOf(name), logo) << name;
-}
-
-TEST(MachineTextsTest, AllSectionsAsText)
-{
-    // clang-format off
-    const Element details{L"details", L"", {
-        {L"CPUInfo", L"", {TextElement(L"Name", L"HX4\twith\nbreaks")}}, {L"OSInfo", L"", {TextElement(L"OSName", L"Debian")}},
-        {L"NetworkInfo", L"", {{L"Adapter", L"", {TextElement(L"IP", L"1")}}, {L"Adapter", L"", {TextElement(L"IP", L"")}}}},
-        {L"LogicalDiskInfo", L"", {{L"LogicalDisk", L"", {TextElement(L"Drive", L"C:")}}}}}};
-    // clang-format on
-    SystemDetails machine;
-    machine.Read(&details);
-    EXPECT_EQ(SystemName(machine), L"Debian");
-    EXPECT_EQ(Replaced(Replaced(DetailsText(machine), L"\r\nDescription\tValue\r\n", L"*"), L"\r\n", L"|"),
-        L"CPU*Name\tHX4 with breaks||Operating System*OSName\tDebian||Power Capabilities*|"
-        L"Network*IP\t1||IP\t|||Physical Disks*|Logical Disks*Drive\tC:|||");
 }
 
 } // namespace voltaro

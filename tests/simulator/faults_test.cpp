@@ -23,17 +23,6 @@ std::wstring TextOf(const Delivery& delivery)
     return UnitsOf(delivery.bytes.substr(kHeaderBytes, delivery.bytes.size() - kHeaderBytes - 2));
 }
 
-TEST(AgentFaultTest, KindsAreNamedInTheirOrder)
-{
-    for (std::size_t kind = 0; kind < FaultInfos().size(); ++kind)
-        EXPECT_EQ(ParseFault(FaultInfos()[kind].name)->kind, static_cast<FaultKind>(kind));
-    for (const wchar_t* unknown : {L"", L"explode", L"slo", L":5"})
-        EXPECT_FALSE(ParseFault(unknown)) << unknown;
-    // What is sent beyond either end of the document.
-    EXPECT_EQ(Faulted(L"close-mid-frame:9999").bytes.size(), 226u);
-    EXPECT_EQ(UnitsOf(Faulted(L"wrong-length:-9999").bytes.substr(0, kHeaderBytes)), L"00000000");
-}
-
 TEST(AgentFaultTest, ChangesTheDocument)
 {
     const auto has = [](const wchar_t* fault, const wchar_t* part) {
