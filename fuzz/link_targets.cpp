@@ -61,9 +61,7 @@ void CheckPolicy(const Element& root)
 void CheckBattery(const Element& root)
 {
     const BatteryInfo battery = ReadBattery(root);
-    Require(ChargePercent(battery) >= 0 && ChargePercent(battery) <= 100);
-    for (std::size_t row = 0; row < battery.rows.size(); ++row)
-        Require(BatteryLabel(battery, row) != nullptr);
+    Require(ChargePercent(battery) >= 0 && ChargePercent(battery) <= 100 && BatteryLabel(battery, 0) != nullptr);
     (void)BatteryStatusLine(battery);
 }
 
@@ -137,7 +135,7 @@ void RunReplies(Bytes& bytes)
     reader(root);
 }
 
-// Any document, in units and as bytes; what the simulated agent reads of it, it writes so that it reads the same.
+// Any document, in units and as bytes; what the simulated agent has read, it writes so that it reads the same.
 void RunDocument(Bytes& bytes)
 {
     const std::wstring text = bytes.Text(4000);

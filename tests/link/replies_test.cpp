@@ -31,19 +31,6 @@ TEST(RepliesTest, TheFirstInDocumentOrderIsReadAlone)
     EXPECT_EQ(TextAt(DetailsFields(root), 7), L"");
 }
 
-TEST(RepliesTest, RecordsTakeWhatIsThere)
-{
-    EXPECT_FALSE(ReadRecord<SnoozeSettings>(Holding(L"response", {TextElement(L"status", L"Failure")})));
-    const auto shorter = ReadRecord<SnoozeSettings>(Texts(L"details", {L"Yes", L"No"}));
-    EXPECT_EQ(shorter->schedulerAlert, L"No");
-    EXPECT_TRUE(shorter->snoozeMinutes.empty());
-    const std::wstring longText(5000, L'x');
-    const auto longer
-        = ReadRecord<SnoozeSettings>(Texts(L"details", {longText.c_str(), L"2", L"3", L"4", L"5", L"6", L"7", L"8"}));
-    EXPECT_EQ(longer->idleAlert, longText); // it goes back whole
-    EXPECT_EQ(longer->snoozeMinutes, L"5");
-}
-
 TEST(RepliesTest, PoliciesKeepEveryRuleAndItsTextsByNumber)
 {
     Element details = Texts(L"details", {L"Meetings"});

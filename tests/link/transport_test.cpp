@@ -2,9 +2,7 @@
 
 #include "base/platform_calls.h"
 #include "base/waiting.h"
-#include "link/document.h"
 #include "link/frame.h"
-#include "link/requests.h"
 #include "simulator/server.h"
 #include "support/test_window.h"
 #include "ui/waiting.h"
@@ -22,10 +20,9 @@ using simulator::FaultKind;
 // One operation name for all members: what a member sends is the caller's business.
 constexpr const wchar_t* kOperation = L"GetSystemstatus";
 
-std::wstring StatusRequest()
-{
-    return std::wstring(*SerialiseRequest(RequestElement(Plain(Operation::GetSystemStatus), NewMessageId())));
-}
+constexpr wchar_t kStatusRequest[] = L"<?xml version=\"1.0\"?><vltp version=\"1.0\"><request>"
+                                     L"<MessageId>{00000000-0000-0000-0000-000000000000}</MessageId>"
+                                     L"<operation>GetSystemstatus</operation></request></vltp>";
 
 // What behaviours of the agent make of an exchange by a member that has the room. The slow answer takes longer than the
 // time-out of the members that it is tried with; 15 bytes end within the length digits; what follows a length that is
@@ -63,7 +60,6 @@ TEST(TransportTest, EveryMemberAgainstEveryBehaviour)
     threadWait = WaitServingWindows;
     AgentServer agent;
     ASSERT_TRUE(agent.Start());
-    const std::wstring request = StatusRequest();
     const auto tryMembers = [&](const wchar_t* fault, Outcome expected, std::size_t bytes) {
         SCOPED_TRACE(fault);
         agent.SetFault(kOperation, *simulator::ParseFault(fault));
@@ -74,7 +70,7 @@ TEST(TransportTest, EveryMemberAgainstEveryBehaviour)
             FieldText response;
             const ULONGLONG start = GetTickCount64();
             probes = 0;
-            Outcome outcome = ServiceRequest(member.member, request.c_str(), response, agent.Port());
+            Outcome outcome = ServiceRequest(member.member, kStatusRequest, response, agent.Port());
             if (outcome == Outcome::CannotComplete) // a reset, when it did not pass for a close
                 outcome = Outcome::ClosedByAgent;
             EXPECT_EQ(outcome, member.capacity >= bytes ? expected : Outcome::Damaged)
@@ -104,7 +100,7 @@ TEST(TransportTest, AnswersAboveTheCapacityFail)
         for (const std::size_t units : {fits - 1, fits, fits + 1, fits * 10}) {
             agent.ScriptReply(kOperation, std::wstring(units, L'x'));
             FieldText response;
-            EXPECT_EQ(ServiceRequest(member.member, StatusRequest().c_str(), response, agent.Port()),
+            EXPECT_EQ(ServiceRequest(member.member, kStatusRequest, response, agent.Port()),
                 units <= fits ? Outcome::Answered : Outcome::Damaged)
                 << static_cast<int>(member.member);
             EXPECT_EQ(response.view().size(), units <= fits ? units : 0U);
@@ -126,8 +122,7 @@ TEST(TransportTest, EndsWithItsThread)
             return ++waits == end ? Waited::Ending : WaitPlainly(handle, milliseconds);
         };
         FieldText response;
-        EXPECT_EQ(
-            ServiceRequest(Member::StatusCheck, StatusRequest().c_str(), response, agent.Port()), Outcome::Ending);
+        EXPECT_EQ(ServiceRequest(Member::StatusCheck, kStatusRequest, response, agent.Port()), Outcome::Ending);
         EXPECT_TRUE(response.empty());
     }
     threadWait = WaitPlainly;

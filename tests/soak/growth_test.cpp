@@ -13,6 +13,7 @@
 #include "support/program.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace voltaro {
 namespace {
@@ -47,10 +48,9 @@ struct Work {
 
 void CloseAll()
 {
-    for (std::size_t i = std::size(kOpenings); i-- > 0;) {
-        const HWND window = WindowOf(kOpenings[i].opened);
-        SendMessageW(window, kOpenings[i].opened == WindowId::Update ? WM_COMMAND : WM_CLOSE, IDOK, 0);
-        EXPECT_FALSE(IsWindowVisible(window)) << i;
+    for (const Opening& row : std::views::reverse(kOpenings)) {
+        SendMessageW(WindowOf(row.opened), row.opened == WindowId::Update ? WM_COMMAND : WM_CLOSE, IDOK, 0);
+        EXPECT_FALSE(ConsoleProgram::IsOpen(row.opened)) << row.command;
     }
     Pump();
 }
