@@ -150,8 +150,8 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
     shownDay = MakeShownDay({2024, 2, 29}, {{.poweredOn = 3600, .active = 3600}, {}, 0, 0}, savedProfile);
     Click(kManual);
     EXPECT_EQ(Watts(), L"21.20 0.65");
-    Do({{WindowId::Profile, kType, L"LED"}, {WindowId::Profile, kSize, L"24.00"}, {WindowId::Profile, kCpuMax, L"100"},
-        {WindowId::Profile, kCpuIdle, L"40.5"}});
+    for (const auto& [id, text] : {std::pair(kType, L"LED"), {kSize, L"24.00"}, {kCpuMax, L"100"}, {kCpuIdle, L"40.5"}})
+        Set(id, text);
     boxes.Expect({{L"Power Consumption Settings", {}}, {L"Power Consumption Settings", {}}});
     Click(kSave);
     ExpectSent(L"ApplyPowerConsumptionData",

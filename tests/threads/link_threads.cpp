@@ -29,13 +29,13 @@ std::wstring NewMessageId()
 {
     return L"{00000000-0000-0000-0000-000000000000}";
 }
-void LogFailure(const char* module, unsigned line, const char* label, long, const char* call)
+void LogFailure(const char*, unsigned line, const char* label, long, const char* call)
 {
-    std::cerr << module << ":" << line << " " << label << " " << call << "\n";
+    std::cerr << line << " " << label << " " << call << "\n";
 }
-void LogFault(const char* label, const char* what, CodePlace where)
+void LogFault(const char* label, const char* what, CodePlace)
 {
-    LogFailure(where.file, where.line, label, 0, what);
+    std::cerr << label << " " << what << "\n";
 }
 const simulator::LiveMachine& simulator::ThisMachine()
 {
