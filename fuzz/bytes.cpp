@@ -52,21 +52,9 @@ std::wstring Bytes::Value(std::span<const wchar_t* const> words)
     return choice < 192 ? text : text + text + text + text;
 }
 
-namespace {
-
-std::size_t SizeOf(const Element& element)
-{
-    std::size_t size = 1;
-    for (const Element& child : element.children)
-        size += SizeOf(child);
-    return size;
-}
-
-} // namespace
-
 void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
 {
-    std::size_t room = 1000; // for copies, or copies of copies would never end
+    int copies = 8; // or copies of copies would never end
     const auto anyName = [&] {
         const std::wstring stem = names[bytes.Next() % names.size()];
         return stem.ends_with(L'_') ? stem + NumberText(bytes.Next()) : stem;
@@ -87,13 +75,9 @@ void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
             children.push_back(TextElement(anyName(), bytes.Value()));
         else if (step == 3)
             children.erase(children.begin() + static_cast<std::ptrdiff_t>(child));
-        else {
-            // Now and then more than any list of the console may hold.
-            const std::size_t size = SizeOf(children[child]),
-                              copies = std::min<std::size_t>(room / size, choice > 250 ? 220 : 1);
-            children.insert(children.end(), copies, Element(children[child]));
-            room -= copies * size;
-        }
+        else if (copies-- > 0) // now and then of more leaves than any list of the console may hold
+            children.insert(
+                children.end(), choice > 250 && children[child].children.empty() ? 550 : 1, Element(children[child]));
     }
 }
 

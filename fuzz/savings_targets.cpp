@@ -85,13 +85,8 @@ void RunGraph(Bytes& bytes)
     const PowerProfile profile = ProfileOf(AnyProfile(bytes));
     const SavingsFigures figures = ComputeSavings(day, profile);
     Require(std::isfinite(figures.wouldHaveBeen) && std::isfinite(figures.saved) && std::isfinite(figures.nowIs));
-    if (page == 1) {
-        (void)TotalRows(day.durations, figures);
-        (void)EmissionRows(figures);
-    } else {
-        (void)EstimateRows(day.durations, figures);
-        (void)IdlePatternRows(day.histogram, profile);
-    }
+    (void)(page == 1 ? TotalRows(day.durations, figures) : EstimateRows(day.durations, figures));
+    (void)(page == 1 ? EmissionRows(figures) : IdlePatternRows(day.histogram, profile));
 }
 
 // A profile shown, edited and sent; what was not edited goes as it was read.

@@ -71,19 +71,14 @@ void RunSettings(Bytes& bytes)
         CheckTwice(AnyRecord<SnoozeSettings>(bytes), CompleteSnoozeSettings);
     const auto address = static_cast<std::uint32_t>(bytes.Number());
     Require(AddressOf(DottedAddress(address)) == address);
-    const std::wstring stored = bytes.Value(), shown = bytes.Value();
+    const std::wstring stored = bytes.Value();
     if (const auto dotted = AddressOf(stored))
         Require(AddressOf(DottedAddress(*dotted)) == dotted);
     for (const Choices list : {Choices(kDimChoices), Choices(kLogOffChoices), Choices(kRepeatChoices)}) {
         // What a list shows of a number, it shows again once that is stored.
         const std::wstring entry = ShownText(list, stored);
         Require(ShownText(list, ChosenText(list, entry)) == entry);
-        (void)ChosenText(list, shown);
     }
-    (void)LockList(stored, shown);
-    (void)StandbyList(bytes.Next() % 2 == 0, shown);
-    (void)HibernateList(bytes.Next() % 2 == 0, stored, shown);
-    (void)MonitorOffList(stored, shown);
 }
 
 // A damaged job, read and written; the times and dates of jobs.

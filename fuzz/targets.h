@@ -45,20 +45,13 @@ struct Target {
     void (*run)(Bytes& bytes);
 };
 
-void RunFrame(Bytes& bytes);
-void RunReplies(Bytes& bytes);
-void RunDetails(Bytes& bytes);
-void RunDocument(Bytes& bytes);
-void RunEvents(Bytes& bytes);
-void RunGraph(Bytes& bytes);
-void RunProfile(Bytes& bytes);
-void RunJobs(Bytes& bytes);
-void RunNames(Bytes& bytes);
-void RunSettings(Bytes& bytes);
+void RunFrame(Bytes&bytes), RunReplies(Bytes&bytes), RunDocument(Bytes&bytes), RunEvents(Bytes&bytes),
+    RunGraph(Bytes&bytes), RunProfile(Bytes&bytes), RunJobs(Bytes&bytes), RunNames(Bytes&bytes),
+    RunSettings(Bytes&bytes);
 
 // clang-format off
 inline constexpr Target kTargets[] = {
-    {"frame", RunFrame}, {"replies", RunReplies}, {"details", RunDetails}, {"document", RunDocument}, {"events", RunEvents},
+    {"frame", RunFrame}, {"replies", RunReplies}, {"document", RunDocument}, {"events", RunEvents},
     {"graph", RunGraph}, {"profile", RunProfile}, {"jobs", RunJobs}, {"names", RunNames}, {"settings", RunSettings},
 };
 // clang-format on

@@ -31,8 +31,6 @@ TEST(ChoicesTest, EveryListOfMinutesBothWays)
             EXPECT_EQ(ChosenText(list, text), std::to_wstring(minutes));
         }
     }
-    for (std::size_t i = 0; const int step : {0, 15, 30, 45, 60, 75, 90, 105, 128})
-        EXPECT_EQ(ShownChoice(kBrightnessSteps, step), i++);
 }
 
 TEST(ChoicesTest, NumbersThatNoChoiceHas)

@@ -6,21 +6,14 @@
 
 namespace voltaro {
 
-TEST(FixedTextTest, CutsAndStaysTerminated)
+TEST(FixedTextTest, CutsBetweenCharactersAndLeavesNothingBehind)
 {
     FixedText<4> slot(L"abcdef");
     EXPECT_EQ(slot.view(), L"abc");
     slot = L"x";
-    EXPECT_EQ(slot.view(), L"x");
-    EXPECT_EQ(slot.data()[1], L'\0');
-    EXPECT_EQ(slot.data()[2], L'\0'); // a shorter text leaves nothing of the longer one behind
-}
-
-TEST(FixedTextTest, NeverCutsThroughASurrogatePair)
-{
-    const wchar_t text[] = {L'a', L'b', 0xD83D, 0xDE00, L'\0'};
-    EXPECT_EQ(FixedText<4>(text).view(), L"ab");
-    EXPECT_EQ(FixedText<5>(text).view(), text);
+    EXPECT_EQ(std::wstring_view(slot.data(), 4), std::wstring_view(L"x\0\0", 4));
+    const wchar_t pair[] = {L'a', L'b', 0xD83D, 0xDE00, L'\0'};
+    EXPECT_TRUE(FixedText<4>(pair).view() == L"ab" && FixedText<5>(pair).view() == pair);
 }
 
 TEST(TextTest, LeadingNumbers)
@@ -34,11 +27,9 @@ TEST(TextTest, LeadingNumbers)
 
 TEST(TextTest, ComparesWithoutCase)
 {
-    EXPECT_TRUE(EqualsIgnoreCase(L"Success", L"sUCCESS"));
+    EXPECT_TRUE(EqualsIgnoreCase(L"Success B\u00DCRO \u0416", L"sUCCESS b\u00FCro \u0436"));
     EXPECT_FALSE(EqualsIgnoreCase(L"Success", L"Success "));
     EXPECT_FALSE(EqualsIgnoreCase(L"[", L"{")); // 0x20 apart, yet no letters
-    EXPECT_TRUE(EqualsIgnoreCase(L"B\u00DCRO \u0416", L"b\u00FCro \u0436"));
-    EXPECT_FALSE(EqualsIgnoreCase(L"\u00DF", L"ss")); // letter by letter
 }
 
 TEST(TextTest, FormatsOfAnyLength)
@@ -52,13 +43,11 @@ TEST(TextTest, FormatsOfAnyLength)
 TEST(TextTest, DottedAddresses)
 {
     EXPECT_EQ(AddressOf(L"192.168.20.11"), 0xC0A8140BU);
-    EXPECT_EQ(AddressOf(L"0.0.0.0"), 0U);
-    EXPECT_EQ(AddressOf(L"255.255.255.255"), 0xFFFFFFFFU);
+    EXPECT_TRUE(AddressOf(L"0.0.0.0") == 0U && AddressOf(L"255.255.255.255") == 0xFFFFFFFFU);
     for (const wchar_t* none : {L"", L"1.2.3", L"1.2.3.", L"1.2.3.4.5", L"1.2.3.4 ", L" 1.2.3.4", L"1..3.4",
              L"1.2.3.256", L"1.2.3.-4", L"1.2.3.99999999999", L"host.example"})
         EXPECT_EQ(AddressOf(none), std::nullopt) << none;
     EXPECT_EQ(DottedAddress(0xC0A8140BU), L"192.168.20.11");
-    EXPECT_EQ(DottedAddress(0), L"0.0.0.0");
 }
 
 } // namespace voltaro

@@ -5,10 +5,10 @@
 namespace voltaro {
 
 // A frame with any length digits, as bytes of UTF-16LE.
-static WipedBytes Frame(const std::wstring& digits, const std::wstring& text, bool nul = true)
+static WipedBytes Frame(const std::wstring& digits, const std::wstring& text)
 {
     WipedBytes bytes;
-    for (const wchar_t unit : digits + text + (nul ? std::wstring(1, L'\0') : std::wstring())) {
+    for (const wchar_t unit : digits + text + std::wstring(1, L'\0')) {
         bytes.push_back(static_cast<std::byte>(unit & 0xFF));
         bytes.push_back(static_cast<std::byte>(unit >> 8));
     }
@@ -18,42 +18,10 @@ static WipedBytes Frame(const std::wstring& digits, const std::wstring& text, bo
 TEST(FrameTest, EncodesLengthTextAndNul)
 {
     EXPECT_EQ(EncodeFrame(L"", 1024), Frame(L"00000018", L""));
-    EXPECT_EQ(EncodeFrame(std::wstring(100, L'x'), 1024), Frame(L"00000218", std::wstring(100, L'x')));
     EXPECT_EQ(EncodeFrame(L"\x20AC", 1024), Frame(L"00000020", L"\x20AC"));
     EXPECT_EQ(EncodeFrame(std::wstring(600, L'x'), 1024), Frame(L"00001024", std::wstring(503, L'x')));
     const wchar_t pair[] = {0xD83D, 0xDE00, L'\0'};
     EXPECT_EQ(EncodeFrame(std::wstring(502, L'x') + pair, 1024), Frame(L"00001022", std::wstring(502, L'x')));
-}
-
-TEST(FrameTest, AsksForHalfTheCapacityAndThenForTheRemainder)
-{
-    FrameAssembler assembler(700);
-    EXPECT_EQ(assembler.Wanted(), 350U);
-    EXPECT_EQ(assembler.Take(Frame(L"0000", L"", false)), FrameAssembler::State::NeedMore);
-    EXPECT_EQ(assembler.Wanted(), 342U);
-    EXPECT_EQ(assembler.Take(Frame(L"0030", L"ab", false)), FrameAssembler::State::NeedMore);
-    EXPECT_EQ(assembler.Wanted(), 10U);
-}
-
-TEST(FrameTest, RefusesWhatCannotBeAFrame)
-{
-    using State = FrameAssembler::State;
-    // More bytes than it says; fewer; above the capacity; leading digits count.
-    const std::pair<const wchar_t*, State> kCases[]
-        = {{L"00000022", State::Complete}, {L"00000021", State::Failed}, {L"00000023", State::NeedMore},
-            {L"00000000", State::Failed}, {L"-0000022", State::Failed}, {L"99999999", State::Failed},
-            {L"00000701", State::Failed}, {L"22xxxxxx", State::Complete}, {L"<vltp ve", State::Failed}};
-    for (const auto& [digits, expected] : kCases) {
-        FrameAssembler assembler(700);
-        EXPECT_EQ(assembler.Take(Frame(digits, L"ab")), expected) << digits;
-    }
-}
-
-TEST(FrameTest, TakesAFrameWithoutNul)
-{
-    FrameAssembler assembler(700);
-    EXPECT_EQ(assembler.Take(Frame(L"00000020", L"ab", false)), FrameAssembler::State::Complete);
-    EXPECT_EQ(assembler.Text(), L"ab");
 }
 
 } // namespace voltaro

@@ -55,34 +55,27 @@ const Day kDays[] = {
     {L"Istime 10|Dstime 10:10|Detime 10:15|Mstime 10:15|Metime 11|Ietime 11", {82800, 600, 300, 2700}, {{3, 3600}}},
     {L"Istime 08|Qstime 08:20|Qetime 09|Hstime 09|Hetime 11|"
      L"Ietime 12:00:01", {71999, 4801, 0, 0, 2400, 7200, 0, 0, 7200}, {{6, 14401}}},
-    {L"Istime 00:30|Qhtime 01|QHetme 03|Ietime 03", {77400, 1800, 0, 0, 0, 7200}, {{5, 9000}}},
     {L"Istime 12|Qptime 12:10|QUptme 13:10|Ietime 13:30|Qptime 20|"
      L"QAgtme 20:30", {75600, 5400, 0, 0, 0, 0, 5400}, {{4, 5400}}},
     {L"Istime 18|Sdtime 18:30|SUptme 20|Ietime 20", {79200, 1800, 0, 0, 0, 0, 5400, 5400}, {{4, 7200}}},
     // Timed standby.
     {L"Istime 13|Sbtime 13:10|Duratn 30|Setime 15:10|Duratn 120|"
      L"Ietime 15:20", {78000, 1200, 0, 0, 1800, 5400, 0, 0, 5400, 1800}, {{5, 8400}}},
-    {L"Sbtime 13|Duratn 0|Setime 14|Duratn 60", {82800, 0, 0, 0, 3600, 0, 0, 0, 0, 3600}},
     {L"Sbtime 01|Duratn 61|Setime 02|Duratn 60|Sbtime 03|Duratn 60|"
      L"Setime 04", {79200, 0, 0, 0, 7200, 0, 0, 0, 0, 7200}},
     {L"Sbtime 13|Setime 13:30|Duratn 30", {84600, 0, 0, 0, 1800, 0, 0, 0, 0, 1800}},
     {L"Istime 20|Sbtime 21|Duratn 30", {72001, 3600, 0, 0, 10799, 0, 0, 0, 0, 10799}, {{5, 14400}}},
-    {L"Sbtime 21|Duratn 30|Dstime 22|Detime 22:01", {86340, 0, 60}},
     // The first event reaches back to midnight.
-    {L"QUptme 06", {64800, 0, 0, 0, 0, 0, 21600}}, {L"QAgtme 00:00:30", {86370, 0, 0, 0, 0, 0, 30}},
+    {L"QUptme 06", {64800, 0, 0, 0, 0, 0, 21600}}, {L"Metime 02", {79200, 0, 0, 7200}, {{4, 7200}}},
     {L"SUptme 07", {61200, 0, 0, 0, 0, 0, 25200, 25200}, {{6, 25200}}}, {L"Detime 00:05", {86100, 0, 300}, {{0, 300}}},
-    {L"Metime 02", {79200, 0, 0, 7200}, {{4, 7200}}},
     {L"Hetime 08", {57600, 0, 0, 0, 0, 28800, 0, 0, 28800}, {{6, 28800}}}, {L"QHetme 08", {57600, 0, 0, 0, 0, 28800}},
     {L"Qetime 00:10", {85800, 0, 0, 0, 600}}, {L"Ietime 01", {82800, 3600}, {{3, 3600}}},
     {L"Detime 00", {86400}, {{0, 0}}}, {L"Setime 06|Duratn 60|Duratn 480", {64800, 0, 0, 0, 0, 21600}},
     {L"Setime 06|Duratn 240|Duratn 480", {64800, 0, 0, 0, 7200, 14400}},
-    {L"Setime 06|Duratn 600|Duratn 480", {64800, 0, 0, 0, 21600}},
     {L"Setime 06|Dstime 07|Detime 07:01", {64740, 0, 60, 0, 21600}}, {L"=Foobar # 1|Metime 02", {86400}},
     // Open to the day's end, or until now.
     {L"Istime 23|=Pwrcon # 2|=Pwrsav # -0.5", {82801, 3599}, {{3, 3600}}, kLater, 2, -0.5},
-    {L"Sdtime 20|=Pwrsav # 0.5", {72001, 0, 0, 0, 0, 0, 14399, 14399}, {}, kLater, 0, 0.5},
     {L"Istime 12|Qstime 12:10", {43200, 600, 0, 0, 3000}, {{4, 3601}}, {2024, 2, 29, 13, 0, 0}},
-    {L"Istime 11", {36000}, {{0, 1}}, {2024, 2, 29, 10, 0, 0}},
     // Starts and ends that do not match, days that are not one.
     {L"Istime 10|Dstime 10:10|Detime 10:20|Istime 11|Ietime 11:30", {84000, 1800, 600}, {{2, 1800}}},
     {L"Dstime 10|Metime 10:05|Hstime 11|=Pwrcon # 1|Hetime 12", {86400}, {}, kLater, 1, 0},
@@ -94,8 +87,6 @@ const Day kDays[] = {
     {L"=Dstime # 2024/13/29 10:00:00|=Detime # 2024/13/29 11:00:00|=Mstime # 2024/02/00 10:00:00|"
      L"=Metime # 2024/02/29 99:00:00", {86400}},
     {L"=Hstime|Hetime 11|Qstime 11|=Qetime # -|=Sdtime # 2024-02-29|SUptme 12", {86400}},
-    {L"=Dstime # 2024/02/29 10|=Detime # 2024/02/29 10:30x", {84600, 0, 1800}},
-    {L"=Istime # x|Ietime 10", {86400}, {{0, 0}}},
     {L"Sbtime 13|=Duratn # -5|Setime 14|=Duratn # 99999999999", {82800, 0, 0, 0, 3600, 0, 0, 0, 0, 3600}},
 };
 // clang-format on
@@ -122,7 +113,7 @@ TEST(EventWalkTest, DaysWorkedByHand)
     }
 }
 
-// What an answer turns out to be.
+// Lines come from every `details`, in order; what stands elsewhere is no event.
 TEST(ShownDayTest, Answers)
 {
     DayReport report;
@@ -130,18 +121,12 @@ TEST(ShownDayTest, Answers)
         const Element root{L"vltp", {}, std::move(children)};
         return ReadDayAnswer(&root, answer, kLater, report);
     };
-    EXPECT_EQ(ReadDayAnswer(nullptr, L"", kLater, report), DayAnswer::Damaged);
-    EXPECT_EQ(read({}), DayAnswer::Damaged);
-    EXPECT_EQ(read({{L"response", {}, {}}}), DayAnswer::Report);
-    EXPECT_EQ(report.durations.active, kDaySeconds);
-    EXPECT_EQ(read({{L"response", {}, {{L"details", {}, {TextElement(L"status", L"failure")}}}}}, L"failure"),
-        DayAnswer::NoData);
-    EXPECT_TRUE(report.durations == DayDurations()) << "nothing of the day before";
+    const auto details = [](const wchar_t* text) { return Element{L"details", {}, {TextElement(L"a", text)}}; };
     EXPECT_EQ(read({{L"response", {}, {TextElement(L"a", L"Failure of it")}}}, L"Failure"), DayAnswer::Report);
-    // Lines come from every `details`, in order; what stands elsewhere is no event.
-    const Element start{L"details", {}, {TextElement(L"a", L"Istime # 2024/02/29 00:00:00")}};
-    const Element end{L"details", {}, {TextElement(L"a", L"Ietime # 2024/02/29 00:05:00")}};
-    EXPECT_EQ(read({{L"response", {}, {start}}, TextElement(L"a", L"Failure"), end}), DayAnswer::Report);
+    EXPECT_EQ(report.durations.active, kDaySeconds);
+    EXPECT_EQ(read({{L"response", {}, {details(L"Istime # 2024/02/29 00:00:00")}}, TextElement(L"a", L"Failure"),
+                  details(L"Ietime # 2024/02/29 00:05:00")}),
+        DayAnswer::Report);
     EXPECT_EQ(report.durations.idleWithoutSavings, 300);
 }
 

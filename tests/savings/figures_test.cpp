@@ -19,9 +19,7 @@ constexpr DayDurations kDay = {.poweredOn = 28800, .offTotal = 10800, .idle = 12
 // Worked by hand. Would have been on: 28800 + 3600 + 7200 = 39600 s. Full on: 0.05 x 90 + 0.15 x 67.5 + 0.8 x 45
 // = 50.625 W and the monitor. CRT, in watt seconds: without savings 18900 x 112.8 + 1800 x (45 + 0.97 x 67.8)
 // = 2331298.8; drawn 1800 x (45 + 0.95 x 67.8) + 5400 x 48.8 + 2700 x 7 + 10800 x 4.9 = 532278; 1799020.8 / 3.6e6
-// = 0.499728 kWh saved of 39600 x 118.425 / 3.6e6 = 1.302675. The others alike; Inbuilt drew 7200 x 0.97 x 45
-// + 2700 x 3.2 + 10800 x 1.1 = 334800, Branded 7200 x 45 + 8640 + 11880 = 344520, of 20700 x 45 = 931500. What the
-// agent tells replaces what is computed.
+// = 0.499728 kWh saved of 39600 x 118.425 / 3.6e6 = 1.302675. What the agent tells replaces what is computed.
 TEST(SavingsFiguresTest, EachMonitorKindAndTheAgentsFigures)
 {
     const struct {
@@ -44,10 +42,9 @@ TEST(SavingsFiguresTest, EachMonitorKindAndTheAgentsFigures)
         const PowerProfile profile = ReadProfile({row.type, row.on, row.off, L"90.00", L"45.00", L"3.20", L"1.10"});
         const SavingsFigures f = ComputeSavings({kDay, {}, row.consumedTold, row.savedTold}, profile);
         EXPECT_TRUE(f.wouldHaveBeenOn == 39600 && f.savedFor == 20700);
-        EXPECT_NEAR(f.wouldHaveBeen, row.wouldHaveBeen, 1e-6);
-        EXPECT_NEAR(f.nowIs, row.nowIs, 1e-6);
-        EXPECT_NEAR(f.saved, row.saved, 1e-6);
-        EXPECT_NEAR(f.percentage, row.percentage, 1e-4);
+        for (const auto& [is, expected] : {std::pair(f.wouldHaveBeen, row.wouldHaveBeen), {f.nowIs, row.nowIs},
+                 {f.saved, row.saved}, {f.percentage, row.percentage}})
+            EXPECT_NEAR(is, expected, 1e-6);
         EXPECT_NEAR(f.carbonDioxide, row.carbonDioxide, 1e-3);
     }
 }
@@ -58,45 +55,25 @@ TEST(ReportTest, Texts)
     EXPECT_EQ(HoursMinutesText(86399), L"23 Hrs : 59 Mins");
     const PowerProfile thirtyWatts = ReadProfile({L"Inbuilt", L"", L"", L"30", L"30", L"", L""});
     EXPECT_EQ(EnergyText(IdleEnergy(660, thirtyWatts)), L"0.006 kWh"); // 0.0055: divided by 3600 first it prints 0.005
-    EXPECT_EQ(EnergyText(-0.0004), L"0.000 kWh");
-    EXPECT_EQ(EnergyText(-0.0006), L"-0.001 kWh");
-    EXPECT_EQ(PercentageText(-0.0), L"0.000 %");
-    EXPECT_EQ(RequestDate({2024, 2, 9}), L"02092024");
-    EXPECT_EQ(HeadingDate({2024, 2, 9}), L"February 09, 2024");
-    EXPECT_EQ(HeadingDate({2024, 13, 9}), L" 09, 2024");
+    EXPECT_EQ(EnergyText(-0.0004) + EnergyText(-0.0006), L"0.000 kWh-0.001 kWh");
+    EXPECT_EQ(HeadingDate({2024, 2, 9}) + HeadingDate({2024, 13, 9}), L"February 09, 2024 09, 2024");
 }
 
 TEST(MonitorTableTest, RowsAndWattTexts)
 {
-    EXPECT_TRUE(MonitorsOfType(L"lcd").size() == 16 && MonitorsOfType(L"Branded").empty());
-    EXPECT_TRUE(!FindMonitor(L"LED", L"17.00") && MonitorKindOf(L"") == MonitorKind::Lcd);
-    for (const wchar_t* text : {L"0", L"0.00", L"21.23", L"999.99", L"999.990", L"0000999.9", L"7"})
-        EXPECT_EQ(CheckWatts(text), WattCheck::Accepted) << text;
-    for (const wchar_t* text : {L"", L".", L"12.", L".5", L"-1", L"+1", L"1e2", L"1,5", L" 1", L"1.2.3", L"abc"})
-        EXPECT_EQ(CheckWatts(text), WattCheck::NotANumber) << text;
-    for (const wchar_t* text : {L"1000", L"999.991", L"999.999", L"99999999999999999999999"})
-        EXPECT_EQ(CheckWatts(text), WattCheck::TooHigh) << text;
-}
-
-TEST(ProfileRecordTest, TypedPowersGetTwoDecimals)
-{
-    // clang-format off
-    const wchar_t* const kRows[][3] = { // read, entered, sent
-        {L"0.85", L"1", L"1.00"}, {L"0.85", L"007.5", L"7.50"}, {L"0.8", L"0.8", L"0.8"}, // as read
-        {L"0.85", L"18.9", L"18.9"}, // as in the table
-        {L"0.85", L"0000000000000000000000000000000000000000000000000000000000000000000005", L"5.00"}};
-    // clang-format on
-    for (const auto& [asRead, typed, expected] : kRows) {
-        const PowerConsumptionData read{L"", L"LED", L"24.00", asRead, {}, {}, {}, {}, {}, {}, {}, {}, {}};
-        PowerConsumptionData sent = read;
-        sent.monitorOnPower = typed;
-        sent = RecordToSend(read, sent, false);
-        EXPECT_EQ(sent.monitorOnPower.view(), expected);
-        EXPECT_EQ(sent.manualSetFlag == L"Yes", std::wstring_view(asRead) != typed);
+    double watts = 0;
+    for (const std::wstring_view type : kMonitorTypes) {
+        for (const MonitorRow& row : MonitorsOfType(type))
+            watts += std::stod(std::wstring(row.onWatts)) + std::stod(std::wstring(row.offWatts));
     }
-    EXPECT_EQ(RecordToSend({}, WithMonitor({}), false), PowerConsumptionData{}) << "the default monitor is not stored";
-    EXPECT_TRUE(RecordToSend({}, {}, true).manualSetFlag == L"Yes") << "an entry is manual even unchanged";
-    EXPECT_EQ(ProfileOf({}).monitorOn, 21.23F) << "the default monitor";
+    EXPECT_NEAR(watts, 1072.22, 1e-6);
+    EXPECT_TRUE(MonitorsOfType(L"Branded").empty() && !FindMonitor(L"LED", L"17.00"));
+    for (const wchar_t* text : {L"0", L"21.23", L"999.990", L"0000999.9"})
+        EXPECT_EQ(CheckWatts(text), WattCheck::Accepted) << text;
+    for (const wchar_t* text : {L"", L".", L"12.", L".5", L"-1", L"+1", L"1e2", L" 1", L"1.2.3"})
+        EXPECT_EQ(CheckWatts(text), WattCheck::NotANumber) << text;
+    for (const wchar_t* text : {L"1000", L"999.991", L"99999999999999999999999"})
+        EXPECT_EQ(CheckWatts(text), WattCheck::TooHigh) << text;
 }
 
 // 16 h on: idle 6 h (without savings 1 h, dim 2 h, timed standby 1 h, standby by hand 2 h), active 10 h; off 8 h.
@@ -122,14 +99,12 @@ TEST(GraphLayoutTest, SegmentsMarkersAndTexts)
         {L"ON", {254, 160, 294, 480}, 0x008080},
         {L"OFF  (Done by Voltaro)", {254, 0, 294, 160}, 0x000080},
     };
-    ASSERT_EQ(kLayout.segments.size(), std::size(kSegments));
-    ASSERT_EQ(kLayout.legend.size(), std::size(kSegments));
+    ASSERT_TRUE(kLayout.segments.size() == std::size(kSegments) && kLayout.legend.size() == std::size(kSegments));
     for (std::size_t i = 0; i < std::size(kSegments); ++i) {
         const auto& [state, bar, colour] = kSegments[i];
-        EXPECT_EQ(kLayout.segments[i].state, state);
-        EXPECT_TRUE(kLayout.segments[i].bar == bar && kLayout.segments[i].colour == colour) << state;
-        EXPECT_EQ(kLayout.legend[i].label.text, state);
-        EXPECT_EQ(kLayout.legend[i].colour, colour);
+        EXPECT_TRUE(kLayout.segments[i].state == state && kLayout.legend[i].label.text == state) << state;
+        EXPECT_TRUE(kLayout.segments[i].colour == colour && kLayout.legend[i].colour == colour) << state;
+        EXPECT_TRUE(kLayout.segments[i].bar == bar) << state;
     }
     // No monitor off, and 179 s of shutdown are no pixel.
     // clang-format off
@@ -147,25 +122,9 @@ TEST(GraphLayoutTest, SegmentsMarkersAndTexts)
     };
     EXPECT_TRUE(has(L"24", 30, -3) && has(L"23", 30, 15) && has(L"0", 30, 475) && has(L"IDLE breakup", 160, 481));
     EXPECT_TRUE(has(L"Graph for VLT Events of Date  :", 380, 15) && has(L"February 29, 2024", 400, 32));
-    for (const GraphLegendEntry& entry : kLayout.legend) // below the list, inside the tab
-        EXPECT_TRUE(
-            entry.swatch.top > 410 && entry.label.y + entry.label.font.height <= 497 && entry.swatch.left >= 345);
-}
-
-TEST(GraphLayoutTest, FullEmptyAndImpossibleDays)
-{
-    const GraphLayout full = LayOutGraph({.poweredOn = 86400, .active = 86400}, L"");
-    EXPECT_EQ(full.segments[1].bar.top, 0);
-    EXPECT_EQ(full.markers.size(), 3U); // the two of the first column always, and ON
+    EXPECT_TRUE(SegmentTooltip(kLayout.segments[3], kLayout.daySeconds, true).ends_with(L"8.3 % of the day so far"));
     const GraphLayout wild = LayOutGraph({.active = -90000, .idle = 1'000'000'000'000'000}, L"");
     EXPECT_TRUE(wild.segments[0].bar.top == 0 && wild.segments[1].bar.top == 0);
-}
-
-TEST(GraphLayoutTest, TooltipOfASegment)
-{
-    EXPECT_EQ(
-        SegmentTooltip(kLayout.segments[3], kLayout.daySeconds), L"DIM (Upon IDLE)\n2 Hrs : 0 Mins\n8.3 % of the day");
-    EXPECT_TRUE(SegmentTooltip(kLayout.segments[3], kLayout.daySeconds, true).ends_with(L"8.3 % of the day so far"));
 }
 
 } // namespace voltaro

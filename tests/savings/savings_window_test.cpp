@@ -1,10 +1,9 @@
 #include "savings/savings_window.h"
 
+#include "savings/graph_view.h"
 #include "savings/saved_profile.h"
 #include "savings/scripted_day.h"
 #include "savings/shown_day.h"
-#include "support/pixels.h"
-#include "support/program.h"
 
 namespace voltaro {
 
@@ -49,9 +48,7 @@ struct SavingsWindowTest : testing::Test, LoadedProgram {
         Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);
         MainCommand(kSavingsReport);
     }
-
     [[nodiscard]] HWND Picker() const { return ControlOf(WindowOf(WindowId::Savings), kPicker); }
-
     void SetDay(WORD year, WORD month, WORD day)
     {
         const SYSTEMTIME time{year, month, 0, day, 0, 0, 0, 0};
@@ -71,46 +68,18 @@ struct SavingsWindowTest : testing::Test, LoadedProgram {
         Pump();
         return TakeOperations();
     }
-    void ExpectDayAfterReopening(int monthAndDay)
-    {
-        Command(WindowId::Savings, IDCANCEL);
-        EXPECT_FALSE(IsOpen(WindowId::Savings));
-        SetDay(2024, 1, 1);
-        OpenSavingsWindow(nullptr);
-        SYSTEMTIME time{};
-        DateTime_GetSystemtime(Picker(), &time);
-        EXPECT_EQ(time.wMonth * 100 + time.wDay, monthAndDay);
-    }
     void ExpectLists(bool shown)
     {
         for (const auto& row : kLists) {
             const HWND list = ControlOf(WindowOf(row.page), row.list);
             EXPECT_EQ(IsShown(list), shown);
-            std::wstring text = ListText(list, false);
-            std::erase(text, L'\r');
-            std::replace(text.begin(), text.end(), L'\n', L'|');
+            const std::wstring text = Replaced(ListText(list, false), L"\r\n", L"|");
             EXPECT_TRUE(!shown || text == row.text) << text;
             const bool emission = row.text.ends_with(L"Grams|") || row.text.ends_with(L"Grams\t|");
             EXPECT_TRUE(!shown || !emission || TipOver(list, RowCount(list) - 1) == L"Saved power (kWh) x 700 Grams");
         }
     }
 };
-
-TEST_F(SavingsWindowTest, OpeningAsksNothingAndAChosenDayFillsThePages)
-{
-    EXPECT_TRUE(IsOpen(WindowId::Savings));
-    EXPECT_TRUE(TakeOperations().empty());
-    ExpectLists(false);
-    Choose(2024, 2, 29);
-    EXPECT_NE(LastRequest(L"GetVLTEvents").find(L"<fordate>02292024</fordate>"), std::wstring::npos);
-    EXPECT_EQ(TakeOperations(), kOneDay);
-    ExpectLists(true);
-
-    // Closed and opened again: the day and its report are there, and the agent is not asked.
-    ExpectDayAfterReopening(229);
-    EXPECT_TRUE(TakeOperations().empty());
-    ExpectLists(true);
-}
 
 TEST_F(SavingsWindowTest, ADayCountsOnceItRestsAndNotFromTheFuture)
 {
@@ -129,16 +98,44 @@ TEST_F(SavingsWindowTest, ADayCountsOnceItRestsAndNotFromTheFuture)
     EXPECT_TRUE(AskedAfter(0, kLongEnough).empty()) << "closed meanwhile";
     SYSTEMTIME now;
     GetLocalTime(&now);
-    SYSTEMTIME range[2]{};
-    EXPECT_EQ(DateTime_GetRange(Picker(), range), static_cast<DWORD>(GDTR_MAX));
-    EXPECT_EQ(range[1].wDay, now.wDay);
-    range[1].wYear = 2020; // as the window was opened long ago
+    SYSTEMTIME range[2]{now, {2020, 1, 0, 1, 0, 0, 0, 0}}; // as the window was opened long ago
     DateTime_SetRange(Picker(), GDTR_MAX, range);
     SendMessageW(WindowOf(WindowId::Savings), WM_ACTIVATE, WA_CLICKACTIVE, 0);
     DateTime_GetRange(Picker(), range);
-    EXPECT_EQ(range[1].wYear, now.wYear);
+    EXPECT_TRUE(range[1].wYear == now.wYear && range[1].wDay == now.wDay);
     Choose(static_cast<WORD>(now.wYear + 1), 1, 1);
     EXPECT_EQ(LastRequest(L"GetVLTEvents").find(L"0101"), std::wstring::npos) << "no day in the future";
+}
+
+TEST_F(SavingsWindowTest, TheGraphHasTooltipsAndIsCopied)
+{
+    const HWND page = WindowOf(WindowId::SavingsGraph);
+    ClickTab(FindWindowExW(WindowOf(WindowId::Savings), nullptr, WC_TABCONTROLW, nullptr), 2);
+    Choose(2024, 2, 29);
+    EXPECT_EQ(AreaTipAt(page, {209, 439}), L"SHUTDOWN (Upon IDLE)\n2 Hrs : 0 Mins\n8.3 % of the day");
+    EXPECT_EQ(AreaTipAt(page, {105, 199}), L"");
+    SendMessageW(page, WM_RBUTTONUP, 0, MAKELPARAM(100, 100));
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    const Pixels copied(static_cast<HBITMAP>(GetClipboardData(CF_BITMAP)));
+    CloseClipboard();
+    ASSERT_TRUE(copied.Width() == kWidth && copied.Height() == kHeight);
+    const COLORREF kGrid = RGB(196, 196, 196), kIdle = RGB(0, 96, 0), kActive = RGB(0, 42, 138),
+                   plot = copied.At(140, 150);
+    const std::tuple<int, int, COLORREF> kPixels[] = {{105, 440, kIdle}, {105, 439, kActive}, {105, 199, plot},
+        {85, 300, kActive}, {84, 300, kGrid}, {124, 301, kActive}, {125, 301, plot}, {319, 20, kGrid}, {60, 19, plot},
+        {60, 0, kGrid}, {49, 300, 0}, {50, 300, 0}, {51, 301, plot}, {319, 481, 0}};
+    for (const auto& [x, y, colour] : kPixels)
+        EXPECT_EQ(copied.At(x, y), colour) << x << ", " << y;
+    EXPECT_EQ(copied.CountOf(RGB(128, 128, 0), 210, 254, 200), 44) << "solid";
+    const int dashes = copied.CountOf(RGB(140, 227, 55), 126, 171, 470);
+    EXPECT_TRUE(dashes > 15 && dashes < 45) << dashes;
+    EXPECT_GT(copied.CountIn(RGB(10, 10, 10), {0, 100, 29, 320}), 50) << "the caption stands upright";
+    EXPECT_GT(copied.CountIn(RGB(0, 0, 0), {545, 85, 650, 270}), 100) << "texts in the second column of the list";
+    UpdateWindow(page);
+    shownDay = MakeShownDay({2024, 2, 29}, {{.active = 43200}, {}, 0, 0}, RoundProfile());
+    RefreshGraphPage();
+    UpdateWindow(page);
+    EXPECT_EQ(GetPixel(WindowDc(page).Get(), 105, 460), RGB(0, 42, 138)) << "another day";
 }
 
 TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
@@ -152,11 +149,7 @@ TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
         EXPECT_EQ(TakeOperations(), kBoth);
         EXPECT_EQ(shownDay->profileKnown, readable);
         EXPECT_EQ(shownDay->profile.cpuMax > 0, readable);
-        const auto print = [](HDC dc, void* page) {
-            SendMessageW(static_cast<HWND>(page), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
-        };
-        const Pixels page(RenderBitmap(670, 100, print, WindowOf(WindowId::SavingsTotals)).Get());
-        EXPECT_EQ(page.CountIn(RGB(192, 0, 0), {0, 0, 670, 100}) > 50, !readable) << "the warning";
+        EXPECT_EQ(InkOf(WindowId::SavingsTotals, RGB(192, 0, 0)) > 50, !readable) << "the warning";
         shownDay->soFar = readable;
         RecomputeSavings();
         EXPECT_EQ(shownDay->soFar, readable);
@@ -164,8 +157,17 @@ TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
     }
 }
 
-TEST_F(SavingsWindowTest, FailuresAreToldAndEmptyThePages)
+TEST_F(SavingsWindowTest, AChosenDayFillsThePagesAndAFailureEmptiesThem)
 {
+    EXPECT_TRUE(TakeOperations().empty());
+    ExpectLists(false);
+    EXPECT_EQ(AreaTipAt(WindowOf(WindowId::SavingsGraph), {209, 439}), L"");
+    for (const WindowId page : {WindowId::SavingsTotals, WindowId::SavingsEstimates, WindowId::SavingsGraph}) {
+        EXPECT_GT(InkOf(page, RGB(83, 83, 83)), 150) << "what to do";
+        chosenDay = LocalTime{2024, 3, 5}; // of which the agent has nothing
+        EXPECT_EQ(InkOf(page, RGB(83, 83, 83)), 0);
+        chosenDay.reset();
+    }
     // clang-format off
     const struct { const wchar_t* operation; simulator::Fault fault; ExpectedBox box; bool listsStay; } kRows[] = {
         {L"GetVLTEvents", {FaultKind::Status, L"Failure"},
@@ -181,15 +183,21 @@ TEST_F(SavingsWindowTest, FailuresAreToldAndEmptyThePages)
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.box.caption);
         Choose(2024, 2, 29);
+        EXPECT_NE(LastRequest(L"GetVLTEvents").find(L"<fordate>02292024</fordate>"), std::wstring::npos);
+        EXPECT_EQ(TakeOperations(), kOneDay);
         ExpectLists(true);
-        TakeOperations();
         Agent().ClearScripts();
         Agent().SetFault(row.operation, row.fault);
         boxes.Expect({row.box});
         Choose(2024, 3, 5);
         EXPECT_EQ(LastRequest(L"GetVLTEvents").empty(), row.operation[3] == L'A') << "not activated";
-        EXPECT_TRUE(IsEnabled(Picker()));
-        ExpectDayAfterReopening(305);
+        TakeOperations();
+        Command(WindowId::Savings, IDCANCEL);
+        SetDay(2024, 1, 1);
+        OpenSavingsWindow(nullptr); // as it was, and asks nothing
+        SYSTEMTIME time{};
+        DateTime_GetSystemtime(Picker(), &time);
+        EXPECT_TRUE(TakeOperations().empty() && IsEnabled(Picker()) && time.wMonth == 3 && time.wDay == 5);
         ExpectLists(row.listsStay);
         Agent().ClearFaults();
         Agent().ScriptReply(L"GetVLTEvents", kScriptedDay);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "link/records.h"
+#include "support/pixels.h"
+#include "support/program.h"
 
 namespace voltaro {
 
@@ -16,6 +18,16 @@ inline constexpr wchar_t kScriptedDay[]
 inline PowerConsumptionData RoundProfile()
 {
     return {{}, L"LCD", {}, L"20.00", L"1.00", L"60.00", L"30.00", L"2.00", L"1.00", {}, {}, {}, {}};
+}
+
+// The size of the pages, and how many pixels of one have that colour.
+constexpr int kWidth = 670, kHeight = 497;
+inline int InkOf(WindowId page, COLORREF colour)
+{
+    const auto print = [](HDC dc, void* window) {
+        SendMessageW(static_cast<HWND>(window), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+    };
+    return Pixels(RenderBitmap(kWidth, kHeight, print, WindowOf(page)).Get()).CountIn(colour, {0, 0, kWidth, kHeight});
 }
 
 } // namespace voltaro

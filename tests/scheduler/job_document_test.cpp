@@ -7,14 +7,6 @@
 
 namespace voltaro {
 
-// A job's line, of its number, its name, the schedule after the start time and the actions.
-static std::wstring JobLine(
-    const std::wstring& n, const std::wstring& name, const std::wstring& schedule, const std::wstring& action)
-{
-    return L"Job_" + n + L"[Name=" + name + L" Description= EnabledFlag=No Schedule_" + n + L"[StartTime=08:05:00 "
-        + schedule + L"]] Action_" + n + L"[" + action + L"]]";
-}
-
 static ScheduledJob Job(const std::wstring& name)
 {
     ScheduledJob job;
@@ -23,18 +15,9 @@ static ScheduledJob Job(const std::wstring& name)
     return job;
 }
 
-static void ExpectBothWays(const ScheduledJobs& jobs, const std::wstring& line)
-{
-    const Element details = BuildJobList(jobs);
-    EXPECT_EQ(Line(details), L"details[" + line + L"]");
-    const ReadJobs read = ReadJobList(details);
-    EXPECT_TRUE(read.jobs == jobs) << line;
-    EXPECT_EQ(read.droppedJobs + read.droppedTasks, 0u);
-}
-
 constexpr wchar_t kDaily[] = L"StartDate=NULL EndDate=NULL Frequency_1[JobStart=AST", kBare[] = L"RunTask_1[]";
 
-TEST(JobDocumentTest, SmallListsBothWays)
+TEST(JobDocumentTest, JobsBothWays)
 {
     using J = ScheduledJob;
     using K = ScheduleKind;
@@ -54,16 +37,12 @@ TEST(JobDocumentTest, SmallListsBothWays)
         {L"month", [](J& j) { j.kind = K::Monthly; j.months[0] = true; j.startDate = L"1"; j.endDate = L"31"; },
             L"StartDate=1 EndDate=31 Frequency_1[JobStart=Monthly Jan=Yes Feb=No Mar=No Apr=No May=No Jun=No Jul=No "
             L"Aug=No Sep=No Oct=No Nov=No Dec=No"},
-        {L"x", [](J& j) { j.applyScheme = true; j.schemeName = L"N_1"; }, kDaily, L"ApplyScheme=N_1 RunTask_1[]"},
-        {L"t", [](J& j) { j.tasks = {{L"a.exe", L"-x", true, {L"60"}, L"17:00:00"}, {L"b.exe", L"", true, {L"100"}}, {L"c"}}; },
+        {L"t", [](J& j) { j.tasks = {{L"a.exe", L"-x", true, {L"60"}, L"17:00:00"}, {L"c"}}; },
             kDaily, L"RunTask_1[APP_11[Path=a.exe Parameters=-x RDelay=60 REndTime=17:00:00] "
-            L"APP_12[Path=b.exe Parameters= RDelay=100 REndTime=] APP_13[Path=c Parameters= RDelay= REndTime=]]"},
-        {L"all", [](J& j) { j.powerOn = j.applyScheme = j.powerOff = true; j.tasks = {{L"a"}}; }, kDaily,
-            L"PowerOn=Yes ApplyScheme= PowerOff_1[type= idlefor=0 AppSensor=No] "
-            L"RunTask_1[APP_11[Path=a Parameters= RDelay= REndTime=]]"},
-        {L"wake", [](J& j) { j.powerOn = true; }, kDaily, L"PowerOn=Yes RunTask_1[]"},
-        {L"off", [](J& j) { j.powerOff = j.useAppSensor = true; j.powerOffType = L"Shutdown"; j.idleMinutes = 30; },
-            kDaily, L"PowerOff_1[type=Shutdown idlefor=30 AppSensor=Yes] RunTask_1[]"},
+            L"APP_12[Path=c Parameters= RDelay= REndTime=]]"},
+        {L"all", [](J& j) { j.powerOn = j.applyScheme = j.powerOff = j.useAppSensor = true; j.schemeName = L"N_1";
+            j.powerOffType = L"Shutdown"; j.idleMinutes = 30; }, kDaily,
+            L"PowerOn=Yes ApplyScheme=N_1 PowerOff_1[type=Shutdown idlefor=30 AppSensor=Yes] RunTask_1[]"},
         {L"odd texts stay", [](J& j) { j.otherKind = L"Hourly"; j.startDate = L"5"; j.endDate = L""; j.powerOff = true;
             j.idleMinutes.text = L"05"; j.useAppSensor.text = L"1"; j.tasks = {{L"a", L"", true, {L"soon"}}}; },
             L"StartDate=5 EndDate= Frequency_1[JobStart=Hourly", L"PowerOff_1[type= idlefor=05 AppSensor=1] "
@@ -75,59 +54,32 @@ TEST(JobDocumentTest, SmallListsBothWays)
     for (const auto& row : kRows) {
         ScheduledJob job = Job(row.name);
         row.change(job);
-        ExpectBothWays({job}, JobLine(L"1", row.name, row.schedule, row.action));
+        const Element details = BuildJobList({job});
+        EXPECT_EQ(Line(details),
+            Format(L"details[Job_1[Name=%ls Description= EnabledFlag=No Schedule_1[StartTime=08:05:00 %ls]] "
+                   L"Action_1[%ls]]]",
+                row.name, row.schedule, row.action));
+        EXPECT_TRUE(ReadJobList(details).jobs == ScheduledJobs{job}) << row.name;
     }
-    ExpectBothWays({}, L"");
-    ScheduledJob second = Job(L"on");
-    second.enabled = true;
-    second.description = L"each day";
-    ExpectBothWays({Job(L"one"), second},
-        JobLine(L"1", L"one", kDaily, kBare)
-            + L" Job_2[Name=on Description=each day EnabledFlag=Yes Schedule_2[StartTime=08:05:00 StartDate=NULL "
-              L"EndDate=NULL Frequency_2[JobStart=AST]] Action_2[RunTask_2[]]]");
 }
 
 TEST(JobDocumentTest, TenJobsOfSevenTasksAndNoMore)
 {
-    ScheduledJobs jobs;
-    for (int n = 1; n <= 10; ++n) {
-        jobs.push_back(Job(std::to_wstring(n)));
-        for (int k = 1; k <= 7; ++k)
-            jobs.back().tasks.push_back({Format(L"%d-%d", n, k)});
-    }
+    ScheduledJobs jobs(11, Job(L"j"));
+    for (ScheduledJob& job : jobs)
+        job.tasks.assign(8, {L"a.exe"});
     Element details = BuildJobList(jobs);
-    EXPECT_TRUE(ReadJobList(details).jobs == jobs);
-    EXPECT_EQ(At(details, {9, 3}).name + At(details, {9, 3, 3}).name, L"Schedule_10Frequency_10");
-    EXPECT_EQ(At(details, {9, 4}).name + At(details, {9, 4, 0}).name, L"Action_10RunTask_10");
-    EXPECT_EQ(Line(At(details, {9, 4, 0, 6})), L"APP_107[Path=10-7 Parameters= RDelay= REndTime=]");
-
-    jobs[0].tasks.push_back({L"eighth.exe"});
-    jobs.push_back(Job(L"eleventh"));
-    EXPECT_TRUE(BuildJobList(jobs) == details);
-    Element larger = details;
-    larger.children.push_back(Element(larger.children[0]));
-    larger.children.back().name = L"Job_11";
-    Element& tasks = At(larger, {0, 4, 0});
-    tasks.children.push_back(Element(tasks.children[0]));
-    tasks.children.back().name = L"APP_18";
-    const ReadJobs read = ReadJobList(larger);
-    EXPECT_TRUE(BuildJobList(read.jobs) == details && read.droppedJobs == 1 && read.droppedTasks == 1);
-}
-
-// A list in short: each job's name, start time and number of chosen week days, then its tasks.
-static std::wstring Short(const ScheduledJobs& jobs)
-{
-    std::wstring text;
-    for (const ScheduledJob& job : jobs) {
-        const auto days = std::to_wstring(std::count(job.weekDays.begin(), job.weekDays.end(), true));
-        text += std::wstring(job.name) + L" " + std::wstring(job.startTime) + L" "
-            + (job.kind == ScheduleKind::Weekly ? days : L"daily") + (job.powerOff ? L" off=" : L"")
-            + std::wstring(job.powerOffType);
-        for (const ScheduledTask& task : job.tasks)
-            text += L" " + std::wstring(task.path);
-        text += L";";
-    }
-    return text;
+    EXPECT_TRUE(details.children.size() == 10 && At(details, {9, 4, 0}).children.size() == 7);
+    EXPECT_EQ(At(details, {9}).name + At(details, {9, 3, 3}).name + At(details, {9, 4, 0, 6}).name,
+        L"Job_10Frequency_10APP_107");
+    details.children.push_back(Element(details.children[0]));
+    details.children[10].name = L"Job_11";
+    std::vector<Element>& tasks = At(details, {0, 4, 0}).children;
+    tasks.push_back(Element(tasks[0]));
+    tasks[7].name = L"APP_18";
+    const ReadJobs read = ReadJobList(details);
+    EXPECT_TRUE(read.jobs.size() == 10 && read.droppedJobs == 1);
+    EXPECT_TRUE(read.jobs[0].tasks.size() == 7 && read.droppedTasks == 1);
 }
 
 // One job with everything, and one thing at a time spoilt: less is read, never more. Places in a job: 0 name,
@@ -138,35 +90,43 @@ TEST(JobDocumentTest, DamagedTreesInventNothing)
     whole.kind = ScheduleKind::Weekly;
     whole.weekDays[0] = whole.weekDays[6] = whole.powerOff = true;
     whole.powerOffType = L"Off";
-    whole.startTime = L"8";
     whole.tasks = {{L"1"}, {L"2"}};
     using E = Element;
+    using J = ScheduledJob;
+    const auto none = [](J& j) { j.name.clear(); };
+    const auto all = [](J&) {};
+    const auto noSchedule = [](J& j) {
+        j.startTime.clear();
+        j.kind = {};
+        j.weekDays = {};
+    };
     // clang-format off
     const struct {
         void (*spoil)(E& details);
-        const wchar_t* left;
+        void (*leave)(J& job); // an empty name: no job
         std::size_t droppedJobs = 0, droppedTasks = 0;
     } kRows[] = {
-        {[](E& e) { At(e, {0}).name = L"Job_2"; },             L"", 1},
-        {[](E& e) { At(e, {0}).children.clear(); },            L"", 1},
-        {[](E& e) { At(e, {0, 0}).text.Clear(); },             L"", 1},
-        {[](E& e) { e.children.push_back({}); },               L"j 8 2 off=Off 1 2;", 1},
-        {[](E& e) { e.children.push_back(E(e.children[0])); }, L"j 8 2 off=Off 1 2;", 1},
-        {[](E& e) { At(e, {0, 3}).children.clear(); },         L"j  daily off=Off 1 2;"},
-        {[](E& e) { At(e, {0, 3}).name = L"Schedule_2"; },     L"j  daily off=Off 1 2;"},
-        {[](E& e) { At(e, {0, 3, 3, 0}).text = L"Hourly"; },   L"j 8 daily off=Off 1 2;"},
-        {[](E& e) { At(e, {0, 3, 3}).children.resize(3); },    L"j 8 1 off=Off 1 2;"},
-        {[](E& e) { At(e, {0}).children.resize(4); },          L"j 8 2;"},
-        {[](E& e) { At(e, {0, 4, 0}).children.clear(); },      L"j 8 2 off= 1 2;"},
-        {[](E& e) { At(e, {0, 4, 1, 0}).name = L"APP_21"; },   L"j 8 2 off=Off 2;", 0, 1},
-        {[](E& e) { At(e, {0, 4, 1, 1, 0}).text.Clear(); },    L"j 8 2 off=Off 1;", 0, 1},
+        {[](E& e) { At(e, {0}).name = L"Job_2"; },             none, 1},
+        {[](E& e) { At(e, {0}).children.clear(); },            none, 1},
+        {[](E& e) { At(e, {0, 0}).text.Clear(); },             none, 1},
+        {[](E& e) { e.children.push_back({}); },               all, 1},
+        {[](E& e) { e.children.push_back(E(e.children[0])); }, all, 1},
+        {[](E& e) { At(e, {0, 3}).name = L"Schedule_2"; },     noSchedule},
+        {[](E& e) { At(e, {0, 3, 3, 0}).text = L"Hourly"; },   [](J& j) { j.otherKind = L"Hourly"; j.kind = {}; j.weekDays = {}; }},
+        {[](E& e) { At(e, {0, 3, 3}).children.resize(3); },    [](J& j) { j.weekDays[6] = false; }},
+        {[](E& e) { At(e, {0}).children.resize(4); },          [](J& j) { j.powerOff = false; j.powerOffType.clear(); j.tasks.clear(); }},
+        {[](E& e) { At(e, {0, 4, 0}).children.clear(); },      [](J& j) { j.powerOffType.clear(); }},
+        {[](E& e) { At(e, {0, 4, 1, 0}).name = L"APP_21"; },   [](J& j) { j.tasks.erase(j.tasks.begin()); }, 0, 1},
+        {[](E& e) { At(e, {0, 4, 1, 1, 0}).text.Clear(); },    [](J& j) { j.tasks.pop_back(); }, 0, 1},
     };
     // clang-format on
     for (const auto& row : kRows) {
         Element details = BuildJobList({whole});
         row.spoil(details);
+        ScheduledJob left = whole;
+        row.leave(left);
         const ReadJobs read = ReadJobList(details);
-        EXPECT_EQ(Short(read.jobs), row.left) << Line(details);
+        EXPECT_TRUE(read.jobs == (left.name.empty() ? ScheduledJobs() : ScheduledJobs{left})) << Line(details);
         EXPECT_TRUE(read.droppedJobs == row.droppedJobs && read.droppedTasks == row.droppedTasks) << Line(details);
     }
 }

@@ -1,7 +1,9 @@
 #include "scheduler/job_list_window.h"
 
 #include "base/computer_name.h"
+#include "scheduler/job_document.h"
 #include "scheduler/scheduler_program.h"
+#include "simulator/xml.h"
 
 namespace voltaro {
 
@@ -22,11 +24,9 @@ struct JobListWindowTest : testing::Test, SchedulerProgram {
 TEST_F(JobListWindowTest, TheAgentsListFollowsTheScreen)
 {
     EXPECT_EQ(JobNames(true), L"Morning wake up,Nightly backup,Quarter closing");
-    EXPECT_EQ(Row(Jobs(), 0), L"Morning wake up\tReady before the office opens\t07:45:00\tWeekly\t0\t\t");
     EXPECT_EQ(
         Row(Jobs(), 1), L"Nightly backup\tCopy the day's work & power off\t22:30:00\t*******\t2\tShutdown\t15 Mins");
     EXPECT_EQ(Text(kList, L"Host Name :"), ComputerName());
-
     Add(L"Long day");
     // clang-format off
     Do({
@@ -52,7 +52,6 @@ TEST_F(JobListWindowTest, TheAgentsListFollowsTheScreen)
         L"EndDate=31 Frequency_4[JobStart=Monthly Jan=No Feb=Yes Mar=No Apr=No May=No Jun=No Jul=No Aug=No Sep=No "
         L"Oct=No Nov=No Dec=Yes]] Action_4[PowerOn=Yes ApplyScheme=Office_Hours PowerOff_4[type=Hibernate idlefor=120 "
         L"AppSensor=No] RunTask_4[APP_41[Path=C:\\x (1)\\run.exe Parameters=-a \"b\" RDelay=60 REndTime=20:30:05]]]]");
-
     SelectRow(Jobs(), 0);
     boxes.Expect({{L"Delete Job", {}, Answer::No},
         {L"Delete Job",
@@ -65,8 +64,6 @@ TEST_F(JobListWindowTest, TheAgentsListFollowsTheScreen)
     EXPECT_FALSE(IsOpen(kList));
     Open();
     EXPECT_EQ(JobNames(true), L"Nightly backup,Quarter closing,Long day");
-    EXPECT_EQ(Machine().jobs.children[0].name, L"Job_1");
-
     boxes.Expect({{L"Delete all Jobs",
         L"Are you sure you want to remove all scheduled jobs from '" + ComputerName()
             + L"' System?\n\n All jobs and associated tasks will be deleted.",
@@ -81,7 +78,6 @@ TEST_F(JobListWindowTest, WhatIsNotStoredIsKept)
     Add(L"Kept");
     Do({{kEditor, L"Save"}});
     const Element before = Machine().jobs;
-    const int port = Agent().Port();
     for (const wchar_t* button : {L"Save", L"OK", L"Remove All Scheduled Jobs"}) {
         const auto expectKept = [&](const ExpectedBox& box) {
             if (button[0] == L'R')
@@ -96,15 +92,13 @@ TEST_F(JobListWindowTest, WhatIsNotStoredIsKept)
             AnswerWith(L"ApplySchedulerSettings", status);
             expectKept({L"Save failed", L"Unable to save the scheduled jobs."});
         }
-        Agent().ClearScripts();
-        Machine().license = simulator::License::Expired;
+        AnswerWith(L"GetActivationstatus", L"License Expired");
         expectKept({L"Save failed", L"expired"});
-        Machine().license = simulator::License::Activated;
-        Agent().Stop();
-        connection.connected = true;
+        AnswerWith(L"ApplySchedulerSettings", kNoAnswer);
         expectKept({L"Connection Issue", {}});
-        ASSERT_TRUE(Agent().Start(port));
     }
+    MainCommand(kReinitialize);
+    Agent().ClearFaults();
     Do({{kList, L"Save"}});
     EXPECT_EQ(JobNames(true), L"Morning wake up,Nightly backup,Quarter closing,Kept");
 }
@@ -130,23 +124,17 @@ TEST_F(JobListWindowTest, OddAnswers)
         EXPECT_EQ(RowCount(Jobs()), 0);
         Do({{kList, L"Cancel"}});
     }
-
-    std::wstring jobs; // each character of the parameters takes five in a request: just too long to be read back
-    for (std::wstring n = L"1"; n != L"8"; ++n[0]) {
-        jobs += L"<Job_" + n + L"><Name>n</Name><Action_" + n + L"><RunTask_" + n + L">";
-        for (std::wstring k = L"1"; k != L"8"; ++k[0])
-            jobs += L"<APP_" + n + k + L"><Path>a.exe</Path><Parameters><![CDATA[" + std::wstring(180, L'&')
-                + L"]]></Parameters></APP_" + n + k + L">";
-        jobs += L"</RunTask_" + n + L"></Action_" + n + L"></Job_" + n + L">";
-    }
+    ScheduledJob job; // each character of the parameters takes five in a request: just too long to be read back
+    job.name = L"n";
+    job.tasks.assign(7, {L"a.exe", L"#"});
+    const std::wstring text = simulator::ReplyText({L"response", {}, {BuildJobList(ScheduledJobs(7, job))}});
     Agent().ScriptReply(
-        L"GetCurrentSchedulerSettings", L"<vltp><response><details>" + jobs + L"</details></response></vltp>");
+        L"GetCurrentSchedulerSettings", Replaced(text, L"#", L"<![CDATA[" + std::wstring(180, L'&') + L"]]>"));
     Open();
     SelectRow(Jobs(), 0);
     boxes.Expect({{L"Delete Job", {}, Answer::Yes}, {L"Save failed", L"Unable to save the scheduled jobs."}});
     Do({{kList, L"Delete Job"}, {kList, L"Save"}});
-    EXPECT_EQ(RowCount(Jobs()), 6);
-    EXPECT_EQ(LastRequest(L"ApplySchedulerSettings"), L"");
+    EXPECT_TRUE(RowCount(Jobs()) == 6 && LastRequest(L"ApplySchedulerSettings").empty());
 }
 
 TEST(JobLimitTest, TenJobs)
@@ -163,11 +151,9 @@ TEST(JobLimitTest, TenJobs)
     expectFull(true);
     program.Do({{kList, L"Delete Job"}});
     expectFull(false);
-    EXPECT_EQ(SelectedRow(program.Jobs()), 8);
     program.Add(L"Tenth");
     program.Do({{kEditor, L"Save"}});
     expectFull(true);
-    EXPECT_EQ(SelectedRow(program.Jobs()), 9);
 }
 
 TEST_F(JobListWindowTest, KeyboardMouseAndClosing)
@@ -187,17 +173,13 @@ TEST_F(JobListWindowTest, KeyboardMouseAndClosing)
     DoubleClick(Jobs(), 1);
     EXPECT_EQ(Text(kEditor, L"Job Name :"), L"Nightly backup");
     Press(VK_ESCAPE);
-
     EXPECT_EQ(TipOver(Jobs(), 2), L"This job is not enabled and does not run.");
-
     const ExpectedBox unsaved = {L"Changes not saved", L"Are you sure you want to cancel the changes?", Answer::No};
     boxes.Expect({{L"Delete Job", L"'Nightly backup'", Answer::Yes}, unsaved, unsaved});
     Press(VK_DELETE);
     Press(VK_ESCAPE);
     SendMessageW(WindowOf(kList), WM_CLOSE, 0, 0);
-    Agent().ClearRequests();
     Open(); // it is open: it keeps the change
-    EXPECT_EQ(TakeOperations().size(), 0u);
     EXPECT_EQ(JobNames(false), L"Morning wake up,Quarter closing");
     boxes.Expect({{L"Changes not saved", {}, Answer::Yes}});
     Press(VK_ESCAPE);

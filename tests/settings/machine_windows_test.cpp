@@ -12,44 +12,38 @@ TEST_F(MachineWindows, TheLoadFillsAllPagesAndCopyAllTakesThem)
 {
     // Rows of each list, and the first of them.
     // clang-format off
-    const struct { WindowId page; const wchar_t* list; int rows; const wchar_t *name, *value; } kLists[] = {
-        {WindowId::SystemInfoCpu,     L"CPU Exceptions List",   15, L"Processor", L"Harrowgate HX4 Quad Core Processor @ 2.40GHz"},
-        {WindowId::SystemInfoOs,      L"CPU Exceptions List",   14, L"OSName", L"Microsoft Windows 10 Pro"},
-        {WindowId::SystemInfoPower,   L"Power Exceptions List", 12, L"StandbySupported", L"Yes"},
-        {WindowId::SystemInfoNetwork, L"Power Exceptions List", 22, L"AdapterName", L"Gigabit Network Connection"},
-        {WindowId::SystemInfoDisks,   L"Physical Disk List",    16, L"Model", L"Harrowgate NV-512"},
-        {WindowId::SystemInfoDisks,   L"Logical Disk List",     24, L"Drive", L"C:"},
+    const struct { const wchar_t* title; WindowId page; const wchar_t* list; int rows; const wchar_t *name, *value; } kLists[] = {
+        {L"CPU",                WindowId::SystemInfoCpu,     L"CPU Exceptions List",   15, L"Processor", L"Harrowgate HX4 Quad Core Processor @ 2.40GHz"},
+        {L"Operating System",   WindowId::SystemInfoOs,      L"CPU Exceptions List",   14, L"OSName", L"Microsoft Windows 10 Pro"},
+        {L"Power Capabilities", WindowId::SystemInfoPower,   L"Power Exceptions List", 12, L"StandbySupported", L"Yes"},
+        {L"Network",            WindowId::SystemInfoNetwork, L"Power Exceptions List", 22, L"AdapterName", L"Gigabit Network Connection"},
+        {L"Physical Disks",     WindowId::SystemInfoDisks,   L"Physical Disk List",    16, L"Model", L"Harrowgate NV-512"},
+        {L"Logical Disks",      WindowId::SystemInfoDisks,   L"Logical Disk List",     24, L"Drive", L"C:"},
     };
     // clang-format on
+    std::wstring all;
     for (const auto& row : kLists) {
         const HWND list = Find(row.page, row.list);
         EXPECT_EQ(RowCount(list), row.rows) << row.list;
-        EXPECT_EQ(CellOf(list, 0, 0), row.name);
-        EXPECT_EQ(CellOf(list, 0, 1), row.value);
+        EXPECT_TRUE(CellOf(list, 0, 0) == row.name && CellOf(list, 0, 1) == row.value) << row.name;
+        all += row.title + (L"\r\n" + Replaced(ListText(list, false), L" \t \r\n", L"\r\n")) + L"\r\n";
     }
-    EXPECT_EQ(CellOf(Find(WindowId::SystemInfoDisks, L"Logical Disk List"), 7, 0), L" "); // between two disks
-
     for (const auto& [state, picture] : {std::pair(L"On", IDB_MACHINE_ON), {L"Off", IDB_MACHINE_OFF}}) {
         SystemDetails details;
         const auto answer = ParseAnswer(
             Format(L"<d><CPUInfo><a/><a/><a/><a/><s>%ls</s></CPUInfo><OSInfo><n>Ubuntu 22</n></OSInfo></d>", state)
                 .c_str());
         details.Read(&*answer);
-        const Pixels page(RenderBitmap(
-            90, 150, [](HDC dc, void* of) { DrawMachine(dc, *static_cast<SystemDetails*>(of)); }, &details)
-                              .Get());
+        const auto draw = [](HDC dc, void* of) { DrawMachine(dc, *static_cast<SystemDetails*>(of)); };
+        const Pixels page(RenderBitmap(90, 150, draw, &details).Get());
         EXPECT_TRUE(Shows(page, picture, {5, 15, 80, 90}) && Shows(page, IDB_SYSTEM_RING, {4, 99, 84, 124})) << state;
     }
     MainCommand(kSystemInfo);
     EXPECT_EQ(TakeOperations(), Operations{});
-    EXPECT_TRUE(IsOpen(WindowId::SystemInfoCpu) && !IsOpen(WindowId::SystemInfoOs));
     ClickTab(FindWindowExW(WindowOf(WindowId::SystemInfo), nullptr, WC_TABCONTROLW, nullptr), 2);
     EXPECT_TRUE(IsOpen(WindowId::SystemInfoOs) && !IsOpen(WindowId::SystemInfoCpu));
-    EXPECT_FALSE(IsMainFree());
     Command(WindowId::SystemInfo, GetDlgCtrlID(Find(WindowId::SystemInfo, L"Copy all")));
-    EXPECT_TRUE(ClipboardText().starts_with(L"CPU\r\nDescription\tValue\r\nProcessor\t"));
-    SendMessageW(WindowOf(WindowId::SystemInfo), WM_CLOSE, 0, 0);
-    EXPECT_TRUE(!IsOpen(WindowId::SystemInfo) && IsMainFree());
+    EXPECT_EQ(ClipboardText(), all);
 }
 
 TEST(SystemInfoTest, RefreshKeepsTheUsersPlace)
@@ -67,12 +61,10 @@ TEST(SystemInfoTest, RefreshKeepsTheUsersPlace)
     EXPECT_TRUE(WaitFor([&] { return !IsShown(busy); }));
     program.ExpectSent(L"GetSystemDetails", L"type=Refresh");
     EXPECT_EQ(SelectedRow(list), 303);
-
     program.Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseAtOnce, {}});
     program.boxes.Expect({{L"Connection Issue", {}}});
     program.Command(WindowId::SystemInfo, GetDlgCtrlID(refresh));
     EXPECT_TRUE(WaitFor([&] { return IsEnabled(refresh); }));
-    Pump();
     EXPECT_EQ(RowCount(list), 500);
     StopWorkers(StopOrder::MainWindowDestroyed);
 }
@@ -83,19 +75,17 @@ TEST_F(MachineWindows, TheBatteryWindowShowsChargeStatusAndRows)
     EXPECT_EQ(TakeOperations(), Operations{L"GetBatteryInfo"});
     const HWND bar = Find(WindowId::Battery, L"Battery charge");
     const HWND list = Find(WindowId::Battery, L"Battery info List");
-    const auto status = [] { return Text(WindowId::Battery, L"Status :"); };
     EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 87);
-    EXPECT_EQ(status(), L"Charging, remaining time 3 Hrs : 25 Mins");
+    EXPECT_EQ(Text(WindowId::Battery, L"Status :"), L"Charging, remaining time 3 Hrs : 25 Mins");
     EXPECT_EQ(ListText(list, false),
         L"Description\tValue\r\nPower Source\tOn AC\r\nBattery Status\tCharging\r\nBattery Charge\t87 %\r\n"
         L"Remaining Time\t3 Hrs : 25 Mins\r\nCapacity\t48.90 Wh\r\nVoltage\t11.40 V\r\nChemistry\tLi-ion\r\n"
         L"Manufacturer\tHarrowgate Energy Storage\r\nCycleCount\t214 of 1000 full cycles\r\n");
-
     Agent().ScriptReply(L"GetBatteryInfo",
         L"<vltp version=\"1.0\"><response><S>On Battery</S><B>Discharging</B><C>9 %</C></response></vltp>");
     SendMessageW(WindowOf(WindowId::Main), WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
     Pump();
-    EXPECT_EQ(status(), L"Discharging");
+    EXPECT_EQ(Text(WindowId::Battery, L"Status :"), L"Discharging");
     EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 9);
     Agent().ScriptReply(L"GetBatteryInfo", L"<vltp version=\"1.0\"><response>");
     Command(WindowId::Battery, ID_BATTERY_REFRESH);
@@ -104,7 +94,6 @@ TEST_F(MachineWindows, TheBatteryWindowShowsChargeStatusAndRows)
     SetFocus(list);
     Press(VK_F5);
     EXPECT_EQ(RowCount(list), 9); // an answer of more than 700 bytes
-
     Agent().SetFault(L"GetBatteryInfo", {FaultKind::CloseAtOnce, {}});
     boxes.Expect({{L"Connection Issue", {}}});
     Command(WindowId::Battery, ID_BATTERY_REFRESH);

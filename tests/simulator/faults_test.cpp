@@ -1,9 +1,6 @@
 #include "simulator/faults.h"
 
-#include "base/text.h"
 #include "simulator/frame.h"
-#include "simulator/options.h"
-#include "simulator/xml.h"
 
 #include <gtest/gtest.h>
 
@@ -14,46 +11,18 @@ const Element kResponse{L"response", {}, {{L"details", {}, {TextElement(L"a", L"
 const std::wstring kDocument
     = L"<?xml version=\"1.0\"?><vltp version=\"1.0\"><response><details><a>1</a><b>2</b></details></response></vltp>";
 
-Delivery Faulted(const wchar_t* fault, const std::wstring* script = nullptr)
+std::wstring TextOf(const wchar_t* fault, const std::wstring* script = nullptr)
 {
-    const std::optional<Fault> parsed = ParseFault(fault);
-    EXPECT_TRUE(parsed) << fault;
-    return Deliver(kResponse, script, parsed.value_or(Fault{}));
-}
-
-std::wstring TextOf(const Delivery& delivery)
-{
-    return UnitsOf(delivery.bytes.substr(kHeaderBytes, delivery.bytes.size() - kHeaderBytes - 2));
-}
-
-TEST(AgentFrameTest, LengthsInBytes)
-{
-    EXPECT_EQ(FrameOf(L""), BytesOf(std::wstring(L"00000018\0", 9)));
-    EXPECT_EQ(BytesOf(L"\xE9\x20AC"), std::string("\xE9\x00\xAC\x20", 4));
-    const std::pair<const wchar_t*, std::size_t> kCases[]
-        = {{L"00000018", 18}, {L"00000218", 218}, {L"01048576", 1048576}, {L"01048578", 0}, {L"00000016", 0},
-            {L"00000219", 0}, {L"     218", 0}, {L"-0000218", 0}, {L"0000218x", 0}, {L"0000218", 0}};
-    for (const auto& [digits, length] : kCases)
-        EXPECT_EQ(FrameLength(BytesOf(digits)), length) << digits;
-}
-
-TEST(AgentFaultTest, KindsAreNamedInTheirOrder)
-{
-    for (std::size_t kind = 0; kind < FaultInfos().size(); ++kind)
-        EXPECT_EQ(ParseFault(FaultInfos()[kind].name)->kind, static_cast<FaultKind>(kind));
-    for (const wchar_t* unknown : {L"", L"explode", L"slo", L":5"})
-        EXPECT_FALSE(ParseFault(unknown)) << unknown;
-    // What is sent beyond either end of the document.
-    EXPECT_EQ(Faulted(L"close-mid-frame:9999").bytes.size(), 226u);
-    EXPECT_EQ(UnitsOf(Faulted(L"wrong-length:-9999").bytes.substr(0, kHeaderBytes)), L"00000000");
+    const std::string bytes = Deliver(kResponse, script, ParseFault(fault).value()).bytes;
+    return UnitsOf(bytes.substr(kHeaderBytes, bytes.size() - kHeaderBytes - 2));
 }
 
 TEST(AgentFaultTest, ChangesTheDocument)
 {
     const auto has = [](const wchar_t* fault, const wchar_t* part) {
-        EXPECT_NE(TextOf(Faulted(fault)).find(part), std::wstring::npos) << fault << part;
+        EXPECT_NE(TextOf(fault).find(part), std::wstring::npos) << fault << part;
     };
-    EXPECT_EQ(TextOf(Faulted(L"not-well-formed")), kDocument.substr(0, kDocument.size() - 12));
+    EXPECT_EQ(TextOf(L"not-well-formed"), kDocument.substr(0, kDocument.size() - 12));
     has(L"status:License Expired",
         L"<vltp version=\"1.0\"><response><status>License Expired</status></response></vltp>");
     has(L"long-texts:5", L"<a>1xxxx</a><b>2xxxx</b>");
@@ -63,71 +32,11 @@ TEST(AgentFaultTest, ChangesTheDocument)
     has(L"external:http://x", L"<!DOCTYPE vltp SYSTEM \"http://x\" [<!ENTITY x SYSTEM \"http://x\">");
     has(L"deep:2", L"<a>1<a><a></a></a></a>");
     has(L"wide:2", L"<a>1<a/><a/></a>");
-    has(L"root", L"<other version=\"1.0\"><response>");
-    has(L"prefix", L"\xFEFF<?xml");
-    has(L"few-elements", L"<details><a>1</a></details>");
-    has(L"texts", L"<a>Perhaps</a><b>Perhaps</b>");
     has(L"foreign-texts", L"<b>2 \x00DF\x03A9\x0416\x05D0\x4E3C\xD83D\xDD0B</b>");
     has(L"fill:228", L"<b>2x</b>");
-    EXPECT_EQ(Faulted(L"fill").bytes.size(), 700u);
+    EXPECT_EQ(TextOf(L"fill").size(), (700u - 18) / 2);
     const std::wstring script = L"any & thing";
-    EXPECT_EQ(TextOf(Faulted(L"none", &script)), script);
-    EXPECT_EQ(TextOf(Faulted(L"long-texts", &script)), script); // a script has no elements to grow
-}
-
-std::optional<Options> Parsed(const std::vector<const wchar_t*>& arguments)
-{
-    return ParseOptions(arguments);
-}
-
-TEST(AgentOptionsTest, ReadsEveryOption)
-{
-    const std::optional<Options> all = Parsed({L"--port", L"65535", L"--log", L"a.log", L"--scenario", L"Desktop",
-        L"--fault", L"*=late:30", L"--fault", L"Pause=status:a=b"});
-    ASSERT_TRUE(all);
-    EXPECT_EQ(std::tuple(all->port, all->log, std::wstring(all->scenario->name)),
-        std::tuple(65535, std::wstring(L"a.log"), std::wstring(L"desktop")));
-    ASSERT_EQ(all->faults.size(), 2u);
-    EXPECT_EQ(all->faults[0].operation + all->faults[0].fault.argument, L"*30");
-    EXPECT_EQ(all->faults[1].operation + all->faults[1].fault.argument, L"Pausea=b");
-    const std::vector<const wchar_t*> kWrong[] = {{L"--help"}, {L"--port"}, {L"--port", L"0"}, {L"--port", L"65536"},
-        {L"--port", L"80x"}, {L"--log", L""}, {L"--scenario", L"none"}, {L"--fault", L"*"}, {L"--fault", L"*=explode"},
-        {L"--fault", L"pause=late"}, {L"--other", L"1"}};
-    for (const auto& wrong : kWrong)
-        EXPECT_FALSE(Parsed(wrong)) << wrong.back();
-}
-
-TEST(AgentXmlTest, RefusesWhatNoRequestNeeds)
-{
-    // clang-format off
-    const struct { const wchar_t *text, *why; } kCases[] = {
-        {L"text", L"an element is missing at unit 0"}, {L"<a", L"the tag is not closed at unit 2"},
-        {L"<a>", L"the document breaks off at unit 3"}, {L"<a></b>", L"the end tag does not match at unit 6"},
-        {L"<a></a><b/>", L"something follows the root element at unit 7"},
-        {L"<a>x<b/></a>", L"there is text beside elements at unit 12"},
-        {L"<a><b x='1'/></a>", L"only the root has attributes at unit 6"},
-        {L"<!DOCTYPE a [<!ENTITY e 'x'>]><a>&e;</a>", L"a name is missing at unit 1"},
-        {L"<a>&e;</a>", L"the entity is not known at unit 3"},
-        {L"<a>&#0;</a>", L"the reference is no character at unit 7"},
-    };
-    // clang-format on
-    for (const auto& row : kCases)
-        EXPECT_EQ(ParseXml(row.text).error, row.why) << row.text;
-    const wchar_t half[] = {L'<', L'a', L'>', 0xD83D, L'<', L'/', L'a', L'>', 0};
-    EXPECT_NE(ParseXml(half).error, L"");
-
-    const std::wstring deep = Replaced(std::wstring(100'000, L'a'), L"a", L"<a>");
-    EXPECT_EQ(ParseXml(deep).error, L"the elements are nested too deeply at unit 51");
-}
-
-TEST(AgentXmlTest, WritesWhatADocumentMayHold)
-{
-    const wchar_t text[] = {L'<', L'&', L'>', 0x01, L'\t', L'\r', 0xD83D, 0xDE00, 0xD83D, L'x', 0xFFFF, 0xE9, 0};
-    EXPECT_EQ(EscapedText(text), L"&lt;&amp;&gt;\t&#13;\xD83D\xDE00x\xE9");
-    const Element response{L"response", {}, {TextElement(L"status", L"a & b"), {L"details", {}, {}}}};
-    EXPECT_EQ(ReplyText(response),
-        L"<?xml version=\"1.0\"?><vltp version=\"1.0\"><response><status>a &amp; b</status><details></details>"
-        L"</response></vltp>");
+    EXPECT_EQ(TextOf(L"none", &script), script);
 }
 
 } // namespace

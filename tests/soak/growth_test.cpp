@@ -2,6 +2,8 @@
 #include "console/background_refresh.h"
 #include "console/ui_calls.h"
 #include "link/exchange.h"
+#include "savings/graph_view.h"
+#include "savings/shown_day.h"
 #include "shell/about.h"
 #include "shell/tray.h"
 #include "shell/update_window.h"
@@ -11,34 +13,27 @@
 #include "support/program.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace voltaro {
 namespace {
 
-// What opens a window: a command of the main window, or a button of another one.
+// What opens a window: a command of the main window, or a button in a window that a row above has opened.
 struct Opening {
     WindowId opened;
-    WindowId from;
     int command;
+    WindowId from = WindowId::Main;
     const wchar_t* button = nullptr;
 };
 // clang-format off
 constexpr Opening kOpenings[] = {
-    {WindowId::SystemInfo,    WindowId::Main, kSystemInfo},
-    {WindowId::Battery,       WindowId::Main, kBatteryInfo},
-    {WindowId::DeviceControl, WindowId::Main, kSecurity},
-    {WindowId::AccessControl, WindowId::Main, kPorts},
-    {WindowId::Snooze,        WindowId::Main, kSnooze},
-    {WindowId::Proxy,         WindowId::Main, kProxy},
-    {WindowId::Activation,    WindowId::Main, kActivate},
-    {WindowId::Update,        WindowId::Main, kUpdate},
-    {WindowId::Scheme,        WindowId::Main, kPowerScheme},
-    {WindowId::Policy,        WindowId::SchemeProcessor, 0, L"New .."},
-    {WindowId::Rule,          WindowId::Policy, 0, L"Add Rule.."},
-    {WindowId::JobList,       WindowId::Main, kJobScheduler},
-    {WindowId::JobEditor,     WindowId::JobList, 0, L"Add Job.."},
-    {WindowId::Savings,       WindowId::Main, kSavingsReport},
-    {WindowId::Profile,       WindowId::Savings, 0, L"&Power Consumption Settings"},
+    {WindowId::SystemInfo, kSystemInfo}, {WindowId::Battery, kBatteryInfo}, {WindowId::DeviceControl, kSecurity},
+    {WindowId::AccessControl, kPorts}, {WindowId::Snooze, kSnooze}, {WindowId::Proxy, kProxy},
+    {WindowId::Activation, kActivate}, {WindowId::Update, kUpdate},
+    {WindowId::Scheme, kPowerScheme}, {WindowId::Policy, 0, WindowId::SchemeProcessor, L"New .."},
+    {WindowId::Rule, 0, WindowId::Policy, L"Add Rule.."},
+    {WindowId::JobList, kJobScheduler}, {WindowId::JobEditor, 0, WindowId::JobList, L"Add Job.."},
+    {WindowId::Savings, kSavingsReport}, {WindowId::Profile, 0, WindowId::Savings, L"&Power Consumption Settings"},
 };
 // clang-format on
 
@@ -51,43 +46,32 @@ struct Work {
     int labels = 0;      // that each step destroys
 };
 
-void TurnPages(HWND window)
-{
-    HWND tab = nullptr;
-    while ((tab = FindWindowExW(window, tab, WC_TABCONTROLW, nullptr)) != nullptr) {
-        for (int page = TabCtrl_GetItemCount(tab); page-- > 0;)
-            ClickTab(tab, page);
-    }
-}
-
-void Open(ConsoleProgram& program, const Opening& row)
-{
-    if (row.button) {
-        const auto owner = std::ranges::find_if(kOpenings,
-            [&](const Opening& other) { return WindowOf(other.opened) == GetAncestor(WindowOf(row.from), GA_ROOT); });
-        Open(program, *owner);
-        SendMessageW(Labelled(WindowOf(row.from), row.button), BM_CLICK, 0, 0);
-    } else {
-        program.Command(row.from, row.command);
-    }
-    EXPECT_TRUE(row.opened != WindowId::Update || WaitFor([] { return !updateBusy; }));
-    EXPECT_TRUE(IsWindowVisible(WindowOf(row.opened))) << row.command;
-    TurnPages(WindowOf(row.opened));
-}
-
 void CloseAll()
 {
-    for (std::size_t i = std::size(kOpenings); i-- > 0;) {
-        const HWND window = WindowOf(kOpenings[i].opened);
-        SendMessageW(window, kOpenings[i].opened == WindowId::Update ? WM_COMMAND : WM_CLOSE, IDOK, 0);
-        EXPECT_FALSE(IsWindowVisible(window)) << i;
+    for (const Opening& row : std::views::reverse(kOpenings)) {
+        SendMessageW(WindowOf(row.opened), row.opened == WindowId::Update ? WM_COMMAND : WM_CLOSE, IDOK, 0);
+        EXPECT_FALSE(ConsoleProgram::IsOpen(row.opened)) << row.command;
     }
     Pump();
 }
 
-void OpenAndClose(ConsoleProgram& program, int number)
+void OpenAndClose(ConsoleProgram& program, int)
 {
-    Open(program, kOpenings[static_cast<std::size_t>(number) % std::size(kOpenings)]);
+    for (const auto& [opened, command, from, button] : kOpenings) {
+        if (button) {
+            SendMessageW(Labelled(WindowOf(from), button), BM_CLICK, 0, 0);
+        } else {
+            CloseAll();
+            program.Command(from, command);
+        }
+        EXPECT_TRUE(opened != WindowId::Update || WaitFor([] { return !updateBusy; }));
+        EXPECT_TRUE(IsWindowVisible(WindowOf(opened))) << command;
+        HWND tab = nullptr;
+        while ((tab = FindWindowExW(WindowOf(opened), tab, WC_TABCONTROLW, nullptr)) != nullptr) {
+            for (int page = TabCtrl_GetItemCount(tab); page-- > 0;)
+                ClickTab(tab, page);
+        }
+    }
     CloseAll();
 }
 
@@ -100,6 +84,7 @@ void OpenAndCloseAbout(ConsoleProgram& program, int)
 
 void Repaint(ConsoleProgram&, int number)
 {
+    RefreshGraphPage(); // draws it anew
     const HWND window = windowHandles[static_cast<std::size_t>(number) % windowHandles.size()];
     for (const HWND painted : {WindowOf(WindowId::Main), window}) {
         ShowWindow(painted, SW_SHOWNA);
@@ -141,7 +126,7 @@ void PauseAndRestore(ConsoleProgram& program, int number)
 
 // clang-format off
 constexpr Work kWorks[] = {
-    {"windows opened, pages turned, closed", 200 * std::size(kOpenings), OpenAndClose},
+    {"windows opened, pages turned, closed",   200, OpenAndClose},
     {"about box",                              200, OpenAndCloseAbout, 0, 9},
     {"exchanges, answered",                  1'000, ExchangeOnce<FaultKind::None, Outcome::Answered>},
     {"exchanges, nobody listens",            1'000, ExchangeOnce<FaultKind::Refuse, Outcome::CannotConnect>, 1},
@@ -162,6 +147,7 @@ TEST(GrowthTest, WorkLeavesNothingBehind)
     LoadedProgram program;
     AddTrayIcon(WindowOf(WindowId::Main));
     ASSERT_TRUE(StartWorkers());
+    shownDay = MakeShownDay({2024, 2, 29}, {{.poweredOn = 43200, .offTotal = 43200, .active = 43200}, {}, 0, 0}, {});
     platformCalls.showMessageBox
         = [](const BoxCall& call) { return call.buttons == BoxButtons::Ok ? Answer::Ok : Answer::Yes; };
     for (const Work& work : kWorks) {
@@ -180,6 +166,7 @@ TEST(GrowthTest, WorkLeavesNothingBehind)
             return left;
         });
     }
+    shownDay.reset();
     StopWorkers(StopOrder::MainWindowDestroyed);
     RemoveTrayIcon();
 }

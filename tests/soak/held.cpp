@@ -30,9 +30,10 @@ long long CountHandles()
     return count;
 }
 
-bool IsGdiObject(HANDLE handle)
+bool IsKernelHandle(HANDLE handle)
 {
-    return GetObjectType(handle) != 0;
+    DWORD flags = 0;
+    return GetHandleInformation(handle, &flags) != 0;
 }
 
 // Menus and own windows; icons and cursors show by the bitmaps that they hold.
@@ -41,12 +42,6 @@ bool IsUserObject(HANDLE handle)
     DWORD process = 0;
     GetWindowThreadProcessId(static_cast<HWND>(handle), &process);
     return process == GetCurrentProcessId() || IsMenu(static_cast<HMENU>(handle));
-}
-
-bool IsKernelHandle(HANDLE handle)
-{
-    DWORD flags = 0;
-    return GetHandleInformation(handle, &flags) != 0;
 }
 
 // Of all blocks in use, of all heaps.
@@ -82,21 +77,12 @@ struct Counter {
 // released), 24 of a label that was given a font. A heap gives no page back that holds such a block, and some of the
 // platform's own memory is in no heap.
 constexpr Counter kCounters[] = {
-    {"GDI objects", CountHandles<1, IsGdiObject>, 0, 0, 0},
+    {"GDI objects", CountHandles<1, [](HANDLE handle) { return GetObjectType(handle) != 0; }>, 0, 0, 0},
     {"USER objects", CountHandles<2, IsUserObject>, 0, 0, 0},
     {"handles", CountHandles<4, IsKernelHandle>, 1, 0, 0},
     {"heap bytes", CountHeapBytes, 0, 228, 24},
     {"private bytes", CountPrivateBytes, 0, 400, 40, 1 << 20},
 };
-using Counts = std::array<long long, std::size(kCounters)>;
-
-Counts CountAll()
-{
-    Counts counts{};
-    std::ranges::transform(kCounters, counts.begin(), [](const Counter& counter) { return counter.count(); });
-    return counts;
-}
-
 } // namespace
 
 Objects OpenObjects()
@@ -106,20 +92,19 @@ Objects OpenObjects()
 
 void ExpectNoGrowth(const char* what, const std::function<Left(int share)>& work)
 {
-    Counts least;
+    std::array<long long, std::size(kCounters)> before{}, least{};
     least.fill(1LL << 40);
     Left left = work(10);
     bool grown = true;
     for (int round = 0; round < 3 && grown; ++round) {
-        const Counts before = CountAll();
+        std::ranges::transform(kCounters, before.begin(), [](const Counter& counter) { return counter.count(); });
         left = work(1);
-        const Counts after = CountAll();
         grown = false;
         for (std::size_t i = 0; i < least.size(); ++i) {
             const Counter& row = kCounters[i];
             const long long allowed
                 = row.perSocket * left.sockets + row.perRequest * left.requests + row.perLabel * left.labels;
-            least[i] = std::min(least[i], after[i] - before[i] - allowed);
+            least[i] = std::min(least[i], row.count() - before[i] - allowed);
             grown = grown || least[i] > row.slack;
         }
     }

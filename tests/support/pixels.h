@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <set>
 #include <vector>
 
 namespace voltaro {
@@ -68,20 +67,6 @@ inline bool Shows(const Pixels& page, int resource, const RECT& at)
     for (int i = 0; i < wanted[1] * wanted[2]; ++i)
         same &= picture.At(i % wanted[1], i / wanted[1]) == page.At(at.left + i % wanted[1], at.top + i / wanted[1]);
     return same;
-}
-
-// The places that the next GDI objects would take. Freed places are taken again first, so much the same places after
-// some work say that the work left no objects behind.
-inline std::set<WORD> FreeGdiPlaces()
-{
-    constexpr int kPlaces = 64;
-    std::vector<UniqueBrush> brushes;
-    std::set<WORD> places;
-    for (int i = 0; i < kPlaces; ++i) {
-        brushes.emplace_back(CreateSolidBrush(RGB(1, 2, i)));
-        places.insert(LOWORD(reinterpret_cast<ULONG_PTR>(brushes.back().Get())));
-    }
-    return places;
 }
 
 } // namespace voltaro

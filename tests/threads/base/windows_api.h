@@ -3,16 +3,15 @@
 // The few names of the platform that the link and the simulated agent's server use, over POSIX: in the place of the
 // real header, so that a race detector sees both. An event is a flag, or stands for a socket's readiness.
 #include <arpa/inet.h>
-#include <fcntl.h>
 #include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/select.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <climits>
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
@@ -21,20 +20,15 @@
 // clang-format off
 using DWORD = std::uint32_t;
 using ULONGLONG = std::uint64_t;
-using BOOL = int;
-using HRESULT = std::int32_t;
 using COLORREF = std::uint32_t;
-using SOCKET = int;
+using SOCKET = int; using BOOL = int;
 using HANDLE = struct Event*;
 using HWND = void*; using HFONT = void*; using HBRUSH = void*; using HPEN = void*; using HBITMAP = void*; using HMENU = void*; using HKEY = void*;
-struct MONITORINFO { };
-struct WSADATA { };
+struct MONITORINFO { }; struct WSADATA { };
 struct WSANETWORKEVENTS { int iErrorCode[1]; };
 struct SYSTEMTIME { int wYear, wMonth, wDay, wHour, wMinute, wSecond, wMilliseconds; };
-enum : int { INVALID_SOCKET = -1, SD_BOTH = SHUT_RDWR, TRUE = 1, FALSE = 0, E_FAIL = -1, FD_CONNECT_BIT = 0 };
-enum : int { FD_READ = POLLIN, FD_CLOSE = POLLHUP, FD_CONNECT = POLLOUT };
-enum : int { WSAENETDOWN = ENETDOWN, WSAENETRESET = ENETRESET, WSAECONNABORTED = ECONNABORTED, WSAETIMEDOUT = ETIMEDOUT };
-enum : int { WSAEWOULDBLOCK = EAGAIN };
+enum : int { INVALID_SOCKET = -1, SD_BOTH = SHUT_RDWR, TRUE = 1, FALSE = 0, E_FAIL = -1, FD_CONNECT_BIT = 0, FD_READ = POLLIN, FD_CLOSE = POLLHUP, FD_CONNECT = POLLOUT };
+enum : int { WSAENETDOWN = ENETDOWN, WSAENETRESET = ENETRESET, WSAECONNABORTED = ECONNABORTED, WSAETIMEDOUT = ETIMEDOUT, WSAEWOULDBLOCK = EAGAIN };
 enum : DWORD { WAIT_OBJECT_0 = 0, WAIT_TIMEOUT = 258, INFINITE = UINT32_MAX };
 inline const HANDLE INVALID_HANDLE_VALUE = nullptr;
 
@@ -54,7 +48,7 @@ inline void SetEvent(HANDLE event)
 }
 inline DWORD WaitForSingleObject(HANDLE event, DWORD milliseconds)
 {
-    const int limit = milliseconds == INFINITE ? INT_MAX : static_cast<int>(milliseconds);
+    const int limit = static_cast<int>(std::min<DWORD>(milliseconds, 1 << 30));
     if (pollfd ready = event->socket; ready.fd != INVALID_SOCKET)
         return poll(&ready, 1, limit) > 0 ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
     std::unique_lock lock(event->mutex);
@@ -87,7 +81,6 @@ inline void Sleep(DWORD milliseconds) { std::this_thread::sleep_for(std::chrono:
 inline ULONGLONG GetTickCount64() { return static_cast<ULONGLONG>(std::chrono::steady_clock::now().time_since_epoch() / std::chrono::milliseconds(1)); }
 inline DWORD GetCurrentThreadId() { return static_cast<DWORD>(gettid()); }
 inline void GetLocalTime(SYSTEMTIME*) { }
-inline void DeleteObject(void*) { }
 inline void DestroyMenu(void*) { }
 inline void RegCloseKey(void*) { }
 // clang-format on
