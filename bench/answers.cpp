@@ -8,7 +8,6 @@
 #include "link/frame.h"
 #include "link/host_config.h"
 #include "link/system_details.h"
-#include "long_day.h"
 #include "savings/shown_day.h"
 
 #include "simulator/server.h"
@@ -82,6 +81,18 @@ void ReadEvents(const std::wstring& answer)
 }
 
 } // namespace
+
+std::vector<EventLine> LongDay(std::size_t count)
+{
+    constexpr const wchar_t* kCodes[] = {L"Istime", L"Dstime", L"Detime", L"Mstime", L"Metime", L"Ietime"};
+    std::vector<EventLine> lines;
+    for (std::size_t i = 0; i < count; ++i) {
+        const int second = static_cast<int>(i * 86'400 / count);
+        lines.emplace_back(
+            Format(L"%ls # 2026/11/20 %02d:%02d:%02d", kCodes[i % 6], second / 3600, second / 60 % 60, second % 60));
+    }
+    return lines;
+}
 
 double MeasureRequests()
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "savings/event_lines.h"
+
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -35,6 +37,10 @@ void JudgeGrowth(const char* what, const std::vector<std::size_t>& sizes, const 
 // What an answer's document costs by itself: loads the text and asks for the text of every node of the path in turn,
 // keeping none. The thread must have entered COM.
 void ReadBare(const std::wstring& text, const wchar_t* path);
+
+// So many changes of state, evenly over a day; and a time after it.
+[[nodiscard]] std::vector<EventLine> LongDay(std::size_t count = kMaxEventLines);
+inline constexpr LocalTime kLongDay{2026, 11, 20}, kLongDayNow{2026, 11, 21, 12};
 
 // All windows of the program in this process, hidden.
 void MakeWindows();

@@ -1,7 +1,6 @@
 // The program as a process: its start, what it holds and what it does in the notification area.
 #include "measure.h"
 
-#include "base/handles.h"
 #include "console/windows.h"
 #include "shell/connection.h"
 #include "shell/main_commands.h"
@@ -9,6 +8,7 @@
 #include "shell/tray.h"
 #include "shell/window_table.h"
 #include "simulator/server.h"
+#include "support/process.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -21,44 +21,21 @@ namespace {
 
 constexpr const wchar_t* kSkeletonReady = L"VoltaroBenchSkeletonReady";
 
-// A process of its own, ended with its owner.
-class Process {
-public:
-    explicit Process(std::wstring command)
-    {
-        STARTUPINFOW start{};
-        start.cb = sizeof start;
-        PROCESS_INFORMATION made{};
-        CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &made);
-        CloseHandle(made.hThread);
-        m_process = UniqueHandle(made.hProcess);
-    }
-    ~Process()
-    {
-        TerminateProcess(m_process.Get(), 0);
-        WaitForSingleObject(m_process.Get(), 5'000);
-    }
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
+double PrivateMegabytes(const Process& process)
+{
+    PROCESS_MEMORY_COUNTERS_EX memory{};
+    GetProcessMemoryInfo(process.Get(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
+    return static_cast<double>(memory.PrivateUsage ? memory.PrivateUsage : memory.PagefileUsage) / 1e6;
+}
 
-    [[nodiscard]] double PrivateMegabytes() const
-    {
-        PROCESS_MEMORY_COUNTERS_EX memory{};
-        GetProcessMemoryInfo(m_process.Get(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
-        return static_cast<double>(memory.PrivateUsage ? memory.PrivateUsage : memory.PagefileUsage) / 1e6;
-    }
-    [[nodiscard]] double ProcessorMs() const
-    {
-        ULARGE_INTEGER kernel{}, user{};
-        FILETIME made{}, ended{};
-        GetProcessTimes(
-            m_process.Get(), &made, &ended, reinterpret_cast<FILETIME*>(&kernel), reinterpret_cast<FILETIME*>(&user));
-        return static_cast<double>(kernel.QuadPart + user.QuadPart) / 1e4;
-    }
-
-private:
-    UniqueHandle m_process;
-};
+double ProcessorMs(const Process& process)
+{
+    ULARGE_INTEGER kernel{}, user{};
+    FILETIME made{}, ended{};
+    GetProcessTimes(
+        process.Get(), &made, &ended, reinterpret_cast<FILETIME*>(&kernel), reinterpret_cast<FILETIME*>(&user));
+    return static_cast<double>(kernel.QuadPart + user.QuadPart) / 1e4;
+}
 
 struct Programs {
     simulator::AgentServer& agent;
@@ -105,10 +82,10 @@ void MeasureStart(const Programs& programs, double bareExchange)
     for (int round = 0; round < 17; ++round) {
         std::optional<Process> process;
         StartConsole(programs, process, painted.emplace_back(), connected.emplace_back());
-        memory.push_back(process->PrivateMegabytes());
+        memory.push_back(PrivateMegabytes(*process));
         process.reset();
         skeleton.push_back(StartSkeleton(programs, process));
-        memory.back() -= process->PrivateMegabytes();
+        memory.back() -= PrivateMegabytes(*process);
     }
     JudgeRatio("start to first paint / skeleton with the same windows, icon", Median(painted), Median(skeleton), 1.15);
     JudgeRatio("start to connected / 1.15 x skeleton + 2.5 x exchanges", Median(connected),
@@ -142,12 +119,12 @@ void MeasureTray(const Programs& programs)
     PrepareForCheck();
     RunCheck(WindowOf(WindowId::Main));
     programs.agent.ClearRequests();
-    const double before = console->ProcessorMs(), asleep = skeleton->ProcessorMs();
+    const double before = ProcessorMs(*console), asleep = ProcessorMs(*skeleton);
     JudgeFigure("timers in a minute in the notification area", TimersWithin(kMinute), "", 0);
     JudgeFigure("requests in that minute", static_cast<double>(programs.agent.Requests().size()), "", 0);
     // The clock of other processes counts in steps of 10 ms.
     JudgeFigure("processor time in it, above the sleeping skeleton's",
-        console->ProcessorMs() - before - (skeleton->ProcessorMs() - asleep), "ms", 10);
+        ProcessorMs(*console) - before - (ProcessorMs(*skeleton) - asleep), "ms", 10);
 }
 
 } // namespace

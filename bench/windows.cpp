@@ -2,7 +2,6 @@
 #include "measure.h"
 
 #include "console/windows.h"
-#include "long_day.h"
 #include "savings/event_walk.h"
 #include "savings/graph_view.h"
 #include "savings/saved_profile.h"

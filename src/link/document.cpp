@@ -90,12 +90,14 @@ constexpr const char* kCreateCall = "CoCreateInstance(__uuidof(DOMDocument30), N
 constexpr const char* kCreateForFileCall = "CoCreateInstance(__uuidof(DOMDocument30),NULL,CLSCTX_INPROC_SERVER, "
                                            "__uuidof(IXMLDOMDocument),(void**)&pXMLDom)";
 
+// The thread's own, since apartments do not share it. Kept, for CoCreateInstance looks the class up at every call,
+// which takes longer than all other steps of a short document. No owner: COM must not be called while a thread's
+// storage is torn down.
+thread_local IClassFactory* classObject = nullptr;
+
 // Creates an empty document of the thread's apartment.
 HRESULT CreateDocument(Document& document)
 {
-    // Kept, for CoCreateInstance looks the class up at every call, which takes longer than all other steps of a short
-    // document. Never released, since no thread may call COM while its storage is torn down.
-    thread_local IClassFactory* classObject = nullptr;
     if (!classObject) {
         const HRESULT found = CoGetClassObject(kClsidDomDocument30, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
             reinterpret_cast<void**>(&classObject));
@@ -373,6 +375,12 @@ std::optional<FieldText> SerialiseRequest(const Element& request)
     if (!Done(document->get_xml(xml.Put()), "dom->get_xml", "pXMLDom->get_xml(&bstr)"))
         return std::nullopt;
     return FieldText(xml.View());
+}
+
+void ReleaseDocumentClass()
+{
+    if (IClassFactory* held = std::exchange(classObject, nullptr))
+        held->Release();
 }
 
 std::wstring NewMessageId()

@@ -21,6 +21,9 @@ inline constexpr int kMaxDepth = 32;
 // wiped; what the platform's document object keeps of a password until it reuses the memory is out of our reach.
 [[nodiscard]] std::optional<FieldText> SerialiseRequest(const Element& request);
 
+// Gives back what the thread keeps to make documents; called by a thread that ends before the program does.
+void ReleaseDocumentClass();
+
 // A fresh identifier for a request: 38 characters with braces, upper case; empty when the platform has none.
 [[nodiscard]] std::wstring NewMessageId();
 

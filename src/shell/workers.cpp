@@ -9,6 +9,7 @@
 #include "console/connection_state.h"
 #include "console/main_view.h"
 #include "console/ui_calls.h"
+#include "link/document.h"
 #include "power/scheme_reading.h"
 #include "power/scheme_window.h"
 #include "settings/system_info_window.h"
@@ -62,18 +63,25 @@ Waited WaitAsWorker(HANDLE handle, DWORD milliseconds)
     }
 }
 
-void BecomeWorker(const Worker& worker)
-{
-    endOfThisThread = worker.end.Get();
-    threadWait = WaitAsWorker;
-}
+// The thread's time as a worker.
+class WorkerScope {
+public:
+    explicit WorkerScope(const Worker& worker)
+    {
+        endOfThisThread = worker.end.Get();
+        threadWait = WaitAsWorker;
+    }
+    ~WorkerScope() { ReleaseDocumentClass(); }
+    WorkerScope(const WorkerScope&) = delete;
+    WorkerScope& operator=(const WorkerScope&) = delete;
+};
 
 // A worker that does one thing each time it is woken.
 template <WorkerId Id, void (*Work)()>
 DWORD WINAPI RunOnEvent(void*)
 {
     const HANDLE wake = WorkerOf(Id).wake.Get();
-    BecomeWorker(WorkerOf(Id));
+    const WorkerScope scope(WorkerOf(Id));
     do {
         ResetEvent(wake);
         Work();
@@ -112,7 +120,7 @@ PollResult Poll()
 DWORD WINAPI RunStatusPoller(void*)
 {
     const HANDLE wake = WorkerOf(WorkerId::StatusPoller).wake.Get();
-    BecomeWorker(WorkerOf(WorkerId::StatusPoller));
+    const WorkerScope scope(WorkerOf(WorkerId::StatusPoller));
     while (threadWait(wake, timing.pollerPeriod) == Waited::TimedOut) {
         const PollResult result = Poll();
         if (result == PollResult::Lost)

@@ -1,9 +1,6 @@
-#include "base/platform_calls.h"
 #include "console/agent_records.h"
 #include "console/background_refresh.h"
-#include "console/connection_state.h"
 #include "settings/machine_texts.h"
-#include "shell/workers.h"
 #include "soak/held.h"
 #include "support/program.h"
 

@@ -1,4 +1,3 @@
-#include "base/handles.h"
 #include "shell/main_commands.h"
 #include "shell/main_window.h"
 #include "shell/window_table.h"
@@ -6,6 +5,7 @@
 #include "soak/held.h"
 #include "support/fake_tray.h"
 #include "support/installation.h"
+#include "support/process.h"
 #include "support/test_window.h"
 #include "ui/controls.h"
 
@@ -44,36 +44,18 @@ void AnswerBox(const wchar_t* caption, WPARAM button)
     PostMessageW(box, WM_COMMAND, button, 0);
 }
 
-// One console process; ended by force when a test leaves it running.
-class Console {
-public:
+struct Console : Process {
     Console()
+        : Process(_wgetenv(L"VOLTARO_CONSOLE"))
     {
-        wchar_t path[MAX_PATH] = {};
-        GetEnvironmentVariableW(L"VOLTARO_CONSOLE", path, MAX_PATH);
-        STARTUPINFOW start{};
-        start.cb = sizeof start;
-        start.dwFlags = STARTF_USESHOWWINDOW;
-        start.wShowWindow = SW_SHOWMINIMIZED; // ignored by the console
-        PROCESS_INFORMATION made{};
-        EXPECT_TRUE(CreateProcessW(path, nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &made));
-        CloseHandle(made.hThread);
-        m_process = UniqueHandle(made.hProcess);
     }
-    ~Console() { TerminateProcess(m_process.Get(), 9); }
-
     // The exit code once the program has ended, -1 when it has not within that time.
     [[nodiscard]] int ExitCode(unsigned milliseconds) const
     {
         DWORD code = 0;
-        if (!WaitFor([&] { return WaitForSingleObject(m_process.Get(), 0) == WAIT_OBJECT_0; }, milliseconds))
-            return -1;
-        GetExitCodeProcess(m_process.Get(), &code);
-        return static_cast<int>(code);
+        const bool ended = WaitFor([this] { return WaitForSingleObject(Get(), 0) == WAIT_OBJECT_0; }, milliseconds);
+        return ended && GetExitCodeProcess(Get(), &code) ? static_cast<int>(code) : -1;
     }
-
-private:
-    UniqueHandle m_process;
 };
 
 struct ConsoleTest : testing::Test {

@@ -1,41 +1,18 @@
-#include "base/platform_calls.h"
 #include "console/background_refresh.h"
-#include "console/ui_calls.h"
 #include "link/exchange.h"
 #include "savings/graph_view.h"
 #include "savings/shown_day.h"
-#include "shell/about.h"
 #include "shell/tray.h"
 #include "shell/update_window.h"
-#include "shell/workers.h"
 #include "soak/held.h"
 #include "support/fake_tray.h"
+#include "support/openings.h"
 #include "support/program.h"
 
-#include <algorithm>
 #include <ranges>
 
 namespace voltaro {
 namespace {
-
-// What opens a window: a command of the main window, or a button in a window that a row above has opened.
-struct Opening {
-    WindowId opened;
-    int command;
-    WindowId from = WindowId::Main;
-    const wchar_t* button = nullptr;
-};
-// clang-format off
-constexpr Opening kOpenings[] = {
-    {WindowId::SystemInfo, kSystemInfo}, {WindowId::Battery, kBatteryInfo}, {WindowId::DeviceControl, kSecurity},
-    {WindowId::AccessControl, kPorts}, {WindowId::Snooze, kSnooze}, {WindowId::Proxy, kProxy},
-    {WindowId::Activation, kActivate}, {WindowId::Update, kUpdate},
-    {WindowId::Scheme, kPowerScheme}, {WindowId::Policy, 0, WindowId::SchemeProcessor, L"New .."},
-    {WindowId::Rule, 0, WindowId::Policy, L"Add Rule.."},
-    {WindowId::JobList, kJobScheduler}, {WindowId::JobEditor, 0, WindowId::JobList, L"Add Job.."},
-    {WindowId::Savings, kSavingsReport}, {WindowId::Profile, 0, WindowId::Savings, L"&Power Consumption Settings"},
-};
-// clang-format on
 
 // A piece of work, done so often in the long run; the tests do a two-hundredth.
 struct Work {
@@ -46,28 +23,34 @@ struct Work {
     int labels = 0;      // that each step destroys
 };
 
+constexpr auto kAllButMainAndAbout = std::views::filter(
+    [](const Opening& row) { return row.window != WindowId::Main && row.window != WindowId::Count; });
+
 void CloseAll()
 {
-    for (const Opening& row : std::views::reverse(kOpenings)) {
-        SendMessageW(WindowOf(row.opened), row.opened == WindowId::Update ? WM_COMMAND : WM_CLOSE, IDOK, 0);
-        EXPECT_FALSE(ConsoleProgram::IsOpen(row.opened)) << row.command;
+    for (const Opening& row : kOpenings | kAllButMainAndAbout | std::views::reverse) {
+        SendMessageW(WindowOf(row.window), row.window == WindowId::Update ? WM_COMMAND : WM_CLOSE, IDOK, 0);
+        EXPECT_FALSE(ConsoleProgram::IsOpen(row.window)) << row.command;
     }
     Pump();
 }
 
 void OpenAndClose(ConsoleProgram& program, int)
 {
-    for (const auto& [opened, command, from, button] : kOpenings) {
-        if (button) {
-            SendMessageW(Labelled(WindowOf(from), button), BM_CLICK, 0, 0);
+    for (const Opening& row : kOpenings | kAllButMainAndAbout) {
+        const HWND opened = WindowOf(row.window);
+        if (row.button) {
+            const bool onPage = row.opener == WindowId::Scheme;
+            const HWND from = WindowOf(onPage ? WindowId::SchemeProcessor : row.opener);
+            SendMessageW(Labelled(from, row.button), BM_CLICK, 0, 0);
         } else {
             CloseAll();
-            program.Command(from, command);
+            program.Command(row.opener, row.command);
         }
-        EXPECT_TRUE(opened != WindowId::Update || WaitFor([] { return !updateBusy; }));
-        EXPECT_TRUE(IsWindowVisible(WindowOf(opened))) << command;
+        EXPECT_TRUE(row.window != WindowId::Update || WaitFor([] { return !updateBusy; }));
+        EXPECT_TRUE(IsWindowVisible(opened)) << row.command;
         HWND tab = nullptr;
-        while ((tab = FindWindowExW(WindowOf(opened), tab, WC_TABCONTROLW, nullptr)) != nullptr) {
+        while ((tab = FindWindowExW(opened, tab, WC_TABCONTROLW, nullptr)) != nullptr) {
             for (int page = TabCtrl_GetItemCount(tab); page-- > 0;)
                 ClickTab(tab, page);
         }

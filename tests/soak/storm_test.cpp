@@ -1,15 +1,8 @@
-#include "console/connection_state.h"
-#include "console/main_hold.h"
-#include "console/ui_calls.h"
-#include "shell/main_menus.h"
 #include "shell/tray.h"
-#include "shell/workers.h"
 #include "soak/held.h"
 #include "support/fake_tray.h"
 #include "support/program.h"
-#include "ui/menus.h"
 
-#include <algorithm>
 #include <atomic>
 #include <random>
 #include <thread>

@@ -1,8 +1,8 @@
 // The link against the simulated agent from several threads at once, for the race detector: every thread reads what one
 // alone reads.
+#include "base/error_log.h"
 #include "base/platform_calls.h"
 #include "link/document.h"
-#include "base/error_log.h"
 #include "link/exchange.h"
 #include "link/host_config.h"
 #include "simulator/server.h"

@@ -1,41 +1,10 @@
 #include "power/scheme_pages.h"
 #include "power/scheme_window.h"
 #include "shell/update_window.h"
+#include "support/openings.h"
 #include "support/program.h"
 
 namespace voltaro {
-
-// A window, what opens it (a command of the main window, a button of another one), its help page, how many
-// requests F5 makes, the key that closes it and whether its work is a worker's. Count stands for the about box.
-struct Opened {
-    WindowId window, opener;
-    int command;
-    const wchar_t *button, *page;
-    std::size_t requests = 0;
-    WORD closes = VK_ESCAPE;
-    bool works = false;
-};
-// clang-format off
-constexpr Opened kOpened[] = {
-    {WindowId::Main,          WindowId::Main,            0,              nullptr,       L"Main Window.htm", 6, 0},
-    {WindowId::SystemInfo,    WindowId::Main,            kSystemInfo,    nullptr,       L"System Info.htm", 1, VK_ESCAPE, true},
-    {WindowId::Scheme,        WindowId::Main,            kPowerScheme,   nullptr,       L"advanced.htm", 3, VK_ESCAPE, true},
-    {WindowId::Policy,        WindowId::Scheme,          0,              L"New ..",     L"advanced.htm"},
-    {WindowId::Rule,          WindowId::Policy,          0,              L"Add Rule..", L"advanced.htm"},
-    {WindowId::JobList,       WindowId::Main,            kJobScheduler,  nullptr,       L"Job Scheduler.htm"},
-    {WindowId::JobEditor,     WindowId::JobList,         0,              L"Add Job..",  L"Job Scheduler.htm"},
-    {WindowId::DeviceControl, WindowId::Main,            kSecurity,      nullptr,       L"system security.htm", 1},
-    {WindowId::AccessControl, WindowId::Main,            kPorts,         nullptr,       L"access control.htm", 1},
-    {WindowId::Snooze,        WindowId::Main,            kSnooze,        nullptr,       L"snooze.htm", 1},
-    {WindowId::Proxy,         WindowId::Main,            kProxy,         nullptr,       L"proxy settings.htm", 1},
-    {WindowId::Battery,       WindowId::Main,            kBatteryInfo,   nullptr,       L"battery info.htm", 1},
-    {WindowId::Savings,       WindowId::Main,            kSavingsReport, nullptr,       L"powercalculations.htm", 2},
-    {WindowId::Profile,       WindowId::Savings,         0,              L"&Power Consumption Settings", L"powercalculations.htm", 1},
-    {WindowId::Activation,    WindowId::Main,            kActivate,      nullptr,       L"activation.htm"},
-    {WindowId::Update,        WindowId::Main,            kUpdate,        nullptr,       L"update.htm", 0, VK_RETURN, true},
-    {WindowId::Count,         WindowId::Main,            kAbout,         nullptr,       L"Main Window.htm"},
-};
-// clang-format on
 
 static std::vector<HWND> StopsOf(HWND window)
 {
@@ -93,7 +62,7 @@ static void WalkStops(HWND window)
     }
 }
 
-struct EveryWindow : testing::TestWithParam<Opened>, LoadedProgram {
+struct EveryWindow : testing::TestWithParam<Opening>, LoadedProgram {
     EveryWindow()
     {
         EXPECT_TRUE(!GetParam().works || StartWorkers());
@@ -111,10 +80,10 @@ struct EveryWindow : testing::TestWithParam<Opened>, LoadedProgram {
     static HWND HandleOf(WindowId window) { return window != WindowId::Count ? WindowOf(window) : AboutWindow(); }
 
     // Opens it by the keyboard where a button does; gives where the focus was.
-    HWND Open(const Opened& row)
+    HWND Open(const Opening& row)
     {
         if (row.button != nullptr) {
-            Open(*std::ranges::find(kOpened, row.opener, &Opened::window));
+            Open(*std::ranges::find(kOpenings, row.opener, &Opening::window));
             for (const HWND stop : StopsOf(HandleOf(row.opener))) {
                 if (NameOf(stop) == row.button)
                     GiveFocus(stop);
@@ -157,7 +126,7 @@ TEST_P(EveryWindow, IsDrivenByTheKeyboardAlone)
     EXPECT_EQ(GetFocus(), from) << "back where it was opened";
 }
 
-INSTANTIATE_TEST_SUITE_P(Keyboard, EveryWindow, testing::ValuesIn(kOpened),
+INSTANTIATE_TEST_SUITE_P(Keyboard, EveryWindow, testing::ValuesIn(kOpenings),
     [](const auto& row) { return "Window" + std::to_string(static_cast<int>(row.param.window)); });
 
 TEST(NavigationTest, KeysTurnThePagesOfTheWindowInFront)
