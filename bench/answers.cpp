@@ -57,9 +57,10 @@ void ReadDetails(const std::wstring& text)
 // The large answer, its groups cut to about so many bytes.
 std::wstring DetailsOf(std::size_t bytes, const std::wstring& large)
 {
-    Element response = ParseAnswer(large.c_str())->children.at(0);
+    const std::optional<Element> root = ParseAnswer(large.c_str());
+    Element response = root ? root->children.at(0) : Element();
     for (Element& section : response.children.at(0).children) {
-        if (section.children.size() > 0 && !section.children[0].children.empty())
+        if (!section.children.empty() && !section.children[0].children.empty())
             section.children.resize(section.children.size() * bytes / (large.size() * kBytesPerUnit));
     }
     return simulator::ReplyText(response);
@@ -98,7 +99,7 @@ double MeasureRequests()
 {
     const Request request = Plain(Operation::GetCurrentPowerSettings);
     const auto text = SerialiseRequest(RequestElement(request, NewMessageId()));
-    const WipedBytes frame = EncodeFrame(text.value(), 100'000);
+    const WipedBytes frame = EncodeFrame(text.value_or(FieldText()), 100'000);
     const Work console = [&] {
         if (!Exchange(request).Read<PowerSchemeSettings>())
             std::puts("no answer");

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <optional>
+#include <memory>
 
 #include <psapi.h>
 
@@ -56,21 +56,21 @@ void AwaitRequest(const simulator::AgentServer& agent, std::wstring_view operati
 }
 
 // The console's first request follows its main window's first paint; that for the patches ends the load.
-void StartConsole(const Programs& programs, std::optional<Process>& process, double& painted, double& connected)
+void StartConsole(const Programs& programs, std::unique_ptr<Process>& process, double& painted, double& connected)
 {
     programs.agent.ClearRequests();
     painted = Time([&] {
-        process.emplace(programs.console);
+        process = std::make_unique<Process>(programs.console);
         AwaitRequest(programs.agent, L"");
     });
     connected = painted + Time([&] { AwaitRequest(programs.agent, L"GetPatchDetails"); });
 }
 
-double StartSkeleton(const Programs& programs, std::optional<Process>& process)
+double StartSkeleton(const Programs& programs, std::unique_ptr<Process>& process)
 {
     const UniqueHandle ready(CreateEventW(nullptr, TRUE, FALSE, kSkeletonReady));
     return Time([&] {
-        process.emplace(programs.self + L" --skeleton");
+        process = std::make_unique<Process>(programs.self + L" --skeleton");
         WaitForSingleObject(ready.Get(), 60'000);
     });
 }
@@ -80,7 +80,7 @@ void MeasureStart(const Programs& programs, double bareExchange)
     constexpr double kExchanges = 13; // of the check and the load
     std::vector<double> painted, connected, skeleton, memory;
     for (int round = 0; round < 17; ++round) {
-        std::optional<Process> process;
+        std::unique_ptr<Process> process;
         StartConsole(programs, process, painted.emplace_back(), connected.emplace_back());
         memory.push_back(PrivateMegabytes(*process));
         process.reset();
@@ -109,7 +109,7 @@ int TimersWithin(ULONGLONG milliseconds)
 void MeasureTray(const Programs& programs)
 {
     constexpr ULONGLONG kMinute = 60'000;
-    std::optional<Process> console, skeleton;
+    std::unique_ptr<Process> console, skeleton;
     double painted = 0, connected = 0;
     StartConsole(programs, console, painted, connected);
     Sleep(2'000); // the rest of the load
