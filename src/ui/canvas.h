@@ -33,7 +33,11 @@ public:
         , m_old(object ? Checked(SelectObject(dc, object), "SelectObject") : nullptr)
     {
     }
-    ~SelectGuard() { SelectObject(m_dc, m_old); }
+    ~SelectGuard()
+    {
+        if (m_old)
+            Checked(SelectObject(m_dc, m_old), "SelectObject");
+    }
     SelectGuard(const SelectGuard&) = delete;
     SelectGuard& operator=(const SelectGuard&) = delete;
 
@@ -52,7 +56,8 @@ public:
     }
     ~MemoryDc()
     {
-        SelectObject(m_dc, m_old);
+        if (m_old)
+            Checked(SelectObject(m_dc, m_old), "SelectObject");
         DeleteDC(m_dc);
     }
     MemoryDc(const MemoryDc&) = delete;
