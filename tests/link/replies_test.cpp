@@ -28,14 +28,9 @@ TEST(FrameTest, EncodesLengthTextAndNul)
     EXPECT_EQ(EncodeFrame(std::wstring(502, L'x') + pair, 1024), Frame(L"00001022", std::wstring(502, L'x')));
 }
 
-static Element Holding(std::wstring_view name, std::vector<Element> children)
+static Element Texts(const wchar_t* name, std::initializer_list<const wchar_t*> texts)
 {
-    return {std::wstring(name), {}, std::move(children)};
-}
-
-static Element Texts(std::wstring_view name, std::initializer_list<const wchar_t*> texts)
-{
-    Element element = Holding(name, {});
+    Element element{name, {}, {}};
     for (const wchar_t* text : texts)
         element.children.push_back(TextElement(L"f", text));
     return element;
@@ -43,9 +38,9 @@ static Element Texts(std::wstring_view name, std::initializer_list<const wchar_t
 
 TEST(RepliesTest, TheFirstInDocumentOrderIsReadAlone)
 {
-    const Element root = Holding(L"vltp",
-        {Holding(L"response", {Holding(L"deep", {Texts(L"details", {L"a", L"b"})}), Texts(L"details", {L"c"})}),
-            Texts(L"response", {L"d"})});
+    const Element root{L"vltp", {},
+        {Element{L"response", {}, {Element{L"deep", {}, {Texts(L"details", {L"a", L"b"})}}, Texts(L"details", {L"c"})}},
+            Texts(L"response", {L"d"})}};
     EXPECT_EQ(TextsOf(DetailsFields(root), 9), (std::vector<std::wstring>{L"a", L"b"}));
     EXPECT_EQ(ResponseFields(root).size(), 2U);
     EXPECT_EQ(TextAt(DetailsOrResponseFields(Texts(L"response", {L"Success"})), 0), L"Success");
@@ -56,8 +51,8 @@ TEST(RepliesTest, PoliciesKeepEveryRuleAndItsTextsByNumber)
 {
     Element details = Texts(L"details", {L"Meetings"});
     for (int i = 60; i > 0; --i)
-        details.children.push_back(Holding(Format(L"AppNo_%d", i),
-            {TextElement(L"Application_Name", std::wstring(static_cast<std::size_t>(i * 9), L'a'))}));
+        details.children.push_back(Element{Format(L"AppNo_%d", i), {},
+            {TextElement(L"Application_Name", std::wstring(static_cast<std::size_t>(i * 9), L'a'))}});
     const auto policy = ReadPolicy(details);
     EXPECT_EQ(policy->name, L"Meetings");
     ASSERT_EQ(policy->rules.size(), 60U);
@@ -70,9 +65,9 @@ TEST(SystemDetailsTest, GroupsEndInASeparatorRow)
 {
     const Element adapter = Texts(L"Adapter", {L"1", L"2", L"3"});
     SystemDetails details;
-    const Element root = Holding(L"details",
-        {Texts(L"CPUInfo", {L"a", L"b", L"c", L"d", L"On"}), Holding(L"NetworkInfo", {adapter, adapter}),
-            Holding(L"PhysicalDiskInfo", {})});
+    const Element root{L"details", {},
+        {Texts(L"CPUInfo", {L"a", L"b", L"c", L"d", L"On"}), Element{L"NetworkInfo", {}, {adapter, adapter}},
+            Element{L"PhysicalDiskInfo", {}, {}}}};
     details.Read(&root);
     EXPECT_EQ(details.RowCount(DetailSection::Network), 8U);
     EXPECT_EQ(details.Row(DetailSection::Network, 3).name, L" ");
@@ -86,9 +81,10 @@ TEST(SystemDetailsTest, GroupsEndInASeparatorRow)
 
 TEST(SystemDetailsTest, DropsWhatHasNoSlot)
 {
-    const Element root = Holding(L"details",
-        {Holding(L"CPUInfo", std::vector<Element>(50, TextElement(std::wstring(80, L'n'), std::wstring(200, L'v')))),
-            Holding(L"LogicalDiskInfo", std::vector<Element>(400, Texts(L"LogicalDisk", {L"1", L"2"})))});
+    const Element root{L"details", {},
+        {Element{
+             L"CPUInfo", {}, std::vector<Element>(50, TextElement(std::wstring(80, L'n'), std::wstring(200, L'v')))},
+            Element{L"LogicalDiskInfo", {}, std::vector<Element>(400, Texts(L"LogicalDisk", {L"1", L"2"}))}}};
     SystemDetails details;
     details.Read(&root);
     EXPECT_EQ(details.RowCount(DetailSection::Processor), 20U);

@@ -245,15 +245,13 @@ TEST(GraphLayoutTest, SegmentsMarkersAndTexts)
         EXPECT_TRUE(kLayout.segments[i].bar == bar) << state;
     }
     // No monitor off, and 179 s of shutdown are no pixel.
-    // clang-format off
     constexpr auto kDashes = GraphPen::DashDot, kSolid = GraphPen::Solid;
-    EXPECT_EQ(kLayout.markers, (std::vector<GraphLine>{
-        {85, 360, 50, 360, 0x006000, kDashes},   {85, 160, 50, 160, 0x8A2A00, kDashes},
-        {170, 460, 125, 460, 0x37E38C, kDashes}, {170, 420, 125, 420, 0xFFA42D, kDashes},
-        {170, 400, 125, 400, 0xFF00FF, kDashes}, {170, 360, 125, 360, 0xA03070, kDashes},
-        {170, 340, 125, 340, 0x0080FF, kDashes}, {210, 160, 254, 160, 0x008080, kSolid},
-        {210, 0, 254, 0, 0x000080, kSolid}}));
-    // clang-format on
+    EXPECT_EQ(kLayout.markers,
+        (std::vector<GraphLine>{{85, 360, 50, 360, 0x006000, kDashes}, {85, 160, 50, 160, 0x8A2A00, kDashes},
+            {170, 460, 125, 460, 0x37E38C, kDashes}, {170, 420, 125, 420, 0xFFA42D, kDashes},
+            {170, 400, 125, 400, 0xFF00FF, kDashes}, {170, 360, 125, 360, 0xA03070, kDashes},
+            {170, 340, 125, 340, 0x0080FF, kDashes}, {210, 160, 254, 160, 0x008080, kSolid},
+            {210, 0, 254, 0, 0x000080, kSolid}}));
     const auto has = [](const wchar_t* text, int x, int y) {
         return std::any_of(kLayout.texts.begin(), kLayout.texts.end(),
             [=](const GraphText& t) { return t.text == text && t.x == x && t.y == y; });

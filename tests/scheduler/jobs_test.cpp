@@ -2,8 +2,7 @@
 #include "scheduler/job_document.h"
 #include "scheduler/job_rules.h"
 #include "scheduler/job_texts.h"
-#include "support/element_line.h"
-#include "support/refusals.h"
+#include "support/expectations.h"
 
 #include <gtest/gtest.h>
 

@@ -123,9 +123,7 @@ TEST(PollerTest, PollsUntilTheAgentIsLost)
     }
 }
 
-struct HoldingTest : testing::Test, LoadedProgram { };
-
-TEST_F(HoldingTest, AboutAndABoxHoldTheMainWindowEachForItself)
+TEST_F(ConnectionTest, AboutAndABoxHoldTheMainWindowEachForItself)
 {
     platformCalls.showMessageBox = [](const BoxCall& call) {
         EnableWindow(call.owner, FALSE); // as Windows does
@@ -149,7 +147,7 @@ TEST_F(HoldingTest, AboutAndABoxHoldTheMainWindowEachForItself)
     EXPECT_TRUE(IsMainFree());
 }
 
-TEST_F(HoldingTest, ALossIsToldByABoxThatIsSeen)
+TEST_F(ConnectionTest, ALossIsToldByABoxThatIsSeen)
 {
     static HWND owner;
     platformCalls.showMessageBox = [](const BoxCall& call) {
@@ -179,7 +177,7 @@ TEST_F(HoldingTest, ALossIsToldByABoxThatIsSeen)
 }
 
 // A request that could not be sent says nothing about the agent; a member's own box comes before the loss.
-TEST_F(HoldingTest, EachOutcomeIsToldInItsOwnWay)
+TEST_F(ConnectionTest, EachOutcomeIsToldInItsOwnWay)
 {
     std::atomic<bool> answered = false;
     std::thread other;
@@ -211,7 +209,7 @@ TEST_F(HoldingTest, EachOutcomeIsToldInItsOwnWay)
     EXPECT_FALSE(connection.connected);
 }
 
-TEST_F(HoldingTest, ARefreshAskedForDuringARunIsMade)
+TEST_F(ConnectionTest, ARefreshAskedForDuringARunIsMade)
 {
     Agent().SetFault(L"GetSystemDetails", {FaultKind::Late, L"150"});
     ASSERT_TRUE(StartWorkers());
