@@ -8,7 +8,7 @@
 #include "shell/tray.h"
 #include "shell/window_table.h"
 #include "simulator/server.h"
-#include "support/process.h"
+#include "support/installation.h"
 
 #include <algorithm>
 #include <filesystem>

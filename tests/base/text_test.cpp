@@ -1,6 +1,11 @@
 #include "base/text.h"
 
+#include "base/choices.h"
 #include "base/fixed_text.h"
+#include "power/levels.h"
+#include "power/timeouts.h"
+#include "scheduler/job.h"
+#include "settings/settings_rules.h"
 
 #include <gtest/gtest.h>
 
@@ -48,6 +53,40 @@ TEST(TextTest, DottedAddresses)
              L"1.2.3.256", L"1.2.3.-4", L"1.2.3.99999999999", L"host.example"})
         EXPECT_EQ(AddressOf(none), std::nullopt) << none;
     EXPECT_EQ(DottedAddress(0xC0A8140BU), L"192.168.20.11");
+}
+
+TEST(ChoicesTest, EveryListOfMinutesBothWays)
+{
+    // A list with its size, the first and the last of its times, and how an hour is called in it.
+    const std::tuple<Choices, std::size_t, int, int, std::wstring> kLists[] = {{kDimChoices, 16, 2, 360, L"Hr"},
+        {kMonitorOffChoices, 16, 3, 420, L"Hr"}, {kLockChoices, 10, 1, 30, L"Hr"},
+        {kHardDiskChoices, 14, 3, 300, L"Hr"}, {kLogOffChoices, 22, 3, 780, L"Hr"},
+        {kStandbyChoices, 22, 5, 840, L"Hr"}, {kHibernateChoices, 22, 10, 900, L"Hr"},
+        {kIdlenessChoices, 15, 2, 360, L"Hr"}, {kRepeatChoices, 16, 5, 720, L"Hour"},
+        {kNotificationTimes, 5, 1, 5, L""}, {kSnoozeAlertTimes, 5, 5, 30, L""}, {kSnoozeDurations, 5, 10, 60, L"Hour"}};
+    for (const auto& [list, size, first, last, hour] : kLists) {
+        ASSERT_EQ(list.size(), size);
+        const bool timeout = list[size - 1].number == 0; // then the others begin with "After"
+        EXPECT_TRUE(list[0].number == first && list[size - (timeout ? 2 : 1)].number == last) << list[0].text;
+        for (const auto& [text, minutes] : list) {
+            const int count = minutes < 60 ? minutes : minutes / 60;
+            const std::wstring time = std::to_wstring(count) + L" " + (minutes < 60 ? L"Min" : hour);
+            const std::wstring called = (timeout ? L"After " : L"") + time + (count == 1 ? L"" : L"s");
+            EXPECT_EQ(text, minutes == 0 ? L"Never" : called);
+            EXPECT_STREQ(ShownText(list, std::to_wstring(minutes)), text);
+            EXPECT_EQ(ChosenText(list, text), std::to_wstring(minutes));
+        }
+    }
+}
+
+TEST(ChoicesTest, NumbersThatNoChoiceHas)
+{
+    const std::tuple<Choices, const wchar_t*, const wchar_t*> kRows[] = {{kDimChoices, L"1", L"After 2 Mins"},
+        {kDimChoices, L"4", L"After 5 Mins"}, {kDimChoices, L"90", L"After 2 Hrs"}, {kDimChoices, L"361", L"Never"},
+        {kLockChoices, L"45", L"Never"}, {kHibernateChoices, L"005", L"After 10 Mins"},
+        {kBrightnessSteps, L"120", L"128"}, {kBrightnessSteps, L"255", L"128"}, {kCpuLoads, L"150", L"99"}};
+    for (const auto& [choices, stored, shown] : kRows)
+        EXPECT_STREQ(ShownText(choices, stored), shown);
 }
 
 } // namespace voltaro

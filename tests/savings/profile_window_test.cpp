@@ -2,17 +2,15 @@
 
 #include "savings/profile_record.h"
 #include "savings/saved_profile.h"
-#include "savings/scripted_day.h"
 #include "savings/shown_day.h"
 #include "simulator/xml.h"
-#include "ui/navigation.h"
+#include "support/program.h"
 
 namespace voltaro {
 
-// clang-format off
-enum Id : int { kSaved = 101, kInbuilt, kBranded, kOthers, kNote, kType, kSize, kMonitorOn, kMonitorOff, kCpuMax,
-    kCpuIdle, kCpuStandby, kCpuOff, kManual, kAuto, kEdit, kSave };
-// clang-format on
+constexpr int kSaved = 101, kInbuilt = 102, kBranded = 103, kOthers = 104, kNote = 105, kType = 106, kSize = 107,
+              kMonitorOn = 108, kMonitorOff = 109, kCpuMax = 110, kCpuIdle = 111, kCpuStandby = 112, kCpuOff = 113,
+              kManual = 114, kAuto = 115, kEdit = 116, kSave = 117;
 
 struct ProfileWindowTest : testing::Test, LoadedProgram {
     void Open() { OpenProfileWindow(WindowOf(WindowId::Savings)); }

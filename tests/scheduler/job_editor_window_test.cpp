@@ -148,8 +148,7 @@ TEST_F(JobEditorWindowTest, KeepsWhatNoChoiceHas)
         L"details[Job_1[Name=Odd Description=" + longText
             + L" EnabledFlag=on Schedule_1[StartTime=1:02:3 StartDate=5 "
               L"EndDate=31 Frequency_1[JobStart=Monthly Jan=Yes Feb=No Mar=No Apr=No May=No Jun=No Jul=No Aug=No "
-              L"Sep=No "
-              L"Oct=No Nov=No Dec=No]] Action_1[PowerOn=Yes ApplyScheme=Gone PowerOff_1[type=Restart idlefor=07 "
+              L"Sep=No Oct=No Nov=No Dec=No]] Action_1[PowerOn=Yes ApplyScheme=Gone PowerOff_1[type=Restart idlefor=07 "
               L"AppSensor=Yes] RunTask_1[APP_11[Path="
             + longText + L".exe Parameters=-x RDelay=045 REndTime=late]]]]]");
 }
@@ -160,10 +159,9 @@ TEST_F(JobEditorWindowTest, Keyboard)
     EXPECT_EQ(GetFocus(), Find(kEditor, L"Job Name :"));
     Press(VK_TAB, VK_CONTROL);
     EXPECT_TRUE(SelectedTab(m_tabs) == 1 && IsOpen(kTasks) && !IsOpen(kActions));
-    const auto chooser = std::exchange(platformCalls.chooseFile,
-        [](HWND, const FileDialog&) { return std::optional<std::wstring>(L"C:\\from dialog.exe"); });
+    platformCalls.chooseFile
+        = [](HWND, const FileDialog&) { return std::optional<std::wstring>(L"C:\\from dialog.exe"); };
     Do({{kTasks, L"..."}});
-    platformCalls.chooseFile = chooser;
     Press(VK_RETURN); // in filled fields: adds the task
     EXPECT_EQ(CellOf(Tasks(), 2, 0), L"C:\\from dialog.exe");
     SetFocus(Tasks());

@@ -28,17 +28,13 @@ TEST_F(JobListWindowTest, TheAgentsListFollowsTheScreen)
         Row(Jobs(), 1), L"Nightly backup\tCopy the day's work & power off\t22:30:00\t*******\t2\tShutdown\t15 Mins");
     EXPECT_EQ(Text(kList, L"Host Name :"), ComputerName());
     Add(L"Long day");
-    // clang-format off
-    Do({
-        {kEditor, L"Job Description :", L"<late> & \x00E9"},           {kEditor, L"Job start time :", L"06:07:08"},
+    Do({{kEditor, L"Job Description :", L"<late> & \x00E9"}, {kEditor, L"Job start time :", L"06:07:08"},
         {kEditor, L"Monthly"}, {kEditor, L"February"}, {kEditor, L"December"}, {kEditor, L"Job Start On :", L"09"},
-        {kEditor, L"Enable Job*"},                                     {kActions, L"Wake Up from Standby"},
-        {kActions, L"Select Power Scheme"},                            {kActions, L"Power scheme", L"Office_Hours"},
-        {kActions, L"Enable Power Off **"},                            {kActions, L"Kind of power off", L"Hibernate"},
-        {kActions, L"Upon Idleness Of :", L"2 Hrs"},                   {kTasks, L"End Time :", L"20:30:05"},
-        {kTasks, L"Command Line Parameters :", L"-a \"b\""},           {kTasks, L"Repeat Interval :"},
-        {kTasks, L"Length of the repeat interval", L"1 Hour"}});
-    // clang-format on
+        {kEditor, L"Enable Job*"}, {kActions, L"Wake Up from Standby"}, {kActions, L"Select Power Scheme"},
+        {kActions, L"Power scheme", L"Office_Hours"}, {kActions, L"Enable Power Off **"},
+        {kActions, L"Kind of power off", L"Hibernate"}, {kActions, L"Upon Idleness Of :", L"2 Hrs"},
+        {kTasks, L"End Time :", L"20:30:05"}, {kTasks, L"Command Line Parameters :", L"-a \"b\""},
+        {kTasks, L"Repeat Interval :"}, {kTasks, L"Length of the repeat interval", L"1 Hour"}});
     AddTask(L"C:\\x (1)\\run.exe");
     Do({{kEditor, L"Save"}});
     EXPECT_EQ(JobNames(false), L"Morning wake up,Nightly backup,Quarter closing,Long day");

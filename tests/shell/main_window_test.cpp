@@ -8,11 +8,6 @@
 
 namespace voltaro {
 
-static std::wstring Reply(const std::wstring& fields)
-{
-    return L"<vltp><response>" + fields + L"</response></vltp>";
-}
-
 struct MainWindowTest : testing::Test, LoadedProgram { };
 
 TEST_F(MainWindowTest, SetAppliesTheChosenSchemeAndTellsEachRefusal)
@@ -47,7 +42,8 @@ TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
     boxes.Expect({{L"Log off now", L"Are you sure you want to Log off from this system.\nPress 'Yes' to", Answer::No}});
     MainCommand(kLogOff);
     EXPECT_EQ(TakeOperations(), Operations{});
-    const std::wstring busy = Reply(L"<status>FAILURE</status><a>Copy of files</a><a>Download</a>");
+    const std::wstring busy
+        = L"<vltp><response><status>FAILURE</status><a>Copy of files</a><a>Download</a></response></vltp>";
     // Once the question is answered with Yes: the agent's answer, the box that it leads to, and what the agent is asked
     // after the user's answer there.
     // clang-format off
@@ -124,8 +120,8 @@ TEST_F(MainWindowTest, FollowsAChangeOfThePower)
     SendMessageW(main, WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
     EXPECT_EQ(TakeOperations(), Operations{});
     for (const wchar_t* charge : {L"12 %", L"11 %"}) { // the status stays and with it the picture, but not the charge
-        AnswerWith(
-            L"GetBatteryInfo", Reply(L"<a>On Battery</a><b>Discharging</b><c>" + std::wstring(charge) + L"</c>"));
+        AnswerWith(L"GetBatteryInfo",
+            Format(L"<vltp><response><a>On Battery</a><b>Discharging</b><c>%ls</c></response></vltp>", charge));
         SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
         EXPECT_EQ(TakeOperations(), Operations{}); // nothing within the message
         Pump();

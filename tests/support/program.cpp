@@ -19,6 +19,8 @@
 #include "support/installation.h"
 #include "ui/ui_thread.h"
 
+#include <cstdio>
+
 namespace voltaro {
 
 ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
@@ -189,3 +191,21 @@ void ConsoleProgram::ExpectAnswers(const Change& change, const std::function<voi
 }
 
 } // namespace voltaro
+
+// A crash must not look like success, and must not wait for anybody in a box.
+static LONG WINAPI OnCrash(EXCEPTION_POINTERS* pointers)
+{
+    std::printf("crashed: 0x%08lx\n[  FAILED  ]\n", pointers->ExceptionRecord->ExceptionCode);
+    std::fflush(stdout);
+    TerminateProcess(GetCurrentProcess(), 3);
+    return EXCEPTION_EXECUTE_HANDLER;
+}
+
+int main(int count, char** arguments)
+{
+    SetUnhandledExceptionFilter(&OnCrash);
+    InitCommonControls();
+    voltaro::platformCalls.showMessageBox = &voltaro::FailOnBox;
+    testing::InitGoogleTest(&count, arguments);
+    return RUN_ALL_TESTS();
+}

@@ -1,5 +1,5 @@
+#include "savings/saved_profile.h"
 #include "savings/savings_window.h"
-#include "savings/scripted_day.h"
 #include "savings/shown_day.h"
 #include "shell/main_window.h"
 #include "shell/window_table.h"
@@ -59,7 +59,7 @@ struct Appearance : testing::Test, LoadedProgram {
     {
         constexpr DayDurations kDay
             = {.poweredOn = 50400, .offTotal = 36000, .active = 43200, .idle = 7200, .off = 36000};
-        shownDay = MakeShownDay({2024, 2, 29}, {kDay, {}, 0, 0}, RoundProfile());
+        shownDay = MakeShownDay({2024, 2, 29}, {kDay, {}, 0, 0}, savedProfile);
         OpenSavingsWindow(main);
         RecomputeSavings();
         ClickTab(FindWindowExW(m_savings, nullptr, WC_TABCONTROLW, nullptr), 2);
