@@ -40,14 +40,14 @@ private:
 // Changes a tree as the bytes say; new elements get one of the names.
 void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names);
 
+using RunTarget = void(Bytes& bytes);
+
 struct Target {
     const char* name; // also that of its folder below corpus/
-    void (*run)(Bytes& bytes);
+    RunTarget* run;
 };
 
-void RunFrame(Bytes&bytes), RunReplies(Bytes&bytes), RunDocument(Bytes&bytes), RunEvents(Bytes&bytes),
-    RunGraph(Bytes&bytes), RunProfile(Bytes&bytes), RunJobs(Bytes&bytes), RunNames(Bytes&bytes),
-    RunSettings(Bytes&bytes);
+RunTarget RunFrame, RunReplies, RunDocument, RunEvents, RunGraph, RunProfile, RunJobs, RunNames, RunSettings;
 
 // clang-format off
 inline constexpr Target kTargets[] = {

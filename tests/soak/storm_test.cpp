@@ -12,21 +12,21 @@ namespace {
 
 constexpr int kUpdateOk = 8505, kCloseVoltaro = 8504; // the latter ends the program
 
-std::mt19937 dice(Seed());
+std::mt19937 generator(Seed());
 std::atomic<int> steps{0};
 int losses = 0;          // told
 bool isLossOwed = false; // the program was connected since the last box that told of a loss
 bool isExcused = false;  // and the user has asked for a new check since
 
-std::size_t Throw(std::size_t sides)
+std::size_t RandomBelow(std::size_t count)
 {
-    return dice() % sides;
+    return generator() % count;
 }
 
 template <class Values>
 auto Any(const Values& values)
 {
-    return values[Throw(std::size(values))];
+    return values[RandomBelow(std::size(values))];
 }
 
 // Looks at the connection before and after every message of the main window.
@@ -48,14 +48,14 @@ Answer OnBox(const BoxCall& call)
     }
     MSG message;
     EnableWindow(call.owner, FALSE);
-    for (std::size_t i = Throw(20); OpenBoxes() < 4 && i > 0; --i) {
+    for (std::size_t i = RandomBelow(20); OpenBoxes() < 4 && i > 0; --i) {
         if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
             DispatchMessageW(&message);
     }
     EnableWindow(call.owner, TRUE);
     if (call.buttons == BoxButtons::Ok)
         return Answer::Ok;
-    return call.caption.starts_with(L"Close Voltaro") || Throw(2) ? Answer::No : Answer::Yes;
+    return call.caption.starts_with(L"Close Voltaro") || RandomBelow(2) ? Answer::No : Answer::Yes;
 }
 
 BOOL CALLBACK AddIfVisible(HWND window, LPARAM list)
@@ -78,8 +78,8 @@ void Choose()
     constexpr int kBar[] = {kPowerScheme, kSystemInfo, kJobScheduler, kUpdate, kPorts, kBatteryInfo, kSavingsReport,
         kActivate, kProxy, kSecurity, kSnooze, kAbout, kRefresh, kMenuExitToTray, kClose, kHelp};
     constexpr int kTray[] = {kTrayVoltaro, kTrayAbout, kTrayHelp, kTrayClose, kPauseOneHour, kPauseFiveHours, kResume};
-    const bool tray = Throw(3) == 0 || !IsWindowEnabled(WindowOf(WindowId::Main));
-    const bool again = Throw(connection.connected ? 20 : 2) == 0;
+    const bool tray = RandomBelow(3) == 0 || !IsWindowEnabled(WindowOf(WindowId::Main));
+    const bool again = RandomBelow(connection.connected ? 20 : 2) == 0;
     const int item = tray ? Any(kTray) : again ? static_cast<int>(kReinitialize) : Any(kBar);
     if (IsItemEnabled(tray ? TrayMenu() : MainMenuBar(), static_cast<unsigned>(item)))
         PostMessageW(WindowOf(WindowId::Main), WM_COMMAND, static_cast<WPARAM>(item), 0);
@@ -101,7 +101,7 @@ void Click()
         return;
     const HWND control = Any(controls);
     SetFocus(control);
-    if (Throw(4))
+    if (RandomBelow(4))
         PostMessageW(control, BM_CLICK, 0, 0);
     else
         PostMessageW(GetAncestor(control, GA_ROOT), WM_CLOSE, 0, 0);
@@ -116,21 +116,21 @@ void PressAny()
         Press(Any(kKeys), Any(kModifiers));
 }
 
-// What the shell and the system say, to the window that it is meant for or to any other.
-void Tell()
+// A message of the shell or the system, to the window that gets it or to any other.
+void PostSystemMessage()
 {
     const std::tuple<UINT, WPARAM, LPARAM> kMessages[]
         = {{kTrayMessage, 9013, WM_LBUTTONUP}, {kTrayMessage, 9013, WM_LBUTTONUP}, {kTrayMessage, 9013, WM_RBUTTONUP},
-            {kTrayMessage, 9013, NIN_KEYSELECT}, {WM_TIMER, 1, 0}, {WM_TIMER, Throw(100), 0},
+            {kTrayMessage, 9013, NIN_KEYSELECT}, {WM_TIMER, 1, 0}, {WM_TIMER, RandomBelow(100), 0},
             {WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0}, {WM_POWERBROADCAST, PBT_APMSUSPEND, 0},
             {RegisterWindowMessageW(L"TaskbarCreated"), 0, 0}, {WM_QUERYENDSESSION, 0, 0}, {WM_SYSCOLORCHANGE, 0, 0},
             {WM_THEMECHANGED, 0, 0}, {WM_DISPLAYCHANGE, 0, 0}, {WM_SETTINGCHANGE, 0, 0}};
     const auto [message, w, l] = Any(kMessages);
-    PostMessageW(Throw(2) ? WindowOf(WindowId::Main) : Any(windowHandles), message, w, l);
+    PostMessageW(RandomBelow(2) ? WindowOf(WindowId::Main) : Any(windowHandles), message, w, l);
 }
 
-constexpr void (*kActions[])()
-    = {Choose, Choose, Choose, Click, Click, Click, Click, PressAny, PressAny, Tell, Tell, Tell};
+constexpr void (*kActions[])() = {Choose, Choose, Choose, Click, Click, Click, Click, PressAny, PressAny,
+    PostSystemMessage, PostSystemMessage, PostSystemMessage};
 
 // Kills and revives the agent, which then answers rubbish every other time; takes back the menus that the program waits
 // in.
