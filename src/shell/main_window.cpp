@@ -79,7 +79,7 @@ constexpr Control kControls[] = {
 };
 
 // What a quick-action button shows, says when pointed at, and the caption painted under it inside the inner group.
-struct ActionFace {
+struct ActionButton {
     int button;
     int bitmap;
     const wchar_t* tip;
@@ -87,7 +87,7 @@ struct ActionFace {
     const wchar_t* caption;
 };
 constexpr int kCaptionY = 65;
-constexpr ActionFace kActionFaces[] = {
+constexpr ActionButton kActionButtons[] = {
     {kLockScreen, IDB_ACTION_LOCK_SCREEN, L"Lock this system's screen",           9, L"Lock Screen"},
     {kLogOff,     IDB_ACTION_LOG_OFF,     L"Log off from this system",           99, L"Log Off"},
     {kStandby,    IDB_ACTION_STANDBY,     L"Put this system to standby",        173, L"Standby"},
@@ -98,7 +98,7 @@ constexpr ActionFace kActionFaces[] = {
 // clang-format on
 
 static_assert(IdsAreUnique(kControls));
-static_assert(CoversQuickActions(kActionFaces, [](const ActionFace& face) { return face.button; }));
+static_assert(CoversQuickActions(kActionButtons, [](const ActionButton& action) { return action.button; }));
 static_assert(FitInside(kControls, 504, 516)); // of 510 x 565, less the frame, the caption and the menu bar
 
 constexpr Column kSavingsColumns[] = {{L"Estimated (Till date), Power Details", 210}, {L"Value", 120}};
@@ -163,8 +163,8 @@ void PaintInnerGroup(HWND window)
     InvalidateRect(group, nullptr, FALSE);
     PAINTSTRUCT paint;
     const HDC dc = Checked(BeginPaint(group, &paint), "BeginPaint");
-    for (const ActionFace& face : kActionFaces)
-        DrawTextAt(dc, face.captionX, kCaptionY, face.caption, MainFont(), kTextGreen);
+    for (const ActionButton& action : kActionButtons)
+        DrawTextAt(dc, action.captionX, kCaptionY, action.caption, MainFont(), kTextGreen);
     EndPaint(group, &paint);
 }
 
@@ -184,10 +184,10 @@ LRESULT OnCreate(HWND window)
     SetColumns(list, kSavingsColumns);
     SetRowTips(list);
     SetListColours(list, RGB(255, 255, 255), kProductGreen);
-    for (const ActionFace& face : kActionFaces) {
-        const HWND button = ControlOf(window, face.button);
-        SendMessageW(button, BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(BitmapOf(face.bitmap)));
-        SetTooltip(button, face.tip);
+    for (const ActionButton& action : kActionButtons) {
+        const HWND button = ControlOf(window, action.button);
+        SendMessageW(button, BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(BitmapOf(action.bitmap)));
+        SetTooltip(button, action.tip);
     }
     SendMessageW(
         ControlOf(window, kResumeButton), BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(BitmapOf(IDB_RESUME)));

@@ -62,7 +62,7 @@ constexpr UpdateOutcome kByMessage[] = {
     {L"Voltaro update failed, please try after some time.", L"Could not update, connection failed.", nullptr, kOk},
 };
 
-// What the update worker is woken for.
+// What the update worker is signalled for.
 enum class UpdateMode : std::int32_t { None = 0, Check = 3 };
 std::atomic<std::int32_t> busyAnimation{0}; // 1: the bar is asked to move
 std::atomic<UpdateMode> updateMode{UpdateMode::None};

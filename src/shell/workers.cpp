@@ -76,7 +76,7 @@ public:
     WorkerScope& operator=(const WorkerScope&) = delete;
 };
 
-// A worker that does one thing each time it is woken.
+// A worker that does one thing each time it is signalled.
 template <WorkerId Id, void (*Work)()>
 DWORD WINAPI RunOnEvent(void*)
 {

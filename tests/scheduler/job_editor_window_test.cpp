@@ -33,7 +33,7 @@ TEST_F(JobEditorWindowTest, RefusesWhatIsWrong)
     EXPECT_EQ(Column(Jobs(), 0), L"Morning wake up,Nightly backup,Quarter closing,two words");
 }
 
-TEST_F(JobEditorWindowTest, EachKindHasItsFace)
+TEST_F(JobEditorWindowTest, EachKindHasItsControls)
 {
     constexpr const wchar_t* kFirst[] = {L"Runs every day. A second click on the chosen type above comes back to this.",
         L"Date :", L"Sunday", L"January"};

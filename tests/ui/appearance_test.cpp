@@ -105,7 +105,7 @@ TEST_F(Appearance, PaintedWindowsFollowHighContrastLiveAndBack)
         const Pixels seen = Seen(main);
         EXPECT_EQ(CountIn(seen, main, list, kProductGreen) > 1000, !high);
         EXPECT_EQ(CountIn(seen, main, list, kText) > 50, high);
-        EXPECT_GT(seen.CountIn(high ? kOnFace : kTextGreen, {165, 470, 490, 500}), 50) << "the notice at the foot";
+        EXPECT_GT(seen.CountIn(high ? kOnFace : kTextGreen, {165, 470, 490, 500}), 50) << "the notice at the bottom";
         ShowWindow(m_savings, SW_SHOWNA);
         const Pixels page = Seen(graph);
         EXPECT_EQ(page.At(140, 150), high ? kGround : RGB(252, 252, 252));
