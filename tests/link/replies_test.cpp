@@ -76,7 +76,7 @@ TEST(SystemDetailsTest, GroupsEndInASeparatorRow)
     EXPECT_EQ(details.StateText(), L"On");
     details.Read(nullptr);
     EXPECT_EQ(details.RowCount(DetailSection::Network), 8U) << "the counts stand over empty rows";
-    EXPECT_TRUE(details.Row(DetailSection::Network, 0).value.empty());
+    EXPECT_TRUE(details.Row(DetailSection::Network, 0).value.empty() && details.StateText().empty());
 }
 
 TEST(SystemDetailsTest, DropsWhatHasNoSlot)

@@ -49,6 +49,13 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     Do({{kRuleDescription, L"Calls"}, {kFirstRuleCheck}, {kFirstRuleCheck + 6},
         {kSaveRule}}); // its own name is no obstacle
     EXPECT_EQ(ListText(m_list, true), L"MeetingRoom.exe\tCalls\tDisabled\tNo\tNo\tNo\tyes\tNo\tYes\tNo\tNo\r\n");
+    for (int check = 1; check <= 8; ++check) {
+        DoubleClick(m_list, 0);
+        Do({{kRule, ID_RULE_CLEAR}});
+        Do({{kFirstRuleCheck + check}, {kSaveRule}});
+        for (int column = 3; column <= 10; ++column)
+            EXPECT_EQ(CellOf(m_list, 0, column), column == check + 2 ? L"Yes" : L"No") << check;
+    }
 
     DoubleClick(m_list, 1);
     Do({{kRule, ID_RULE_CLEAR}});

@@ -135,6 +135,12 @@ TEST_F(SchemeWindow, WhatTheUserDidNotChangeGoesBackAsRead)
     Do({{kHardDisk, L"After 5 Mins"}, {kSaveAndApply}});
     fields[10].text = L"5";
     ExpectSent(L"ApplyPowerSettings", Line(scheme));
+    Machine().schemes[0].children[16].text = Machine().schemes[1].children[16].text = L"Gone"; // no longer listed
+    Machine().schemes[0].children[7].text = L"0"; // with which the screen is not locked either
+    Do({{kEditorScheme, L"MaxPowerSaver"}, {kEditorOk}});
+    MainCommand(kPowerScheme);
+    EXPECT_EQ(Shown(kEditorScheme) + Shown(kPolicyList), L"Balanced");
+    EXPECT_EQ(Shown(kMonitorOff) + Shown(kLock), L"NeverNever");
 }
 
 TEST_F(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)

@@ -175,6 +175,7 @@ TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
         EXPECT_EQ(InkOf(WindowId::SavingsTotals, RGB(192, 0, 0)) > 50, !readable) << "the warning";
         shownDay->soFar = readable;
         RecomputeSavings();
+        EXPECT_TRUE(GetUpdateRect(WindowOf(WindowId::SavingsTotals), nullptr, FALSE));
         EXPECT_EQ(shownDay->soFar, readable);
         Agent().ClearFaults();
     }

@@ -39,22 +39,29 @@ TEST_F(JobEditorWindowTest, EachKindHasItsControls)
         L"Date :", L"Sunday", L"January"};
     constexpr struct {
         const wchar_t *click, *with;
-        std::size_t face;
-        const wchar_t* cell;
-    } kSteps[] = {{L"On Date", L"Enable Job*", 1, L"On Date(2031-12-24)"}, {L"Weekly", L"Saturday", 2, L"Weekly"},
-        {L"Monthly", L"May", 3, L"Monthly"}, {L"Monthly", L"Enable Job*", 0, L"*******"}};
+        std::size_t shown;
+        const wchar_t *cell, *stored;
+    } kSteps[] = {{L"On Date", L"Enable Job*", 1, L"On Date(2031-12-24)",
+                      L"StartDate=2031-12-24 EndDate=2031-12-24 Frequency_2[JobStart=AST]"},
+        {L"Weekly", L"Saturday", 2, L"Weekly",
+            L"StartDate=NULL EndDate=NULL Frequency_2[JobStart=Weekly Sun=No Mon=No Tue=No Wed=No Thu=No Fri=No "
+            L"Sat=Yes]"},
+        {L"Monthly", L"May", 3, L"Monthly", L"StartDate=01 EndDate=31 Frequency_2[JobStart=Monthly"},
+        {L"Monthly", L"Enable Job*", 0, L"*******", L"StartDate=NULL EndDate=NULL Frequency_2[JobStart=AST]"}};
     for (const auto& step : kSteps) {
         Edit(1);
         Do({{kEditor, step.click}, {kEditor, L"Date :", L"2031-12-24"}, {kEditor, step.with}});
         for (const wchar_t* radio :
             {L"On Date", L"Weekly", L"Monthly", L"Job Name :"}) // the focus alone chooses nothing
             SetFocus(Find(kEditor, radio));
-        for (std::size_t face = 0; face < std::size(kFirst); ++face) {
-            const HWND control = Find(kEditor, kFirst[face]);
-            EXPECT_EQ(IsShown(face == 0 ? GetWindow(control, GW_HWNDPREV) : control), face == step.face);
+        for (std::size_t i = 0; i < std::size(kFirst); ++i) {
+            const HWND control = Find(kEditor, kFirst[i]);
+            EXPECT_EQ(IsShown(i == 0 ? GetWindow(control, GW_HWNDPREV) : control), i == step.shown);
         }
         Do({{kEditor, L"Update"}});
         EXPECT_EQ(CellOf(Jobs(), 1, 3), step.cell);
+        Do({{kList, L"Save"}});
+        EXPECT_NE(Line(Machine().jobs.children[1]).find(step.stored), std::wstring::npos) << step.stored;
     }
 }
 
@@ -96,7 +103,8 @@ TEST_F(JobEditorWindowTest, AsksBeforeInputIsDropped)
         EXPECT_EQ(IsOpen(kEditor), open);
     };
     Edit(2);
-    for (const wchar_t* label : {L"Power scheme", L"Kind of power off", L"Upon Idleness Of :"})
+    for (const wchar_t* label :
+        {L"Power scheme", L"Kind of power off", L"Upon Idleness Of :", L"Enable Application Sensor Policy "})
         EXPECT_EQ(IsOn(kActions, label),
             Button_GetCheck(Find(kActions, *label == L'P' ? L"Select Power Scheme" : L"Enable Power Off **")) != 0)
             << label;
@@ -171,6 +179,9 @@ TEST_F(JobEditorWindowTest, Keyboard)
     EXPECT_EQ(SelectedRow(Tasks()), 1) << "the last one was deleted";
     Press(VK_RETURN); // on a task: loads it
     EXPECT_EQ(Text(kTasks, L".exe/.bat File Path :"), L"C:\\Tools\\cleanup.bat");
+    Press(VK_RETURN); // in its fields: stores it
+    EXPECT_EQ(Text(kTasks, L".exe/.bat File Path :"), L"");
+    EXPECT_TRUE(IsOpen(kEditor) && RowCount(Tasks()) == 2);
 }
 
 } // namespace voltaro

@@ -175,8 +175,11 @@ TEST_F(JobListWindowTest, KeyboardMouseAndClosing)
     Press(VK_DELETE);
     Press(VK_ESCAPE);
     SendMessageW(WindowOf(kList), WM_CLOSE, 0, 0);
-    Open(); // it is open: it keeps the change
-    EXPECT_EQ(JobNames(false), L"Morning wake up,Quarter closing");
+    for (const int show : {SW_SHOW, SW_HIDE}) { // open, or hidden by a pause: it keeps the change
+        ShowWindow(WindowOf(kList), show);
+        Open();
+        EXPECT_EQ(JobNames(false), L"Morning wake up,Quarter closing");
+    }
     boxes.Expect({{L"Changes not saved", {}, Answer::Yes}});
     Press(VK_ESCAPE);
     EXPECT_FALSE(IsOpen(kList));

@@ -56,10 +56,15 @@ TEST(SystemInfoTest, RefreshKeepsTheUsersPlace)
     const HWND busy = program.Find(WindowId::SystemInfo, L"Refreshing, please wait ..");
     ASSERT_EQ(RowCount(list), 500);
     SelectRow(list, 303);
-    program.Command(WindowId::SystemInfo, ID_SYSTEM_INFO_REFRESH);
-    EXPECT_TRUE(IsShown(busy) && !IsEnabled(refresh));
+    program.Agent().SetFault(L"GetSystemDetails", {FaultKind::Late, L"100"});
+    for (int i = 0; i < 2; ++i) {
+        program.Command(WindowId::SystemInfo, ID_SYSTEM_INFO_REFRESH); // the second during the first
+        EXPECT_TRUE(IsShown(busy) && !IsEnabled(refresh));
+        EXPECT_TRUE(WaitFor([&] { return !program.Agent().Requests().empty(); }));
+    }
     EXPECT_TRUE(WaitFor([&] { return !IsShown(busy); }));
     program.ExpectSent(L"GetSystemDetails", L"type=Refresh");
+    EXPECT_FALSE(WaitFor([&] { return program.Agent().Requests().size() > 1; }, 150));
     EXPECT_EQ(SelectedRow(list), 303);
     program.Agent().SetFault(L"GetSystemDetails", {FaultKind::CloseAtOnce, {}});
     program.boxes.Expect({{L"Connection Issue", {}}});

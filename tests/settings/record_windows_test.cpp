@@ -213,12 +213,15 @@ TEST_F(RecordWindows, TellWhatTheAgentAnsweredAndTakeNoInputMeanwhile)
     for (const Editor& editor : kEditors) {
         Open(editor);
         button = Field(editor.button);
-        AnswerWith(editor.apply, L"Not Activated");
-        const auto script = std::exchange(platformCalls.showMessageBox, [](const BoxCall&) {
-            EXPECT_FALSE(IsEnabled(button) || IsEnabled(GetWindow(button, GW_HWNDNEXT)));
-            return Answer::Ok; // the refusal belongs to the change
+        const auto script = std::exchange(platformCalls.showMessageBox, [](const BoxCall& call) {
+            const bool ended = call.caption != L"Unable to Set" || call.text.starts_with(L"Unable");
+            EXPECT_EQ(IsEnabled(button) && IsEnabled(GetWindow(button, GW_HWNDNEXT)), ended) << call.text;
+            return Answer::Ok;
         });
-        Apply();
+        for (const wchar_t* answer : {L"Not Activated", L"Failure"}) { // the first box belongs to the change
+            AnswerWith(editor.apply, answer);
+            Apply();
+        }
         platformCalls.showMessageBox = script;
         const Change change = {.operation = editor.apply,
             .failed = {editor.failed, editor.failure},

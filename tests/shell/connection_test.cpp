@@ -92,6 +92,9 @@ TEST_F(ConnectionTest, OneLossOneBox)
     EXPECT_EQ(GreyedItems(),
         (std::set<int>{kResume, kSystemInfo, kSavingsReport, kPowerScheme, kProxy, kSecurity, kJobScheduler, kSnooze,
             kUpdate, kRefresh, kActivate}));
+    TakeOperations();
+    MainCommand(kRefreshKey); // as grey as its menu item
+    EXPECT_EQ(TakeOperations(), Operations{});
     for (const int id : {kChange, kResumeButton, kLockScreen, kLogOff, kStandby, kHibernate, kShutdown, kRestart})
         EXPECT_FALSE(IsOn(WindowId::Main, id)) << id;
     Agent().ClearFaults();

@@ -113,6 +113,7 @@ TEST_F(LoadedTrayTest, AnIconThatIsNotTakenIsTriedAgain)
     EXPECT_TRUE(IsWindowVisible(main) && IsIconic(main)); // where else would the user find it
     tray.RefuseIcons(false);
     EXPECT_TRUE(WaitFor([&] { return !tray.Calls().empty(); }, 3'000));
+    EXPECT_FALSE(WaitFor([&] { return tray.Calls().size() > 1; }, 100)) << "added once";
     MainCommand(kExitToTray);
     EXPECT_FALSE(IsWindowVisible(main));
     RemoveTrayIcon();

@@ -61,6 +61,7 @@ private:
         if (!next || call.caption != next->caption || call.text.find(next->text) == std::wstring::npos)
             return FailOnBox(call);
         ++m_next;
+        EXPECT_EQ(call.buttons == BoxButtons::Ok, next->answer == Answer::Ok) << Narrowed(call.caption);
         return next->answer;
     }
 
