@@ -39,12 +39,12 @@ static HWND Reached(const std::vector<HWND>& stops)
     return at != stops.end() ? *at : nullptr;
 }
 
-// By Tab through all stops and back to the first, then the other way round.
-static void WalkStops(HWND window)
+// By Tab through all stops and back to the first, then the other way round; how many there are.
+static std::size_t WalkStops(HWND window)
 {
     const std::vector<HWND> stops = StopsOf(window);
     const HWND first = Reached(stops);
-    ASSERT_NE(first, nullptr) << "the focus opens on a control, not on " << ClassOf(GetFocus());
+    EXPECT_NE(first, nullptr) << "the focus opens on a control, not on " << ClassOf(GetFocus());
     std::vector<HWND> walked;
     do {
         walked.push_back(Reached(stops));
@@ -60,6 +60,7 @@ static void WalkStops(HWND window)
         EXPECT_EQ(std::ranges::count(walked, stop), 1) << NameOf(stop) << " " << ClassOf(stop);
         EXPECT_FALSE(NameOf(stop).empty()) << ClassOf(stop) << GetDlgCtrlID(stop);
     }
+    return stops.size();
 }
 
 struct EveryWindow : testing::TestWithParam<Opening>, LoadedProgram {
@@ -90,9 +91,11 @@ struct EveryWindow : testing::TestWithParam<Opening>, LoadedProgram {
             }
         }
         const HWND from = GetFocus();
+        TakeOperations();
         row.button != nullptr ? Press(VK_RETURN) : MainCommand(row.command);
         EXPECT_TRUE(WaitFor([] { return !updateBusy; }));
         EXPECT_TRUE(IsWindowVisible(HandleOf(row.window)));
+        EXPECT_EQ(TakeOperations().size(), row.reads);
         const bool isOwned = GetWindow(HandleOf(row.window), GW_OWNER) == HandleOf(row.opener);
         EXPECT_TRUE(isOwned || !row.button || row.window == WindowId::Profile); // that stays when the report closes
         return from;
@@ -105,13 +108,14 @@ TEST_P(EveryWindow, IsDrivenByTheKeyboardAlone)
 {
     const HWND from = Open(GetParam());
     const HWND window = HandleOf(GetParam().window), tab = FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr);
-    TakeOperations();
+    std::size_t stops = 0;
     const int pages = tab != nullptr ? TabCtrl_GetItemCount(tab) : 1;
     for (int page = 0; page < pages; ++page) {
         EXPECT_TRUE(tab == nullptr || SelectedTab(tab) == page) << page;
-        WalkStops(window);
+        stops += WalkStops(window);
         Press(VK_TAB, VK_CONTROL);
     }
+    EXPECT_EQ(stops, GetParam().stops);
     for (const DWORD up : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}})
         keybd_event(VK_F1, 0, up, 0);
     Pump();
