@@ -63,16 +63,16 @@ TEST(RepliesTest, PoliciesKeepEveryRuleAndItsTextsByNumber)
 
 TEST(SystemDetailsTest, GroupsEndInASeparatorRow)
 {
-    const Element adapter = Texts(L"Adapter", {L"1", L"2", L"3"});
+    const Element adapter = Texts(L"Adapter", {L"1", L"2", L"3"}), second = Texts(L"Adapter", {L"4", L"5", L"6"});
     SystemDetails details;
     const Element root{L"details", {},
-        {Texts(L"CPUInfo", {L"a", L"b", L"c", L"d", L"On"}), Element{L"NetworkInfo", {}, {adapter, adapter}},
+        {Texts(L"CPUInfo", {L"a", L"b", L"c", L"d", L"On"}), Element{L"NetworkInfo", {}, {adapter, second}},
             Element{L"PhysicalDiskInfo", {}, {}}}};
     details.Read(&root);
     EXPECT_EQ(details.RowCount(DetailSection::Network), 8U);
     EXPECT_EQ(details.Row(DetailSection::Network, 3).name, L" ");
     EXPECT_EQ(details.Row(DetailSection::Network, 3).value, L" ");
-    EXPECT_EQ(details.Row(DetailSection::Network, 6).value, L"3");
+    EXPECT_EQ(details.Row(DetailSection::Network, 6).value, L"6");
     EXPECT_EQ(details.StateText(), L"On");
     details.Read(nullptr);
     EXPECT_EQ(details.RowCount(DetailSection::Network), 8U) << "the counts stand over empty rows";

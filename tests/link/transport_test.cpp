@@ -112,6 +112,7 @@ TEST(TransportTest, AnswersAboveTheCapacityFail)
 TEST(TransportTest, EndsWithItsThread)
 {
     static int waits = 0, end = 0;
+    static DWORD limit = 0; // of the wait that ends
     AgentServer agent;
     ASSERT_TRUE(agent.Start());
     for (int endAt = 1; endAt <= 3; ++endAt) {
@@ -119,11 +120,13 @@ TEST(TransportTest, EndsWithItsThread)
         end = endAt;
         waits = 0;
         threadWait = [](HANDLE handle, DWORD milliseconds) {
+            limit = milliseconds;
             return ++waits == end ? Waited::Ending : WaitPlainly(handle, milliseconds);
         };
         FieldText response;
         EXPECT_EQ(ServiceRequest(Member::StatusCheck, kStatusRequest, response, agent.Port()), Outcome::Ending);
         EXPECT_TRUE(response.empty());
+        EXPECT_EQ(limit == INFINITE, endAt == 3) << "an answer that has begun may take its time";
     }
     threadWait = WaitPlainly;
 }

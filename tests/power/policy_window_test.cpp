@@ -158,7 +158,8 @@ TEST_F(PolicyWindow, NamesAndListsAreChecked)
     constexpr const wchar_t* kTyping = L"Invalid policy name ";
     ExpectRefused(kNewPolicyName, kSavePolicy, kTyping,
         {{L"a.", kTyping, L"Please follow the rules listed below while entering a 'Policy Name'"},
-            {L"a_", L"Invalid Policy name "}, {L"nightly_BACKUP", L"Policy name already present "}});
+            {L"abcdefghijklmnopqrstuvwxyz01234.", kTyping}, {L"a_", L"Invalid Policy name "},
+            {L"nightly_BACKUP", L"Policy name already present "}});
     boxes.Expect({{L"Blank Applications List ", L"Application's list cann't be blank!\nPlease add"}});
     Do({{kNewPolicyName, L"Games"}, {kSavePolicy}, {kAddRule}, {kRuleName, L"A tool.EXE"}, {kSaveRule}});
     SetText(WindowOf(kPolicy), kNewPolicyName, L"abcdefghijklmnopqrstuvwxyz0123456789");

@@ -159,6 +159,7 @@ TEST_F(SavingsWindowTest, TheGraphHasTooltipsAndIsCopied)
     RefreshGraphPage();
     UpdateWindow(page);
     EXPECT_EQ(GetPixel(WindowDc(page).Get(), 105, 460), RGB(0, 42, 138)) << "another day";
+    EXPECT_EQ(AreaTipAt(page, {209, 439}), L"");
 }
 
 TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
