@@ -73,7 +73,9 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     Do({{kRule, IDCANCEL}, {kPolicy, kSavePolicy}});
     const std::wstring sent = LastRequest(L"SetPolicySettings");
     EXPECT_NE(sent.find(L"<Description>Calls</Description></AppNo_2></details>"), std::wstring::npos) << sent;
-    EXPECT_FALSE(IsOpen(kPolicy));
+    EXPECT_TRUE(!IsOpen(kPolicy) && SelectedRow(m_list) == 1);
+    OpenPresentations();
+    EXPECT_EQ(SelectedRow(m_list), -1);
 }
 
 TEST_F(PolicyWindow, AnswersDecideWhatIsShownAndReadAgain)

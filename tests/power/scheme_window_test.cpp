@@ -156,6 +156,8 @@ TEST_F(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
         Do({{kDim, L"After 20 Mins"}, {kSaveAndApply}});
         EXPECT_EQ(Shown(kDim), L"After 20 Mins");
         EXPECT_FALSE(IsOn(kSaveAndApply) || IsOn(kApplyScheme) || IsOn(kSaveNewScheme));
+        Do({{kNewScheme}, {kNewSchemeName, L"Mine"}, {IDOK}});
+        EXPECT_EQ(LastRequest(L"CreateScheme"), L"");
         AnswerWith(L"GetPolicies", kNoStatus); // readable, without a name
         connection.connected = false;
         Do({{kEditorRefresh}});

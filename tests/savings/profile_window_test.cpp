@@ -86,6 +86,9 @@ TEST_F(ProfileWindowTest, ChoicesOfMonitor)
     }
     ClickRadio(kOthers);
     EXPECT_EQ(Watts(), L"141.00 3.50");
+    Set(kMonitorOn, L"99");
+    ClickRadio(kOthers); // chosen before: keeps the user's own figures
+    EXPECT_EQ(Watts(), L"99 3.50");
     TakeOperations();
     boxes.Expect({{L"Refresh", {}, Answer::No}, {L"Refresh", {}, Answer::Yes}});
     Click(kRefreshKey);

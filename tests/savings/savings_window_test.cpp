@@ -138,6 +138,8 @@ TEST_F(SavingsWindowTest, TheGraphHasTooltipsAndIsCopied)
     EXPECT_EQ(AreaTipAt(page, {209, 439}), L"SHUTDOWN (Upon IDLE)\n2 Hrs : 0 Mins\n8.3 % of the day");
     EXPECT_EQ(AreaTipAt(page, {105, 199}), L"");
     SendMessageW(page, WM_RBUTTONUP, 0, MAKELPARAM(100, 100));
+    SendMessageW(page, WM_TIMER, 1, 0); // the note that tells of the copy goes
+    EXPECT_FALSE(KillTimer(page, 1)) << "for good";
     ASSERT_TRUE(OpenClipboard(nullptr));
     const Pixels copied(static_cast<HBITMAP>(GetClipboardData(CF_BITMAP)));
     CloseClipboard();

@@ -7,6 +7,7 @@
 #include "console/main_view.h"
 #include "link/document.h"
 #include "shell/main_window.h"
+#include "shell/program.h"
 #include "support/program.h"
 #include "ui/ui_thread.h"
 
@@ -40,7 +41,10 @@ struct ConnectionTest : testing::Test, LoadedProgram { };
 
 TEST_F(UnloadedProgram, LoadsAndRefreshesInOrderAndTellsOfADeadAgentOnce)
 {
+    PrepareForCheck();
+    EXPECT_FALSE(IsItemEnabled(TrayMenu(), kTrayVoltaro) || IsConsoleReady());
     Load();
+    EXPECT_TRUE(IsItemEnabled(TrayMenu(), kTrayVoltaro));
     EXPECT_EQ(TakeOperations(), kLoadOrder);
     EXPECT_EQ(SelectedText(WindowOf(WindowId::Main), kSchemeList), L"Balanced");
     EXPECT_EQ(GreyedItems(), (std::set<int>{kResume}));
@@ -210,6 +214,18 @@ TEST_F(ConnectionTest, EachOutcomeIsToldInItsOwnWay)
         {{L"Connection Closed !", L"Please check if Voltaro Service is started ?"}, {L"Connection Issue", {}}});
     EXPECT_EQ(SendOrLose(Plain(Operation::GetSavingsTillDate)).Result(), Outcome::CannotConnect);
     EXPECT_FALSE(connection.connected);
+}
+
+TEST_F(ConnectionTest, WorkPostedByManyThreadsRunsOnceEach)
+{
+    static int ran;
+    ran = 0;
+    const auto post = [] {
+        for (int i = 0; i < 5'000; ++i)
+            PostOnUi([] { ++ran; });
+    };
+    const std::jthread first(post), second(post);
+    EXPECT_TRUE(WaitFor([] { return ran == 10'000; }, 5'000)) << ran;
 }
 
 TEST_F(ConnectionTest, ARefreshAskedForDuringARunIsMade)

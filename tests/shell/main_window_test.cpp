@@ -16,7 +16,10 @@ TEST_F(MainWindowTest, SetAppliesTheChosenSchemeAndTellsEachRefusal)
     EXPECT_TRUE(IsOn(WindowId::Main, kSchemeList));
     SendMessageW(ControlOf(main, kSchemeList), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     Command(WindowId::Main, kSchemeList, CBN_SELCHANGE);
-    EXPECT_FALSE(IsOn(WindowId::Main, kSet)); // nothing to set
+    EXPECT_FALSE(IsOn(WindowId::Main, kSet));         // nothing to set
+    agentRecords.currentScheme.powerScheme = L"Gone"; // none that the agent lists
+    MainCommand(kChange);
+    EXPECT_FALSE(IsOn(WindowId::Main, kSet));
     Do({{WindowId::Main, kSchemeList, L"Minimum"}, {WindowId::Main, kSet}});
     ExpectSent(L"ApplyPowerScheme", L"scheme=Minimum");
     EXPECT_EQ(TakeOperations(), (Operations{L"GetActivationstatus", L"ApplyPowerScheme", L"GetCurrentpowersettings"}));
@@ -90,13 +93,15 @@ TEST_F(MainWindowTest, PaintsTheStateOfThePowerAndTheLicense)
         {L"Unknown status", IDB_BATTERY_UNKNOWN, L"UPS", IDB_SOURCE_BATTERY, L"License Expired", IDB_LICENSE_EXPIRED},
         {L"Low", IDB_BATTERY_DISCHARGING, L"On Battery", IDB_SOURCE_BATTERY, L"Activated", IDB_LICENSE_ACTIVE}};
     for (const auto& [battery, batteryPicture, source, sourcePicture, license, licensePicture] : kRows) {
-        agentRecords.battery.rows = {{L"", source}, {L"", battery}};
+        agentRecords.battery.rows = {{L"", source}, {L"", battery}, {}, {L"", L"MMM"}}; // at last the remaining time
         agentRecords.activationStatus = license;
         const auto draw = [](HDC dc, void*) { DrawMainWindow(dc); };
         const Pixels page(RenderBitmap(504, 516, draw, nullptr).Get());
         EXPECT_TRUE(Shows(page, batteryPicture, {184, 112, 216, 144})) << battery;
         EXPECT_TRUE(Shows(page, sourcePicture, {352, 112, 384, 144})) << source;
         EXPECT_TRUE(Shows(page, licensePicture, {255, 6, 380, 22})) << license;
+        for (const auto& [x, y] : {POINT{229, 128}, {229, 146}, {392, 121}})
+            EXPECT_GT(page.CountIn(kTextGreen, {x, y, x + 60, y + 15}), 20) << battery << x << "," << y;
     }
 }
 

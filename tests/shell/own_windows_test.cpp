@@ -56,6 +56,9 @@ TEST_F(ActivationTest, TellsWhatTheAgentAnswers)
         EXPECT_EQ(Text(kWindow, kKey), key); // to be mended
         EXPECT_EQ(Text(kWindow, kStateLine), line);
     }
+    Command(kWindow, IDCANCEL);
+    MainCommand(kActivate);
+    EXPECT_EQ(Text(kWindow, kKey), L"");
     for (const auto& [reply, box] :
         {std::pair(L"Not Activated", ExpectedBox{L"Activation Failed", L"Voltaro is still not activated."}),
             {L"SUCCESS", {L"Voltaro activated", L"Voltaro is activated now."}},
