@@ -82,9 +82,12 @@ TEST(HostileDocumentTest, MemoryStaysInProportionToTheAnswer)
     };
     const Element details{
         L"details", {}, std::vector<Element>(3, TextElement(L"Event", L"Istime # 2024/02/29 10:15:00"))};
+    const auto deliver = [&](const simulator::Fault& fault) {
+        return simulator::Deliver({L"response", {}, {details}}, nullptr, fault).bytes;
+    };
     for (const wchar_t* document : kDocuments) {
-        const std::string bytes
-            = Deliver({L"response", {}, {details}}, nullptr, *simulator::ParseFault(document)).bytes;
+        const std::string bytes = deliver(*simulator::ParseFault(document));
+        EXPECT_NE(bytes, deliver({})) << document;
         const std::wstring text = simulator::UnitsOf(bytes).substr(8);
         static_cast<void>(ParseAnswer(text.c_str())); // what the platform keeps
         const std::size_t before = used();

@@ -3,11 +3,14 @@
 
 #include "console/agent.h"
 #include "console/agent_lost.h"
+#include "console/agent_records.h"
 #include "console/background_refresh.h"
 #include "console/main_view.h"
 #include "link/document.h"
+#include "settings/machine_texts.h"
 #include "shell/main_window.h"
 #include "shell/program.h"
+#include "soak/held.h"
 #include "support/program.h"
 #include "ui/ui_thread.h"
 
@@ -242,6 +245,29 @@ TEST_F(ConnectionTest, ARefreshAskedForDuringARunIsMade)
     EXPECT_EQ(std::count(asked.begin(), asked.end(), L"GetSystemDetails"), 2);
     StopWorkers(StopOrder::MainWindowDestroyed);
     EXPECT_TRUE(IsOn(WindowId::Main, kSchemeList)); // the user is still choosing
+}
+
+static auto Records()
+{
+    return std::tuple(
+        DetailsText(agentRecords.details), agentRecords.schemes, agentRecords.policies, agentRecords.currentScheme);
+}
+
+TEST(RefreshTest, RefreshesAgainstThePollerReadWhatOneReads)
+{
+    LoadedProgram program;
+    const auto expected = Records();
+    timing.pollerPeriod = 1;
+    ASSERT_TRUE(StartWorkers());
+    for (int i = 0; i < (IsLongRun() ? 200 : 40); ++i) {
+        RequestBackgroundRefresh(i % 2 ? kRefreshSystemDetails : kRefreshPowerData);
+        ASSERT_TRUE(WaitFor([] { return refreshRequests == 0; }));
+    }
+    StopWorkers(StopOrder::MainWindowDestroyed);
+    EXPECT_EQ(Records(), expected);
+    EXPECT_TRUE(connection.connected);
+    const Operations asked = program.TakeOperations();
+    EXPECT_GT(std::count(asked.begin(), asked.end(), L"PauseStatus"), 5);
 }
 
 } // namespace voltaro

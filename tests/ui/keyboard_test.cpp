@@ -1,8 +1,11 @@
+#include "base/computer_name.h"
 #include "power/scheme_pages.h"
 #include "power/scheme_window.h"
 #include "shell/update_window.h"
 #include "support/openings.h"
 #include "support/program.h"
+
+#include <numeric>
 
 namespace voltaro {
 
@@ -39,12 +42,12 @@ static HWND Reached(const std::vector<HWND>& stops)
     return at != stops.end() ? *at : nullptr;
 }
 
-// By Tab through all stops and back to the first, then the other way round; how many there are.
-static std::size_t WalkStops(HWND window)
+// By Tab through all stops and back to the first, then the other way round.
+static void WalkStops(HWND window)
 {
     const std::vector<HWND> stops = StopsOf(window);
     const HWND first = Reached(stops);
-    EXPECT_NE(first, nullptr) << "the focus opens on a control, not on " << ClassOf(GetFocus());
+    ASSERT_NE(first, nullptr) << "the focus opens on a control, not on " << ClassOf(GetFocus());
     std::vector<HWND> walked;
     do {
         walked.push_back(Reached(stops));
@@ -60,7 +63,59 @@ static std::size_t WalkStops(HWND window)
         EXPECT_EQ(std::ranges::count(walked, stop), 1) << NameOf(stop) << " " << ClassOf(stop);
         EXPECT_FALSE(NameOf(stop).empty()) << ClassOf(stop) << GetDlgCtrlID(stop);
     }
-    return stops.size();
+}
+
+static std::wstring MenuLook(HMENU menu)
+{
+    std::wstring look;
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        wchar_t text[100] = L"";
+        GetMenuStringW(menu, static_cast<UINT>(i), text, 100, MF_BYPOSITION);
+        look += Format(L"%ls %u %x\n", text, GetMenuItemID(menu, i),
+                    GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION))
+            + MenuLook(GetSubMenu(menu, i));
+    }
+    return look;
+}
+
+// A line of class, place, style, text, tip, limit, choices and columns. What stands in fields and lists is the agent's;
+// the height of a closed combo box is the font's.
+static std::wstring ControlLook(HWND control)
+{
+    const std::wstring kind = ClassOf(control);
+    const bool isField = kind == WC_EDITW, isCombo = kind == WC_COMBOBOXW;
+    const bool isText = kind == WC_BUTTONW || kind == WC_STATICW || kind == WC_LINK;
+    RECT at;
+    GetWindowRect(control, &at);
+    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&at), 2);
+    std::wstring look = Format(L"%ls %ld %ld %ld %ld %lx %d ", kind.c_str(), at.left, at.top, at.right,
+        isCombo ? 0 : at.bottom, GetWindowLongW(control, GWL_STYLE) & ~(WS_VSCROLL | WS_HSCROLL),
+        isField ? static_cast<int>(SendMessageW(control, EM_GETLIMITTEXT, 0, 0)) : 0);
+    look += (isText ? Replaced(WindowText(control), ComputerName(), L"*") : L"") + L"|" + TooltipOf(control);
+    wchar_t entry[100] = L"";
+    for (int i = 0; isCombo && i < ComboBox_GetCount(control); ++i) {
+        ComboBox_GetLBText(control, i, entry);
+        look.append(L"|").append(entry);
+    }
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT | LVCF_WIDTH;
+    column.pszText = entry;
+    column.cchTextMax = 100;
+    for (int i = 0; kind == WC_LISTVIEWW && ListView_GetColumn(control, i, &column); ++i)
+        look += Format(L"|%ls %d", entry, column.cx);
+    return look + L"\n";
+}
+
+static std::wstring LookOf(HWND window)
+{
+    std::wstring look = WindowText(window) + L"\n" + MenuLook(GetMenu(window));
+    std::vector<HWND> holders = {window};
+    std::ranges::copy_if(windowHandles, std::back_inserter(holders), [=](HWND page) { return IsChild(window, page); });
+    for (const HWND holder : holders) {
+        for (HWND child = GetTopWindow(holder); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+            look += ControlLook(child);
+    }
+    return look;
 }
 
 struct EveryWindow : testing::TestWithParam<Opening>, LoadedProgram {
@@ -108,14 +163,16 @@ TEST_P(EveryWindow, IsDrivenByTheKeyboardAlone)
 {
     const HWND from = Open(GetParam());
     const HWND window = HandleOf(GetParam().window), tab = FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr);
-    std::size_t stops = 0;
+    const std::wstring look = LookOf(window);
+    const auto sum = std::accumulate(look.begin(), look.end(), 2'166'136'261U, // FNV-1a
+        [](std::uint32_t hash, wchar_t unit) { return (hash ^ unit) * 16'777'619U; });
+    EXPECT_EQ(sum, GetParam().look) << look;
     const int pages = tab != nullptr ? TabCtrl_GetItemCount(tab) : 1;
     for (int page = 0; page < pages; ++page) {
         EXPECT_TRUE(tab == nullptr || SelectedTab(tab) == page) << page;
-        stops += WalkStops(window);
+        WalkStops(window);
         Press(VK_TAB, VK_CONTROL);
     }
-    EXPECT_EQ(stops, GetParam().stops);
     for (const DWORD up : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}})
         keybd_event(VK_F1, 0, up, 0);
     Pump();
