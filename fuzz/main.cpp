@@ -81,9 +81,9 @@ void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
             children.push_back(TextElement(anyName(), bytes.Value()));
         else if (step == 3)
             children.erase(children.begin() + static_cast<std::ptrdiff_t>(child));
-        else if (copies-- > 0) // now and then of more leaves than any list of the console may hold
-            children.insert(
-                children.end(), choice > 250 && children[child].children.empty() ? 550 : 1, Element(children[child]));
+        else if (copies-- > 0) // the first now and then of more leaves than any list of the console may hold
+            children.insert(children.end(), copies == 7 && choice > 250 && children[child].children.empty() ? 550 : 1,
+                Element(children[child]));
     }
 }
 
