@@ -12,14 +12,14 @@ struct MainWindowTest : testing::Test, LoadedProgram { };
 
 TEST_F(MainWindowTest, SetAppliesTheChosenSchemeAndTellsEachRefusal)
 {
-    MainCommand(kChange);
-    EXPECT_TRUE(IsOn(WindowId::Main, kSchemeList));
-    SendMessageW(ControlOf(main, kSchemeList), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-    Command(WindowId::Main, kSchemeList, CBN_SELCHANGE);
-    EXPECT_FALSE(IsOn(WindowId::Main, kSet));         // nothing to set
     agentRecords.currentScheme.powerScheme = L"Gone"; // none that the agent lists
     MainCommand(kChange);
-    EXPECT_FALSE(IsOn(WindowId::Main, kSet));
+    EXPECT_TRUE(IsOn(WindowId::Main, kSchemeList) && !IsOn(WindowId::Main, kSet));
+    Do({{WindowId::Main, kSchemeList, L"Minimum"}});
+    EXPECT_TRUE(IsOn(WindowId::Main, kSet));
+    SendMessageW(ControlOf(main, kSchemeList), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    Command(WindowId::Main, kSchemeList, CBN_SELCHANGE);
+    EXPECT_FALSE(IsOn(WindowId::Main, kSet)); // nothing to set
     Do({{WindowId::Main, kSchemeList, L"Minimum"}, {WindowId::Main, kSet}});
     ExpectSent(L"ApplyPowerScheme", L"scheme=Minimum");
     EXPECT_EQ(TakeOperations(), (Operations{L"GetActivationstatus", L"ApplyPowerScheme", L"GetCurrentpowersettings"}));
