@@ -1,5 +1,4 @@
-// Benchmarks of the console against the simulated agent. Each figure is a ratio of medians of interleaved rounds; the
-// exit code is 0 when each keeps its limit.
+// Benchmarks against the simulated agent: ratios of medians of interleaved rounds. The exit code is the verdict.
 #include "measure.h"
 
 #include "base/com_apartment.h"

@@ -23,9 +23,7 @@ using Work = std::function<void()>;
 // Median times of several pieces of work, run in turn for so many rounds after one round to warm up.
 [[nodiscard]] std::vector<double> Medians(const std::vector<Work>& works, int rounds = 15);
 
-// Each prints a line and keeps a figure above its limit in mind.
-
-// What was measured, its time, what it is held against, the ratio and its limit.
+// Each prints a line and keeps a figure above its limit in mind: what was measured, its time, what it is held against.
 void JudgeRatio(const char* what, double time, double base, double limit);
 void JudgeFigure(const char* what, double figure, const char* unit, double limit);
 // The same work at growing sizes: ten times the size may take eleven times the time. Prints the time of each.
@@ -34,8 +32,7 @@ void JudgeGrowth(const char* what, const std::vector<std::size_t>& sizes, const 
 // The verdict.
 [[nodiscard]] bool IsWithinLimits();
 
-// What an answer's document costs by itself: loads the text and asks for the text of every node of the path in turn,
-// keeping none. The thread must have entered COM.
+// Loads an answer's document and asks for the text of each node of the path. The thread must have entered COM.
 void ReadBare(const std::wstring& text, const wchar_t* path);
 
 // So many changes of state, evenly over a day; and a time after it.

@@ -1,5 +1,4 @@
-// For libFuzzer: its entry; the environment variable VOLTARO_FUZZ_TARGET names the target. For the tests: a program
-// that runs every target over the files of its folder in the corpus, as they are and changed in many ways.
+// For libFuzzer: its entry; VOLTARO_FUZZ_TARGET names the target. Else: runs every target over its corpus, varied.
 #include "fuzz/targets.h"
 
 #include "base/text.h"

@@ -8,8 +8,7 @@
 #include <span>
 #include <string>
 
-// What the fuzzer and the replay of its corpus run: functions that read hostile bytes and end the program when a
-// property does not hold.
+// What the fuzzer and the replay of its corpus run. A property that does not hold ends the program.
 namespace voltaro::fuzz {
 
 inline void Require(bool holds)

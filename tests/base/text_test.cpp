@@ -57,17 +57,15 @@ TEST(TextTest, DottedAddresses)
 
 TEST(ChoicesTest, EveryListOfMinutesBothWays)
 {
-    // A list with its size, the first and the last of its times, and how an hour is called in it.
-    const std::tuple<Choices, std::size_t, int, int, std::wstring> kLists[] = {{kDimChoices, 16, 2, 360, L"Hr"},
-        {kMonitorOffChoices, 16, 3, 420, L"Hr"}, {kLockChoices, 10, 1, 30, L"Hr"},
-        {kHardDiskChoices, 14, 3, 300, L"Hr"}, {kLogOffChoices, 22, 3, 780, L"Hr"},
-        {kStandbyChoices, 22, 5, 840, L"Hr"}, {kHibernateChoices, 22, 10, 900, L"Hr"},
-        {kIdlenessChoices, 15, 2, 360, L"Hr"}, {kRepeatChoices, 16, 5, 720, L"Hour"},
-        {kNotificationTimes, 5, 1, 5, L""}, {kSnoozeAlertTimes, 5, 5, 30, L""}, {kSnoozeDurations, 5, 10, 60, L"Hour"}};
-    for (const auto& [list, size, first, last, hour] : kLists) {
-        ASSERT_EQ(list.size(), size);
-        const bool timeout = list[size - 1].number == 0; // then the others begin with "After"
-        EXPECT_TRUE(list[0].number == first && list[size - (timeout ? 2 : 1)].number == last) << list[0].text;
+    // A list with its size, the last of its times, and how an hour is called in it.
+    const std::tuple<Choices, std::size_t, int, std::wstring> kLists[]
+        = {{kDimChoices, 16, 360, L"Hr"}, {kMonitorOffChoices, 16, 420, L"Hr"}, {kLockChoices, 10, 30, L"Hr"},
+            {kHardDiskChoices, 14, 300, L"Hr"}, {kLogOffChoices, 22, 780, L"Hr"}, {kStandbyChoices, 22, 840, L"Hr"},
+            {kHibernateChoices, 22, 900, L"Hr"}, {kIdlenessChoices, 15, 360, L"Hr"}, {kRepeatChoices, 16, 720, L"Hour"},
+            {kNotificationTimes, 5, 5, L""}, {kSnoozeAlertTimes, 5, 30, L""}, {kSnoozeDurations, 5, 60, L"Hour"}};
+    for (const auto& [list, size, last, hour] : kLists) {
+        const bool timeout = list.back().number == 0; // then the others begin with "After"
+        EXPECT_TRUE(list.size() == size && list[size - (timeout ? 2 : 1)].number == last) << list[0].text;
         for (const auto& [text, minutes] : list) {
             const int count = minutes < 60 ? minutes : minutes / 60;
             const std::wstring time = std::to_wstring(count) + L" " + (minutes < 60 ? L"Min" : hour);

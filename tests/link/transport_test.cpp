@@ -25,8 +25,7 @@ constexpr wchar_t kStatusRequest[] = L"<?xml version=\"1.0\"?><vltp version=\"1.
                                      L"<operation>GetSystemstatus</operation></request></vltp>";
 
 // What behaviours of the agent make of an exchange by a member that has the room. The slow answer takes longer than the
-// time-out of the members that it is tried with; 15 bytes end within the length digits; what follows a length that is
-// 64 too large never comes; "refuse" comes once the request is read; well framed garbage is the reader's concern.
+// member's time; 15 bytes end within the length digits; what follows a length that is 64 too large never comes.
 const struct {
     Outcome outcome;
     std::vector<const wchar_t*> faults;

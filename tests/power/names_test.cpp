@@ -66,6 +66,9 @@ TEST(PolicyTest, RuleNames)
         {L"PLAYER.exe", L"Application name already in the list ", L"Application ' PLAYER.exe ' already exists"},
     };
     ExpectRefusals(kRows, [&](std::wstring_view name) { return CheckRuleName(name, rules); });
+    for (const wchar_t* part : {L"AgentSe", L"AgentWe", L"Diagnostic", L"ServiceSe", L"ServiceWe", L"UserInteract"})
+        EXPECT_EQ(CheckRuleName(Format(L"voltaro%ls.exe", part), rules), CheckRuleName(L"VoltaroConsoleSE.exe", {}))
+            << part;
     EXPECT_STREQ(CheckRules(std::vector<ApplicationRule>(51), EditMode::Add)->text,
         L"Application's list cann't contain more than 50 application names.");
 }

@@ -52,9 +52,12 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     for (int check = 1; check <= 8; ++check) {
         DoubleClick(m_list, 0);
         Do({{kRule, ID_RULE_CLEAR}});
-        Do({{kFirstRuleCheck + check}, {kSaveRule}});
-        for (int column = 3; column <= 10; ++column)
-            EXPECT_EQ(CellOf(m_list, 0, column), column == check + 2 ? L"Yes" : L"No") << check;
+        Do({{kFirstRuleCheck + check}, {kSaveRule}, {kSavePolicy}});
+        OpenPresentations();
+        for (int field = 1; field <= 8; ++field) {
+            EXPECT_EQ(CellOf(m_list, 0, field + 2), field == check ? L"Yes" : L"No") << check;
+            EXPECT_EQ(At(Machine().policies[0], {1, field + 1U}).text, CellOf(m_list, 0, field + 2)) << check;
+        }
     }
 
     DoubleClick(m_list, 1);
@@ -121,6 +124,7 @@ TEST_F(PolicyWindow, MoreRulesAndLongerTextsThanAllowedAreShownAndKept)
     Do({{kSavePolicy}});
     DoOnRow(0, {{kDeleteRule}, {kAddRule}});
     EXPECT_FALSE(IsOpen(kRule));
+    DoOnRow(2, {{kModifyRule}, {kFirstRuleCheck + 8}, {kSaveRule}});
     const std::wstring longText(1000, L'd');
     DoOnRow(0,
         {{kDeleteRule}, {kAddRule}, {kRuleName, L"Last.exe"}, {kRuleDescription, longText.c_str()}, {kSaveRule},

@@ -12,8 +12,7 @@ namespace voltaro {
 constexpr auto kEditor = WindowId::Scheme, kDisplayPage = WindowId::SchemeDisplay,
                kPowerOffPage = WindowId::SchemePowerOff, kPolicy = WindowId::Policy, kRule = WindowId::Rule;
 
-// The program loaded from a simulated agent, with the scheme editor open. No two controls of its windows have the same
-// id, so the id alone names one; every other id is an item of the editor's menu.
+// The program with the scheme editor open. An id alone names a control of its windows, or an item of its menu.
 struct PowerProgram : LoadedProgram {
     explicit PowerProgram(const wchar_t* scenario = L"battery")
         : LoadedProgram(scenario)
@@ -54,8 +53,7 @@ struct PowerProgram : LoadedProgram {
             SendMessageW(In(id), WM_CHAR, unit, 0);
     }
 
-    // Types and pastes each name; what typing lets pass is refused by the button. Each time the edit is emptied and has
-    // the focus. `typing`: the title of the refusal while typing.
+    // Types and pastes each name: it is refused then (`typing`: with that title) or by the button, and emptied.
     void ExpectRefused(int edit, int button, std::wstring_view typing, std::initializer_list<RefusalRow> names)
     {
         for (const RefusalRow& row : names) {

@@ -73,6 +73,18 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
     EXPECT_FALSE(IsOn(kEditPolicy) || IsOn(kDeletePolicy));
 }
 
+TEST_F(SchemeWindow, EachCheckBoxIsAFieldOfItsOwn)
+{
+    for (const auto& [id, field] : {std::pair(kScreenSaverOff, 2U), {kDownloads, 14}, {kResumePassword, 15},
+             {kScript, 17}, {kCpuLoadCheck, 19}, {kPrinter, 20}}) {
+        const std::vector<Element> before = Machine().schemes[0].children;
+        Do({{id}, {kSaveAndApply}});
+        const std::vector<Element>& after = Machine().schemes[0].children;
+        for (std::size_t i = 0; i < before.size(); ++i)
+            EXPECT_EQ(after[i].text == before[i].text, i != field) << id << " " << after[i].name;
+    }
+}
+
 TEST_F(SchemeWindow, AnswersDecideWhatIsShownAndReadAgain)
 {
     const ExpectedBox notSaved = {L"Save failed", L"Failed to save settings."};

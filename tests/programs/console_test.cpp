@@ -101,8 +101,7 @@ TEST_F(ConsoleTest, StartsConnectsAndIsRestoredByASecondStart)
     EXPECT_EQ(console.ExitCode(0), -1);
 }
 
-// Ends of the program and of the session wherever a request happens to be, from the first one of the start on. The user
-// is asked once the user-interface thread's own request is over; the session waits for nothing.
+// Ends of the program and of the session wherever a request happens to be. The session waits for nothing.
 TEST_F(ConsoleTest, EndsAtAnyPointOfARequest)
 {
     constexpr WPARAM kCommands[] = {kRefresh, kUpdate, kReinitialize, kSavingsReport, kJobScheduler, 0};

@@ -170,6 +170,12 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
     EXPECT_EQ(Shown(kCpuMax), L"62.40");
     Click(IDOK);
     EXPECT_NE(LastRequest(L"ApplyPowerConsumptionData").find(L"<ManualSetFlag>No</ManualSetFlag>"), std::wstring::npos);
+    boxes.Expect({{L"Power Consumption Settings", {}}});
+    Click(kEdit);
+    ClickRadio(kInbuilt);
+    Click(kSave);
+    const std::wstring sent = LastRequest(L"ApplyPowerConsumptionData");
+    EXPECT_TRUE(sent.find(L"Flag>Yes<") != sent.npos && sent.find(L"<MonitorSize/>") != sent.npos) << sent;
 }
 
 TEST_F(ProfileWindowTest, RefusalsOfTheAgentLeaveTheFieldsAsTheyAre)

@@ -182,6 +182,9 @@ TEST_F(JobEditorWindowTest, Keyboard)
     Press(VK_RETURN); // in its fields: stores it
     EXPECT_EQ(Text(kTasks, L".exe/.bat File Path :"), L"");
     EXPECT_TRUE(IsOpen(kEditor) && RowCount(Tasks()) == 2);
+    DoubleClick(Tasks(), 1);
+    Do({{kTasks, L"Delete"}});
+    EXPECT_TRUE(Text(kTasks, L".exe/.bat File Path :").empty() && !IsOn(kTasks, L"Update Task"));
 }
 
 } // namespace voltaro

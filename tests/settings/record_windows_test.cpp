@@ -150,6 +150,7 @@ TEST_F(RecordWindows, WhatTheUserLeavesGoesBackAsItCame)
     const std::wstring host = OpenWith(kEditors[0],
         HostSettings{L"maybe", L"04916", L"4917 udp", kLong, L"", L"manager.office.example", L"YES", L"10.0.7.1", L"",
             kLong, L"on", L"off"});
+    EXPECT_TRUE(SendMessageW(Field(L"Remote Manager 1 address"), IPM_ISBLANK, 0, 0)) << "a name is no address";
     const HWND address = Field(L"Remote Manager 2 address");
     SendMessageW(address, IPM_CLEARADDRESS, 0, 0);
     SetWindowTextW(GetWindow(address, GW_CHILD), L"99"); // one number of four is no address

@@ -23,6 +23,8 @@ TEST(SettingsRulesTest, PortsAreTheirLeadingDigitsInRange)
         for (const FieldText& port : {tcp.tcpPort, udp.udpPort, proxy.port})
             EXPECT_EQ(port, sent ? sent : typed);
     }
+    ProxySettings off{L"No", L"proxy", L"80", L"Yes", L"user", L"secret", L"No"};
+    EXPECT_TRUE(CheckProxySettings(off, {}) == kNoFault && off.password.empty());
 }
 
 TEST(MachineTextsTest, LogoOfTheSystemName)

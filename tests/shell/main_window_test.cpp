@@ -47,8 +47,7 @@ TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
     EXPECT_EQ(TakeOperations(), Operations{});
     const std::wstring busy
         = L"<vltp><response><status>FAILURE</status><a>Copy of files</a><a>Download</a></response></vltp>";
-    // Once the question is answered with Yes: the agent's answer, the box that it leads to, and what the agent is asked
-    // after the user's answer there.
+    // After a Yes: the agent's answer, the box that it leads to, and what the agent is asked after the answer there.
     // clang-format off
     const struct {
         int command, face; const wchar_t *question, *operation; std::wstring reply; ExpectedBox box; const wchar_t* then = {};

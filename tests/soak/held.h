@@ -12,9 +12,8 @@ struct Left {
     int labels = 0;   // destroyed
 };
 
-// Does a tenth of the work to warm up, and then all of it at most three times: a leak grows every time, a cache and the
-// threads of the simulated agent only once. The test fails when every time left more behind than the work says; the
-// smallest growth of each kind is printed.
+// Does a tenth of the work to warm up, then all of it at most three times: a leak grows every time, a cache only once.
+// Fails when every time left more behind than the work says; prints the smallest growth of each kind.
 void ExpectNoGrowth(const char* what, const std::function<Left(int share)>& work);
 
 // What this process holds open.

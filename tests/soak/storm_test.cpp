@@ -132,8 +132,7 @@ void PostSystemMessage()
 constexpr void (*kActions[])() = {Choose, Choose, Choose, Click, Click, Click, Click, PressAny, PressAny,
     PostSystemMessage, PostSystemMessage, PostSystemMessage};
 
-// Kills and revives the agent, which then answers rubbish every other time; takes back the menus that the program waits
-// in.
+// Kills and revives the agent, which then answers rubbish every other time; closes the menus that wait for the user.
 void Guard(const std::stop_token& over, simulator::AgentServer& agent, int port, DWORD uiThread)
 {
     std::mt19937 own(Seed());

@@ -27,8 +27,7 @@ inline Answer FailOnBox(const BoxCall& call)
     return call.buttons == BoxButtons::Ok ? Answer::Ok : Answer::No;
 }
 
-// While it lives, boxes are answered from the script in order instead of being shown. A box that is not expected next
-// fails the test and is answered with Ok or No; boxes that never came fail it at the end.
+// Answers boxes from the script in order while it lives; another box, or one that never came, fails the test.
 class BoxScript {
 public:
     BoxScript(std::initializer_list<ExpectedBox> boxes = {}) { Expect(boxes); }

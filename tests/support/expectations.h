@@ -11,8 +11,7 @@
 
 namespace voltaro {
 
-// One row of a table of inputs to outcomes: the title and the beginning of the text shown, both empty for an input that
-// passes.
+// An input, and the title and the beginning of the text that refuse it; both empty for an input that passes.
 struct RefusalRow {
     const wchar_t* input;
     const wchar_t* title;
@@ -30,8 +29,7 @@ void ExpectRefusals(std::span<const RefusalRow> rows, Check check)
     }
 }
 
-// A tree on one line: "name=text" for a text, "name[child child]" for an element that holds elements. A text is shown
-// as it is.
+// A tree on one line: "name=text" for a text, "name[child child]" for an element that holds elements.
 [[nodiscard]] inline std::wstring Line(const Element& element)
 {
     const bool empty = element.name == L"details" || element.name.starts_with(L"RunTask");

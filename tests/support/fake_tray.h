@@ -19,8 +19,7 @@ struct TrayCall {
     std::string icon; // its pixels
 };
 
-// Stands in the place of the shell's notification area while it lives and receives every program's calls. Under Wine
-// alone: the form of the calls is the platform's own affair.
+// Receives every program's calls in the place of the shell's notification area. Under Wine alone.
 class FakeTray {
 public:
     FakeTray()

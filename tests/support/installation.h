@@ -7,8 +7,7 @@
 
 namespace voltaro {
 
-// An installation, in a folder of that name for temporary files, whose host configuration holds these bytes (null:
-// there is none); every console that starts from now on reads it.
+// An installation whose host configuration holds these bytes (null: none); consoles that start from now on read it.
 inline void Install(const std::wstring& name, const char* configuration)
 {
     wchar_t folder[MAX_PATH] = {};

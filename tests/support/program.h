@@ -47,17 +47,15 @@ struct Change {
 
 using ControlName = std::variant<int, const wchar_t*>; // a control's id, or the label that the user finds it by
 
-// One thing that the user does: a combo box, a picker or an edit takes the text, a button is clicked. An id without a
-// control is chosen from the window's menu.
+// A step of the user: a button or a menu item is chosen; a combo box, a picker or an edit takes the text.
 struct Step {
     WindowId window;
     ControlName control;
     const wchar_t* text = nullptr;
 };
 
-// The whole program in a test: all 29 windows created hidden, against a simulated agent in a thread of its own. Waits
-// are shortened (a transport second lasts 100 ms). Nothing is loaded until Load. Everything is as it was before when it
-// is gone, so each test may make its own. No workers and no tray icon unless a test starts them.
+// The whole program in a test: all windows, hidden, against a simulated agent in a thread of its own. A transport
+// second lasts 100 ms. Nothing is loaded until Load, no workers run and no icon shows until a test starts them.
 class ConsoleProgram {
 public:
     explicit ConsoleProgram(const simulator::Scenario& scenario = simulator::DefaultScenario());
@@ -93,8 +91,7 @@ public:
 
     // The names of the operations that the agent received since the last call, in order.
     Operations TakeOperations();
-    // The last request of that operation as the agent received it, its identifier replaced by "{ID}"; empty when there
-    // was none. Line ends are as on the wire.
+    // The last request of that operation as on the wire, its identifier replaced by "{ID}"; empty when there was none.
     [[nodiscard]] std::wstring LastRequest(std::wstring_view operation);
     // Expects the last request of an operation in the usual envelope; `fields` as Line() shows elements.
     void ExpectSent(const std::wstring& operation, const std::wstring& fields);

@@ -14,8 +14,7 @@
 
 namespace voltaro {
 
-// A top-level window for tests, shown and destroyed with the object. Messages go to `handler` first; what it leaves
-// gets the answers that all windows of the program give.
+// A top-level window for tests, as long as the object lives. Messages go to `handler` first, as to any window then.
 class TestWindow {
 public:
     using Handler = std::function<std::optional<LRESULT>(HWND window, UINT message, WPARAM w, LPARAM l)>;

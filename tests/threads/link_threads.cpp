@@ -1,5 +1,4 @@
-// The link against the simulated agent from several threads at once, for the race detector: every thread reads what one
-// alone reads.
+// The link from several threads at once, for the race detector: every thread reads what one alone reads.
 #include "base/error_log.h"
 #include "base/platform_calls.h"
 #include "link/document.h"
