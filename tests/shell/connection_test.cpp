@@ -44,9 +44,8 @@ struct ConnectionTest : testing::Test, LoadedProgram { };
 
 TEST_F(UnloadedProgram, LoadsAndRefreshesInOrderAndTellsOfADeadAgentOnce)
 {
-    connection.connected = true;
     PrepareForCheck();
-    EXPECT_FALSE(connection.connected || IsItemEnabled(TrayMenu(), kTrayVoltaro) || IsConsoleReady());
+    EXPECT_FALSE(IsItemEnabled(TrayMenu(), kTrayVoltaro) || IsConsoleReady());
     Load();
     EXPECT_EQ(TakeOperations(), kLoadOrder);
     EXPECT_EQ(SelectedText(WindowOf(WindowId::Main), kSchemeList), L"Balanced");
@@ -75,6 +74,7 @@ TEST_F(UnloadedProgram, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSche
         Agent().ClearFaults();
         Agent().SetFault(operation, {FaultKind::CloseMidFrame, {}});
         boxes.Expect({box});
+        connection.connected = true; // until the check
         Load();
         EXPECT_EQ(TakeOperations(), asked);
         EXPECT_EQ(connection.connected, asked == kLoadOrder);
