@@ -74,7 +74,6 @@ TEST_F(UnloadedProgram, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSche
         Agent().ClearFaults();
         Agent().SetFault(operation, {FaultKind::CloseMidFrame, {}});
         boxes.Expect({box});
-        connection.connected = true; // until the check
         Load();
         EXPECT_EQ(TakeOperations(), asked);
         EXPECT_EQ(connection.connected, asked == kLoadOrder);
@@ -153,7 +152,7 @@ TEST_F(ConnectionTest, AboutAndABoxHoldTheMainWindowEachForItself)
     Agent().Stop();
     MainCommand(kReinitialize);
     ASSERT_NE(AboutWindow(), nullptr);
-    EXPECT_FALSE(IsEnabled(main) || IsConsoleReady());
+    EXPECT_FALSE(IsEnabled(main) || IsConsoleReady() || connection.connected);
     platformCalls.showMessageBox = FailOnBox;
     SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
     EXPECT_TRUE(IsMainFree());
