@@ -8,8 +8,7 @@
 
 namespace voltaro {
 
-// A day worked by hand. Off until 08:00; idle from 10:00 to 12:00, of it dim 30 min and monitor off 60 min; shut down
-// from 20:00 to 22:00.
+// By hand: off until 08:00; idle from 10:00 to 12:00 (dim 30 min, monitor off 60 min); shut down 20:00 to 22:00.
 constexpr wchar_t kScriptedDay[]
     = L"<vltp><response><details><e>QUptme # 2024/02/29 08:00:00</e><e>Istime # 2024/02/29 10:00:00</e>"
       L"<e>Dstime # 2024/02/29 10:10:00</e><e>Detime # 2024/02/29 10:40:00</e><e>Mstime # 2024/02/29 10:40:00</e>"

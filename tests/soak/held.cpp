@@ -73,9 +73,8 @@ struct Counter {
     int perSocket, perRequest, perLabel;
     int slack = 0;
 };
-// Bare calls show what Wine keeps: 228 bytes of an XML declaration (a processing instruction made, appended and
-// released), 24 of a label that was given a font. A heap gives no page back that holds such a block, and some of the
-// platform's own memory is in no heap.
+// What bare calls leave in Wine: 228 bytes of an XML declaration, 24 of a label that was given a font. A heap gives no
+// page back that holds such a block, and some of the platform's own memory is in no heap.
 constexpr Counter kCounters[] = {
     {"GDI objects", CountHandles<1, [](HANDLE handle) { return GetObjectType(handle) != 0; }>, 0, 0, 0},
     {"USER objects", CountHandles<2, IsUserObject>, 0, 0, 0},
