@@ -14,8 +14,6 @@
 #include <filesystem>
 #include <memory>
 
-#include <psapi.h>
-
 namespace voltaro::bench {
 namespace {
 
@@ -23,9 +21,7 @@ constexpr const wchar_t* kSkeletonReady = L"VoltaroBenchSkeletonReady";
 
 double PrivateMegabytes(const Process& process)
 {
-    PROCESS_MEMORY_COUNTERS_EX memory{};
-    GetProcessMemoryInfo(process.Get(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
-    return static_cast<double>(memory.PrivateUsage ? memory.PrivateUsage : memory.PagefileUsage) / 1e6;
+    return static_cast<double>(PrivateBytes(process.Get())) / 1e6;
 }
 
 double ProcessorMs(const Process& process)

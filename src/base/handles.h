@@ -16,6 +16,13 @@ using UniqueBrush = Unique<GdiTraits<HBRUSH>>;
 using UniquePen = Unique<GdiTraits<HPEN>>;
 using UniqueBitmap = Unique<GdiTraits<HBITMAP>>;
 
+struct MemoryDcTraits {
+    using Handle = HDC;
+    static Handle Invalid() { return nullptr; }
+    static void Close(Handle handle) { DeleteDC(handle); }
+};
+using UniqueMemoryDc = Unique<MemoryDcTraits>;
+
 struct MenuTraits {
     using Handle = HMENU;
     static Handle Invalid() { return nullptr; }

@@ -30,7 +30,7 @@ class SelectGuard {
 public:
     SelectGuard(HDC dc, HGDIOBJ object)
         : m_dc(dc)
-        , m_old(object ? Checked(SelectObject(dc, object), "SelectObject") : nullptr)
+        , m_old(dc && object ? Checked(SelectObject(dc, object), "SelectObject") : nullptr)
     {
     }
     ~SelectGuard()
@@ -51,22 +51,14 @@ class MemoryDc {
 public:
     MemoryDc(HDC like, HBITMAP bitmap)
         : m_dc(Checked(CreateCompatibleDC(like), "CreateCompatibleDC"))
-        , m_old(m_dc && bitmap ? Checked(SelectObject(m_dc, bitmap), "SelectObject") : nullptr)
+        , m_bitmap(m_dc.Get(), bitmap)
     {
     }
-    ~MemoryDc()
-    {
-        if (m_old)
-            Checked(SelectObject(m_dc, m_old), "SelectObject");
-        DeleteDC(m_dc);
-    }
-    MemoryDc(const MemoryDc&) = delete;
-    MemoryDc& operator=(const MemoryDc&) = delete;
-    [[nodiscard]] HDC Get() const { return m_dc; }
+    [[nodiscard]] HDC Get() const { return m_dc.Get(); }
 
 private:
-    HDC m_dc;
-    HGDIOBJ m_old;
+    UniqueMemoryDc m_dc;
+    SelectGuard m_bitmap; // restores the old one before the context goes
 };
 
 // Between BeginPaint and EndPaint of a window: Dc() is a memory bitmap filled with the window's ground; the destructor

@@ -1,14 +1,12 @@
 #include "soak/held.h"
 
-#include "base/windows_api.h"
+#include "support/installation.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
-
-#include <psapi.h>
 
 namespace voltaro {
 namespace {
@@ -60,13 +58,6 @@ long long CountHeapBytes()
     return bytes;
 }
 
-long long CountPrivateBytes()
-{
-    PROCESS_MEMORY_COUNTERS_EX memory{};
-    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
-    return static_cast<long long>(memory.PrivateUsage ? memory.PrivateUsage : memory.PagefileUsage);
-}
-
 struct Counter {
     const char* what;
     long long (*count)();
@@ -80,7 +71,7 @@ constexpr Counter kCounters[] = {
     {"USER objects", CountHandles<2, IsUserObject>, 0, 0, 0},
     {"handles", CountHandles<4, IsKernelHandle>, 1, 0, 0},
     {"heap bytes", CountHeapBytes, 0, 228, 24},
-    {"private bytes", CountPrivateBytes, 0, 400, 40, 1 << 20},
+    {"private bytes", [] { return PrivateBytes(GetCurrentProcess()); }, 0, 400, 40, 1 << 20},
 };
 } // namespace
 

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <string>
 
+#include <psapi.h>
+
 namespace voltaro {
 
 // An installation whose host configuration holds these bytes (null: none); consoles that start from now on read it.
@@ -54,5 +56,13 @@ public:
 private:
     UniqueHandle m_process;
 };
+
+// Of a process. Wine counts them among the paged ones alone.
+inline long long PrivateBytes(HANDLE process)
+{
+    PROCESS_MEMORY_COUNTERS_EX memory{};
+    GetProcessMemoryInfo(process, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
+    return static_cast<long long>(memory.PrivateUsage ? memory.PrivateUsage : memory.PagefileUsage);
+}
 
 } // namespace voltaro

@@ -23,7 +23,7 @@ using ULONGLONG = std::uint64_t;
 using COLORREF = std::uint32_t;
 using SOCKET = int; using BOOL = int;
 using HANDLE = struct Event*;
-using HWND = void*; using HFONT = void*; using HBRUSH = void*; using HPEN = void*; using HBITMAP = void*; using HMENU = void*; using HKEY = void*;
+using HWND = void*; using HFONT = void*; using HBRUSH = void*; using HPEN = void*; using HBITMAP = void*; using HMENU = void*; using HDC = void*; using HKEY = void*;
 struct MONITORINFO { }; struct WSADATA { };
 struct WSANETWORKEVENTS { int iErrorCode[1]; };
 struct SYSTEMTIME { int wYear, wMonth, wDay, wHour, wMinute, wSecond, wMilliseconds; };
@@ -81,6 +81,7 @@ inline void Sleep(DWORD milliseconds) { std::this_thread::sleep_for(std::chrono:
 inline ULONGLONG GetTickCount64() { return static_cast<ULONGLONG>(std::chrono::steady_clock::now().time_since_epoch() / std::chrono::milliseconds(1)); }
 inline DWORD GetCurrentThreadId() { return static_cast<DWORD>(gettid()); }
 inline void GetLocalTime(SYSTEMTIME*) { }
+inline void DeleteDC(void*) { }
 inline void DestroyMenu(void*) { }
 inline void RegCloseKey(void*) { }
 // clang-format on
