@@ -7,9 +7,6 @@
 
 #include <psapi.h>
 
-#include <atomic>
-#include <thread>
-
 namespace voltaro {
 namespace {
 

@@ -1,15 +1,11 @@
 #include "base/com_apartment.h"
 #include "base/handles.h"
 #include "link/document.h"
-#include "link/exchange.h"
 #include "link/host_config.h"
 #include "savings/savings_window.h"
-#include "shell/program.h"
-#include "shell/window_table.h"
 #include "soak/held.h"
 #include "support/program.h"
 #include "ui/clipboard.h"
-#include "ui/ui_thread.h"
 
 #include <cerrno>
 #include <cstring>

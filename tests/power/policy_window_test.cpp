@@ -5,10 +5,10 @@
 namespace voltaro {
 
 struct PolicyWindow : testing::Test, PowerProgram {
-    const HWND m_list = In(kRuleList);
+    const HWND m_list = Find(kRuleList, kPolicy);
 
     void OpenPresentations() { Do({{kPolicyList, L"Presentations"}, {kEditPolicy}}); }
-    void DoOnRow(int row, std::initializer_list<IdStep> steps)
+    void DoOnRow(int row, std::initializer_list<Step> steps)
     {
         SelectRow(m_list, row);
         Do(steps);
@@ -51,7 +51,7 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     EXPECT_EQ(ListText(m_list, true), L"MeetingRoom.exe\tCalls\tDisabled\tNo\tNo\tNo\tyes\tNo\tYes\tNo\tNo\r\n");
     for (int check = 1; check <= 8; ++check) {
         DoubleClick(m_list, 0);
-        Do({{kRule, ID_RULE_CLEAR}});
+        Do({{ID_RULE_CLEAR}});
         Do({{kFirstRuleCheck + check}, {kSaveRule}, {kSavePolicy}});
         OpenPresentations();
         for (int field = 1; field <= 8; ++field) {
@@ -61,9 +61,9 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     }
 
     DoubleClick(m_list, 1);
-    Do({{kRule, ID_RULE_CLEAR}});
+    Do({{ID_RULE_CLEAR}});
     EXPECT_EQ(Shown(kRuleDescription) + Shown(kModifiedName), L"MeetingRoom.exe");
-    Do({{kRule, IDCANCEL}});
+    Do({{IDCANCEL}});
     EXPECT_EQ(CellOf(m_list, 1, 1), L"Calls");
     SetFocus(m_list);
     Press(L'A', VK_CONTROL); // all of them, for a copy
@@ -71,9 +71,9 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     EXPECT_EQ(RowCount(m_list), 3);
     SelectRow(m_list, 2);
     Press(VK_DELETE);
-    Do({{kPolicy, IDOK}});
+    Do({{IDOK}});
     EXPECT_TRUE(IsOpen(kRule)); // the list had the focus: Enter modifies
-    Do({{kRule, IDCANCEL}, {kPolicy, kSavePolicy}});
+    Do({{IDCANCEL}, {kSavePolicy}});
     const std::wstring sent = LastRequest(L"SetPolicySettings");
     EXPECT_NE(sent.find(L"<Description>Calls</Description></AppNo_2></details>"), std::wstring::npos) << sent;
     EXPECT_TRUE(!IsOpen(kPolicy) && SelectedRow(m_list) == 1);
@@ -90,7 +90,7 @@ TEST_F(PolicyWindow, AnswersDecideWhatIsShownAndReadAgain)
             Agent().ClearRequests();
             Do({{kSavePolicy}});
         });
-        Do({{kPolicy, IDCANCEL}});
+        Do({{IDCANCEL}});
     };
     expectAnswers(L"SetPolicySettings", {L"Failed to save", L"Unable to save application sensor policy settings"},
         [&] { OpenPresentations(); });
@@ -141,16 +141,15 @@ TEST_F(PolicyWindow, NothingReachesAWindowUnderAnotherOne)
     OpenPresentations();
     DoOnRow(1, {{kModifyRule}});
     Agent().ClearRequests();
-    for (const HWND window : {WindowOf(kPolicy), WindowOf(kEditor)}) {
+    for (const HWND window : {WindowOf(kPolicy), WindowOf(kEditor), WindowOf(WindowId::SchemeProcessor)}) {
         SendMessageW(window, WM_CLOSE, 0, 0);
-        for (const WPARAM command :
-            std::initializer_list<WPARAM>{IDCANCEL, kDeleteRule, kSavePolicy, kEditorOk, kEditorRefresh})
+        for (const WPARAM command : std::initializer_list<WPARAM>{
+                 IDCANCEL, kDeleteRule, kSavePolicy, kEditorOk, kEditorRefresh, kNewPolicy, kEditPolicy})
             SendMessageW(window, WM_COMMAND, command, 0);
     }
     NMLVKEYDOWN key{{m_list, kRuleList, static_cast<UINT>(LVN_KEYDOWN)}, VK_DELETE, 0};
     SendMessageW(WindowOf(kPolicy), WM_NOTIFY, kRuleList, reinterpret_cast<LPARAM>(&key));
-    Do({{kNewPolicy}, {kEditPolicy}});
-    for (const WindowId window : {kPolicy, kEditor})
+    for (const WindowId window : {kEditor})
         EXPECT_TRUE(IsOpen(window) && !IsEnabled(WindowOf(window)));
     EXPECT_EQ(TakeOperations(), Operations{});
     Do({{kSaveRule}});
@@ -187,7 +186,7 @@ TEST_F(PolicyWindow, NamesAndListsAreChecked)
     chosen.erase(3, 1);
     Do({{kRuleFile}});
     EXPECT_EQ(Shown(kRuleName), L"D.exe");
-    Do({{kRule, IDCANCEL}});
+    Do({{IDCANCEL}});
     boxes.Expect({{L"Blank Applications List ", L"Application's list cannot be blank!\nPlease add"}});
     DoOnRow(0, {{kDeleteRule}, {kSavePolicy}});
 }

@@ -12,7 +12,7 @@ namespace voltaro {
 constexpr auto kEditor = WindowId::Scheme, kDisplayPage = WindowId::SchemeDisplay,
                kPowerOffPage = WindowId::SchemePowerOff, kPolicy = WindowId::Policy, kRule = WindowId::Rule;
 
-// The program with the scheme editor open. An id alone names a control of its windows, or an item of its menu.
+// The program with the scheme editor open.
 struct PowerProgram : LoadedProgram {
     explicit PowerProgram(const wchar_t* scenario = L"battery")
         : LoadedProgram(scenario)
@@ -21,36 +21,12 @@ struct PowerProgram : LoadedProgram {
         Agent().ClearRequests();
     }
 
-    static WindowId Holder(int id)
-    {
-        for (const WindowId window : {kDisplayPage, kPowerOffPage, WindowId::SchemeProcessor, kPolicy, kRule}) {
-            if (ControlOf(WindowOf(window), id) != nullptr)
-                return window;
-        }
-        return kEditor;
-    }
-    static HWND In(int id) { return ControlOf(WindowOf(Holder(id)), id); }
-    static bool IsOn(int id) { return IsEnabled(In(id)); }
-    static std::wstring Shown(int id)
-    {
-        return ClassOf(In(id)) == WC_EDITW ? WindowText(In(id)) : SelectedText(WindowOf(Holder(id)), id);
-    }
-    struct IdStep {
-        int id;
-        const wchar_t* text = nullptr;
-    };
-    using LoadedProgram::Do;
-    void Do(std::initializer_list<IdStep> steps)
-    {
-        for (const IdStep& step : steps)
-            Do({{Holder(step.id), step.id, step.text}});
-    }
     // Types a text unit by unit into an edit, over what is there.
     static void TypeUnits(int id, std::wstring_view text)
     {
-        SendMessageW(In(id), EM_SETSEL, 0, -1);
+        SendMessageW(Find(id), EM_SETSEL, 0, -1);
         for (const wchar_t unit : text)
-            SendMessageW(In(id), WM_CHAR, unit, 0);
+            SendMessageW(Find(id), WM_CHAR, unit, 0);
     }
 
     // Types and pastes each name: it is refused then (`typing`: with that title) or by the button, and emptied.
@@ -65,7 +41,7 @@ struct PowerProgram : LoadedProgram {
                     Do({{button}});
                 boxes.ExpectAllSeen();
                 EXPECT_EQ(Shown(edit), L"");
-                EXPECT_EQ(GetFocus(), In(edit));
+                EXPECT_EQ(GetFocus(), Find(edit));
             }
         }
     }

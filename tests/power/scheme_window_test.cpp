@@ -1,5 +1,3 @@
-#include "console/background_refresh.h"
-#include "console/program_texts.h"
 #include "power/power_program.h"
 
 namespace voltaro {
@@ -8,23 +6,22 @@ const Operations kReload = {L"GetPowerSchemes", L"GetPolicies", L"GetCurrentpowe
 const Operations kAfterSaving = {L"GetPolicies", L"GetCurrentpowersettings"}, kCurrent = {L"GetCurrentpowersettings"};
 
 struct SchemeWindow : testing::Test, PowerProgram {
-    static bool IsShown(int id) { return voltaro::IsShown(In(id)); }
     static void Slide(int slider, int position)
     {
-        SendMessageW(In(slider), TBM_SETPOS, TRUE, position);
-        SendMessageW(GetParent(In(slider)), WM_HSCROLL, TB_THUMBTRACK, reinterpret_cast<LPARAM>(In(slider)));
+        SendMessageW(Find(slider), TBM_SETPOS, TRUE, position);
+        SendMessageW(GetParent(Find(slider)), WM_HSCROLL, TB_THUMBTRACK, reinterpret_cast<LPARAM>(Find(slider)));
     }
 };
 
 TEST_F(SchemeWindow, SendsWhatTheControlsShow)
 {
     Slide(kWorkingBrightness, 8);
-    EXPECT_STREQ(TooltipOf(In(kWorkingBrightness)), L"128");
+    EXPECT_STREQ(TooltipOf(Find(kWorkingBrightness)), L"128");
     Slide(kIdleBrightness, 1);
     Do({{kScreenSaverOff}, {kShutdownChoice}, {kResumePassword}, {kScript}, {kDownloads}, {kPrinter}, {kCpuLoadCheck},
         {kEditSettings}});
     EXPECT_FALSE(IsOn(kCpuLoad)); // sent although its condition is off
-    EXPECT_EQ(Text(kPowerOffPage, L"Folder of the script"), programTexts.binDirectory.view());
+    EXPECT_EQ(Shown(L"Folder of the script"), programTexts.binDirectory.view());
     // clang-format off
     const std::pair<int, const wchar_t*> kChosen[] = {
         {kDim,          L"After 45 Mins"}, {kMonitorOff,     L"After 7 Hrs"},  {kLock,      L"After 1 Min"},
@@ -42,9 +39,9 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
           L"Appsensorname=Nightly_Backup RunScriptBeforePowerOff=Yes IdleCPULoad=99 IdleCPULoadFlag=No "
           L"TrackingPrinterFlag=Yes]";
 
-    Do({{kEditor, kNewScheme}, {kEditor, kNewSchemeName, L"Night_shift"}, {kEditor, IDOK}});
+    Do({{kNewScheme}, {kNewSchemeName, L"Night_shift"}, {IDOK}});
     ExpectSent(L"CreateScheme", settings);
-    EXPECT_FALSE(IsShown(kSaveNewScheme) || IsShown(kApplyScheme));
+    EXPECT_FALSE(IsShown(Find(kSaveNewScheme)) || IsShown(Find(kApplyScheme)));
     Do({{kEditorScheme, L"Night_shift"}});
     ExpectSent(L"QueryPowerScheme", L"scheme=Night_shift");
     for (const auto& [id, text] : kChosen)
@@ -53,10 +50,10 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
     ExpectSent(L"ApplyPowerSettings", settings);
     EXPECT_EQ(SelectedText(WindowOf(WindowId::Main), 5001), L"Night_shift");
     Do({{kEditorScheme, L"Minimum"}});
-    EXPECT_TRUE(IsShown(kApplyScheme));
+    EXPECT_TRUE(IsShown(Find(kApplyScheme)));
     Do({{kApplyScheme}});
     ExpectSent(L"ApplyPowerScheme", L"scheme=Minimum");
-    EXPECT_FALSE(IsShown(kApplyScheme));
+    EXPECT_FALSE(IsShown(Find(kApplyScheme)));
 
     boxes.Expect({{L"Delete Scheme",
                       L"Are you sure you want to delete the power scheme 'Night_shift'?\n Press 'Yes' to continue..",
@@ -65,10 +62,10 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
             Answer::Yes}});
     Do({{kEditorScheme, L"Night_shift"}, {kDeleteScheme}});
     ExpectSent(L"DeleteScheme", L"scheme=Night_shift");
-    EXPECT_EQ(ComboBox_GetCount(In(kEditorScheme)), 5);
+    EXPECT_EQ(ComboBox_GetCount(Find(kEditorScheme)), 5);
     Do({{kPolicyList, L"Nightly_Backup"}, {kDeletePolicy}});
     ExpectSent(L"DeletePolicy", L"policy=Nightly_Backup");
-    EXPECT_EQ(ComboBox_GetCount(In(kPolicyList)), 2);
+    EXPECT_EQ(ComboBox_GetCount(Find(kPolicyList)), 2);
     EXPECT_EQ(Shown(kPolicyList), L"(None)");
     EXPECT_FALSE(IsOn(kEditPolicy) || IsOn(kDeletePolicy));
 }
@@ -174,14 +171,15 @@ TEST_F(SchemeWindow, AnUnreadableSchemeLeavesTheWindowAsItWas)
         connection.connected = false;
         Do({{kEditorRefresh}});
         EXPECT_TRUE(IsOn(kSaveAndApply) && IsOn(kSaveNewScheme));
-        EXPECT_EQ(ComboBox_GetCount(In(kPolicyList)), 1); // "(None)"
+        EXPECT_EQ(ComboBox_GetCount(Find(kPolicyList)), 1); // "(None)"
     }
 }
 
 TEST_F(SchemeWindow, ANewNameIsCheckedAndTheWaysOut)
 {
     Do({{kDim, L"After 20 Mins"}, {kNewScheme}});
-    EXPECT_TRUE(IsShown(kNewSchemeName) && IsShown(kSaveNewScheme) && !IsOn(kSaveAndApply) && !IsOn(kDeleteScheme));
+    EXPECT_TRUE(
+        IsShown(Find(kNewSchemeName)) && IsShown(Find(kSaveNewScheme)) && !IsOn(kSaveAndApply) && !IsOn(kDeleteScheme));
     constexpr const wchar_t* kTyping = L"Invalid Scheme Name ";
     ExpectRefused(kNewSchemeName, kSaveNewScheme, kTyping,
         {{L"a ", kTyping, L"Please follow the rules listed below while entering a 'Scheme Name':\n\n (1) Only"},
@@ -189,10 +187,10 @@ TEST_F(SchemeWindow, ANewNameIsCheckedAndTheWaysOut)
     TypeUnits(kNewSchemeName, L"abcdefghijklmnopqrstuvwxyz0123456789");
     EXPECT_EQ(Shown(kNewSchemeName), L"abcdefghijklmnopqrstuvwxyz012345");
     Do({{kEditSettings}});
-    EXPECT_FALSE(IsShown(kNewSchemeName) || IsShown(kSaveNewScheme));
+    EXPECT_FALSE(IsShown(Find(kNewSchemeName)) || IsShown(Find(kSaveNewScheme)));
     EXPECT_EQ(Shown(kDim), L"After 20 Mins");
     SetForegroundWindow(WindowOf(kEditor));
-    SetFocus(In(kEditorScheme));
+    SetFocus(Find(kEditorScheme));
     Press(VK_RETURN);
     EXPECT_FALSE(IsOpen(kEditor));
     EXPECT_EQ(WaitForSingleObject(SchemeWindowClosed(), 0), WAIT_OBJECT_0);
@@ -215,7 +213,7 @@ TEST_F(SchemeWindow, RefreshesInTheBackground)
         for (const int id : std::initializer_list<int>{kDim, kSaveAndApply, kSleepChoice, kNewPolicy, kEditPolicy})
             EXPECT_FALSE(IsOn(id)) << id;
         EXPECT_TRUE(WaitFor(isReady) && IsOn(kDim));
-        EXPECT_FALSE(IsShown(kEditorBusy) || IsShown(kSaveNewScheme));
+        EXPECT_FALSE(IsShown(Find(kEditorBusy)) || IsShown(Find(kSaveNewScheme)));
     };
     ASSERT_TRUE(StartWorkers());
     Do({{kDim, L"After 20 Mins"}});

@@ -1,9 +1,6 @@
 #include "savings/profile_window.h"
 
 #include "savings/profile_record.h"
-#include "savings/saved_profile.h"
-#include "savings/shown_day.h"
-#include "simulator/xml.h"
 #include "support/program.h"
 
 namespace voltaro {
@@ -20,13 +17,8 @@ struct ProfileWindowTest : testing::Test, LoadedProgram {
         SetChecked(m_window, id, true); // as the user's click leaves it
         Click(id);
     }
-    void Set(int id, const wchar_t* text) { Do({{WindowId::Profile, id, text}}); }
-    [[nodiscard]] std::wstring Shown(int id) const
-    {
-        return ClassOf(ControlOf(m_window, id)) == WC_EDITW ? TextOf(m_window, id) : SelectedText(m_window, id);
-    }
-    [[nodiscard]] std::wstring Watts() const { return Shown(kMonitorOn) + L" " + Shown(kMonitorOff); }
-    [[nodiscard]] static bool IsOn(int id) { return LoadedProgram::IsOn(WindowId::Profile, id); }
+    void Set(int id, const wchar_t* text) { Do({{id, text}}); }
+    [[nodiscard]] static std::wstring Watts() { return Shown(kMonitorOn) + L" " + Shown(kMonitorOff); }
     const HWND m_window = WindowOf(WindowId::Profile);
 };
 

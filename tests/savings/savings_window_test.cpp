@@ -1,8 +1,6 @@
 #include "savings/savings_window.h"
 
 #include "savings/graph_view.h"
-#include "savings/saved_profile.h"
-#include "savings/shown_day.h"
 #include "support/pixels.h"
 #include "support/program.h"
 

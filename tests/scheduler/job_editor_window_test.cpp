@@ -13,23 +13,22 @@ TEST_F(JobEditorWindowTest, RefusesWhatIsWrong)
 {
     const auto expectRefused = [&](const Step& field, const wchar_t* button, const ExpectedBox& box) {
         boxes.Expect({box});
-        Do({field, {field.window, button}});
+        Do({field, {button}});
         boxes.ExpectAllSeen();
-        EXPECT_EQ(Text(field.window, field.control), L"");
-        EXPECT_EQ(GetFocus(), Find(field.window, field.control));
+        EXPECT_EQ(Shown(field.control), L"");
+        EXPECT_EQ(GetFocus(), Find(field.control));
     };
-    Do({{kList, L"Add Job.."}});
-    expectRefused({kEditor, L"Job Name :", L"nightly BACKUP"}, L"Save",
+    Do({{L"Add Job.."}});
+    expectRefused({L"Job Name :", L"nightly BACKUP"}, L"Save",
         {L"Job with name already in the list ", L"Job with name ' nightly BACKUP ' already exists"});
     ClickTab(m_tabs, 1);
     AddTask(L"C:\\a.exe");
-    expectRefused({kTasks, L".exe/.bat File Path :", L"C:\\A.EXE"}, L"Add Task",
+    expectRefused({L".exe/.bat File Path :", L"C:\\A.EXE"}, L"Add Task",
         {L"Application exe already in the list ", L"Application ' C:\\A.EXE ' already exists"});
     boxes.Expect(
         {{L"Invalid Schedule", L"day"}, {L"Invalid Schedule", L"month"}, {L"Invalid Schedule", L"cannot come after"}});
-    Do({{kEditor, L"Job Name :", L"two words"}, {kEditor, L"Weekly"}, {kEditor, L"Save"}, {kEditor, L"Monthly"},
-        {kEditor, L"Save"}, {kEditor, L"June"}, {kEditor, L"Job Start On :", L"20"}, {kEditor, L"Job End On :", L"19"},
-        {kEditor, L"Save"}, {kEditor, L"Job End On :", L"20"}, {kEditor, L"Save"}});
+    Do({{L"Job Name :", L"two words"}, {L"Weekly"}, {L"Save"}, {L"Monthly"}, {L"Save"}, {L"June"},
+        {L"Job Start On :", L"20"}, {L"Job End On :", L"19"}, {L"Save"}, {L"Job End On :", L"20"}, {L"Save"}});
     EXPECT_EQ(Column(Jobs(), 0), L"Morning wake up,Nightly backup,Quarter closing,two words");
 }
 
@@ -50,17 +49,17 @@ TEST_F(JobEditorWindowTest, EachKindHasItsControls)
         {L"Monthly", L"Enable Job*", 0, L"*******", L"StartDate=NULL EndDate=NULL Frequency_2[JobStart=AST]"}};
     for (const auto& step : kSteps) {
         Edit(1);
-        Do({{kEditor, step.click}, {kEditor, L"Date :", L"2031-12-24"}, {kEditor, step.with}});
+        Do({{step.click}, {L"Date :", L"2031-12-24"}, {step.with}});
         for (const wchar_t* radio :
             {L"On Date", L"Weekly", L"Monthly", L"Job Name :"}) // the focus alone chooses nothing
-            SetFocus(Find(kEditor, radio));
+            SetFocus(Find(radio));
         for (std::size_t i = 0; i < std::size(kFirst); ++i) {
-            const HWND control = Find(kEditor, kFirst[i]);
+            const HWND control = Find(kFirst[i]);
             EXPECT_EQ(IsShown(i == 0 ? GetWindow(control, GW_HWNDPREV) : control), i == step.shown);
         }
-        Do({{kEditor, L"Update"}});
+        Do({{L"Update"}});
         EXPECT_EQ(CellOf(Jobs(), 1, 3), step.cell);
-        Do({{kList, L"Save"}});
+        Do({{L"Save"}});
         EXPECT_NE(Line(Machine().jobs.children[1]).find(step.stored), std::wstring::npos) << step.stored;
     }
 }
@@ -69,27 +68,27 @@ TEST_F(JobEditorWindowTest, TasksUpToSeven)
 {
     boxes.Expect({{L"Max Task limit reached.", L"max. limit of 7 tasks per Job is reached."}});
     Edit(1);
-    EXPECT_FALSE(IsOn(kTasks, L"Update Task") || IsOn(kTasks, L"Delete"));
+    EXPECT_FALSE(IsOn(L"Update Task") || IsOn(L"Delete"));
     for (const wchar_t* path : {L"3.exe", L"4.exe", L"5.EXE", L"6.BAT", L"7.exe", L"8.exe"})
         AddTask(path);
-    EXPECT_FALSE(IsOn(kTasks, L"Add Task"));
+    EXPECT_FALSE(IsOn(L"Add Task"));
     EXPECT_EQ(RowCount(Tasks()), 7);
-    Do({{kTasks, L".exe/.bat File Path :", L"9.exe"}});
-    SetFocus(Find(kTasks, L".exe/.bat File Path :"));
+    Do({{L".exe/.bat File Path :", L"9.exe"}});
+    SetFocus(Find(L".exe/.bat File Path :"));
     boxes.Expect({{L"Entered Exe details are not saved", {}, Answer::No},
         {L"Entered Exe details are not saved", L"Are you sure you want to cancel the changes?", Answer::Yes}});
     Press(VK_RETURN); // no room: the default button
     EXPECT_TRUE(IsOpen(kEditor));
-    Do({{kEditor, L"Update"}});
+    Do({{L"Update"}});
     Edit(1);
     DoubleClick(Tasks(), 1);
     SelectRow(Tasks(), 0);
-    Do({{kTasks, L"Delete"}}); // above the loaded one
-    EXPECT_TRUE(IsOn(kTasks, L"Add Task"));
+    Do({{L"Delete"}}); // above the loaded one
+    EXPECT_TRUE(IsOn(L"Add Task"));
     EXPECT_EQ(Row(Tasks(), 0), L"C:\\Tools\\cleanup.bat\t23:30:00\t1 Hour");
-    Do({{kTasks, L".exe/.bat File Path :", L"D:\\c.bat"}, {kTasks, L"Repeat Interval :"}, {kTasks, L"Update Task"}});
+    Do({{L".exe/.bat File Path :", L"D:\\c.bat"}, {L"Repeat Interval :"}, {L"Update Task"}});
     EXPECT_EQ(Row(Tasks(), 0), L"D:\\c.bat\t23:30:00\t");
-    Do({{kEditor, L"Update"}});
+    Do({{L"Update"}});
     EXPECT_EQ(CellOf(Jobs(), 1, 4), L"6");
 }
 
@@ -105,32 +104,32 @@ TEST_F(JobEditorWindowTest, AsksBeforeInputIsDropped)
     Edit(2);
     for (const wchar_t* label :
         {L"Power scheme", L"Kind of power off", L"Upon Idleness Of :", L"Enable Application Sensor Policy "})
-        EXPECT_EQ(IsOn(kActions, label),
-            Button_GetCheck(Find(kActions, *label == L'P' ? L"Select Power Scheme" : L"Enable Power Off **")) != 0)
+        EXPECT_EQ(
+            IsOn(label), Button_GetCheck(Find(*label == L'P' ? L"Select Power Scheme" : L"Enable Power Off **")) != 0)
             << label;
     close({}, false);
     Edit(2);
-    Do({{kEditor, L"Enable Job*"}});
+    Do({{L"Enable Job*"}});
     close({{L"Changes not saved", kSure, Answer::No}}, true);
-    Do({{kEditor, L"Enable Job*"}, {kTasks, L"Command Line Parameters :", L"-x"}});
+    Do({{L"Enable Job*"}, {L"Command Line Parameters :", L"-x"}});
     close({{L"Entered Exe details are not saved", kSure, Answer::No}}, true);
-    Do({{kEditor, L"Enable Job*"}});
+    Do({{L"Enable Job*"}});
     close({{L"Changes not saved", {}, Answer::Yes}, {L"Entered Exe details are not saved", {}, Answer::Yes}}, false);
     Edit(2);
-    EXPECT_EQ(Text(kTasks, L"Command Line Parameters :"), L"");
-    Do({{kEditor, L"Update"}});
-    EXPECT_FALSE(IsOn(kList, L"Save")); // nothing changed
+    EXPECT_EQ(Shown(L"Command Line Parameters :"), L"");
+    Do({{L"Update"}});
+    EXPECT_FALSE(IsOn(L"Save")); // nothing changed
     Add(L"Bare");
     boxes.Expect({{L"No Task Defined",
         L"This Job does not have any task defined.\nDo you want configure tasks for this job now?", Answer::Yes}});
-    Do({{kEditor, L"Save"}});
-    EXPECT_EQ(GetFocus(), Find(kTasks, L".exe/.bat File Path :"));
+    Do({{L"Save"}});
+    EXPECT_EQ(GetFocus(), Find(L".exe/.bat File Path :"));
     close({{L"Changes not saved", {}, Answer::Yes}}, false);
 }
 
 TEST_F(JobEditorWindowTest, KeepsWhatNoChoiceHas)
 {
-    Do({{kList, L"Cancel"}});
+    Do({{L"Cancel"}});
     const std::wstring longText(300, L'x');
     AnswerWith(L"GetCurrentSchedulerSettings",
         Replaced(
@@ -144,14 +143,13 @@ TEST_F(JobEditorWindowTest, KeepsWhatNoChoiceHas)
     Open();
     EXPECT_EQ(Row(Jobs(), 0), L"Odd\t" + longText + L"\t1:02:3\tMonthly\t1\tRestart\t10 Mins");
     Edit(0);
-    EXPECT_EQ(Text(kActions, L"Power scheme") + Text(kEditor, L"Job Start On :"), L"Gone5");
+    EXPECT_EQ(Shown(L"Power scheme") + Shown(L"Job Start On :"), L"Gone5");
     Agent().ScriptReply(L"ApplySchedulerSettings", L"<vltp><response><status>Success</status></response></vltp>");
-    Do({{kEditor, L"Update"}});
-    EXPECT_FALSE(IsOn(kList, L"Save")); // nothing changed
+    Do({{L"Update"}});
+    EXPECT_FALSE(IsOn(L"Save")); // nothing changed
     Edit(0);
     DoubleClick(Tasks(), 0);
-    Do({{kTasks, L"Command Line Parameters :", L"-x"}, {kTasks, L"Update Task"}, {kActions, L"Wake Up from Standby"},
-        {kEditor, L"Update"}, {kList, L"Save"}});
+    Do({{L"Command Line Parameters :", L"-x"}, {L"Update Task"}, {L"Wake Up from Standby"}, {L"Update"}, {L"Save"}});
     ExpectSent(L"ApplySchedulerSettings",
         L"details[Job_1[Name=Odd Description=" + longText
             + L" EnabledFlag=on Schedule_1[StartTime=1:02:3 StartDate=5 "
@@ -164,12 +162,12 @@ TEST_F(JobEditorWindowTest, KeepsWhatNoChoiceHas)
 TEST_F(JobEditorWindowTest, Keyboard)
 {
     Edit(1);
-    EXPECT_EQ(GetFocus(), Find(kEditor, L"Job Name :"));
+    EXPECT_EQ(GetFocus(), Find(L"Job Name :"));
     Press(VK_TAB, VK_CONTROL);
     EXPECT_TRUE(SelectedTab(m_tabs) == 1 && IsOpen(kTasks) && !IsOpen(kActions));
     platformCalls.chooseFile
         = [](HWND, const FileDialog&) { return std::optional<std::wstring>(L"C:\\from dialog.exe"); };
-    Do({{kTasks, L"..."}});
+    Do({{L"..."}});
     Press(VK_RETURN); // in filled fields: adds the task
     EXPECT_EQ(CellOf(Tasks(), 2, 0), L"C:\\from dialog.exe");
     SetFocus(Tasks());
@@ -178,13 +176,13 @@ TEST_F(JobEditorWindowTest, Keyboard)
     EXPECT_EQ(RowCount(Tasks()), 2);
     EXPECT_EQ(SelectedRow(Tasks()), 1) << "the last one was deleted";
     Press(VK_RETURN); // on a task: loads it
-    EXPECT_EQ(Text(kTasks, L".exe/.bat File Path :"), L"C:\\Tools\\cleanup.bat");
+    EXPECT_EQ(Shown(L".exe/.bat File Path :"), L"C:\\Tools\\cleanup.bat");
     Press(VK_RETURN); // in its fields: stores it
-    EXPECT_EQ(Text(kTasks, L".exe/.bat File Path :"), L"");
+    EXPECT_EQ(Shown(L".exe/.bat File Path :"), L"");
     EXPECT_TRUE(IsOpen(kEditor) && RowCount(Tasks()) == 2);
     DoubleClick(Tasks(), 1);
-    Do({{kTasks, L"Delete"}});
-    EXPECT_TRUE(Text(kTasks, L".exe/.bat File Path :").empty() && !IsOn(kTasks, L"Update Task"));
+    Do({{L"Delete"}});
+    EXPECT_TRUE(Shown(L".exe/.bat File Path :").empty() && !IsOn(L"Update Task"));
 }
 
 } // namespace voltaro

@@ -3,7 +3,6 @@
 #include "base/computer_name.h"
 #include "scheduler/job_document.h"
 #include "scheduler/scheduler_program.h"
-#include "simulator/xml.h"
 
 namespace voltaro {
 
@@ -16,7 +15,7 @@ struct JobListWindowTest : testing::Test, SchedulerProgram {
         for (const Element& job : Machine().jobs.children)
             agent.append(agent.empty() ? L"" : L",").append(job.children[0].text);
         EXPECT_EQ(screen == agent, stored) << agent;
-        EXPECT_EQ(IsOn(kList, L"Save"), !stored);
+        EXPECT_EQ(IsOn(L"Save"), !stored);
         return screen;
     }
 };
@@ -26,20 +25,19 @@ TEST_F(JobListWindowTest, TheAgentsListFollowsTheScreen)
     EXPECT_EQ(JobNames(true), L"Morning wake up,Nightly backup,Quarter closing");
     EXPECT_EQ(
         Row(Jobs(), 1), L"Nightly backup\tCopy the day's work & power off\t22:30:00\t*******\t2\tShutdown\t15 Mins");
-    EXPECT_EQ(Text(kList, L"Host Name :"), ComputerName());
+    EXPECT_EQ(Shown(L"Host Name :"), ComputerName());
     Add(L"Long day");
-    Do({{kEditor, L"Job Description :", L"<late> & \x00E9"}, {kEditor, L"Job start time :", L"06:07:08"},
-        {kEditor, L"Monthly"}, {kEditor, L"February"}, {kEditor, L"December"}, {kEditor, L"Job Start On :", L"09"},
-        {kEditor, L"Enable Job*"}, {kActions, L"Wake Up from Standby"}, {kActions, L"Select Power Scheme"},
-        {kActions, L"Power scheme", L"Office_Hours"}, {kActions, L"Enable Power Off **"},
-        {kActions, L"Kind of power off", L"Hibernate"}, {kActions, L"Upon Idleness Of :", L"2 Hrs"},
-        {kTasks, L"End Time :", L"20:30:05"}, {kTasks, L"Command Line Parameters :", L"-a \"b\""},
-        {kTasks, L"Repeat Interval :"}, {kTasks, L"Length of the repeat interval", L"1 Hour"}});
+    Do({{L"Job Description :", L"<late> & \x00E9"}, {L"Job start time :", L"06:07:08"}, {L"Monthly"}, {L"February"},
+        {L"December"}, {L"Job Start On :", L"09"}, {L"Enable Job*"}, {L"Wake Up from Standby"},
+        {L"Select Power Scheme"}, {L"Power scheme", L"Office_Hours"}, {L"Enable Power Off **"},
+        {L"Kind of power off", L"Hibernate"}, {L"Upon Idleness Of :", L"2 Hrs"}, {L"End Time :", L"20:30:05"},
+        {L"Command Line Parameters :", L"-a \"b\""}, {L"Repeat Interval :"},
+        {L"Length of the repeat interval", L"1 Hour"}});
     AddTask(L"C:\\x (1)\\run.exe");
-    Do({{kEditor, L"Save"}});
+    Do({{L"Save"}});
     EXPECT_EQ(JobNames(false), L"Morning wake up,Nightly backup,Quarter closing,Long day");
     Agent().ClearRequests();
-    Do({{kList, L"Save"}});
+    Do({{L"Save"}});
     EXPECT_EQ(TakeOperations(),
         (Operations{L"GetActivationstatus", L"ApplySchedulerSettings", L"GetCurrentSchedulerSettings"}));
     static_cast<void>(JobNames(true));
@@ -54,9 +52,9 @@ TEST_F(JobListWindowTest, TheAgentsListFollowsTheScreen)
             L"If you delete the 'Morning wake up' job, all scheduled tasks associated with it will be "
             L"deleted.\n\nDo you want to continue?",
             Answer::Yes}});
-    Do({{kList, L"Delete Job"}});
+    Do({{L"Delete Job"}});
     static_cast<void>(JobNames(true));
-    Do({{kList, L"Delete Job"}, {kList, L"OK"}});
+    Do({{L"Delete Job"}, {L"OK"}});
     EXPECT_FALSE(IsOpen(kList));
     Open();
     EXPECT_EQ(JobNames(true), L"Nightly backup,Quarter closing,Long day");
@@ -64,7 +62,7 @@ TEST_F(JobListWindowTest, TheAgentsListFollowsTheScreen)
         L"Are you sure you want to remove all scheduled jobs from '" + ComputerName()
             + L"' System?\n\n All jobs and associated tasks will be deleted.",
         Answer::Yes}});
-    Do({{kList, L"Remove All Scheduled Jobs"}});
+    Do({{L"Remove All Scheduled Jobs"}});
     EXPECT_EQ(JobNames(true), L"");
 }
 
@@ -72,14 +70,14 @@ TEST_F(JobListWindowTest, WhatIsNotStoredIsKept)
 {
     boxes.Expect({{L"No Task Defined", {}, Answer::No}});
     Add(L"Kept");
-    Do({{kEditor, L"Save"}});
+    Do({{L"Save"}});
     const Element before = Machine().jobs;
     for (const wchar_t* button : {L"Save", L"OK", L"Remove All Scheduled Jobs"}) {
         const auto expectKept = [&](const ExpectedBox& box) {
             if (button[0] == L'R')
                 boxes.Expect({{L"Delete all Jobs", {}, Answer::Yes}});
             boxes.Expect({box});
-            Do({{kList, button}});
+            Do({{button}});
             Machine().jobs = before; // a scripted refusal stands for an agent that stored nothing
             EXPECT_EQ(JobNames(false), L"Morning wake up,Nightly backup,Quarter closing,Kept");
             EXPECT_TRUE(IsOpen(kList));
@@ -95,16 +93,16 @@ TEST_F(JobListWindowTest, WhatIsNotStoredIsKept)
     }
     MainCommand(kReinitialize);
     Agent().ClearFaults();
-    Do({{kList, L"Save"}});
+    Do({{L"Save"}});
     EXPECT_EQ(JobNames(true), L"Morning wake up,Nightly backup,Quarter closing,Kept");
 }
 
 // An answer without a list opens nothing: an empty list on the screen would be stored with the next job.
 TEST_F(JobListWindowTest, OddAnswers)
 {
+    Do({{L"Cancel"}});
     for (const auto& [answer, box] :
         {std::pair(kMalformed, L"Job Scheduler"), {L"Failure", L"Job Scheduler"}, {kNoAnswer, L"Connection Issue"}}) {
-        Do({{kList, L"Cancel"}});
         boxes.Expect({{box, {}}});
         AnswerWith(L"GetCurrentSchedulerSettings", answer);
         Open();
@@ -118,7 +116,7 @@ TEST_F(JobListWindowTest, OddAnswers)
         Open();
         EXPECT_TRUE(IsOpen(kList)) << answer;
         EXPECT_EQ(RowCount(Jobs()), 0);
-        Do({{kList, L"Cancel"}});
+        Do({{L"Cancel"}});
     }
     ScheduledJob job; // each character of the parameters takes five in a request: just too long to be read back
     job.name = L"n";
@@ -129,7 +127,7 @@ TEST_F(JobListWindowTest, OddAnswers)
     Open();
     SelectRow(Jobs(), 0);
     boxes.Expect({{L"Delete Job", {}, Answer::Yes}, {L"Save failed", L"Unable to save the scheduled jobs."}});
-    Do({{kList, L"Delete Job"}, {kList, L"Save"}});
+    Do({{L"Delete Job"}, {L"Save"}});
     EXPECT_TRUE(RowCount(Jobs()) == 6 && LastRequest(L"ApplySchedulerSettings").empty());
 }
 
@@ -138,27 +136,27 @@ TEST(JobLimitTest, TenJobs)
     SchedulerProgram program(L"manyjobs");
     program.boxes.Expect({{L"Delete Job", {}, Answer::Yes}, {L"No Task Defined", {}, Answer::No}});
     const auto expectFull = [&](bool full) {
-        EXPECT_EQ(IsShown(Labelled(WindowOf(kList), L"Add Job..")), !full);
+        EXPECT_EQ(IsShown(program.Find(L"Add Job..")), !full);
         for (const wchar_t* line : {L"Voltaro users can schedule up to ten jobs. Ten jobs are already scheduled.",
                  L"Please delete one / more of the exisiting jobs, if you want to schedule new ones."})
-            EXPECT_EQ(IsShown(GetWindow(Labelled(WindowOf(kList), line), GW_HWNDPREV)), full);
+            EXPECT_EQ(IsShown(GetWindow(program.Find(line), GW_HWNDPREV)), full);
     };
     SelectRow(program.Jobs(), 9);
     expectFull(true);
-    program.Do({{kList, L"Delete Job"}});
+    program.Do({{L"Delete Job"}});
     expectFull(false);
     program.Add(L"Tenth");
-    program.Do({{kEditor, L"Save"}});
+    program.Do({{L"Save"}});
     expectFull(true);
 }
 
 TEST_F(JobListWindowTest, KeyboardMouseAndClosing)
 {
-    EXPECT_FALSE(IsOn(kList, L"Modify Job..") || IsOn(kList, L"Delete Job"));
+    EXPECT_FALSE(IsOn(L"Modify Job..") || IsOn(L"Delete Job"));
     EXPECT_EQ(GetFocus(), Jobs());
     Press(VK_DOWN);
     Press(VK_RETURN);
-    EXPECT_EQ(Text(kEditor, L"Job Name :"), L"Morning wake up");
+    EXPECT_EQ(Shown(L"Job Name :"), L"Morning wake up");
     Open(); // it is open, under its editor
     SendMessageW(WindowOf(kList), WM_CLOSE, 0, 0);
     Command(kList, IDCANCEL);
@@ -167,7 +165,7 @@ TEST_F(JobListWindowTest, KeyboardMouseAndClosing)
     EXPECT_TRUE(IsEnabled(WindowOf(kList)) && !IsOpen(kEditor));
     EXPECT_EQ(GetFocus(), Jobs());
     DoubleClick(Jobs(), 1);
-    EXPECT_EQ(Text(kEditor, L"Job Name :"), L"Nightly backup");
+    EXPECT_EQ(Shown(L"Job Name :"), L"Nightly backup");
     Press(VK_ESCAPE);
     EXPECT_EQ(TipOver(Jobs(), 2), L"This job is not enabled and does not run.");
     const ExpectedBox unsaved = {L"Changes not saved", L"Are you sure you want to cancel the changes?", Answer::No};

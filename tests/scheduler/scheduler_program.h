@@ -20,13 +20,13 @@ struct SchedulerProgram : LoadedProgram {
     void Edit(int row)
     {
         SelectRow(Jobs(), row);
-        Do({{kList, L"Modify Job.."}});
+        Do({{L"Modify Job.."}});
     }
-    void Add(const wchar_t* name) { Do({{kList, L"Add Job.."}, {kEditor, L"Job Name :", name}}); }
-    void AddTask(const wchar_t* path) { Do({{kTasks, L".exe/.bat File Path :", path}, {kTasks, L"Add Task"}}); }
+    void Add(const wchar_t* name) { Do({{L"Add Job.."}, {L"Job Name :", name}}); }
+    void AddTask(const wchar_t* path) { Do({{L".exe/.bat File Path :", path}, {L"Add Task"}}); }
 
-    [[nodiscard]] static HWND Jobs() { return Find(kList, L"Scheduled Job List"); }
-    [[nodiscard]] static HWND Tasks() { return Find(kTasks, L"Scheduled Task List"); }
+    [[nodiscard]] static HWND Jobs() { return Find(L"Scheduled Job List", kList); }
+    [[nodiscard]] static HWND Tasks() { return Find(L"Scheduled Task List", kEditor); }
     // A row on one line; a column of all rows.
     [[nodiscard]] static std::wstring Row(HWND list, int row)
     {

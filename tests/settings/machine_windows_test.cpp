@@ -23,7 +23,7 @@ TEST_F(MachineWindows, TheLoadFillsAllPagesAndCopyAllTakesThem)
     // clang-format on
     std::wstring all;
     for (const auto& row : kLists) {
-        const HWND list = Find(row.page, row.list);
+        const HWND list = Find(row.list, row.page);
         EXPECT_EQ(RowCount(list), row.rows) << row.list;
         EXPECT_TRUE(CellOf(list, 0, 0) == row.name && CellOf(list, 0, 1) == row.value) << row.name;
         all += row.title + (L"\r\n" + Replaced(ListText(list, false), L" \t \r\n", L"\r\n")) + L"\r\n";
@@ -42,7 +42,7 @@ TEST_F(MachineWindows, TheLoadFillsAllPagesAndCopyAllTakesThem)
     EXPECT_EQ(TakeOperations(), Operations{});
     ClickTab(FindWindowExW(WindowOf(WindowId::SystemInfo), nullptr, WC_TABCONTROLW, nullptr), 2);
     EXPECT_TRUE(IsOpen(WindowId::SystemInfoOs) && !IsOpen(WindowId::SystemInfoCpu));
-    Command(WindowId::SystemInfo, GetDlgCtrlID(Find(WindowId::SystemInfo, L"Copy all")));
+    Command(WindowId::SystemInfo, GetDlgCtrlID(Find(L"Copy all", WindowId::SystemInfo)));
     EXPECT_EQ(ClipboardText(), all);
 }
 
@@ -51,9 +51,9 @@ TEST(SystemInfoTest, RefreshKeepsTheUsersPlace)
     LoadedProgram program(L"large");
     ASSERT_TRUE(StartWorkers());
     program.MainCommand(kSystemInfo);
-    const HWND list = program.Find(WindowId::SystemInfoDisks, L"Logical Disk List");
-    const HWND refresh = program.Find(WindowId::SystemInfo, L"Refresh");
-    const HWND busy = program.Find(WindowId::SystemInfo, L"Refreshing, please wait ..");
+    const HWND list = program.Find(L"Logical Disk List", WindowId::SystemInfoDisks);
+    const HWND refresh = program.Find(L"Refresh", WindowId::SystemInfo);
+    const HWND busy = program.Find(L"Refreshing, please wait ..", WindowId::SystemInfo);
     ASSERT_EQ(RowCount(list), 500);
     SelectRow(list, 303);
     program.Agent().SetFault(L"GetSystemDetails", {FaultKind::Late, L"100"});
@@ -78,10 +78,10 @@ TEST_F(MachineWindows, TheBatteryWindowShowsChargeStatusAndRows)
 {
     MainCommand(kBatteryInfo);
     EXPECT_EQ(TakeOperations(), Operations{L"GetBatteryInfo"});
-    const HWND bar = Find(WindowId::Battery, L"Battery charge");
-    const HWND list = Find(WindowId::Battery, L"Battery info List");
+    const HWND bar = Find(L"Battery charge", WindowId::Battery);
+    const HWND list = Find(L"Battery info List", WindowId::Battery);
     EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 87);
-    EXPECT_EQ(Text(WindowId::Battery, L"Status :"), L"Charging, remaining time 3 Hrs : 25 Mins");
+    EXPECT_EQ(Shown(L"Status :", WindowId::Battery), L"Charging, remaining time 3 Hrs : 25 Mins");
     EXPECT_EQ(ListText(list, false),
         L"Description\tValue\r\nPower Source\tOn AC\r\nBattery Status\tCharging\r\nBattery Charge\t87 %\r\n"
         L"Remaining Time\t3 Hrs : 25 Mins\r\nCapacity\t48.90 Wh\r\nVoltage\t11.40 V\r\nChemistry\tLi-ion\r\n"
@@ -90,7 +90,7 @@ TEST_F(MachineWindows, TheBatteryWindowShowsChargeStatusAndRows)
         L"<vltp version=\"1.0\"><response><S>On Battery</S><B>Discharging</B><C>9 %</C></response></vltp>");
     SendMessageW(WindowOf(WindowId::Main), WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
     Pump();
-    EXPECT_EQ(Text(WindowId::Battery, L"Status :"), L"Discharging");
+    EXPECT_EQ(Shown(L"Status :", WindowId::Battery), L"Discharging");
     EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 9);
     Agent().ScriptReply(L"GetBatteryInfo", L"<vltp version=\"1.0\"><response>");
     Command(WindowId::Battery, ID_BATTERY_REFRESH);

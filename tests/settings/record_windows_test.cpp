@@ -1,5 +1,4 @@
 #include "settings/settings_rules.h"
-#include "simulator/xml.h"
 #include "support/program.h"
 
 namespace voltaro {
@@ -22,17 +21,13 @@ constexpr Editor kEditors[] = {
 struct RecordWindows : testing::Test, LoadedProgram {
     void Open(const Editor& editor)
     {
-        m_editor = &editor;
-        m_window = editor.window;
+        if (const Editor* before = std::exchange(m_editor, &editor))
+            Command(before->window, IDCANCEL);
         MainCommand(editor.command);
         TakeOperations();
     }
-    // What follows is done in the window opened last.
-    HWND Field(const wchar_t* label) { return Find(m_window, label); }
-    bool IsOn(const wchar_t* label) { return LoadedProgram::IsOn(m_window, label); }
-    bool IsTicked(const wchar_t* label) { return Button_GetCheck(Field(label)) != 0; }
-    std::wstring Shown(const wchar_t* label) { return Text(m_window, label); }
-    void Set(const wchar_t* label, const wchar_t* text = nullptr) { Do({{m_window, label, text}}); }
+    bool IsTicked(const wchar_t* label) { return Button_GetCheck(Find(label)) != 0; }
+    void Set(const wchar_t* label, const wchar_t* text = nullptr) { Do({{label, text}}); }
     void Apply() { Set(m_editor->button); }
     void ApplyAndExpect(const std::wstring& fields)
     {
@@ -58,7 +53,6 @@ struct RecordWindows : testing::Test, LoadedProgram {
         return line.substr(8, line.size() - 9); // inside "details[]"
     }
     const Editor* m_editor = nullptr;
-    WindowId m_window{};
 };
 
 TEST_F(RecordWindows, PortsTravelWhole)
@@ -66,8 +60,8 @@ TEST_F(RecordWindows, PortsTravelWhole)
     Open(kEditors[0]);
     EXPECT_EQ(Shown(L"Remote Manager 1 address"), L"192.168.20.11");
     EXPECT_FALSE(IsOn(L"Local Host address"));
-    SendMessageW(Field(L"Remote Manager 1 address"), IPM_CLEARADDRESS, 0, 0);
-    SendMessageW(Field(L"Remote Manager 2 address"), IPM_SETADDRESS, 0, MAKEIPADDRESS(10, 0, 7, 1));
+    SendMessageW(Find(L"Remote Manager 1 address"), IPM_CLEARADDRESS, 0, 0);
+    SendMessageW(Find(L"Remote Manager 2 address"), IPM_SETADDRESS, 0, MAKEIPADDRESS(10, 0, 7, 1));
     Set(L"Local Host");
     Set(L"Remote Manager 2");
     Set(L"TCP Port :", L"00080 tcp");
@@ -137,7 +131,7 @@ TEST_F(RecordWindows, FeaturesThatCannotBeControlledStay)
     EXPECT_TRUE(IsTicked(L"Disable USB Storage") && IsTicked(L"Disable Web Cam") && !IsTicked(L"Disable Blue Tooth"));
     Set(L"Disable USB Storage");
     Set(L"Disable Wake On LAN");
-    SetChecked(WindowOf(m_window), GetDlgCtrlID(Field(L"Disable CD/DVD Rom")), true);
+    SetChecked(WindowOf(m_editor->window), GetDlgCtrlID(Find(L"Disable CD/DVD Rom")), true);
     ApplyAndExpect(L"FireWall=NO UsbStorage=NO CDDVDRom=NA BlueTooth=NO WIFI=NO WebCam=YES RegistryEdit=NO "
                    L"BiosSettingsPassword=NO BiosPassWord= WLAN=YES");
     EXPECT_FALSE(IsTicked(L"Disable CD/DVD Rom"));
@@ -150,8 +144,8 @@ TEST_F(RecordWindows, WhatTheUserLeavesGoesBackAsItCame)
     const std::wstring host = OpenWith(kEditors[0],
         HostSettings{L"maybe", L"04916", L"4917 udp", kLong, L"", L"manager.office.example", L"YES", L"10.0.7.1", L"",
             kLong, L"on", L"off"});
-    EXPECT_TRUE(SendMessageW(Field(L"Remote Manager 1 address"), IPM_ISBLANK, 0, 0)) << "a name is no address";
-    const HWND address = Field(L"Remote Manager 2 address");
+    EXPECT_TRUE(SendMessageW(Find(L"Remote Manager 1 address"), IPM_ISBLANK, 0, 0)) << "a name is no address";
+    const HWND address = Find(L"Remote Manager 2 address");
     SendMessageW(address, IPM_CLEARADDRESS, 0, 0);
     SetWindowTextW(GetWindow(address, GW_CHILD), L"99"); // one number of four is no address
     ApplyAndExpect(host);
@@ -182,9 +176,9 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
         Open(kEditors[row.editor]);
         Set(row.label, row.text);
         boxes.Expect({row.box});
-        Command(m_window, IDOK);
+        Command(m_editor->window, IDOK);
         EXPECT_EQ(Shown(row.label), L"");
-        EXPECT_EQ(GetFocus(), Field(row.label)) << row.box.text;
+        EXPECT_EQ(GetFocus(), Find(row.label)) << row.box.text;
         EXPECT_EQ(TakeOperations(), Operations{});
     }
 }
@@ -201,7 +195,7 @@ TEST_F(RecordWindows, F5AsksBeforeItOverwritesWhatWasTyped)
         const std::wstring edited = shown();
         boxes.Expect({{L"Refresh", {}, Answer::No}, {L"Refresh", {}, Answer::Yes}});
         for (const bool again : {false, true}) {
-            Command(m_window, kRefreshKey);
+            Command(m_editor->window, kRefreshKey);
             EXPECT_EQ(TakeOperations(), again ? Operations{m_editor->read} : Operations{});
             EXPECT_EQ(shown(), again ? before : edited);
         }
@@ -213,7 +207,7 @@ TEST_F(RecordWindows, TellWhatTheAgentAnsweredAndTakeNoInputMeanwhile)
     static HWND button;
     for (const Editor& editor : kEditors) {
         Open(editor);
-        button = Field(editor.button);
+        button = Find(editor.button);
         const auto script = std::exchange(platformCalls.showMessageBox, [](const BoxCall& call) {
             const bool ended = call.caption != L"Unable to Set" || call.text.starts_with(L"Unable");
             EXPECT_EQ(IsEnabled(button) && IsEnabled(GetWindow(button, GW_HWNDNEXT)), ended) << call.text;
@@ -256,13 +250,13 @@ TEST_F(RecordWindows, ShowWhatTheyHaveWhateverTheAgentSends)
         for (const std::wstring& text :
             {longText, std::wstring(L"<vltp><response/></vltp>"), std::wstring(L"garbage")}) {
             Agent().ScriptReply(editor.read, text);
-            SetWindowTextW(Find(WindowId::AccessControl, L"UDP Port :"), L"9");
+            SetWindowTextW(Find(L"UDP Port :", WindowId::AccessControl), L"9");
             Open(editor);
             EXPECT_TRUE(IsOpen(editor.window)) << text;
             EXPECT_EQ(IsOn(editor.button), text == longText) << text;
             Command(editor.window, text == longText ? IDCANCEL : IDOK); // what is not known is not sent
             EXPECT_EQ(TakeOperations(), Operations{});
-            EXPECT_NE(Text(WindowId::AccessControl, L"UDP Port :") == L"9", editor.window == WindowId::AccessControl)
+            EXPECT_NE(Shown(L"UDP Port :", WindowId::AccessControl) == L"9", editor.window == WindowId::AccessControl)
                 << "left unsent";
             Command(editor.window, IDCANCEL);
         }

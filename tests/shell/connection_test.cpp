@@ -3,21 +3,15 @@
 
 #include "console/agent.h"
 #include "console/agent_lost.h"
-#include "console/agent_records.h"
-#include "console/background_refresh.h"
 #include "console/main_view.h"
 #include "link/document.h"
 #include "settings/machine_texts.h"
 #include "shell/main_window.h"
-#include "shell/program.h"
 #include "soak/held.h"
 #include "support/program.h"
-#include "ui/ui_thread.h"
 
 #include <algorithm>
-#include <atomic>
 #include <set>
-#include <thread>
 
 namespace voltaro {
 
@@ -103,7 +97,7 @@ TEST_F(ConnectionTest, OneLossOneBox)
     EXPECT_EQ(TakeOperations(), Operations{});
     for (const bool on : {false, true}) {
         for (const int id : {kChange, kLockScreen, kLogOff, kStandby, kHibernate, kShutdown, kRestart})
-            EXPECT_EQ(IsOn(WindowId::Main, id), on) << id;
+            EXPECT_EQ(IsOn(id), on) << id;
         Agent().ClearFaults();
         MainCommand(kReinitialize);
     }
@@ -245,7 +239,7 @@ TEST_F(ConnectionTest, ARefreshAskedForDuringARunIsMade)
     const Operations asked = TakeOperations();
     EXPECT_EQ(std::count(asked.begin(), asked.end(), L"GetSystemDetails"), 2);
     StopWorkers(StopOrder::MainWindowDestroyed);
-    EXPECT_TRUE(IsOn(WindowId::Main, kSchemeList)); // the user is still choosing
+    EXPECT_TRUE(IsOn(kSchemeList)); // the user is still choosing
 }
 
 static auto Records()

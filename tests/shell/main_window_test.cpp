@@ -1,6 +1,5 @@
 #include "shell/main_window.h"
 
-#include "console/agent_records.h"
 #include "resources/resource_ids.h"
 #include "shell/quick_actions.h"
 #include "support/pixels.h"
@@ -14,16 +13,16 @@ TEST_F(MainWindowTest, SetAppliesTheChosenSchemeAndTellsEachRefusal)
 {
     agentRecords.currentScheme.powerScheme = L"Gone"; // none that the agent lists
     MainCommand(kChange);
-    EXPECT_TRUE(IsOn(WindowId::Main, kSchemeList) && !IsOn(WindowId::Main, kSet));
-    Do({{WindowId::Main, kSchemeList, L"Minimum"}});
-    EXPECT_TRUE(IsOn(WindowId::Main, kSet));
+    EXPECT_TRUE(IsOn(kSchemeList) && !IsOn(kSet));
+    Do({{kSchemeList, L"Minimum"}});
+    EXPECT_TRUE(IsOn(kSet));
     SendMessageW(ControlOf(main, kSchemeList), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-    Command(WindowId::Main, kSchemeList, CBN_SELCHANGE);
-    EXPECT_FALSE(IsOn(WindowId::Main, kSet)); // nothing to set
-    Do({{WindowId::Main, kSchemeList, L"Minimum"}, {WindowId::Main, kSet}});
+    Command(main, kSchemeList, CBN_SELCHANGE);
+    EXPECT_FALSE(IsOn(kSet)); // nothing to set
+    Do({{kSchemeList, L"Minimum"}, {kSet}});
     ExpectSent(L"ApplyPowerScheme", L"scheme=Minimum");
     EXPECT_EQ(TakeOperations(), (Operations{L"GetActivationstatus", L"ApplyPowerScheme", L"GetCurrentpowersettings"}));
-    EXPECT_FALSE(IsOn(WindowId::Main, kSchemeList));
+    EXPECT_FALSE(IsOn(kSchemeList));
 
     const Change change = {.operation = L"ApplyPowerScheme",
         .failed = {L"Set Scheme Failed", L"Unable to Set Scheme."},

@@ -1,6 +1,4 @@
 // The windows about the program itself: its license, its updates and the about box.
-#include "link/exchange.h"
-#include "shell/update_window.h"
 #include "support/program.h"
 
 namespace voltaro {
@@ -18,25 +16,25 @@ struct ActivationTest : testing::Test, LoadedProgram {
     void Activate(const wchar_t* key, const ExpectedBox& box)
     {
         boxes.Expect({box});
-        Do({{kWindow, kKey, key}, {kWindow, kActivateButton}});
+        Do({{kKey, key}, {kActivateButton}});
     }
 };
 
 TEST_F(ActivationTest, SendsAKeyHoweverItWasPastedAndNothingElse)
 {
-    EXPECT_EQ(CellOf(Find(kWindow, kFields), 0, 1), L"Not Activated");
+    EXPECT_EQ(CellOf(Find(kFields), 0, 1), L"Not Activated");
     for (const wchar_t* key : {L"", L" - - ", L"abcd_EFGH", L"abcd\u00E9", L"<key>", L"a&b"}) {
         Activate(key, {L"Invalid activation key", {}});
-        EXPECT_EQ(Text(kWindow, kKey), L"");
+        EXPECT_EQ(Shown(kKey), L"");
         EXPECT_TRUE(TakeOperations().empty());
     }
     for (const wchar_t* key : {L"abcd-EFGH-1234-5678", L"abcdEFGH12345678", L"  abcd EFGH 1234 5678 ",
              L"abcd\u2013EFGH\u20131234\u20135678"}) {
         Activate(key, {L"Voltaro activated", L"Voltaro is activated now."});
         EXPECT_EQ(TakeOperations(), (Operations{L"ActivateLicense", L"GetActivationstatus", L"GetLicenseInfo"}));
-        EXPECT_EQ(Text(kWindow, kStateLine), L"Voltaro on 'Localhost' is activated.");
-        EXPECT_EQ(CellOf(Find(kWindow, kFields), 3, 1), L"abcdEFGH12345678");
-        EXPECT_EQ(Text(kWindow, kKey), L"");
+        EXPECT_EQ(Shown(kStateLine), L"Voltaro on 'Localhost' is activated.");
+        EXPECT_EQ(CellOf(Find(kFields), 3, 1), L"abcdEFGH12345678");
+        EXPECT_EQ(Shown(kKey), L"");
         static_cast<void>(ExchangePrepared(Operation::ActivateLicense));
         EXPECT_EQ(Agent().Requests().back().text, L"") << "the key does not stay in its buffer";
         TakeOperations();
@@ -53,12 +51,12 @@ TEST_F(ActivationTest, TellsWhatTheAgentAnswers)
                 L"The license of Voltaro on 'Localhost' has expired."}};
     for (const auto& [key, text, line] : kRows) {
         Activate(key, {L"Activation Failed", text});
-        EXPECT_EQ(Text(kWindow, kKey), key); // to be mended
-        EXPECT_EQ(Text(kWindow, kStateLine), line);
+        EXPECT_EQ(Shown(kKey), key); // to be mended
+        EXPECT_EQ(Shown(kStateLine), line);
     }
     Command(kWindow, IDCANCEL);
     MainCommand(kActivate);
-    EXPECT_EQ(Text(kWindow, kKey), L"");
+    EXPECT_EQ(Shown(kKey), L"");
     for (const auto& [reply, box] :
         {std::pair(L"Not Activated", ExpectedBox{L"Activation Failed", L"Voltaro is still not activated."}),
             {L"SUCCESS", {L"Voltaro activated", L"Voltaro is activated now."}},

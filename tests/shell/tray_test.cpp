@@ -5,8 +5,6 @@
 #include "support/fake_tray.h"
 #include "support/program.h"
 
-#include <thread>
-
 namespace voltaro {
 
 static void LeftClick()
@@ -178,9 +176,9 @@ TEST_F(PauseTest, ShowsEveryStatusAndAsksForTheHoursChosen)
         MainCommand(kPauseNone + hours);
         EXPECT_EQ(Look(), LookFor(hours));
         ExpectSent(L"Pause", Format(L"duration=%d", hours));
-        EXPECT_FALSE(IsOpen(WindowId::Main) || IsOn(WindowId::Main, kChange));
+        EXPECT_FALSE(IsOpen(WindowId::Main) || IsOn(kChange));
         MainCommand(hours % 2 ? kResume : kResumeButton);
-        EXPECT_TRUE(IsOn(WindowId::Main, kChange) && !notPaused); // until the next status is read
+        EXPECT_TRUE(IsOn(kChange) && !notPaused); // until the next status is read
     }
 }
 

@@ -1,11 +1,8 @@
-#include "shell/tray.h"
 #include "soak/held.h"
 #include "support/fake_tray.h"
 #include "support/program.h"
 
-#include <atomic>
 #include <random>
-#include <thread>
 
 namespace voltaro {
 namespace {

@@ -1,23 +1,13 @@
 #include "support/program.h"
 
-#include "console/agent_records.h"
-#include "console/background_refresh.h"
-#include "console/program_texts.h"
 #include "console/system_events.h"
 #include "link/host_config.h"
-#include "savings/saved_profile.h"
 #include "scheduler/job_controls.h"
 #include "settings/access_control_window.h"
 #include "settings/proxy_window.h"
 #include "shell/connection.h"
 #include "shell/pause.h"
-#include "shell/program.h"
-#include "shell/tray.h"
-#include "shell/update_window.h"
-#include "shell/window_table.h"
-#include "simulator/xml.h"
 #include "support/installation.h"
-#include "ui/ui_thread.h"
 
 #include <cstdio>
 
@@ -74,24 +64,56 @@ void ConsoleProgram::Load()
     Pump();
 }
 
-void ConsoleProgram::Command(WindowId window, int id, int notification)
+void ConsoleProgram::Command(HWND window, int id, int notification)
 {
-    const HWND handle = WindowOf(window);
-    SendMessageW(handle, WM_COMMAND, MAKEWPARAM(id, notification), reinterpret_cast<LPARAM>(GetDlgItem(handle, id)));
+    SendMessageW(window, WM_COMMAND, MAKEWPARAM(id, notification), reinterpret_cast<LPARAM>(GetDlgItem(window, id)));
     Pump();
+}
+
+std::vector<HWND> WithPages(HWND window)
+{
+    std::vector<HWND> windows = {window};
+    std::ranges::copy_if(windowHandles, std::back_inserter(windows), [=](HWND page) { return IsChild(window, page); });
+    return windows;
+}
+
+// Windows that lie over others have later identifiers.
+static HWND Front()
+{
+    const auto open = std::find_if(windowHandles.rbegin(), windowHandles.rend(), IsWindowVisible);
+    return open != windowHandles.rend() ? GetAncestor(*open, GA_ROOT) : WindowOf(WindowId::Main);
+}
+
+HWND ConsoleProgram::Find(ControlName name, WindowId window)
+{
+    const auto* label = std::get_if<const wchar_t*>(&name);
+    for (const HWND holder : WithPages(window != WindowId::Count ? WindowOf(window) : Front())) {
+        const HWND control = label ? Labelled(holder, *label) : GetDlgItem(holder, std::get<int>(name));
+        if (control != nullptr)
+            return control;
+    }
+    EXPECT_EQ(label, nullptr) << "no control " << *label;
+    return nullptr;
+}
+
+std::wstring ConsoleProgram::Shown(ControlName name, WindowId window)
+{
+    const HWND control = Find(name, window);
+    const bool isCombo = ClassOf(control) == WC_COMBOBOXW;
+    return isCombo ? SelectedText(GetParent(control), GetDlgCtrlID(control)) : WindowText(control);
 }
 
 void ConsoleProgram::Do(std::initializer_list<Step> steps)
 {
-    for (const auto& [window, name, text] : steps) {
-        const HWND control = Find(window, name);
+    for (const auto& [name, text] : steps) {
+        const HWND control = Find(name), window = control != nullptr ? GetParent(control) : Front();
         const int* given = std::get_if<int>(&name);
         const int id = given ? *given : GetDlgCtrlID(control);
         const std::wstring kind = ClassOf(control);
         if (kind == DATETIMEPICK_CLASSW) {
-            (text[2] == L':' ? ShowTime : ShowDate)(WindowOf(window), id, text);
+            (text[2] == L':' ? ShowTime : ShowDate)(window, id, text);
         } else if (kind == WC_COMBOBOXW) {
-            EXPECT_GE(SelectExact(WindowOf(window), id, text), 0) << text;
+            EXPECT_GE(SelectExact(window, id, text), 0) << text;
             Command(window, id, CBN_SELCHANGE);
         } else if (kind == WC_EDITW) {
             SendMessageW(control, EM_SETSEL, 0, -1);

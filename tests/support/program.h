@@ -3,15 +3,26 @@
 // The program in a test, and what the tests of its windows use throughout.
 #include "base/platform_calls.h"
 #include "base/text.h"
+#include "console/agent_records.h"
+#include "console/background_refresh.h"
 #include "console/connection_state.h"
 #include "console/main_hold.h"
+#include "console/program_texts.h"
 #include "console/ui_calls.h"
 #include "console/windows.h"
+#include "link/exchange.h"
+#include "savings/saved_profile.h"
+#include "savings/shown_day.h"
 #include "shell/about.h"
 #include "shell/main_commands.h"
 #include "shell/main_menus.h"
+#include "shell/program.h"
+#include "shell/tray.h"
+#include "shell/update_window.h"
+#include "shell/window_table.h"
 #include "shell/workers.h"
 #include "simulator/server.h"
+#include "simulator/xml.h"
 #include "support/box_script.h"
 #include "support/expectations.h"
 #include "support/test_window.h"
@@ -21,7 +32,10 @@
 #include "ui/menus.h"
 #include "ui/tabs.h"
 #include "ui/theme.h"
+#include "ui/ui_thread.h"
 
+#include <atomic>
+#include <thread>
 #include <variant>
 
 namespace voltaro {
@@ -49,10 +63,12 @@ using ControlName = std::variant<int, const wchar_t*>; // a control's id, or the
 
 // A step of the user: a button or a menu item is chosen; a combo box, a picker or an edit takes the text.
 struct Step {
-    WindowId window;
     ControlName control;
     const wchar_t* text = nullptr;
 };
+
+// A window and its pages.
+[[nodiscard]] std::vector<HWND> WithPages(HWND window);
 
 // The whole program in a test: all windows, hidden, against a simulated agent in a thread of its own. A transport
 // second lasts 100 ms. Nothing is loaded until Load, no workers run and no icon shows until a test starts them.
@@ -72,7 +88,8 @@ public:
     }
 
     // Sends a command as a click, a menu choice or a control's notification does, and serves what follows.
-    void Command(WindowId window, int id, int notification = 0);
+    void Command(HWND window, int id, int notification = 0);
+    void Command(WindowId window, int id) { Command(WindowOf(window), id); }
     void MainCommand(int id) { Command(WindowId::Main, id); }
     // Whether the main window takes input again, nothing lying over it.
     [[nodiscard]] static bool IsMainFree() { return IsEnabled(WindowOf(WindowId::Main)) && IsConsoleReady(); }
@@ -80,14 +97,14 @@ public:
     void Do(std::initializer_list<Step> steps);
     static void DoubleClick(HWND list, int row);
 
-    // A control, what it shows and whether it can be used.
-    [[nodiscard]] static HWND Find(WindowId window, ControlName name)
+    // A control of a window or its pages (else of the window that is open over all others), what it shows, chooses or
+    // holds, and whether it can be used.
+    [[nodiscard]] static HWND Find(ControlName name, WindowId window = WindowId::Count);
+    [[nodiscard]] static std::wstring Shown(ControlName name, WindowId window = WindowId::Count);
+    [[nodiscard]] static bool IsOn(ControlName name, WindowId window = WindowId::Count)
     {
-        const auto* label = std::get_if<const wchar_t*>(&name);
-        return label ? Labelled(WindowOf(window), *label) : ControlOf(WindowOf(window), std::get<int>(name));
+        return IsEnabled(Find(name, window));
     }
-    [[nodiscard]] static std::wstring Text(WindowId window, ControlName name) { return WindowText(Find(window, name)); }
-    [[nodiscard]] static bool IsOn(WindowId window, ControlName name) { return IsEnabled(Find(window, name)); }
 
     // The names of the operations that the agent received since the last call, in order.
     Operations TakeOperations();

@@ -1,8 +1,5 @@
-#include "savings/saved_profile.h"
 #include "savings/savings_window.h"
-#include "savings/shown_day.h"
 #include "shell/main_window.h"
-#include "shell/window_table.h"
 #include "support/pixels.h"
 #include "support/program.h"
 

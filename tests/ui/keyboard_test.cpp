@@ -1,7 +1,6 @@
 #include "base/computer_name.h"
 #include "power/scheme_pages.h"
 #include "power/scheme_window.h"
-#include "shell/update_window.h"
 #include "support/openings.h"
 #include "support/program.h"
 
@@ -114,9 +113,7 @@ static std::wstring ControlLook(HWND control, LONG ignoredStyles)
 static std::wstring LookOf(HWND window, LONG ignoredStyles)
 {
     std::wstring look = WindowText(window) + L"\n" + MenuLook(GetMenu(window)) + MenuLook(TrayMenu());
-    std::vector<HWND> holders = {window};
-    std::ranges::copy_if(windowHandles, std::back_inserter(holders), [=](HWND page) { return IsChild(window, page); });
-    for (const HWND holder : holders) {
+    for (const HWND holder : WithPages(window)) {
         for (HWND child = GetTopWindow(holder); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
             look += ControlLook(child, ignoredStyles);
     }
