@@ -10,7 +10,6 @@
 #include "simulator/server.h"
 #include "support/installation.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <memory>
 
@@ -38,14 +37,9 @@ struct Programs {
     std::wstring self, console;
 };
 
-// Waits for any request, or for one of that operation.
 void AwaitRequest(const simulator::AgentServer& agent, std::wstring_view operation)
 {
-    for (const ULONGLONG end = GetTickCount64() + 60'000;; Sleep(1)) {
-        const auto requests = agent.Requests();
-        if (std::ranges::any_of(
-                requests, [&](const auto& request) { return operation.empty() || request.operation == operation; }))
-            return;
+    for (const ULONGLONG end = GetTickCount64() + 60'000; !agent.HasReceived(operation); Sleep(1)) {
         if (GetTickCount64() > end)
             return JudgeFigure("no request within", 60, "s", 0);
     }
@@ -57,7 +51,7 @@ void StartConsole(const Programs& programs, std::unique_ptr<Process>& process, d
     programs.agent.ClearRequests();
     painted = Time([&] {
         process = std::make_unique<Process>(programs.console);
-        AwaitRequest(programs.agent, L"");
+        AwaitRequest(programs.agent, L"*");
     });
     connected = painted + Time([&] { AwaitRequest(programs.agent, L"GetPatchDetails"); });
 }

@@ -43,15 +43,14 @@ void BareExchange(std::span<const std::byte> frame)
         if (connect(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
             return;
         send(socket.Get(), reinterpret_cast<const char*>(frame.data()), static_cast<int>(frame.size()), 0);
-        FrameAssembler assembler(300'000);
-        std::vector<std::byte> piece(300'000);
-        for (auto state = FrameAssembler::State::NeedMore; state == FrameAssembler::State::NeedMore;) {
-            const int count
-                = recv(socket.Get(), reinterpret_cast<char*>(piece.data()), static_cast<int>(assembler.Wanted()), 0);
-            if (count <= 0)
-                break;
-            state = assembler.Take(std::span(piece).first(static_cast<std::size_t>(count)));
-        }
+        std::vector<std::byte> piece(100'000);
+        FrameAssembler assembler(piece.size());
+        int count = 0;
+        do {
+            count = recv(socket.Get(), reinterpret_cast<char*>(piece.data()), static_cast<int>(assembler.Wanted()), 0);
+        } while (count > 0
+            && assembler.Take(std::span(piece).first(static_cast<std::size_t>(count)))
+                == FrameAssembler::State::NeedMore);
         shutdown(socket.Get(), SD_BOTH);
     }
     WSACleanup();

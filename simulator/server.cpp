@@ -147,6 +147,13 @@ std::vector<ReceivedRequest> AgentServer::Requests() const
     return m_requests;
 }
 
+bool AgentServer::HasReceived(std::wstring_view operation) const
+{
+    const std::lock_guard lock(m_mutex);
+    return std::ranges::any_of(
+        m_requests, [=](const auto& request) { return operation == L"*" || request.operation == operation; });
+}
+
 void AgentServer::ClearRequests()
 {
     const std::lock_guard lock(m_mutex);

@@ -56,6 +56,8 @@ public:
 
     // The requests received so far, oldest first.
     [[nodiscard]] std::vector<ReceivedRequest> Requests() const;
+    // Whether a request for that operation is among them, for any with "*".
+    [[nodiscard]] bool HasReceived(std::wstring_view operation) const;
     void ClearRequests();
 
     // Calls `use(machine)` while no request is being answered, and returns what it returns.

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include <dbghelp.h>
 #include <msxml2.h>
 #include <wrl/client.h>
 
@@ -64,11 +65,9 @@ constexpr Call kLinkCalls[] = {{"WSAStartup", WSASYSNOTREADY, 0}, {"socket", -1,
 FunctionPlace ImportOf(const char* function)
 {
     auto* const base = reinterpret_cast<std::byte*>(GetModuleHandleW(nullptr));
-    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    for (auto* library = reinterpret_cast<IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
-         library->Name != 0; ++library) {
+    ULONG size = 0;
+    void* imports = ImageDirectoryEntryToData(base, TRUE, IMAGE_DIRECTORY_ENTRY_IMPORT, &size);
+    for (auto* library = static_cast<IMAGE_IMPORT_DESCRIPTOR*>(imports); library->Name != 0; ++library) {
         const auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + library->OriginalFirstThunk);
         auto* places = reinterpret_cast<FunctionPlace>(base + library->FirstThunk);
         for (; names->u1.AddressOfData != 0; ++names, ++places) {
@@ -183,14 +182,7 @@ constexpr Call kShowingCalls[] = {{"CreateDialogParamW"}, {"CreateWindowExW"}, {
 
 void MakeWindows()
 {
-    for (std::size_t window = windowHandles.size(); window-- > 0;) {
-        if (IsWindow(windowHandles[window]))
-            DestroyWindow(windowHandles[window]);
-    }
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) { } // the quit message too
-    windowHandles = {};
-    AllowWaits(); // which the main window's end has ended
+    DestroyWindows();
     static_cast<void>(CreateWindows());
 }
 

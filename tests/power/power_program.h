@@ -29,6 +29,10 @@ struct PowerProgram : LoadedProgram {
             SendMessageW(Find(id), WM_CHAR, unit, 0);
     }
 
+    // An input, and the title and the beginning of the text that refuse it.
+    struct RefusalRow {
+        const wchar_t *input, *title, *text = L"";
+    };
     // Types and pastes each name: it is refused then (`typing`: with that title) or by the button, and emptied.
     void ExpectRefused(int edit, int button, std::wstring_view typing, std::initializer_list<RefusalRow> names)
     {

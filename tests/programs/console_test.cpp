@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 
 namespace voltaro {
@@ -63,12 +62,6 @@ struct ConsoleTest : testing::Test {
         EXPECT_TRUE(agent.Start());
         Install(L"voltaro_program", agent.Port());
     }
-    bool HasAsked(std::wstring_view operation) const
-    {
-        return std::ranges::any_of(
-            agent.Requests(), [&](const auto& request) { return request.operation == operation; });
-    }
-
     simulator::AgentServer agent;
     FakeTray tray;
 };
@@ -77,7 +70,7 @@ TEST_F(ConsoleTest, StartsConnectsAndIsRestoredByASecondStart)
 {
     const Console console;
     ASSERT_TRUE(WaitFor(IsConnected, 20'000)) << HostLine();
-    ASSERT_TRUE(WaitFor([&] { return HasAsked(L"GetPatchDetails"); }, 2'000));
+    ASSERT_TRUE(WaitFor([&] { return agent.HasReceived(L"GetPatchDetails"); }, 2'000));
     EXPECT_TRUE(IsWindowEnabled(MainWindow()) && !IsIconic(MainWindow()));
     agent.ClearRequests();
     PostMessageW(MainWindow(), WM_COMMAND, kPauseOneHour, 0);
@@ -89,7 +82,7 @@ TEST_F(ConsoleTest, StartsConnectsAndIsRestoredByASecondStart)
             agent.SetFault(L"GetPowerSchemes", {FaultKind::Silent, {}}); // never answered
             agent.ClearRequests();
             PostMessageW(MainWindow(), WM_COMMAND, kRefresh, 0);
-            ASSERT_TRUE(WaitFor([&] { return HasAsked(L"GetPowerSchemes"); }, 3'000));
+            ASSERT_TRUE(WaitFor([&] { return agent.HasReceived(L"GetPowerSchemes"); }, 3'000));
         }
         ShowWindowAsync(MainWindow(), SW_MINIMIZE);
         const Console second;
@@ -115,7 +108,7 @@ TEST_F(ConsoleTest, EndsAtAnyPointOfARequest)
         const simulator::Fault fault = kFaults[random() % (sessionEnds ? 4 : 3)];
         agent.SetFault(L"*", whileStarting ? fault : kFaults[0]);
         const Console console;
-        ASSERT_TRUE(WaitFor([&] { return !agent.Requests().empty(); }, 60'000)) << HostLine();
+        ASSERT_TRUE(WaitFor([&] { return agent.HasReceived(L"*"); }, 60'000)) << HostLine();
         if (!whileStarting) {
             ASSERT_TRUE(WaitFor(IsConnected, 60'000)) << HostLine();
             agent.SetFault(L"*", fault);

@@ -9,9 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <bit>
-#include <string>
 
 namespace voltaro {
 
@@ -118,21 +116,18 @@ TEST(EventWalkTest, DaysWorkedByHand)
     }
 }
 
-// Lines come from every `details`, in order; what stands elsewhere is no event.
-TEST(ShownDayTest, Answers)
+// Lines come from every `details`, in order, and after a failure from `response`; what stands elsewhere is no event.
+TEST(ShownDayTest, LinesOfAllDetails)
 {
     DayReport report;
-    const auto read = [&report](std::vector<Element> children, const wchar_t* answer = L"") {
-        const Element root{L"vltp", {}, std::move(children)};
-        return ReadDayAnswer(&root, answer, kLater, report);
-    };
     const auto details = [](const wchar_t* text) { return Element{L"details", {}, {TextElement(L"a", text)}}; };
-    EXPECT_EQ(read({{L"response", {}, {TextElement(L"a", L"Failure of it")}}}, L"Failure"), DayAnswer::Report);
-    EXPECT_EQ(report.durations.active, kDaySeconds);
-    EXPECT_EQ(read({{L"response", {}, {details(L"Istime # 2024/02/29 00:00:00")}}, TextElement(L"a", L"Failure"),
-                  details(L"Ietime # 2024/02/29 00:05:00")}),
-        DayAnswer::Report);
-    EXPECT_EQ(report.durations.idleWithoutSavings, 300);
+    const Element root{L"vltp", {},
+        {{L"response", {}, {TextElement(L"a", L"Failure of it"), details(L"Istime # 2024/02/29 00:00:00")}},
+            TextElement(L"a", L"Failure"), details(L"Ietime # 2024/02/29 00:05:00")}};
+    for (const auto& [answer, idle] : {std::pair(L"", 300), {L"Failure", 86399}}) {
+        EXPECT_EQ(ReadDayAnswer(&root, answer, kLater, report), DayAnswer::Report);
+        EXPECT_EQ(report.durations.idleWithoutSavings, idle);
+    }
 }
 
 TEST(EventLinesTest, CutsLinesAndReadsPowerFigures)
@@ -224,7 +219,7 @@ const GraphLayout kLayout = LayOutGraph(kGraphDay, L"February 29, 2024");
 
 TEST(GraphLayoutTest, SegmentsMarkersAndTexts)
 {
-    const std::tuple<const wchar_t*, GraphBox, GraphColour> kSegments[] = {
+    const std::tuple<std::wstring_view, GraphBox, GraphColour> kSegments[] = {
         {L"IDLE", {85, 360, 125, 480}, 0x006000},
         {L"ACTIVE", {85, 160, 125, 360}, 0x8A2A00},
         {L"IDLE without Power Savings", {170, 460, 210, 480}, 0x37E38C},
@@ -239,10 +234,9 @@ TEST(GraphLayoutTest, SegmentsMarkersAndTexts)
     };
     ASSERT_TRUE(kLayout.segments.size() == std::size(kSegments) && kLayout.legend.size() == std::size(kSegments));
     for (std::size_t i = 0; i < std::size(kSegments); ++i) {
-        const auto& [state, bar, colour] = kSegments[i];
-        EXPECT_TRUE(kLayout.segments[i].state == state && kLayout.legend[i].label.text == state) << state;
-        EXPECT_TRUE(kLayout.segments[i].colour == colour && kLayout.legend[i].colour == colour) << state;
-        EXPECT_TRUE(kLayout.segments[i].bar == bar) << state;
+        const auto& [bar, colour, state, seconds] = kLayout.segments[i];
+        EXPECT_TRUE(std::tuple(state, bar, colour) == kSegments[i]) << i;
+        EXPECT_TRUE(kLayout.legend[i].label.text == state && kLayout.legend[i].colour == colour) << i;
     }
     // No monitor off, and 179 s of shutdown are no pixel.
     constexpr auto kDashes = GraphPen::DashDot, kSolid = GraphPen::Solid;

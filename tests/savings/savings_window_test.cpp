@@ -148,8 +148,8 @@ TEST_F(SavingsWindowTest, TheGraphHasTooltipsAndIsCopied)
         {60, 0, kGrid}, {49, 300, 0}, {50, 300, 0}, {51, 301, plot}, {319, 481, 0}};
     for (const auto& [x, y, colour] : kPixels)
         EXPECT_EQ(copied.At(x, y), colour) << x << ", " << y;
-    EXPECT_EQ(copied.CountOf(RGB(128, 128, 0), 210, 254, 200), 44) << "solid";
-    const int dashes = copied.CountOf(RGB(140, 227, 55), 126, 171, 470);
+    EXPECT_EQ(copied.CountIn(RGB(128, 128, 0), {210, 200, 254, 201}), 44) << "solid";
+    const int dashes = copied.CountIn(RGB(140, 227, 55), {126, 470, 171, 471});
     EXPECT_TRUE(dashes > 15 && dashes < 45) << dashes;
     EXPECT_GT(copied.CountIn(RGB(10, 10, 10), {0, 100, 29, 320}), 50) << "the caption stands upright";
     EXPECT_GT(copied.CountIn(RGB(0, 0, 0), {545, 85, 650, 270}), 100) << "texts in the second column of the list";

@@ -72,24 +72,20 @@ TEST_F(JobListWindowTest, WhatIsNotStoredIsKept)
     Add(L"Kept");
     Do({{L"Save"}});
     const Element before = Machine().jobs;
-    for (const wchar_t* button : {L"Save", L"OK", L"Remove All Scheduled Jobs"}) {
-        const auto expectKept = [&](const ExpectedBox& box) {
-            if (button[0] == L'R')
-                boxes.Expect({{L"Delete all Jobs", {}, Answer::Yes}});
-            boxes.Expect({box});
+    for (const auto& [operation, answer, box] :
+        {std::tuple(L"ApplySchedulerSettings", L"failure", ExpectedBox{L"Save failed", L"Unable to save the sch"}),
+            {L"ApplySchedulerSettings", L"Permission denied", {L"Save failed", {}}},
+            {L"ApplySchedulerSettings", kNoStatus, {L"Save failed", {}}},
+            {L"GetActivationstatus", L"License Expired", {L"Save failed", L"expired"}},
+            {L"ApplySchedulerSettings", kNoAnswer, {L"Connection Issue", {}}}}) {
+        for (const wchar_t* button : {L"Save", L"OK", L"Remove All Scheduled Jobs"}) {
+            AnswerWith(operation, answer);
+            boxes.Expect({{button[0] == L'R' ? L"Delete all Jobs" : L"", {}, Answer::Yes}, box});
             Do({{button}});
-            Machine().jobs = before; // a scripted refusal stands for an agent that stored nothing
+            Machine().jobs = before; // it stores what it then does not answer
             EXPECT_EQ(JobNames(false), L"Morning wake up,Nightly backup,Quarter closing,Kept");
             EXPECT_TRUE(IsOpen(kList));
-        };
-        for (const wchar_t* status : {L"failure", L"Permission denied", kNoStatus}) {
-            AnswerWith(L"ApplySchedulerSettings", status);
-            expectKept({L"Save failed", L"Unable to save the scheduled jobs."});
         }
-        AnswerWith(L"GetActivationstatus", L"License Expired");
-        expectKept({L"Save failed", L"expired"});
-        AnswerWith(L"ApplySchedulerSettings", kNoAnswer);
-        expectKept({L"Connection Issue", {}});
     }
     MainCommand(kReinitialize);
     Agent().ClearFaults();

@@ -28,15 +28,18 @@ TEST_F(MachineWindows, TheLoadFillsAllPagesAndCopyAllTakesThem)
         EXPECT_TRUE(CellOf(list, 0, 0) == row.name && CellOf(list, 0, 1) == row.value) << row.name;
         all += row.title + (L"\r\n" + Replaced(ListText(list, false), L" \t \r\n", L"\r\n")) + L"\r\n";
     }
-    for (const auto& [state, picture] : {std::pair(L"On", IDB_MACHINE_ON), {L"Off", IDB_MACHINE_OFF}}) {
+    for (const auto& [state, picture, system, logo, height] :
+        {std::tuple(L"On", IDB_MACHINE_ON, L"xubuntu Linux", IDB_SYSTEM_RING, 25),
+            {L"Off", IDB_MACHINE_OFF, L"Windows by Microsoft on Ubuntu Linux", IDB_SYSTEM_PANES, 38},
+            {L"Off", IDB_MACHINE_OFF, L"Debian GNU/Linux", IDB_SYSTEM_PROMPT, 25}}) {
         SystemDetails details;
         const auto answer = ParseAnswer(
-            Format(L"<d><CPUInfo><a/><a/><a/><a/><s>%ls</s></CPUInfo><OSInfo><n>Ubuntu 22</n></OSInfo></d>", state)
+            Format(L"<d><CPUInfo><a/><a/><a/><a/><s>%ls</s></CPUInfo><OSInfo><n>%ls</n></OSInfo></d>", state, system)
                 .c_str());
         details.Read(&*answer);
         const auto draw = [](HDC dc, void* of) { DrawMachine(dc, *static_cast<SystemDetails*>(of)); };
         const Pixels page(RenderBitmap(90, 150, draw, &details).Get());
-        EXPECT_TRUE(Shows(page, picture, {5, 15, 80, 90}) && Shows(page, IDB_SYSTEM_RING, {4, 99, 84, 124})) << state;
+        EXPECT_TRUE(Shows(page, picture, {5, 15, 80, 90}) && Shows(page, logo, {4, 99, 84, 99 + height})) << system;
     }
     MainCommand(kSystemInfo);
     EXPECT_EQ(TakeOperations(), Operations{});

@@ -150,6 +150,9 @@ TEST_F(RecordWindows, WhatTheUserLeavesGoesBackAsItCame)
     SetWindowTextW(GetWindow(address, GW_CHILD), L"99"); // one number of four is no address
     ApplyAndExpect(host);
     ApplyAndExpect(OpenWith(kEditors[1], ProxySettings{L"yes", kLong, L"08080", L"On", kLong, L"kept", L"Always"}));
+    ApplyAndExpect(
+        Replaced(OpenWith(kEditors[1], ProxySettings{L"No", L"proxy", L"80", L"Yes", L"user", L"secret", L"No"}),
+            L"secret", L""));
     ApplyAndExpect(OpenWith(kEditors[2], SnoozeSettings{L"Yes", L"perhaps", L"7", L"05", L""}));
     ApplyAndExpect(
         OpenWith(kEditors[3], DeviceSettings{L"yes", L"na", L"", L"off", L"NO", L"YES", L"NA", L"", kLong, L"On"}));
@@ -163,6 +166,8 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
     const struct { std::size_t editor; const wchar_t *label, *text; ExpectedBox box; } kRows[] = {
         {0, L"UDP Port :", L"", {kPort, L"UDP port cannot be blank."}},
         {0, L"UDP Port :", L"65536", {kPort, kRange}},
+        {0, L"UDP Port :", L"4294967297", {kPort, kRange}}, // 1 in 32 bits
+        {0, L"TCP Port :", L"tcp", {kPort, kRange}},
         {0, L"TCP Port :", L"", {kPort, L"TCP port cannot be blank."}},
         {0, L"TCP Port :", L"0", {kPort, kRange}},
         {1, L"User Name   :", L"", {L"Blank Username ", L"Username cannot be blank."}},

@@ -38,7 +38,7 @@ TEST_F(MainWindowTest, SetAppliesTheChosenSchemeAndTellsEachRefusal)
 
 TEST_F(MainWindowTest, QuickActionsTellEveryAnswer)
 {
-    static int locked = 0;
+    static int locked;
     locked = 0;
     platformCalls.lockScreen = [] { ++locked; };
     boxes.Expect({{L"Log off now", L"Are you sure you want to Log off from this system.\nPress 'Yes' to", Answer::No}});
@@ -105,10 +105,10 @@ TEST_F(MainWindowTest, PaintsTheStateOfThePowerAndTheLicense)
 
 TEST_F(MainWindowTest, ClosesOnYesAndOnNoAnswerOnly)
 {
+    MSG message;
     boxes.Expect({{L"Close Voltaro Console ?", L"Voltaro will automatically close in 5 Seconds.", Answer::No}});
     SendMessageW(main, WM_CLOSE, 0, 0);
     EXPECT_TRUE(IsWindow(main) && IsItemEnabled(TrayMenu(), kTrayClose));
-    MSG message;
     EXPECT_TRUE(SendMessageW(main, WM_QUERYENDSESSION, 0, 0));
     EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE));
     boxes.Expect(
@@ -120,21 +120,19 @@ TEST_F(MainWindowTest, ClosesOnYesAndOnNoAnswerOnly)
 
 TEST_F(MainWindowTest, FollowsAChangeOfThePower)
 {
-    SendMessageW(main, WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
-    EXPECT_EQ(TakeOperations(), Operations{});
-    for (const wchar_t* charge : {L"12 %", L"11 %"}) { // the status stays and with it the picture, but not the charge
-        AnswerWith(L"GetBatteryInfo",
-            Format(L"<vltp><response><a>On Battery</a><b>Discharging</b><c>%ls</c></response></vltp>", charge));
-        SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    const auto change = [&](WPARAM what) {
+        SendMessageW(main, WM_POWERBROADCAST, what, 0);
         EXPECT_EQ(TakeOperations(), Operations{}); // nothing within the message
         Pump();
-        EXPECT_EQ(TakeOperations(), Operations{L"GetBatteryInfo"});
-        EXPECT_EQ(TextOf(main, kChargeLine), charge);
-    }
+        return TakeOperations();
+    };
+    EXPECT_EQ(change(PBT_APMSUSPEND), Operations{});
+    EXPECT_EQ(change(PBT_APMPOWERSTATUSCHANGE), Operations{L"GetBatteryInfo"});
+    AnswerWith(L"GetBatteryInfo", L"<vltp><response><a>On AC</a><b>Charging</b><c>12 %</c></response></vltp>");
+    EXPECT_EQ(change(PBT_APMPOWERSTATUSCHANGE), Operations{L"GetBatteryInfo"});
+    EXPECT_EQ(Shown(kChargeLine), L"12 %") << "though the picture stays";
     connection.connected = false;
-    SendMessageW(main, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
-    Pump();
-    EXPECT_EQ(TakeOperations(), Operations{});
+    EXPECT_EQ(change(PBT_APMPOWERSTATUSCHANGE), Operations{});
 }
 
 } // namespace voltaro

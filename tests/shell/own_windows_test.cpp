@@ -45,11 +45,10 @@ TEST_F(ActivationTest, SendsAKeyHoweverItWasPastedAndNothingElse)
 
 TEST_F(ActivationTest, TellsWhatTheAgentAnswers)
 {
-    constexpr const wchar_t* kRows[][3]
-        = {{L"0000-0000-0000-0000", L"Could not activate Voltaro.", L"Voltaro on 'Localhost' is not activated."},
-            {L"9999-9999-9999-9999", L"The license of this activation key has expired.",
-                L"The license of Voltaro on 'Localhost' has expired."}};
-    for (const auto& [key, text, line] : kRows) {
+    for (const auto& [key, text, line] : {std::tuple(L"0000-0000-0000-0000", L"Could not activate Voltaro.",
+                                              L"Voltaro on 'Localhost' is not activated."),
+             {L"9999-9999-9999-9999", L"The license of this activation key has expired.",
+                 L"The license of Voltaro on 'Localhost' has expired."}}) {
         Activate(key, {L"Activation Failed", text});
         EXPECT_EQ(Shown(kKey), key); // to be mended
         EXPECT_EQ(Shown(kStateLine), line);
@@ -81,18 +80,14 @@ TEST_F(AboutTest, OpensWithAndWithoutAnAgent)
     EXPECT_EQ(AboutWindow(), nullptr);
     EXPECT_TRUE(IsItemEnabled(TrayMenu(), kTrayAbout) && IsMainFree());
 
-    for (const bool systemInfoClosesFirst : {true, false}) {
+    for (const bool aboutClosesFirst : {false, true}) {
         MainCommand(kSystemInfo);
         MainCommand(kTrayAbout);
-        SendMessageW(main, kTrayMessage, 9013, WM_LBUTTONUP);
-        Pump();
+        ClickTrayIcon();
         EXPECT_EQ(GetForegroundWindow(), AboutWindow()) << "the newest holder";
-        HWND closing[] = {WindowOf(WindowId::SystemInfo), AboutWindow()};
-        if (!systemInfoClosesFirst)
-            std::swap(closing[0], closing[1]);
-        for (const HWND window : closing) {
+        for (const bool closesAbout : {aboutClosesFirst, !aboutClosesFirst}) {
             EXPECT_FALSE(IsEnabled(main));
-            SendMessageW(window, WM_COMMAND, IDCANCEL, 0);
+            SendMessageW(closesAbout ? AboutWindow() : WindowOf(WindowId::SystemInfo), WM_COMMAND, IDCANCEL, 0);
         }
         EXPECT_TRUE(IsMainFree());
     }
@@ -141,19 +136,14 @@ TEST_F(UpdateTest, ShowsTheOutcomeOfEveryAnswer)
     constexpr wchar_t kLater[] = L"VOLTARO update failed, please try after some time.";
     constexpr wchar_t kDownloaded[] = L"New updates were successfully downloaded.|"
                                       L"Voltaro needs to be closed for applying new updates.|close";
-    const struct {
-        const wchar_t *status, *message, *shown; // "*" for the message
-    } kRows[] = {
-        {L"Failure", kLatest, L"*||ok"},
-        {L"Failure", kNetwork, L"Could not update, connection closed.|*|ok"},
-        {L"", kLater, L"Could not update, connection failed.|*|ok"},
-        {L"success", L"", kDownloaded},
-        {L"Success", kLatest, kDownloaded},
-    };
-    for (const auto& row : kRows) {
-        Update(row.status, row.message);
-        ASSERT_TRUE(WaitForOutcome()) << row.shown;
-        EXPECT_EQ(Shown(), Replaced(row.shown, L"*", row.message));
+    // What is answered, and what is shown of it; "*" for the message.
+    for (const auto& [status, message, shown] : {std::tuple(L"Failure", kLatest, L"*||ok"),
+             {L"Failure", kNetwork, L"Could not update, connection closed.|*|ok"},
+             {L"", kLater, L"Could not update, connection failed.|*|ok"}, {L"success", L"", kDownloaded},
+             {L"Success", kLatest, kDownloaded}}) {
+        Update(status, message);
+        ASSERT_TRUE(WaitForOutcome()) << shown;
+        EXPECT_EQ(Shown(), Replaced(shown, L"*", message));
         Command(WindowId::Update, kOk);
         EXPECT_EQ(Shown(), L"free");
     }

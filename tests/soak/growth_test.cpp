@@ -35,9 +35,7 @@ void OpenAndClose(ConsoleProgram& program, int)
     for (const Opening& row : kOpenings | kAllButMainAndAbout) {
         const HWND opened = WindowOf(row.window);
         if (row.button) {
-            const bool onPage = row.opener == WindowId::Scheme;
-            const HWND from = WindowOf(onPage ? WindowId::SchemeProcessor : row.opener);
-            SendMessageW(Labelled(from, row.button), BM_CLICK, 0, 0);
+            program.Do({{row.button}});
         } else {
             CloseAll();
             program.Command(row.opener, row.command);
@@ -93,8 +91,7 @@ void PauseAndRestore(ConsoleProgram& program, int number)
 {
     const HWND main = WindowOf(WindowId::Main);
     program.Command(WindowId::Main, kPauseOneHour + number % kPauseHours);
-    SendMessageW(main, kTrayMessage, 9013, WM_LBUTTONUP);
-    Pump();
+    program.ClickTrayIcon();
     EXPECT_TRUE(IsWindowVisible(main));
     program.Command(WindowId::Main, kResume);
     program.Command(WindowId::Main, kExitToTray);

@@ -72,14 +72,16 @@ std::vector<HWND> OpenWindows()
 // From the menu of the notification area now and then, and whenever the bar cannot be reached.
 void Choose()
 {
-    constexpr int kBar[] = {kPowerScheme, kSystemInfo, kJobScheduler, kUpdate, kPorts, kBatteryInfo, kSavingsReport,
-        kActivate, kProxy, kSecurity, kSnooze, kAbout, kRefresh, kMenuExitToTray, kClose, kHelp};
-    constexpr int kTray[] = {kTrayVoltaro, kTrayAbout, kTrayHelp, kTrayClose, kPauseOneHour, kPauseFiveHours, kResume};
-    const bool tray = RandomBelow(3) == 0 || !IsWindowEnabled(WindowOf(WindowId::Main));
-    const bool again = RandomBelow(connection.connected ? 20 : 2) == 0;
-    const int item = tray ? Any(kTray) : again ? static_cast<int>(kReinitialize) : Any(kBar);
-    if (IsItemEnabled(tray ? TrayMenu() : MainMenuBar(), static_cast<unsigned>(item)))
-        PostMessageW(WindowOf(WindowId::Main), WM_COMMAND, static_cast<WPARAM>(item), 0);
+    HMENU menu = RandomBelow(3) == 0 || !IsWindowEnabled(WindowOf(WindowId::Main)) ? TrayMenu() : MainMenuBar();
+    int at = 0;
+    for (HMENU inner = menu; inner != nullptr; inner = GetSubMenu(menu, at)) {
+        menu = inner;
+        at = static_cast<int>(RandomBelow(static_cast<std::size_t>(GetMenuItemCount(menu))));
+    }
+    const bool again = !connection.connected && RandomBelow(2) == 0;
+    const UINT item = again ? static_cast<UINT>(kReinitialize) : GetMenuItemID(menu, at);
+    if (item != kWebSite && IsItemEnabled(again ? MainMenuBar() : menu, item))
+        PostMessageW(WindowOf(WindowId::Main), WM_COMMAND, item, 0);
 }
 
 // Clicks a control that the user can reach, or closes its window.

@@ -31,20 +31,14 @@ public:
         const std::uint32_t unit = m_units[static_cast<std::size_t>(y * m_width + x)];
         return RGB(unit >> 16 & 0xFF, unit >> 8 & 0xFF, unit & 0xFF);
     }
-    // How many pixels of a row, from one place up to another, have that colour.
-    [[nodiscard]] int CountOf(COLORREF colour, int fromX, int toX, int y) const
-    {
-        int count = 0;
-        for (int x = fromX; x < toX; ++x)
-            count += At(x, y) == colour;
-        return count;
-    }
-    // The same for an area, as far as it is in the bitmap.
+    // How many pixels of an area, as far as it is in the bitmap, have that colour.
     [[nodiscard]] int CountIn(COLORREF colour, const RECT& area) const
     {
         int count = 0;
-        for (int y = std::max<int>(area.top, 0); y < std::min<int>(area.bottom, m_height); ++y)
-            count += CountOf(colour, std::max<int>(area.left, 0), std::min<int>(area.right, m_width), y);
+        for (int y = std::max<int>(area.top, 0); y < std::min<int>(area.bottom, m_height); ++y) {
+            for (int x = std::max<int>(area.left, 0); x < std::min<int>(area.right, m_width); ++x)
+                count += At(x, y) == colour;
+        }
         return count;
     }
 
@@ -57,15 +51,16 @@ private:
 // Whether a picture of the program stands at a place of a page.
 inline bool Shows(const Pixels& page, int resource, const RECT& at)
 {
-    static int wanted[3];
-    wanted[0] = resource;
-    wanted[1] = at.right - at.left;
-    wanted[2] = at.bottom - at.top;
-    const auto draw = [](HDC dc, void*) { DrawTransparentBitmap(dc, wanted[0], 0, 0, wanted[1], wanted[2]); };
-    const Pixels picture(RenderBitmap(wanted[1], wanted[2], draw, nullptr).Get());
+    const int width = at.right - at.left, height = at.bottom - at.top;
+    std::tuple wanted(resource, width, height);
+    const auto draw = [](HDC dc, void* what) {
+        const auto& [id, w, h] = *static_cast<decltype(wanted)*>(what);
+        DrawTransparentBitmap(dc, id, 0, 0, w, h);
+    };
+    const Pixels picture(RenderBitmap(width, height, draw, &wanted).Get());
     bool same = true;
-    for (int i = 0; i < wanted[1] * wanted[2]; ++i)
-        same &= picture.At(i % wanted[1], i / wanted[1]) == page.At(at.left + i % wanted[1], at.top + i / wanted[1]);
+    for (int i = 0; i < width * height; ++i)
+        same &= picture.At(i % width, i / width) == page.At(at.left + i % width, at.top + i / width);
     return same;
 }
 

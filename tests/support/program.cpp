@@ -17,7 +17,6 @@ ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     : m_agent(scenario)
 {
     AdoptUiThread();
-    AllowWaits();
     timing = {100, 20, 480'000, 20, 20, 200};
     EXPECT_TRUE(m_agent.Start());
     Install(L"voltaro_test", m_agent.Port());
@@ -29,7 +28,7 @@ ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     EXPECT_EQ(servicePort, m_agent.Port());
 }
 
-ConsoleProgram::~ConsoleProgram()
+void DestroyWindows()
 {
     for (std::size_t i = kWindowCount; i-- > 0;) {
         if (IsWindow(windowHandles[i]))
@@ -38,6 +37,12 @@ ConsoleProgram::~ConsoleProgram()
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) { } // the quit message too
     windowHandles = {};
+    AllowWaits(); // which the main window's end has ended
+}
+
+ConsoleProgram::~ConsoleProgram()
+{
+    DestroyWindows();
     connection.connected = false;
     connection.detailsAnswered = false;
     std::destroy_at(&agentRecords);
@@ -54,7 +59,6 @@ ConsoleProgram::~ConsoleProgram()
     static_cast<void>(TakeEvents());
     platformCalls = m_calls;
     boxClosed = nullptr;
-    AllowWaits();
 }
 
 void ConsoleProgram::Load()

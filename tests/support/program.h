@@ -67,6 +67,9 @@ struct Step {
     const wchar_t* text = nullptr;
 };
 
+// All windows of the program.
+void DestroyWindows();
+
 // A window and its pages.
 [[nodiscard]] std::vector<HWND> WithPages(HWND window);
 
@@ -91,6 +94,11 @@ public:
     void Command(HWND window, int id, int notification = 0);
     void Command(WindowId window, int id) { Command(WindowOf(window), id); }
     void MainCommand(int id) { Command(WindowId::Main, id); }
+    static void ClickTrayIcon()
+    {
+        SendMessageW(WindowOf(WindowId::Main), kTrayMessage, 9013, WM_LBUTTONUP);
+        Pump();
+    }
     // Whether the main window takes input again, nothing lying over it.
     [[nodiscard]] static bool IsMainFree() { return IsEnabled(WindowOf(WindowId::Main)) && IsConsoleReady(); }
     // Does one step after the other as the user does it, the window hearing of each, then serves what follows.

@@ -14,19 +14,22 @@
 
 namespace voltaro {
 
-// A top-level window for tests, as long as the object lives. Messages go to `handler` first, as to any window then.
+// A top-level window for tests, as long as the object lives. Messages go to `handler` first, as to any window then; one
+// without a handler has the keyboard.
 class TestWindow {
 public:
     using Handler = std::function<std::optional<LRESULT>(HWND window, UINT message, WPARAM w, LPARAM l)>;
 
-    explicit TestWindow(Handler handler = {})
+    explicit TestWindow(Handler handler = {}, const wchar_t* className = L"VoltaroTestWindow",
+        DWORD extendedStyle = WS_EX_CONTROLPARENT, DWORD style = WS_OVERLAPPEDWINDOW | WS_VISIBLE)
         : m_handler(std::move(handler))
     {
-        constexpr wchar_t kName[] = L"VoltaroTestWindow";
-        static_cast<void>(RegisterWindow(kName, &Procedure, 0)); // at the first time
-        m_window = CreateWindowExW(WS_EX_CONTROLPARENT, kName, L"Test", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 600,
-            500, nullptr, nullptr, Instance(), this);
+        static_cast<void>(RegisterWindow(className, &Procedure, 0)); // at the first time
+        m_window = CreateWindowExW(
+            extendedStyle, className, L"Test", style, 10, 10, 600, 500, nullptr, nullptr, Instance(), this);
         UpdateWindow(m_window);
+        if (!m_handler)
+            NavigateWith(m_window);
     }
     ~TestWindow()
     {
@@ -44,7 +47,6 @@ private:
             const auto* create = reinterpret_cast<const CREATESTRUCTW*>(l);
             SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
         }
-        NavigateWith(window);
         const auto* self = reinterpret_cast<const TestWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         const auto answer = self && self->m_handler ? self->m_handler(window, message, w, l) : std::nullopt;
         return answer ? *answer : DefaultAnswer(window, message, w, l);
