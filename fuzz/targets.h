@@ -46,12 +46,12 @@ struct Target {
     RunTarget* run;
 };
 
-RunTarget RunFrame, RunReplies, RunDocument, RunEvents, RunGraph, RunProfile, RunJobs, RunNames, RunSettings;
+RunTarget RunFrame, RunReplies, RunDocument, RunEvents, RunGraph, RunProfile, RunJobs, RunNames;
 
 // clang-format off
 inline constexpr Target kTargets[] = {
     {"frame", RunFrame}, {"replies", RunReplies}, {"document", RunDocument}, {"events", RunEvents},
-    {"graph", RunGraph}, {"profile", RunProfile}, {"jobs", RunJobs}, {"names", RunNames}, {"settings", RunSettings},
+    {"graph", RunGraph}, {"profile", RunProfile}, {"jobs", RunJobs}, {"names", RunNames},
 };
 // clang-format on
 

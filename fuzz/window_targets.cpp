@@ -3,14 +3,12 @@
 #include "power/capabilities.h"
 #include "power/names.h"
 #include "power/policy.h"
-#include "power/timeouts.h"
 #include "savings/decimal.h"
 #include "savings/profile_record.h"
 #include "savings/shown_day.h"
 #include "scheduler/job_document.h"
 #include "scheduler/job_rules.h"
 #include "scheduler/job_texts.h"
-#include "settings/settings_rules.h"
 #include "simulator/jobs.h"
 
 #include <cmath>
@@ -42,26 +40,6 @@ PowerConsumptionData AnyProfile(Bytes& bytes)
     for (int edits = bytes.Next() % 8; edits > 0; --edits)
         record.*kConsumptionFields[bytes.Next() % std::size(kConsumptionFields)].slot = bytes.Value(kWatts);
     return record;
-}
-
-template <class Record>
-Record AnyRecord(Bytes& bytes)
-{
-    Record record;
-    for (const auto& field : FieldsOf<Record>::kTable)
-        record.*field.slot = bytes.Value();
-    return record;
-}
-
-// A check changes nothing in what it has completed once.
-template <class Record>
-void CheckTwice(const Record& record, std::size_t (*check)(Record&, const Record&))
-{
-    Record complete = record;
-    if (check(complete, Record()) != kNoFault)
-        return;
-    Record again = complete;
-    Require(check(again, complete) == kNoFault && again == complete);
 }
 
 constexpr const wchar_t* kJobNames[] = {L"Job_", L"Schedule_", L"Frequency_", L"Action_", L"PowerOff_", L"RunTask_",
@@ -158,28 +136,6 @@ void RunNames(Bytes& bytes)
     Require(ContainsIgnoreCase(name + other, name) && OneLine(name).size() == name.size());
     const std::pair<std::wstring_view, std::wstring_view> fields[] = {{name, other}, {L"StandbySupported", name}};
     (void)ReadPowerCapabilities(fields);
-}
-
-// The settings' checks and the texts that stand for stored values.
-void RunSettings(Bytes& bytes)
-{
-    const std::size_t record = bytes.Next() % 4;
-    if (record == 0)
-        CheckTwice(AnyRecord<HostSettings>(bytes), CheckHostSettings);
-    else if (record == 1)
-        CheckTwice(AnyRecord<ProxySettings>(bytes), CheckProxySettings);
-    else if (record == 2)
-        CheckTwice(AnyRecord<SnoozeSettings>(bytes), CompleteSnoozeSettings);
-    const auto address = static_cast<std::uint32_t>(bytes.Number());
-    Require(AddressOf(DottedAddress(address)) == address);
-    const std::wstring stored = bytes.Value();
-    if (const auto dotted = AddressOf(stored))
-        Require(AddressOf(DottedAddress(*dotted)) == dotted);
-    for (const Choices list : {Choices(kDimChoices), Choices(kLogOffChoices), Choices(kRepeatChoices)}) {
-        // What a list shows of a number, it shows again once that is stored.
-        const std::wstring entry = ShownText(list, stored);
-        Require(ShownText(list, ChosenText(list, entry)) == entry);
-    }
 }
 
 // A damaged job, read and written; the times and dates of jobs.

@@ -147,6 +147,23 @@ std::vector<ReceivedRequest> AgentServer::Requests() const
     return m_requests;
 }
 
+std::vector<std::wstring> AgentServer::TakeOperations()
+{
+    const std::lock_guard lock(m_mutex);
+    std::vector<std::wstring> names;
+    std::ranges::transform(m_requests, std::back_inserter(names), &ReceivedRequest::operation);
+    m_requests.clear();
+    return names;
+}
+
+std::wstring AgentServer::LastRequest(std::wstring_view operation) const
+{
+    const std::lock_guard lock(m_mutex);
+    const auto last = std::find_if(
+        m_requests.rbegin(), m_requests.rend(), [=](const auto& request) { return request.operation == operation; });
+    return last != m_requests.rend() ? last->text : std::wstring();
+}
+
 bool AgentServer::HasReceived(std::wstring_view operation) const
 {
     const std::lock_guard lock(m_mutex);

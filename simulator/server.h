@@ -59,6 +59,10 @@ public:
     // Whether a request for that operation is among them, for any with "*".
     [[nodiscard]] bool HasReceived(std::wstring_view operation) const;
     void ClearRequests();
+    // The operations of those requests, in order; forgets the requests.
+    [[nodiscard]] std::vector<std::wstring> TakeOperations();
+    // The text of the last request for that operation, empty when there was none.
+    [[nodiscard]] std::wstring LastRequest(std::wstring_view operation) const;
 
     // Calls `use(machine)` while no request is being answered, and returns what it returns.
     template <class Use>

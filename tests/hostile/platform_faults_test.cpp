@@ -142,15 +142,11 @@ TEST(PlatformFaultsTest, EveryCallOfAnExchangeAndEveryMethodOfADocumentFailsOnce
     ASSERT_EQ(CoGetClassObject(kind, CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&classObject)), S_OK);
     ASSERT_EQ(classObject->CreateInstance(nullptr, kDocument, &document), S_OK);
     VARIANT_BOOL loaded = VARIANT_FALSE;
-    document->loadXML(const_cast<BSTR>(L"<a b='c'>d</a>"), &loaded);
+    document->loadXML(const_cast<BSTR>(L"<a>b</a>"), &loaded);
     ComPtr<IXMLDOMElement> element;
-    ComPtr<IXMLDOMNode> text, attribute;
-    ComPtr<IXMLDOMNamedNodeMap> attributes;
+    ComPtr<IXMLDOMNode> text;
     document->get_documentElement(&element);
     element->get_firstChild(&text);
-    element->get_attributes(&attributes);
-    attributes->get_item(0, &attribute);
-
     long long handles = 0;
     for (int round = 0; round < 2; ++round) { // the first opens what the platform keeps
         ASSERT_TRUE(agent.Start(agent.Port()));
@@ -158,12 +154,12 @@ TEST(PlatformFaultsTest, EveryCallOfAnExchangeAndEveryMethodOfADocumentFailsOnce
         for (const Call& call : kLinkCalls)
             FailEach(ImportOf(call.function), call, 30, exchange, expect);
         // How many methods each has, the last of its own included.
-        const std::pair<IUnknown*, int> kObjects[] = {
-            {classObject.Get(), 4}, {document.Get(), 76}, {element.Get(), 51}, {text.Get(), 52}, {attribute.Get(), 46}};
+        const std::pair<IUnknown*, int> kObjects[]
+            = {{classObject.Get(), 4}, {document.Get(), 76}, {element.Get(), 51}, {text.Get(), 52}};
         for (const auto& [object, methods] : kObjects) {
+            FunctionPlace const table = *reinterpret_cast<FunctionPlace*>(object);
             for (int method = 3; method < methods; ++method)
-                FailEach(
-                    *reinterpret_cast<FunctionPlace*>(object) + method, {"method", E_FAIL, 0}, 30, exchange, expect);
+                FailEach(table + method, {"method", E_FAIL, 0}, 30, exchange, expect);
         }
         agent.Stop(); // its own handles are gone with it
         const long long now = OpenObjects().handles - lost;
@@ -194,12 +190,10 @@ void OpenPaintCopy()
         SendMessageW(main, WM_COMMAND, static_cast<WPARAM>(command), 0);
     }
     SendMessageW(WindowOf(WindowId::Savings), WM_COMMAND, IDOK, 0);
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM) {
-            return RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-        },
-        0);
+    const auto redraw = [](HWND window, LPARAM) {
+        return RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    };
+    EnumThreadWindows(GetCurrentThreadId(), redraw, 0);
     static_cast<void>(CopyToClipboard(main, L"text"));
     const UniqueBitmap bitmap(CreateBitmap(2, 2, 1, 1, nullptr));
     static_cast<void>(CopyToClipboard(main, bitmap.Get()));
@@ -227,8 +221,7 @@ TEST(PlatformFaultsTest, EveryCallOfMakingAndShowingWindowsFailsOnce)
     const Objects before = OpenObjects();
     failAll(kShowingCalls, OpenPaintCopy);
     const Objects after = OpenObjects();
-    EXPECT_LE(after.gdi, before.gdi);
-    EXPECT_LE(after.user, before.user);
+    EXPECT_TRUE(after.gdi <= before.gdi && after.user <= before.user);
     EXPECT_LE(after.handles, before.handles + 10); // the simulated agent's own threads come and go
     program.Load();
     EXPECT_TRUE(connection.connected && program.IsMainFree());

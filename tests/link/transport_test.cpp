@@ -99,9 +99,8 @@ TEST(TransportTest, AnswersAboveTheCapacityFail)
         for (const std::size_t units : {fits - 1, fits, fits + 1, fits * 10}) {
             agent.ScriptReply(kOperation, std::wstring(units, L'x'));
             FieldText response;
-            EXPECT_EQ(ServiceRequest(member.member, kStatusRequest, response, agent.Port()),
-                units <= fits ? Outcome::Answered : Outcome::Damaged)
-                << static_cast<int>(member.member);
+            const Outcome outcome = ServiceRequest(member.member, kStatusRequest, response, agent.Port());
+            EXPECT_EQ(outcome, units <= fits ? Outcome::Answered : Outcome::Damaged) << static_cast<int>(member.member);
             EXPECT_EQ(response.view().size(), units <= fits ? units : 0U);
         }
     }

@@ -50,22 +50,16 @@ static std::vector<EventLine> EventLines(std::wstring_view text)
 const Day kDays[] = {
     // Idle periods and the states in them.
     {L"", {86400}}, {L"Pwrcon 1.5|Pwrsav 0.25", {86400}, {}, kLater, 1.5, 0.25},
-    {L"Istime 00|Ietime 00:05|Istime 01|Ietime 01:05:01|Istime 02|Ietime 02:10|Istime 03|Ietime 03:10:01|"
-     L"Istime 04|Ietime 04:30|Istime 05|Ietime 05:30:01", {80997, 5403},
+    {L"Istime 00|Ietime 00:05|Istime 01|Ietime 01:05:01|Istime 02|Ietime 02:10|Istime 03|Ietime 03:10:01|Istime 04|Ietime 04:30|Istime 05|Ietime 05:30:01", {80997, 5403},
      {{0, 300}, {1, 301}, {1, 600}, {2, 601}, {2, 1800}, {3, 1801}}},
-    {L"Istime 01|Ietime 02:00:01|Istime 03|Ietime 05|Istime 06|Ietime 08:00:01|Istime 09|Ietime 13", {53998, 32402},
-     {{4, 3601}, {4, 7200}, {5, 7201}, {5, 14400}}},
+    {L"Istime 01|Ietime 02:00:01|Istime 03|Ietime 05|Istime 06|Ietime 08:00:01|Istime 09|Ietime 13", {53998, 32402}, {{4, 3601}, {4, 7200}, {5, 7201}, {5, 14400}}},
     {L"Istime 10|Dstime 10:10|Detime 10:15|Mstime 10:15|Metime 11|Ietime 11", {82800, 600, 300, 2700}, {{3, 3600}}},
-    {L"Istime 08|Qstime 08:20|Qetime 09|Hstime 09|Hetime 11|"
-     L"Ietime 12:00:01", {71999, 4801, 0, 0, 2400, 7200, 0, 0, 7200}, {{6, 14401}}},
-    {L"Istime 12|Qptime 12:10|QUptme 13:10|Ietime 13:30|Qptime 20|"
-     L"QAgtme 20:30", {75600, 5400, 0, 0, 0, 0, 5400}, {{4, 5400}}},
+    {L"Istime 08|Qstime 08:20|Qetime 09|Hstime 09|Hetime 11|Ietime 12:00:01", {71999, 4801, 0, 0, 2400, 7200, 0, 0, 7200}, {{6, 14401}}},
+    {L"Istime 12|Qptime 12:10|QUptme 13:10|Ietime 13:30|Qptime 20|QAgtme 20:30", {75600, 5400, 0, 0, 0, 0, 5400}, {{4, 5400}}},
     {L"Istime 18|Sdtime 18:30|SUptme 20|Ietime 20", {79200, 1800, 0, 0, 0, 0, 5400, 5400}, {{4, 7200}}},
     // Timed standby.
-    {L"Istime 13|Sbtime 13:10|Duratn 30|Setime 15:10|Duratn 120|"
-     L"Ietime 15:20", {78000, 1200, 0, 0, 1800, 5400, 0, 0, 5400, 1800}, {{5, 8400}}},
-    {L"Sbtime 01|Duratn 61|Setime 02|Duratn 60|Sbtime 03|Duratn 60|"
-     L"Setime 04", {79200, 0, 0, 0, 7200, 0, 0, 0, 0, 7200}},
+    {L"Istime 13|Sbtime 13:10|Duratn 30|Setime 15:10|Duratn 120|Ietime 15:20", {78000, 1200, 0, 0, 1800, 5400, 0, 0, 5400, 1800}, {{5, 8400}}},
+    {L"Sbtime 01|Duratn 61|Setime 02|Duratn 60|Sbtime 03|Duratn 60|Setime 04", {79200, 0, 0, 0, 7200, 0, 0, 0, 0, 7200}},
     {L"Sbtime 13|Setime 13:30|Duratn 30", {84600, 0, 0, 0, 1800, 0, 0, 0, 0, 1800}},
     {L"Istime 20|Sbtime 21|Duratn 30", {72001, 3600, 0, 0, 10799, 0, 0, 0, 0, 10799}, {{5, 14400}}},
     // The first event reaches back to midnight.
@@ -87,8 +81,7 @@ const Day kDays[] = {
     {L"=Hstime # 2023/02/28 23:00:00|=Hetime # 2023/03/01 01:00:00", {79200, 0, 0, 0, 0, 7200, 0, 0, 7200}},
     {L"=  istime#2024/02/29 10:00:00|=IETIME \t#  2024/2/29   10:5: 0", {86100, 300}, {{0, 300}}},
     // Damaged lines.
-    {L"=Dstime # 2024/13/29 10:00:00|=Detime # 2024/13/29 11:00:00|=Mstime # 2024/02/00 10:00:00|"
-     L"=Metime # 2024/02/29 99:00:00", {86400}},
+    {L"=Dstime # 2024/13/29 10:00:00|=Detime # 2024/13/29 11:00:00|=Mstime # 2024/02/00 10:00:00|=Metime # 2024/02/29 99:00:00", {86400}},
     {L"=Hstime|Hetime 11|Qstime 11|=Qetime # -|=Sdtime # 2024-02-29|SUptme 12", {86400}},
     {L"Sbtime 13|=Duratn # -5|Setime 14|=Duratn # 99999999999", {82800, 0, 0, 0, 3600, 0, 0, 0, 0, 3600}},
 };

@@ -33,27 +33,21 @@ const Operations kOneDay = {L"GetActivationstatus", L"GetVLTEvents"};
 // The five lists, and what they say of the scripted day ("|" for a line break).
 // clang-format off
 const struct { WindowId page; int list; std::wstring_view text; } kLists[] = {
-    {WindowId::SavingsTotals, 101,
-        L"Description\tValue|System's Total Power consumption\t0.745 kWh|System was IDLE for :\t2 Hrs : 0 Mins|"
+    {WindowId::SavingsTotals, 101, L"Description\tValue|System's Total Power consumption\t0.745 kWh|System was IDLE for :\t2 Hrs : 0 Mins|"
         L"System (without Voltaro) would have been powered ON for :\t16 Hrs : 0 Mins|"
         L"System was powered OFF by Voltaro for :\t10 Hrs : 0 Mins|System was powered ON for :\t14 Hrs : 0 Mins|"
         L"Voltaro saved power consumption for :\t3 Hrs : 30 Mins|"
         L"System's (with Voltaro) actual power consumption is :\t0.745 kWh|"},
-    {WindowId::SavingsTotals, 102,
-        L"Description\tValue|Saved by Voltaro\t0.115 kWh|Saved by Voltaro (in percentage)\t13.372 %|"
-        L"CO2 emissions saved\t80.50 Grams|"},
-    {WindowId::SavingsEstimates, 101,
-        L"Description\tValue\tPower Consumption|Without Voltaro (would have been)\t16 Hrs : 0 Mins\t0.860 kWh|"
+    {WindowId::SavingsTotals, 102, L"Description\tValue|Saved by Voltaro\t0.115 kWh|Saved by Voltaro (in percentage)\t13.372 %|CO2 emissions saved\t80.50 Grams|"},
+    {WindowId::SavingsEstimates, 101, L"Description\tValue\tPower Consumption|Without Voltaro (would have been)\t16 Hrs : 0 Mins\t0.860 kWh|"
         L"Due to Voltaro (now is)\t14 Hrs : 0 Mins\t0.745 kWh|Saved by Voltaro\t3 Hrs : 30 Mins\t0.115 kWh|"
         L"Saved by Voltaro (in percentage)\t13.372 %\t|CO2 emissions saved\t80.50 Grams\t|"},
-    {WindowId::SavingsEstimates, 102,
-        L"Idle Duration Category\tOccurrences\tTotal Duration\tPower Consumption|"
+    {WindowId::SavingsEstimates, 102, L"Idle Duration Category\tOccurrences\tTotal Duration\tPower Consumption|"
         L"0 - 5 mins\t0\t0 Hrs : 0 Mins\t0.000 kWh|5 mins - 10 mins\t0\t0 Hrs : 0 Mins\t0.000 kWh|"
         L"10 mins - 30 mins\t0\t0 Hrs : 0 Mins\t0.000 kWh|30 mins - 1 hr\t0\t0 Hrs : 0 Mins\t0.000 kWh|"
         L"1 hr - 2 hrs\t1\t2 Hrs : 0 Mins\t0.100 kWh|2 hrs - 4 hrs\t0\t0 Hrs : 0 Mins\t0.000 kWh|"
         L"> 4 hrs\t0\t0 Hrs : 0 Mins\t0.000 kWh|Total Idle hrs\t1\t2 Hrs : 0 Mins\t0.100 kWh|"},
-    {WindowId::SavingsGraph, 101,
-        L"System Duration\tCumulative Value|IDLE\t2 Hrs : 0 Mins|ACTIVE\t12 Hrs : 0 Mins|"
+    {WindowId::SavingsGraph, 101, L"System Duration\tCumulative Value|IDLE\t2 Hrs : 0 Mins|ACTIVE\t12 Hrs : 0 Mins|"
         L"IDLE without Power Savings\t0 Hrs : 30 Mins|DIM (Upon IDLE)\t0 Hrs : 30 Mins|"
         L"MONITOR OFF (Upon IDLE)\t1 Hr  : 0 Mins|STANDBY (Upon IDLE)\t0 Hrs : 0 Mins|"
         L"STANDBY (Done Manually)\t0 Hrs : 0 Mins|HIBERNATE (Upon IDLE)\t0 Hrs : 0 Mins|"
@@ -194,13 +188,10 @@ TEST_F(SavingsWindowTest, AChosenDayFillsThePagesAndAFailureEmptiesThem)
     }
     // clang-format off
     const struct { const wchar_t* operation; simulator::Fault fault; ExpectedBox box; bool listsStay; } kRows[] = {
-        {L"GetVLTEvents", {FaultKind::Status, L"Failure"},
-            {L"No data", L"Power savings data not available for date: 5/03/2024"}, false},
-        {L"GetVLTEvents", {FaultKind::NotWellFormed, {}},
-            {L"Data Error", L"May be error in Power savings data logged for date: 5/03/2024 ."}, false},
+        {L"GetVLTEvents", {FaultKind::Status, L"Failure"}, {L"No data", L"Power savings data not available for date: 5/03/2024"}, false},
+        {L"GetVLTEvents", {FaultKind::NotWellFormed, {}}, {L"Data Error", L"May be error in Power savings data logged for date: 5/03/2024 ."}, false},
         {L"GetVLTEvents", {FaultKind::Status, L"Not Activated"}, {L"Power Savings Report", L"is not activated"}, true},
-        {L"GetActivationstatus", {FaultKind::Status, L"License Expired"},
-            {L"Power Savings Report", L"has expired"}, true},
+        {L"GetActivationstatus", {FaultKind::Status, L"License Expired"}, {L"Power Savings Report", L"has expired"}, true},
         {L"GetVLTEvents", {FaultKind::CloseAtOnce, {}}, {L"Connection Issue", L""}, true},
     };
     // clang-format on

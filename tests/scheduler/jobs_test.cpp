@@ -29,16 +29,14 @@ TEST(JobDocumentTest, JobsBothWays)
         const wchar_t* action = kBare;
     } kRows[] = {
         {L"a b", [](J&) {}},
-        {L"once", [](J& j) { j.kind = K::OnDate; j.startDate = j.endDate = L"2031-12-24"; },
-            L"StartDate=2031-12-24 EndDate=2031-12-24 Frequency_1[JobStart=AST"},
+        {L"once", [](J& j) { j.kind = K::OnDate; j.startDate = j.endDate = L"2031-12-24"; }, L"StartDate=2031-12-24 EndDate=2031-12-24 Frequency_1[JobStart=AST"},
         {L"week", [](J& j) { j.kind = K::Weekly; j.weekDays[0] = j.weekDays[6] = true; },
             L"StartDate=NULL EndDate=NULL Frequency_1[JobStart=Weekly Sun=Yes Mon=No Tue=No Wed=No Thu=No Fri=No "
             L"Sat=Yes"},
         {L"month", [](J& j) { j.kind = K::Monthly; j.months[0] = true; j.startDate = L"1"; j.endDate = L"31"; },
             L"StartDate=1 EndDate=31 Frequency_1[JobStart=Monthly Jan=Yes Feb=No Mar=No Apr=No May=No Jun=No Jul=No "
             L"Aug=No Sep=No Oct=No Nov=No Dec=No"},
-        {L"t", [](J& j) { j.tasks = {{L"a.exe", L"-x", true, {L"60"}, L"17:00:00"}, {L"c"}}; },
-            kDaily, L"RunTask_1[APP_11[Path=a.exe Parameters=-x RDelay=60 REndTime=17:00:00] "
+        {L"t", [](J& j) { j.tasks = {{L"a.exe", L"-x", true, {L"60"}, L"17:00:00"}, {L"c"}}; }, kDaily, L"RunTask_1[APP_11[Path=a.exe Parameters=-x RDelay=60 REndTime=17:00:00] "
             L"APP_12[Path=c Parameters= RDelay= REndTime=]]"},
         {L"all", [](J& j) { j.powerOn = j.applyScheme = j.powerOff = j.useAppSensor = true; j.schemeName = L"N_1";
             j.powerOffType = L"Shutdown"; j.idleMinutes = 30; }, kDaily,
@@ -47,8 +45,7 @@ TEST(JobDocumentTest, JobsBothWays)
             j.idleMinutes.text = L"05"; j.useAppSensor.text = L"1"; j.tasks = {{L"a", L"", true, {L"soon"}}}; },
             L"StartDate=5 EndDate= Frequency_1[JobStart=Hourly", L"PowerOff_1[type= idlefor=05 AppSensor=1] "
             L"RunTask_1[APP_11[Path=a Parameters= RDelay=soon REndTime=]]"},
-        {L"<a & \"b\">", [](J& j) { j.tasks = {{L"\x00E9\x4E2D.exe", L"<&>\"' \x20AC"}}; }, kDaily,
-            L"RunTask_1[APP_11[Path=\x00E9\x4E2D.exe Parameters=<&>\"' \x20AC RDelay= REndTime=]]"},
+        {L"<a & \"b\">", [](J& j) { j.tasks = {{L"\x00E9\x4E2D.exe", L"<&>\"' \x20AC"}}; }, kDaily, L"RunTask_1[APP_11[Path=\x00E9\x4E2D.exe Parameters=<&>\"' \x20AC RDelay= REndTime=]]"},
     };
     // clang-format on
     for (const auto& row : kRows) {

@@ -172,8 +172,7 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
         {0, L"TCP Port :", L"0", {kPort, kRange}},
         {1, L"User Name   :", L"", {L"Blank Username ", L"Username cannot be blank."}},
         {1, L"Port No      :", L"", {kPort, L"Proxy port cannot be blank."}},
-        {1, L"Port No      :", L"99999999999",
-            {kPort, L"Proxy port should be a non zero numeric value in range ( 1 - 65535 ) ."}},
+        {1, L"Port No      :", L"99999999999", {kPort, L"Proxy port should be a non zero numeric value in range ( 1 - 65535 ) ."}},
         {1, L"Proxy Server :", L"", {L"Blank Proxy Server ", L"Proxy Server name cannot be blank."}},
     };
     // clang-format on

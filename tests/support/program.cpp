@@ -138,29 +138,12 @@ void ConsoleProgram::DoubleClick(HWND list, int row)
     SendMessageW(GetParent(list), WM_NOTIFY, twice.idFrom, reinterpret_cast<LPARAM>(&twice));
 }
 
-Operations ConsoleProgram::TakeOperations()
-{
-    Operations names;
-    for (const simulator::ReceivedRequest& request : m_agent.Requests())
-        names.push_back(request.operation);
-    m_agent.ClearRequests();
-    return names;
-}
-
-std::wstring ConsoleProgram::LastRequest(std::wstring_view operation)
-{
-    std::wstring text;
-    for (const simulator::ReceivedRequest& request : m_agent.Requests())
-        text = request.operation == operation ? request.text : text;
-    constexpr std::size_t kTag = 11, kIdentifier = 38;
-    const std::size_t at = text.find(L"<MessageId>");
-    return at != std::wstring::npos ? text.replace(at + kTag, kIdentifier, L"{ID}") : text;
-}
-
 void ConsoleProgram::ExpectSent(const std::wstring& operation, const std::wstring& fields)
 {
-    const std::wstring sent = Line(simulator::ParseXml(LastRequest(operation)).root);
-    EXPECT_EQ(sent, L"vltp[request[MessageId={ID} operation=" + operation + L" " + fields + L"]]");
+    std::wstring sent = Line(simulator::ParseXml(LastRequest(operation)).root);
+    constexpr std::size_t kTag = 23, kIdentifier = 38; // "vltp[request[MessageId={...}"
+    EXPECT_EQ(sent.replace(std::min(kTag, sent.size()), kIdentifier, L"{ID}"),
+        L"vltp[request[MessageId={ID} operation=" + operation + L" " + fields + L"]]");
 }
 
 void ConsoleProgram::AnswerWith(std::wstring_view operation, std::wstring_view answer)

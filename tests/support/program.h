@@ -114,11 +114,10 @@ public:
         return IsEnabled(Find(name, window));
     }
 
-    // The names of the operations that the agent received since the last call, in order.
-    Operations TakeOperations();
-    // The last request of that operation as on the wire, its identifier replaced by "{ID}"; empty when there was none.
-    [[nodiscard]] std::wstring LastRequest(std::wstring_view operation);
-    // Expects the last request of an operation in the usual envelope; `fields` as Line() shows elements.
+    Operations TakeOperations() { return m_agent.TakeOperations(); }
+    [[nodiscard]] std::wstring LastRequest(std::wstring_view operation) const { return m_agent.LastRequest(operation); }
+    // Expects the last request of an operation in the usual envelope, whatever its identifier; `fields` as Line() shows
+    // elements.
     void ExpectSent(const std::wstring& operation, const std::wstring& fields);
 
     // Answers the operation so, whatever it asks: with a document, a status word or kNoAnswer; any other as usual.

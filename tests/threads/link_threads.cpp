@@ -1,5 +1,4 @@
 // The link from several threads at once, for the race detector: every thread reads what one alone reads.
-#include "base/error_log.h"
 #include "base/platform_calls.h"
 #include "link/document.h"
 #include "link/exchange.h"
@@ -27,14 +26,6 @@ std::optional<FieldText> SerialiseRequest(const Element& request)
 std::wstring NewMessageId()
 {
     return L"{00000000-0000-0000-0000-000000000000}";
-}
-void LogFailure(const char*, unsigned line, const char* label, long, const char* call)
-{
-    std::cerr << line << " " << label << " " << call << "\n";
-}
-void LogFault(const char* label, const char* what, CodePlace)
-{
-    std::cerr << label << " " << what << "\n";
 }
 const simulator::LiveMachine& simulator::ThisMachine()
 {

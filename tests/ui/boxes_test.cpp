@@ -16,18 +16,18 @@ namespace voltaro {
 
 constexpr Box kQuestion{L"Close ?", L"Do you want to close?", BoxIcon::Information, BoxButtons::YesNo};
 
+// Takes the quit message, if there is one.
+static std::optional<int> QuitCode()
+{
+    MSG message;
+    const bool quit = PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != FALSE;
+    return quit ? std::optional(static_cast<int>(message.wParam)) : std::nullopt;
+}
+
 // Boxes as the program shows them, without the test program's own function in front.
 struct RealBox : testing::Test {
     RealBox() { platformCalls.showMessageBox = nullptr; }
     ~RealBox() override { platformCalls.showMessageBox = &FailOnBox; }
-
-    // Takes the quit message, if there is one.
-    static std::optional<int> QuitCode()
-    {
-        MSG message;
-        const bool quit = PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != FALSE;
-        return quit ? std::optional(static_cast<int>(message.wParam)) : std::nullopt;
-    }
 
     TestWindow m_owner;
 };
@@ -86,11 +86,8 @@ TEST(WaitingTest, AWaitAnswersProbesAndPaintsWithoutSpinningButLeavesInput)
     PostMessageW(window.Get(), WM_KEYDOWN, 'X', 0);
     std::atomic<int> answered = 0;
     std::thread prober([&] {
-        for (int i = 0; i < 20; ++i) {
-            DWORD_PTR result = 0;
-            answered += SendMessageTimeoutW(window.Get(), WM_NULL, 0, 0, SMTO_BLOCK, 50, &result) != 0;
-            Sleep(5);
-        }
+        for (int i = 0; i < 20; ++i, Sleep(5))
+            answered += SendMessageTimeoutW(window.Get(), WM_NULL, 0, 0, SMTO_BLOCK, 50, nullptr) != 0;
     });
     const ULONGLONG start = GetTickCount64();
     EXPECT_EQ(WaitServingWindows(nullptr, 500), Waited::TimedOut);
@@ -122,9 +119,7 @@ TEST(WaitingTest, EndsAtOnceForItsHandleOrTheProgramAndLeavesTheQuitMessage)
     EXPECT_EQ(WaitServingSentMessages(event.Get(), 5'000), Waited::Signalled);
     AllowWaits();
     EXPECT_LT(GetTickCount64() - start, 1'000u);
-    MSG message;
-    ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-    EXPECT_EQ(message.wParam, 5u);
+    EXPECT_EQ(QuitCode(), 5);
 }
 
 } // namespace voltaro

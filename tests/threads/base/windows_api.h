@@ -80,6 +80,8 @@ inline int select(int, fd_set* read, fd_set* write, std::nullptr_t, timeval* wai
 inline void Sleep(DWORD milliseconds) { std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds)); }
 inline ULONGLONG GetTickCount64() { return static_cast<ULONGLONG>(std::chrono::steady_clock::now().time_since_epoch() / std::chrono::milliseconds(1)); }
 inline DWORD GetCurrentThreadId() { return static_cast<DWORD>(gettid()); }
+inline DWORD GetLastError() { return static_cast<DWORD>(errno); }
+inline void OutputDebugStringA(const char*) { }
 inline void GetLocalTime(SYSTEMTIME*) { }
 inline void DeleteDC(void*) { }
 inline void DestroyMenu(void*) { }
