@@ -160,20 +160,22 @@ TEST_F(PolicyWindow, NothingReachesAWindowUnderAnotherOne)
 TEST_F(PolicyWindow, NamesAndListsAreChecked)
 {
     Do({{kNewPolicy}});
-    constexpr const wchar_t* kTyping = L"Invalid policy name ";
-    ExpectRefused(kNewPolicyName, kSavePolicy, kTyping,
-        {{L"a.", kTyping, L"Please follow the rules listed below while entering a 'Policy Name'"},
-            {L"abcdefghijklmnopqrstuvwxyz01234.", kTyping}, {L"a_", L"Invalid Policy name "},
-            {L"nightly_BACKUP", L"Policy name already present "}});
+    const ExpectedBox typing = {L"Invalid policy name ", L"rules listed below while entering a 'Policy Name'"};
+    ExpectRefused(typing, {{kNewPolicyName, L"abcdefghijklmnopqrstuvwxyz01234."}});
+    ExpectRefused({L"Invalid Policy name ", {}}, {{kNewPolicyName, L"a_"}, {kSavePolicy}});
+    ExpectRefused({L"Policy name already present ", {}}, {{kNewPolicyName, L"nightly_BACKUP"}, {kSavePolicy}});
+    boxes.Expect({typing});
+    TypeUnits(kNewPolicyName, L"a.");
+    EXPECT_EQ(Shown(kNewPolicyName), L"");
     boxes.Expect({{L"Blank Applications List ", L"Application's list cann't be blank!\nPlease add"}});
     Do({{kNewPolicyName, L"Games"}, {kSavePolicy}, {kAddRule}, {kRuleName, L"A tool.EXE"}, {kSaveRule}});
     SetText(WindowOf(kPolicy), kNewPolicyName, L"abcdefghijklmnopqrstuvwxyz0123456789");
     Do({{kSavePolicy}});
     EXPECT_EQ(Shown(kPolicyList), L"abcdefghijklmnopqrstuvwxyz012345");
     Do({{kEditPolicy}, {kAddRule}});
-    ExpectRefused(kRuleName, kSaveRule, {},
-        {{L"", L"No Application name "},
-            {L"a Tool.exe", L"Application name already in the list ", L"Application ' a Tool.exe ' already exists"}});
+    ExpectRefused({L"No Application name ", {}}, {{kRuleName, L""}, {kSaveRule}});
+    ExpectRefused({L"Application name already in the list ", L"Application ' a Tool.exe ' already exists"},
+        {{kRuleName, L"a Tool.exe"}, {kSaveRule}});
     static std::wstring chosen;
     platformCalls.chooseFile = [](HWND, const FileDialog& dialog) {
         EXPECT_STREQ(dialog.title, L"Select an exe file");

@@ -180,10 +180,13 @@ TEST_F(SchemeWindow, ANewNameIsCheckedAndTheWaysOut)
     Do({{kDim, L"After 20 Mins"}, {kNewScheme}});
     EXPECT_TRUE(
         IsShown(Find(kNewSchemeName)) && IsShown(Find(kSaveNewScheme)) && !IsOn(kSaveAndApply) && !IsOn(kDeleteScheme));
-    constexpr const wchar_t* kTyping = L"Invalid Scheme Name ";
-    ExpectRefused(kNewSchemeName, kSaveNewScheme, kTyping,
-        {{L"a ", kTyping, L"Please follow the rules listed below while entering a 'Scheme Name':\n\n (1) Only"},
-            {L"", L"Blank Input "}, {L"bALANCED", L"Scheme name already present "}});
+    const ExpectedBox typing = {L"Invalid Scheme Name ", L"below while entering a 'Scheme Name':\n\n (1) Only"};
+    ExpectRefused(typing, {{kNewSchemeName, L"a "}});
+    ExpectRefused({L"Blank Input ", {}}, {{kNewSchemeName, L""}, {kSaveNewScheme}});
+    ExpectRefused({L"Scheme name already present ", {}}, {{kNewSchemeName, L"bALANCED"}, {kSaveNewScheme}});
+    boxes.Expect({typing});
+    TypeUnits(kNewSchemeName, L"a ");
+    EXPECT_EQ(Shown(kNewSchemeName), L"");
     TypeUnits(kNewSchemeName, L"abcdefghijklmnopqrstuvwxyz0123456789");
     EXPECT_EQ(Shown(kNewSchemeName), L"abcdefghijklmnopqrstuvwxyz012345");
     Do({{kEditSettings}});

@@ -63,16 +63,7 @@ struct SavingsWindowTest : testing::Test, LoadedProgram {
         MainCommand(kSavingsReport);
     }
     [[nodiscard]] HWND Picker() const { return ControlOf(WindowOf(WindowId::Savings), kPicker); }
-    void SetDay(WORD year, WORD month, WORD day)
-    {
-        const SYSTEMTIME time{year, month, 0, day, 0, 0, 0, 0};
-        DateTime_SetSystemtime(Picker(), GDT_VALID, &time);
-    }
-    void Choose(WORD year, WORD month, WORD day)
-    {
-        SetDay(year, month, day);
-        Command(WindowId::Savings, IDOK);
-    }
+    void Choose(const wchar_t* day) { Do({{kPicker, day}, {IDOK}}); }
     // What the agent is asked after the picker's notification, once the day has rested.
     Operations AskedAfter(UINT code, unsigned milliseconds)
     {
@@ -98,9 +89,9 @@ struct SavingsWindowTest : testing::Test, LoadedProgram {
 TEST_F(SavingsWindowTest, ADayCountsOnceItRestsAndNotFromTheFuture)
 {
     constexpr unsigned kLongEnough = 650; // a day rests for 500 ms
-    SetDay(2024, 2, 28);
+    Do({{kPicker, L"2024-02-28"}});
     EXPECT_TRUE(AskedAfter(DTN_DATETIMECHANGE, 0).empty());
-    SetDay(2024, 2, 29);
+    Do({{kPicker, L"2024-02-29"}});
     EXPECT_EQ(AskedAfter(DTN_DATETIMECHANGE, kLongEnough), kOneDay);
     EXPECT_TRUE(AskedAfter(DTN_CLOSEUP, kLongEnough).empty()) << "left without a choice";
     NMSELCHANGE selected{};
@@ -117,7 +108,7 @@ TEST_F(SavingsWindowTest, ADayCountsOnceItRestsAndNotFromTheFuture)
     SendMessageW(WindowOf(WindowId::Savings), WM_ACTIVATE, WA_CLICKACTIVE, 0);
     DateTime_GetRange(Picker(), range);
     EXPECT_TRUE(range[1].wYear == now.wYear && range[1].wDay == now.wDay);
-    Choose(static_cast<WORD>(now.wYear + 1), 1, 1);
+    Choose(Format(L"%d-01-01", now.wYear + 1).c_str());
     EXPECT_EQ(LastRequest(L"GetVLTEvents").find(L"0101"), std::wstring::npos) << "no day in the future";
 }
 
@@ -125,7 +116,7 @@ TEST_F(SavingsWindowTest, TheGraphHasTooltipsAndIsCopied)
 {
     const HWND page = WindowOf(WindowId::SavingsGraph);
     ClickTab(FindWindowExW(WindowOf(WindowId::Savings), nullptr, WC_TABCONTROLW, nullptr), 2);
-    Choose(2024, 2, 29);
+    Choose(L"2024-02-29");
     EXPECT_EQ(AreaTipAt(page, {209, 439}), L"SHUTDOWN (Upon IDLE)\n2 Hrs : 0 Mins\n8.3 % of the day");
     EXPECT_EQ(AreaTipAt(page, {105, 199}), L"");
     SendMessageW(page, WM_RBUTTONUP, 0, MAKELPARAM(100, 100));
@@ -162,7 +153,7 @@ TEST_F(SavingsWindowTest, AProfileThatIsMissingIsReadWithTheDay)
         savedProfile = {};
         if (!readable)
             Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::NotWellFormed, {}});
-        Choose(2024, 2, 29);
+        Choose(L"2024-02-29");
         EXPECT_EQ(TakeOperations(), kBoth);
         EXPECT_EQ(shownDay->profileKnown, readable);
         EXPECT_EQ(shownDay->profile.cpuMax > 0, readable);
@@ -197,18 +188,19 @@ TEST_F(SavingsWindowTest, AChosenDayFillsThePagesAndAFailureEmptiesThem)
     // clang-format on
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.box.caption);
-        Choose(2024, 2, 29);
+        Choose(L"2024-02-29");
         EXPECT_NE(LastRequest(L"GetVLTEvents").find(L"<fordate>02292024</fordate>"), std::wstring::npos);
         EXPECT_EQ(TakeOperations(), kOneDay);
         ExpectLists(true);
         Agent().ClearScripts();
         Agent().SetFault(row.operation, row.fault);
         boxes.Expect({row.box});
-        Choose(2024, 3, 5);
+        Choose(L"2024-03-05");
         EXPECT_EQ(LastRequest(L"GetVLTEvents").empty(), row.operation[3] == L'A') << "not activated";
         TakeOperations();
         Command(WindowId::Savings, IDCANCEL);
-        SetDay(2024, 1, 1);
+        const SYSTEMTIME other{2024, 1, 0, 1, 0, 0, 0, 0};
+        DateTime_SetSystemtime(Picker(), GDT_VALID, &other);
         OpenSavingsWindow(nullptr); // as it was, and asks nothing
         SYSTEMTIME time{};
         DateTime_GetSystemtime(Picker(), &time);

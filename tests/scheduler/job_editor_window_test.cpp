@@ -11,20 +11,13 @@ struct JobEditorWindowTest : testing::Test, SchedulerProgram {
 
 TEST_F(JobEditorWindowTest, RefusesWhatIsWrong)
 {
-    const auto expectRefused = [&](const Step& field, const wchar_t* button, const ExpectedBox& box) {
-        boxes.Expect({box});
-        Do({field, {button}});
-        boxes.ExpectAllSeen();
-        EXPECT_EQ(Shown(field.control), L"");
-        EXPECT_EQ(GetFocus(), Find(field.control));
-    };
     Do({{L"Add Job.."}});
-    expectRefused({L"Job Name :", L"nightly BACKUP"}, L"Save",
-        {L"Job with name already in the list ", L"Job with name ' nightly BACKUP ' already exists"});
+    ExpectRefused({L"Job with name already in the list ", L"Job with name ' nightly BACKUP ' already exists"},
+        {{L"Job Name :", L"nightly BACKUP"}, {L"Save"}});
     ClickTab(m_tabs, 1);
     AddTask(L"C:\\a.exe");
-    expectRefused({L".exe/.bat File Path :", L"C:\\A.EXE"}, L"Add Task",
-        {L"Application exe already in the list ", L"Application ' C:\\A.EXE ' already exists"});
+    ExpectRefused({L"Application exe already in the list ", L"Application ' C:\\A.EXE ' already exists"},
+        {{L".exe/.bat File Path :", L"C:\\A.EXE"}, {L"Add Task"}});
     boxes.Expect(
         {{L"Invalid Schedule", L"day"}, {L"Invalid Schedule", L"month"}, {L"Invalid Schedule", L"cannot come after"}});
     Do({{L"Job Name :", L"two words"}, {L"Weekly"}, {L"Save"}, {L"Monthly"}, {L"Save"}, {L"June"},

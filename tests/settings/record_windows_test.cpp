@@ -178,12 +178,7 @@ TEST_F(RecordWindows, ARefusedInputIsEmptiedAndNothingIsSent)
     // clang-format on
     for (const auto& row : kRows) {
         Open(kEditors[row.editor]);
-        Set(row.label, row.text);
-        boxes.Expect({row.box});
-        Command(m_editor->window, IDOK);
-        EXPECT_EQ(Shown(row.label), L"");
-        EXPECT_EQ(GetFocus(), Find(row.label)) << row.box.text;
-        EXPECT_EQ(TakeOperations(), Operations{});
+        ExpectRefused(row.box, {{row.label, row.text}, {L"Change"}});
     }
 }
 

@@ -131,6 +131,18 @@ void ConsoleProgram::Do(std::initializer_list<Step> steps)
     }
 }
 
+void ConsoleProgram::ExpectRefused(const ExpectedBox& box, std::initializer_list<Step> steps)
+{
+    const ControlName edit = steps.begin()->control;
+    boxes.Expect({box});
+    TakeOperations();
+    Do(steps);
+    boxes.ExpectAllSeen();
+    EXPECT_EQ(Shown(edit), L"") << box.caption;
+    EXPECT_EQ(GetFocus(), Find(edit)) << box.caption;
+    EXPECT_EQ(TakeOperations(), Operations{}) << box.caption;
+}
+
 void ConsoleProgram::DoubleClick(HWND list, int row)
 {
     SelectRow(list, row);

@@ -103,6 +103,8 @@ public:
     [[nodiscard]] static bool IsMainFree() { return IsEnabled(WindowOf(WindowId::Main)) && IsConsoleReady(); }
     // Does one step after the other as the user does it, the window hearing of each, then serves what follows.
     void Do(std::initializer_list<Step> steps);
+    // The box refuses what the first step enters: it is emptied, has the focus, and nothing is sent.
+    void ExpectRefused(const ExpectedBox& box, std::initializer_list<Step> steps);
     static void DoubleClick(HWND list, int row);
 
     // A control of a window or its pages (else of the window that is open over all others), what it shows, chooses or
