@@ -160,21 +160,4 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
     EXPECT_TRUE(sent.find(L"Flag>Yes<") != sent.npos && sent.find(L"<MonitorSize/>") != sent.npos) << sent;
 }
 
-TEST_F(ProfileWindowTest, RefusalsOfTheAgentLeaveTheFieldsAsTheyAre)
-{
-    Open();
-    const Change change = {.operation = L"ApplyPowerConsumptionData",
-        .failed = {L"Error", L"Unable to Set"},
-        .readAfterSuccess = {L"GetCurrentPowerConsumptionData"},
-        .done = {L"Power Consumption Settings", {}},
-        .unlicensed = L"Unable to Set"};
-    ExpectAnswers(change, [&] {
-        if (!IsOn(kSave))
-            Click(kEdit);
-        ClickRadio(kBranded);
-        Click(kSave);
-        EXPECT_TRUE(!IsOn(kSave) || IsChecked(m_window, kBranded));
-    });
-}
-
 } // namespace voltaro

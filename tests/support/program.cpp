@@ -81,9 +81,9 @@ std::vector<HWND> WithPages(HWND window)
     return windows;
 }
 
-// Windows that lie over others have later identifiers.
-static HWND Front()
+HWND ConsoleProgram::Front()
 {
+    // Windows that lie over others have later identifiers.
     const auto open = std::find_if(windowHandles.rbegin(), windowHandles.rend(), IsWindowVisible);
     return open != windowHandles.rend() ? GetAncestor(*open, GA_ROOT) : WindowOf(WindowId::Main);
 }
@@ -171,44 +171,6 @@ void ConsoleProgram::AnswerWith(std::wstring_view operation, std::wstring_view a
     else
         m_agent.ScriptReply(
             operation, L"<vltp><response><status>" + std::wstring(answer) + L"</status></response></vltp>");
-}
-
-void ConsoleProgram::ExpectAnswers(const Change& change, const std::function<void()>& make)
-{
-    const std::wstring gate = L"GetActivationstatus", operation = change.operation;
-    const auto sent = [&](Operations readAgain) {
-        readAgain.insert(readAgain.begin(), {gate, operation});
-        return readAgain;
-    };
-    const ExpectedBox& odd = change.lenient ? change.done : change.failed;
-    const ExpectedBox& denied = change.denied.caption.empty() ? odd : change.denied;
-    const Operations readAfterOdd = change.lenient ? change.readAfterSuccess : Operations();
-    const struct {
-        const std::wstring& operation;
-        const wchar_t* answer;
-        ExpectedBox box;
-        Operations asked;
-    } rows[] = {
-        {operation, L"Failure", change.failed, sent({})},
-        {operation, L"Permission denied", denied, sent(change.lenient ? readAfterOdd : change.readAfterOthers)},
-        {operation, kNoStatus, odd, sent(readAfterOdd)},
-        {operation, L"Success", change.done, sent(change.readAfterSuccess)},
-        {operation, L"success", change.done, sent(change.readAfterSuccess)},
-        {operation, L"Not Activated", {change.unlicensed, L"'Localhost' is not activated."}, sent({gate})},
-        {gate, L"License Expired", {change.unlicensed, L"The license of Voltaro on 'Localhost' has expired."}, {gate}},
-        {operation, kMalformed, odd, sent(readAfterOdd)},
-        {operation, kNoAnswer, {L"Connection Issue", L"is not responding"}, sent({})},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(operation + L" " + row.answer);
-        AnswerWith(row.operation, row.answer);
-        const ExpectedBox question = {change.question ? change.question : L"", L"Are you sure", Answer::Yes};
-        const BoxScript script{question, row.box};
-        make();
-        EXPECT_EQ(TakeOperations(), row.asked);
-    }
-    m_agent.ClearFaults();
-    connection.connected = true;
 }
 
 } // namespace voltaro

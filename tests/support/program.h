@@ -46,19 +46,6 @@ using Operations = std::vector<std::wstring>;
 inline constexpr wchar_t kMalformed[] = L"<vltp><response><status>Success",
                          kNoStatus[] = L"<vltp><response></response></vltp>", kNoAnswer[] = L"no answer";
 
-// A change that is sent to the agent, and what its answers lead to.
-struct Change {
-    const wchar_t* operation;
-    const wchar_t* question = nullptr; // asked first and answered with Yes
-    ExpectedBox failed{};
-    Operations readAfterSuccess{};
-    Operations readAfterOthers{};             // after an answer that says neither
-    ExpectedBox denied{};                     // the box for "Permission denied", if it has one of its own
-    ExpectedBox done{};                       // the box that tells of success, if there is one
-    std::wstring unlicensed = failed.caption; // the caption for a refusal for want of a license
-    bool lenient = false;                     // whatever is not "Failure" counts as done
-};
-
 using ControlName = std::variant<int, const wchar_t*>; // a control's id, or the label that the user finds it by
 
 // A step of the user: a button or a menu item is chosen; a combo box, a picker or an edit takes the text.
@@ -99,6 +86,8 @@ public:
         SendMessageW(WindowOf(WindowId::Main), kTrayMessage, 9013, WM_LBUTTONUP);
         Pump();
     }
+    // The window that lies over the others that are open.
+    [[nodiscard]] static HWND Front();
     // Whether the main window takes input again, nothing lying over it.
     [[nodiscard]] static bool IsMainFree() { return IsEnabled(WindowOf(WindowId::Main)) && IsConsoleReady(); }
     // Does one step after the other as the user does it, the window hearing of each, then serves what follows.
@@ -107,7 +96,7 @@ public:
     void ExpectRefused(const ExpectedBox& box, std::initializer_list<Step> steps);
     static void DoubleClick(HWND list, int row);
 
-    // A control of a window or its pages (else of the window that is open over all others), what it shows, chooses or
+    // A control of a window or its pages (else of the one in front), what it shows, chooses or
     // holds, and whether it can be used.
     [[nodiscard]] static HWND Find(ControlName name, WindowId window = WindowId::Count);
     [[nodiscard]] static std::wstring Shown(ControlName name, WindowId window = WindowId::Count);
@@ -124,8 +113,6 @@ public:
 
     // Answers the operation so, whatever it asks: with a document, a status word or kNoAnswer; any other as usual.
     void AnswerWith(std::wstring_view operation, std::wstring_view answer);
-    // Makes the change once for each answer: expects its box, and what is read again.
-    void ExpectAnswers(const Change& change, const std::function<void()>& make);
 
 private:
     simulator::AgentServer m_agent;
