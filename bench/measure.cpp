@@ -1,6 +1,5 @@
 #include "measure.h"
 
-#include "base/windows_api.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,7 +1,6 @@
 // The program as a process: its start, what it holds and what it does in the notification area.
 #include "measure.h"
 
-#include "console/windows.h"
 #include "shell/connection.h"
 #include "shell/main_commands.h"
 #include "shell/program.h"

@@ -1,8 +1,6 @@
 // For libFuzzer: its entry; VOLTARO_FUZZ_TARGET names the target. Else: runs every target over its corpus, varied.
 #include "fuzz/targets.h"
 
-#include "base/text.h"
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -11,51 +9,6 @@
 #include <vector>
 
 namespace voltaro::fuzz {
-
-std::uint8_t Bytes::Next()
-{
-    if (AtEnd())
-        return 0;
-    const std::uint8_t byte = m_data.front();
-    m_data = m_data.subspan(1);
-    return byte;
-}
-
-std::int32_t Bytes::Number()
-{
-    std::uint32_t number = 0;
-    for (int i = 0; i < 4; ++i)
-        number = number << 8 | Next();
-    return static_cast<std::int32_t>(number);
-}
-
-std::wstring Bytes::Text(std::size_t most)
-{
-    // In place of the last Latin-1 units: halves of pairs, direction marks, other scripts, what no document may hold.
-    constexpr wchar_t kUnits[] = {0xD83D, 0xDE00, 0xDBFF, 0xDFFF, 0x202E, 0x200B, 0xFEFF, 0xFFFF, 0x013C, 0x0130,
-        0x03A9, 0x20AC, 0x4E3C, 0x2028, 0x0100};
-    std::wstring text;
-    while (!AtEnd() && text.size() < most) {
-        const std::uint8_t byte = Next();
-        if (byte == 0xFF)
-            break;
-        text += byte < 0xF0 ? static_cast<wchar_t>(byte) : kUnits[byte - 0xF0];
-    }
-    return text;
-}
-
-std::wstring Bytes::Value(std::span<const wchar_t* const> words)
-{
-    constexpr const wchar_t* kWords[] = {L"", L"Yes", L"No", L"NULL", L"AST", L"Weekly", L"Monthly", L"08:00:00",
-        L"2024-02-29", L"31", L"-5", L"99999999999", L"Standby", L"Success", L"Failure", L"NA"};
-    const std::size_t choice = Next();
-    if (choice < 64)
-        return kWords[choice % std::size(kWords)];
-    if (choice < 128 && !words.empty())
-        return words[choice % words.size()];
-    const std::wstring text = Text();
-    return choice < 192 ? text : text + text + text + text;
-}
 
 void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
 {

@@ -1,4 +1,3 @@
-#include "base/text.h"
 #include "fuzz/targets.h"
 #include "power/capabilities.h"
 #include "power/names.h"

@@ -1,6 +1,5 @@
 #include "base/text.h"
 
-#include "base/choices.h"
 #include "base/fixed_text.h"
 #include "power/levels.h"
 #include "power/timeouts.h"

@@ -1,4 +1,3 @@
-#include "base/handles.h"
 #include "link/document.h"
 #include "power/policy_window.h"
 #include "simulator/frame.h"

@@ -1,8 +1,5 @@
 #include "base/com_apartment.h"
-#include "base/handles.h"
-#include "link/document.h"
 #include "link/host_config.h"
-#include "savings/savings_window.h"
 #include "soak/held.h"
 #include "support/program.h"
 #include "ui/clipboard.h"

@@ -1,9 +1,7 @@
 #include "link/document.h"
 
 #include "base/installation.h"
-#include "base/text.h"
 #include "link/host_config.h"
-#include "link/requests.h"
 #include "support/installation.h"
 
 #include <gtest/gtest.h>

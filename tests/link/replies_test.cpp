@@ -1,6 +1,5 @@
 #include "link/replies.h"
 
-#include "base/text.h"
 #include "link/frame.h"
 #include "link/requests.h"
 #include "link/system_details.h"

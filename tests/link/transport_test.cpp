@@ -1,11 +1,9 @@
 #include "link/transport.h"
 
 #include "base/platform_calls.h"
-#include "base/waiting.h"
 #include "link/frame.h"
 #include "simulator/server.h"
 #include "support/test_window.h"
-#include "ui/waiting.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,6 @@
 #include "soak/held.h"
 #include "support/fake_tray.h"
 #include "support/installation.h"
-#include "support/test_window.h"
 #include "ui/controls.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,5 @@
 #include "savings/profile_window.h"
 
-#include "savings/profile_record.h"
 #include "support/program.h"
 
 namespace voltaro {

@@ -1,8 +1,4 @@
 #include "savings/day_texts.h"
-#include "savings/decimal.h"
-#include "savings/event_walk.h"
-#include "savings/graph_layout.h"
-#include "savings/profile_record.h"
 #include "savings/report.h"
 #include "savings/shown_day.h"
 

@@ -1,7 +1,6 @@
 #include "scheduler/job_editor_window.h"
 
 #include "scheduler/scheduler_program.h"
-#include "ui/file_dialog.h"
 
 namespace voltaro {
 

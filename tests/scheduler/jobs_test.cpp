@@ -1,4 +1,3 @@
-#include "base/text.h"
 #include "scheduler/job_document.h"
 #include "scheduler/job_texts.h"
 #include "support/expectations.h"

@@ -1,4 +1,3 @@
-#include "settings/settings_rules.h"
 #include "support/program.h"
 
 namespace voltaro {

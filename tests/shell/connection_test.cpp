@@ -1,7 +1,6 @@
 // The connection check, what is told of a lost agent, who holds the main window, and how the workers end.
 #include "shell/connection.h"
 
-#include "console/agent.h"
 #include "console/agent_lost.h"
 #include "console/main_view.h"
 #include "link/document.h"

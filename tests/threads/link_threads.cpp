@@ -1,6 +1,5 @@
 // The link from several threads at once, for the race detector: every thread reads what one alone reads.
 #include "base/platform_calls.h"
-#include "link/document.h"
 #include "link/exchange.h"
 #include "link/host_config.h"
 #include "simulator/server.h"
