@@ -2,9 +2,8 @@
 #include "power/policy_window.h"
 #include "simulator/frame.h"
 #include "soak/held.h"
+#include "support/installation.h"
 #include "support/program.h"
-
-#include <psapi.h>
 
 namespace voltaro {
 namespace {
@@ -71,11 +70,7 @@ TEST(HostileDocumentTest, EveryDocumentInEveryWindow)
 
 TEST(HostileDocumentTest, MemoryStaysInProportionToTheAnswer)
 {
-    const auto used = [] {
-        PROCESS_MEMORY_COUNTERS memory{};
-        K32GetProcessMemoryInfo(GetCurrentProcess(), &memory, sizeof memory);
-        return memory.WorkingSetSize;
-    };
+    const auto used = [] { return static_cast<std::size_t>(PrivateBytes(GetCurrentProcess())); };
     const Element details{
         L"details", {}, std::vector<Element>(3, TextElement(L"Event", L"Istime # 2024/02/29 10:15:00"))};
     const auto deliver = [&](const simulator::Fault& fault) {

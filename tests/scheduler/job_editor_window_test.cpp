@@ -28,17 +28,13 @@ TEST_F(JobEditorWindowTest, EachKindHasItsControls)
 {
     constexpr const wchar_t* kFirst[] = {L"Runs every day. A second click on the chosen type above comes back to this.",
         L"Date :", L"Sunday", L"January"};
-    constexpr struct {
-        const wchar_t *click, *with;
-        std::size_t shown;
-        const wchar_t *cell, *stored;
-    } kSteps[] = {{L"On Date", L"Enable Job*", 1, L"On Date(2031-12-24)",
-                      L"StartDate=2031-12-24 EndDate=2031-12-24 Frequency_2[JobStart=AST]"},
-        {L"Weekly", L"Saturday", 2, L"Weekly",
-            L"StartDate=NULL EndDate=NULL Frequency_2[JobStart=Weekly Sun=No Mon=No Tue=No Wed=No Thu=No Fri=No "
-            L"Sat=Yes]"},
+    // clang-format off
+    constexpr struct { const wchar_t *click, *with; std::size_t shown; const wchar_t *cell, *stored; } kSteps[] = {
+        {L"On Date", L"Enable Job*", 1, L"On Date(2031-12-24)", L"StartDate=2031-12-24 EndDate=2031-12-24 Frequency_2[JobStart=AST]"},
+        {L"Weekly", L"Saturday", 2, L"Weekly", L"StartDate=NULL EndDate=NULL Frequency_2[JobStart=Weekly Sun=No Mon=No Tue=No Wed=No Thu=No Fri=No Sat=Yes]"},
         {L"Monthly", L"May", 3, L"Monthly", L"StartDate=01 EndDate=31 Frequency_2[JobStart=Monthly"},
         {L"Monthly", L"Enable Job*", 0, L"*******", L"StartDate=NULL EndDate=NULL Frequency_2[JobStart=AST]"}};
+    // clang-format on
     for (const auto& step : kSteps) {
         Edit(1);
         Do({{step.click}, {L"Date :", L"2031-12-24"}, {step.with}});

@@ -33,6 +33,7 @@ const Change kChanges[] = {
     {L"DeletePolicy", kPowerScheme, {{kPolicyList, L"Presentations"}}, kDeletePolicy, {L"Delete failed ", L"Could not delete the policy."}, {L"GetPolicies"}, {}, {}, L"Delete Policy"},
     {L"ApplyPowerConsumptionData", kSavingsReport, {{L"&Power Consumption Settings"}, {L"Edit Settings"}, {L"Inbuilt"}}, L"Save", {L"Error", L"Unable to Set"},
         {L"GetCurrentPowerConsumptionData"}, {L"Power Consumption Settings", {}}, L"Unable to Set"},
+    {L"ApplySchedulerSettings", kJobScheduler, {}, L"Remove All Scheduled Jobs", {L"Save failed", L"Unable to save the scheduled jobs."}, {L"GetCurrentSchedulerSettings"}, {}, {}, L"Delete all Jobs"},
     {L"ApplyHostSettings", kPorts, {}, L"Change", {L"Unable to Set", L"Unable to set access control settings"}, {L"GetCurrenthostsettings"}, {L"Restart Voltaro", {}}},
     {L"ApplyProxySettings", kProxy, {}, L"Change", {L"Error", L"Unable to Set"}, {L"GetCurrentProxySettings"}, {L"Proxy Connection Settings", {}}, L"Unable to Set"},
     {L"ApplySnoozeSettings", kSnooze, {}, L"Change", {L"Error", L"Unable to Set"}, {L"GetSnoozeSettings"}, {L"Snooze Settings", {}}, L"Unable to Set"},

@@ -92,12 +92,11 @@ TEST_F(MainWindowTest, PaintsTheStateOfThePowerAndTheLicense)
 
 TEST_F(MainWindowTest, ClosesOnYesAndOnNoAnswerOnly)
 {
-    MSG message;
     boxes.Expect({{L"Close Voltaro Console ?", L"Voltaro will automatically close in 5 Seconds.", Answer::No}});
     SendMessageW(main, WM_CLOSE, 0, 0);
     EXPECT_TRUE(IsWindow(main) && IsItemEnabled(TrayMenu(), kTrayClose));
     EXPECT_TRUE(SendMessageW(main, WM_QUERYENDSESSION, 0, 0));
-    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE));
+    EXPECT_FALSE(QuitCode());
     boxes.Expect(
         {{L"Voltaro Help", L"The help file is missing:\n\n"}, {L"Close Voltaro Console ?", {}, Answer::TimedOut}});
     MainCommand(kTrayHelp);

@@ -24,9 +24,7 @@ TEST_F(ActivationTest, SendsAKeyHoweverItWasPastedAndNothingElse)
 {
     EXPECT_EQ(CellOf(Find(kFields), 0, 1), L"Not Activated");
     for (const wchar_t* key : {L"", L" - - ", L"abcd_EFGH", L"abcd\u00E9", L"<key>", L"a&b"}) {
-        Activate(key, {L"Invalid activation key", {}});
-        EXPECT_EQ(Shown(kKey), L"");
-        EXPECT_TRUE(TakeOperations().empty());
+        ExpectRefused({L"Invalid activation key", {}}, {{kKey, key}, {kActivateButton}});
     }
     for (const wchar_t* key : {L"abcd-EFGH-1234-5678", L"abcdEFGH12345678", L"  abcd EFGH 1234 5678 ",
              L"abcd\u2013EFGH\u20131234\u20135678"}) {
@@ -131,10 +129,10 @@ struct UpdateTest : testing::Test, LoadedProgram {
 
 TEST_F(UpdateTest, ShowsTheOutcomeOfEveryAnswer)
 {
-    constexpr wchar_t kLatest[] = L"You are already using the latest version of Voltaro.";
-    constexpr wchar_t kNetwork[] = L"Please check your network connection and try again.";
-    constexpr wchar_t kLater[] = L"VOLTARO update failed, please try after some time.";
-    constexpr wchar_t kDownloaded[] = L"New updates were successfully downloaded.|"
+    constexpr wchar_t kLatest[] = L"You are already using the latest version of Voltaro.",
+                      kNetwork[] = L"Please check your network connection and try again.",
+                      kLater[] = L"VOLTARO update failed, please try after some time.",
+                      kDownloaded[] = L"New updates were successfully downloaded.|"
                                       L"Voltaro needs to be closed for applying new updates.|close";
     // What is answered, and what is shown of it; "*" for the message.
     for (const auto& [status, message, shown] : {std::tuple(L"Failure", kLatest, L"*||ok"),
@@ -154,8 +152,7 @@ TEST_F(UpdateTest, ShowsTheOutcomeOfEveryAnswer)
         Answer::TimedOut}});
     SendMessageW(window, WM_COMMAND, kCloseVoltaro, 0);
     EXPECT_FALSE(IsWindow(main));
-    MSG quit{};
-    EXPECT_TRUE(PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(QuitCode(), 0);
 }
 
 TEST_F(UpdateTest, GoesOnWaitingAfterAnAnswerThatItDoesNotKnow)

@@ -79,6 +79,14 @@ inline bool WaitFor(const std::function<bool()>& condition, unsigned millisecond
     return true;
 }
 
+// Takes the quit message, if there is one.
+inline std::optional<int> QuitCode()
+{
+    MSG message;
+    const bool quit = PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != FALSE;
+    return quit ? std::optional(static_cast<int>(message.wParam)) : std::nullopt;
+}
+
 // Presses a key in the window that has the focus, with VK_CONTROL or VK_SHIFT held down, and serves what follows.
 inline void Press(WORD key, WORD modifier = 0, WORD secondModifier = 0)
 {

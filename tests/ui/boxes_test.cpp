@@ -16,14 +16,6 @@ namespace voltaro {
 
 constexpr Box kQuestion{L"Close ?", L"Do you want to close?", BoxIcon::Information, BoxButtons::YesNo};
 
-// Takes the quit message, if there is one.
-static std::optional<int> QuitCode()
-{
-    MSG message;
-    const bool quit = PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != FALSE;
-    return quit ? std::optional(static_cast<int>(message.wParam)) : std::nullopt;
-}
-
 // Boxes as the program shows them, without the test program's own function in front.
 struct RealBox : testing::Test {
     RealBox() { platformCalls.showMessageBox = nullptr; }
