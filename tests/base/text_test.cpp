@@ -40,8 +40,7 @@ TEST(TextTest, FormatsOfAnyLength)
 {
     EXPECT_EQ(Format(L"%02d:%ls|%.3f", 7, L"wide", 1.5), L"07:wide|1.500");
     const std::wstring longText(5000, L'x');
-    EXPECT_EQ(Format(L"%ls", longText.c_str()), longText);
-    EXPECT_EQ(WithName(L"%ls%ls", L"a"), L"aa");
+    EXPECT_TRUE(Format(L"%ls", longText.c_str()) == longText && WithName(L"%ls%ls", L"a") == L"aa");
 }
 
 TEST(TextTest, DottedAddresses)

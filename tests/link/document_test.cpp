@@ -76,8 +76,7 @@ TEST(InstallationTest, TheEnvironmentIsCutAt99Characters)
 {
     SetEnvironmentVariableW(L"VOLTARO_HOME", std::wstring(300, L'h').c_str());
     InstallDirectory directory{};
-    EXPECT_TRUE(ReadInstallPath(directory));
-    EXPECT_EQ(std::string(directory.data()), std::string(99, 'h'));
+    EXPECT_TRUE(ReadInstallPath(directory) && std::string(directory.data()) == std::string(99, 'h'));
     EXPECT_EQ(HostConfigPath(directory.data()), std::wstring(99, L'h') + L"conf\\hconfig.xml");
     EXPECT_EQ(HostConfigPath(std::string(400, 'h').c_str()).size(), 256U);
 }

@@ -47,8 +47,7 @@ TEST(RepliesTest, TheFirstInDocumentOrderIsReadAlone)
     const Element first{L"response", {}, {{L"deep", {}, {Texts(L"details", {L"a"})}}, Texts(L"details", {L"b"})}};
     const Element root{L"vltp", {}, {first, Texts(L"response", {L"c", L"d", L"e"})}};
     EXPECT_EQ(TextsOf(DetailsFields(root), 9), std::vector<std::wstring>{L"a"});
-    EXPECT_EQ(ResponseFields(root).size(), 2U);
-    EXPECT_EQ(TextAt(DetailsFields(root), 7), L"");
+    EXPECT_TRUE(ResponseFields(root).size() == 2U && TextAt(DetailsFields(root), 7).empty());
 }
 
 TEST(RepliesTest, PoliciesKeepEveryRuleAndItsTextsByNumber)

@@ -29,8 +29,7 @@ TEST_F(PolicyWindow, SendsANewPolicyAndShowsItInTheEditor)
         L"TO_Monitor=No Lock_Screen=Yes TO_Harddisk=No Logoff=No Standby=No Hibernate=No Shutdown=No "
         L"Description=Tea & thought]]");
     EXPECT_EQ(TakeOperations(), (Operations{L"GetActivationstatus", L"CreatePolicy", L"GetPolicies"}));
-    EXPECT_TRUE(!IsOpen(kPolicy) && IsEnabled(WindowOf(kEditor)));
-    EXPECT_EQ(Shown(kPolicyList), L"Games_1");
+    EXPECT_TRUE(!IsOpen(kPolicy) && IsEnabled(WindowOf(kEditor)) && Shown(kPolicyList) == L"Games_1");
 }
 
 TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
@@ -38,8 +37,7 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     Machine().policies[0].children[2].children[5].text = L"yes"; // no word of the hard disk's check box
     OpenPresentations();
     ExpectSent(L"QueryPolicy", L"PolicyName=Presentations");
-    EXPECT_EQ(Shown(kPolicyName), L"Presentations");
-    EXPECT_FALSE(IsOn(kModifyRule));
+    EXPECT_TRUE(Shown(kPolicyName) == L"Presentations" && !IsOn(kModifyRule));
     SetForegroundWindow(WindowOf(kPolicy));
     SetFocus(m_list);
     SelectRow(m_list, 1);
@@ -138,8 +136,7 @@ TEST_F(PolicyWindow, NothingReachesAWindowUnderAnotherOne)
         EXPECT_TRUE(IsOpen(window) && !IsEnabled(WindowOf(window)));
     EXPECT_EQ(TakeOperations(), Operations{});
     Do({{kSaveRule}});
-    EXPECT_EQ(RowCount(m_list), 3);
-    EXPECT_EQ(Shown(kPolicyName), L"Presentations");
+    EXPECT_TRUE(RowCount(m_list) == 3 && Shown(kPolicyName) == L"Presentations");
 }
 
 TEST_F(PolicyWindow, NamesAndListsAreChecked)

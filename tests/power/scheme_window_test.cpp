@@ -65,8 +65,7 @@ TEST_F(SchemeWindow, SendsWhatTheControlsShow)
     EXPECT_EQ(ComboBox_GetCount(Find(kEditorScheme)), 5);
     Do({{kPolicyList, L"Nightly_Backup"}, {kDeletePolicy}});
     ExpectSent(L"DeletePolicy", L"policy=Nightly_Backup");
-    EXPECT_EQ(ComboBox_GetCount(Find(kPolicyList)), 2);
-    EXPECT_EQ(Shown(kPolicyList), L"(None)");
+    EXPECT_TRUE(ComboBox_GetCount(Find(kPolicyList)) == 2 && Shown(kPolicyList) == L"(None)");
     EXPECT_FALSE(IsOn(kEditPolicy) || IsOn(kDeletePolicy));
 }
 
@@ -167,17 +166,14 @@ TEST_F(SchemeWindow, ANewNameIsCheckedAndTheWaysOut)
     TypeUnits(kNewSchemeName, L"abcdefghijklmnopqrstuvwxyz0123456789");
     EXPECT_EQ(Shown(kNewSchemeName), L"abcdefghijklmnopqrstuvwxyz012345");
     Do({{kEditSettings}});
-    EXPECT_FALSE(IsShown(Find(kNewSchemeName)) || IsShown(Find(kSaveNewScheme)));
-    EXPECT_EQ(Shown(kDim), L"After 20 Mins");
+    EXPECT_TRUE(!IsShown(Find(kNewSchemeName)) && !IsShown(Find(kSaveNewScheme)) && Shown(kDim) == L"After 20 Mins");
     SetForegroundWindow(WindowOf(kEditor));
     SetFocus(Find(kEditorScheme));
     Press(VK_RETURN);
-    EXPECT_FALSE(IsOpen(kEditor));
-    EXPECT_EQ(WaitForSingleObject(SchemeWindowClosed(), 0), WAIT_OBJECT_0);
+    EXPECT_TRUE(!IsOpen(kEditor) && WaitForSingleObject(SchemeWindowClosed(), 0) == WAIT_OBJECT_0);
     EXPECT_EQ(TakeOperations(), Operations{});
     MainCommand(kPowerScheme);
-    EXPECT_EQ(TakeOperations(), kReload);
-    EXPECT_EQ(Shown(kDim), L"After 5 Mins");
+    EXPECT_TRUE(TakeOperations() == kReload && Shown(kDim) == L"After 5 Mins");
     EXPECT_EQ(WaitForSingleObject(SchemeWindowClosed(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
     Press(VK_ESCAPE);
     EXPECT_EQ(TakeOperations(), kAfterSaving);
@@ -192,22 +188,19 @@ TEST_F(SchemeWindow, RefreshesInTheBackground)
             SendMessageW(WindowOf(kEditor), WM_COMMAND, kEditorRefresh, 0);
         for (const int id : std::initializer_list<int>{kDim, kSaveAndApply, kSleepChoice, kNewPolicy, kEditPolicy})
             EXPECT_FALSE(IsOn(id)) << id;
-        EXPECT_TRUE(WaitFor(isReady) && IsOn(kDim));
-        EXPECT_FALSE(IsShown(Find(kEditorBusy)) || IsShown(Find(kSaveNewScheme)));
+        EXPECT_TRUE(WaitFor(isReady) && IsOn(kDim) && !IsShown(Find(kEditorBusy)) && !IsShown(Find(kSaveNewScheme)));
     };
     ASSERT_TRUE(StartWorkers());
     Do({{kDim, L"After 20 Mins"}});
     refresh();
-    EXPECT_EQ(TakeOperations(), kReload);
-    EXPECT_EQ(Shown(kDim), L"After 5 Mins");
+    EXPECT_TRUE(TakeOperations() == kReload && Shown(kDim) == L"After 5 Mins");
     boxes.Expect({{L"Connection Issue", L"is not responding"}});
     Agent().SetFault(L"GetPolicies", {FaultKind::CloseAtOnce, {}});
     Do({{kDim, L"After 20 Mins"}});
     OnPowerRefreshed(ReadResult::Read); // of a refresh that nobody waits for any more
     refresh();
     EXPECT_EQ(TakeOperations(), (Operations{L"GetPowerSchemes", L"GetPolicies"}));
-    EXPECT_EQ(Shown(kDim), L"After 20 Mins");
-    EXPECT_FALSE(IsOn(kSaveAndApply));
+    EXPECT_TRUE(Shown(kDim) == L"After 20 Mins" && !IsOn(kSaveAndApply));
     connection.connected = true;
     Agent().SetFault(L"GetSystemDetails", {FaultKind::Late, L"150"});
     RequestBackgroundRefresh(kRefreshSystemDetails);

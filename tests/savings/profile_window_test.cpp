@@ -35,8 +35,7 @@ TEST_F(ProfileWindowTest, OpensWithTheSavedProfileOrTheDefaultMonitorToLookAt)
         Click(editing ? IDCANCEL : IDOK); // nothing to save
         Click(kEdit);
     }
-    EXPECT_FALSE(IsWindowVisible(m_window));
-    EXPECT_TRUE(TakeOperations().empty());
+    EXPECT_TRUE(!IsWindowVisible(m_window) && TakeOperations().empty());
     Agent().SetFault(L"GetCurrentPowerConsumptionData", {FaultKind::NotWellFormed, {}});
     Open();
     EXPECT_EQ(Shown(kCpuMax), L"62.40");
@@ -71,8 +70,7 @@ TEST_F(ProfileWindowTest, ChoicesOfMonitor)
     EXPECT_EQ(Watts(), L"141.00 3.50");
     for (const int kind : {kInbuilt, kBranded}) {
         ClickRadio(kind);
-        EXPECT_EQ(Watts(), L"0.00 0.00");
-        EXPECT_FALSE(IsOn(kMonitorOn) || IsOn(kType));
+        EXPECT_TRUE(Watts() == L"0.00 0.00" && !IsOn(kMonitorOn) && !IsOn(kType));
         EXPECT_EQ(IsWindowVisible(ControlOf(m_window, kNote)) != FALSE, kind == kInbuilt);
     }
     ClickRadio(kOthers);
@@ -143,8 +141,7 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
     EXPECT_EQ(TakeOperations(),
         (Operations{L"GetCurrentPowerConsumptionData", L"GetManualPowerConsumptionData", L"GetActivationstatus",
             L"ApplyPowerConsumptionData", L"GetCurrentPowerConsumptionData"}));
-    EXPECT_EQ(CellOf(ControlOf(m_window, kSaved), 4, 1), L"100.00 Watts");
-    EXPECT_FALSE(IsOn(kSave) || IsOn(kCpuMax));
+    EXPECT_TRUE(CellOf(ControlOf(m_window, kSaved), 4, 1) == L"100.00 Watts" && !IsOn(kSave) && !IsOn(kCpuMax));
     // An hour at 0.05 x 118.9 + 0.15 x 89.15 + 0.8 x 59.4 W.
     EXPECT_EQ(EnergyText(shownDay->figures.nowIs), L"0.067 kWh");
     Click(kAuto);

@@ -123,8 +123,7 @@ TEST(EventLinesTest, CutsLinesAndReadsPowerFigures)
 {
     const Element details{L"details", {}, std::vector<Element>(4000, TextElement(L"e", std::wstring(100, L'x')))};
     const std::vector<EventLine> lines = ReadEventLines(details, L"");
-    EXPECT_EQ(lines.size(), 3010U);
-    EXPECT_EQ(lines.back().view(), std::wstring(60, L'x'));
+    EXPECT_TRUE(lines.size() == 3010U && lines.back().view() == std::wstring(60, L'x'));
     constexpr float kLargest = 3.40282347e38F;
     for (const auto& [line, figure] : {std::pair(L"Pwrcon # 0.8125", 0.8125F), {L"Pwrcon#.5kWh", 0.5F},
              {L"Pwrcon # +2.", 2}, {L"Pwrcon # -1.5e1", -15}, {L"Pwrcon # 1e999", kLargest}, {L"Pwrcon # -1e-999", 0},

@@ -75,8 +75,7 @@ TEST_F(JobListWindowTest, WhatIsNotStoredIsKept)
         AnswerWith(L"ApplySchedulerSettings", L"failure");
         boxes.Expect({{button[0] == L'R' ? L"Delete all Jobs" : L"", {}, Answer::Yes}, {L"Save failed", {}}});
         Do({{button}});
-        EXPECT_EQ(JobNames(false), L"Morning wake up,Nightly backup,Quarter closing,Kept");
-        EXPECT_TRUE(IsOpen(kList));
+        EXPECT_TRUE(JobNames(false) == L"Morning wake up,Nightly backup,Quarter closing,Kept" && IsOpen(kList));
     }
     Agent().ClearScripts();
     Do({{L"Save"}});
@@ -138,8 +137,7 @@ TEST(JobLimitTest, TenJobs)
 
 TEST_F(JobListWindowTest, KeyboardMouseAndClosing)
 {
-    EXPECT_FALSE(IsOn(L"Modify Job..") || IsOn(L"Delete Job"));
-    EXPECT_EQ(GetFocus(), Jobs());
+    EXPECT_TRUE(!IsOn(L"Modify Job..") && !IsOn(L"Delete Job") && GetFocus() == Jobs());
     Press(VK_DOWN);
     Press(VK_RETURN);
     EXPECT_EQ(Shown(L"Job Name :"), L"Morning wake up");
@@ -148,8 +146,7 @@ TEST_F(JobListWindowTest, KeyboardMouseAndClosing)
     Command(kList, IDCANCEL);
     EXPECT_TRUE(IsOpen(kList) && !IsEnabled(WindowOf(kList)));
     Press(VK_ESCAPE);
-    EXPECT_TRUE(IsEnabled(WindowOf(kList)) && !IsOpen(kEditor));
-    EXPECT_EQ(GetFocus(), Jobs());
+    EXPECT_TRUE(IsEnabled(WindowOf(kList)) && !IsOpen(kEditor) && GetFocus() == Jobs());
     DoubleClick(Jobs(), 1);
     EXPECT_EQ(Shown(L"Job Name :"), L"Nightly backup");
     Press(VK_ESCAPE);

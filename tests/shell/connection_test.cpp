@@ -38,8 +38,7 @@ TEST_F(UnloadedProgram, LoadsAndRefreshesInOrderAndTellsOfADeadAgentOnce)
     PrepareForCheck();
     EXPECT_FALSE(IsItemEnabled(TrayMenu(), kTrayVoltaro) || IsConsoleReady());
     Load();
-    EXPECT_EQ(TakeOperations(), kLoadOrder);
-    EXPECT_EQ(SelectedText(WindowOf(WindowId::Main), kSchemeList), L"Balanced");
+    EXPECT_TRUE(TakeOperations() == kLoadOrder && SelectedText(WindowOf(WindowId::Main), kSchemeList) == L"Balanced");
     EXPECT_EQ(GreyedItems(), (std::set<unsigned>{kResume}));
     EXPECT_EQ(HostLineText().substr(0, 10), L"Hostname :");
     MainCommand(kRefresh);
@@ -58,8 +57,7 @@ TEST_F(UnloadedProgram, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSche
         Agent().SetFault(failing, {FaultKind::CloseMidFrame, {}});
         boxes.Expect({box});
         Load();
-        EXPECT_EQ(TakeOperations(), asked);
-        EXPECT_EQ(connection.connected, asked == kLoadOrder);
+        EXPECT_TRUE(TakeOperations() == asked && connection.connected == (asked == kLoadOrder));
         EXPECT_NE(HostLineText() == L"Not initialized.", connection.connected);
     };
     load(L"GetSystemstatus",

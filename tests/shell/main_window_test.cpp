@@ -95,8 +95,7 @@ TEST_F(MainWindowTest, ClosesOnYesAndOnNoAnswerOnly)
     boxes.Expect({{L"Close Voltaro Console ?", L"Voltaro will automatically close in 5 Seconds.", Answer::No}});
     SendMessageW(main, WM_CLOSE, 0, 0);
     EXPECT_TRUE(IsWindow(main) && IsItemEnabled(TrayMenu(), kTrayClose));
-    EXPECT_TRUE(SendMessageW(main, WM_QUERYENDSESSION, 0, 0));
-    EXPECT_FALSE(QuitCode());
+    EXPECT_TRUE(SendMessageW(main, WM_QUERYENDSESSION, 0, 0) && !QuitCode());
     boxes.Expect(
         {{L"Voltaro Help", L"The help file is missing:\n\n"}, {L"Close Voltaro Console ?", {}, Answer::TimedOut}});
     MainCommand(kTrayHelp);
@@ -112,8 +111,7 @@ TEST_F(MainWindowTest, FollowsAChangeOfThePower)
         Pump();
         return TakeOperations();
     };
-    EXPECT_EQ(change(PBT_APMSUSPEND), Operations{});
-    EXPECT_EQ(change(PBT_APMPOWERSTATUSCHANGE), Operations{L"GetBatteryInfo"});
+    EXPECT_TRUE(change(PBT_APMSUSPEND).empty() && change(PBT_APMPOWERSTATUSCHANGE) == Operations{L"GetBatteryInfo"});
     AnswerWith(L"GetBatteryInfo", L"<vltp><response><a>On AC</a><b>Charging</b><c>12 %</c></response></vltp>");
     EXPECT_EQ(change(PBT_APMPOWERSTATUSCHANGE), Operations{L"GetBatteryInfo"});
     EXPECT_EQ(Shown(kChargeLine), L"12 %") << "though the picture stays";

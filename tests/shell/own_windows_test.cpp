@@ -31,8 +31,7 @@ TEST_F(ActivationTest, SendsAKeyHoweverItWasPastedAndNothingElse)
         Activate(key, {L"Voltaro activated", L"Voltaro is activated now."});
         EXPECT_EQ(TakeOperations(), (Operations{L"ActivateLicense", L"GetActivationstatus", L"GetLicenseInfo"}));
         EXPECT_EQ(Shown(kStateLine), L"Voltaro on 'Localhost' is activated.");
-        EXPECT_EQ(CellOf(Find(kFields), 3, 1), L"abcdEFGH12345678");
-        EXPECT_EQ(Shown(kKey), L"");
+        EXPECT_TRUE(CellOf(Find(kFields), 3, 1) == L"abcdEFGH12345678" && Shown(kKey).empty());
         static_cast<void>(ExchangePrepared(Operation::ActivateLicense));
         EXPECT_EQ(Agent().Requests().back().text, L"") << "the key does not stay in its buffer";
         TakeOperations();
@@ -75,8 +74,7 @@ TEST_F(AboutTest, OpensWithAndWithoutAnAgent)
     MainCommand(kAbout); // the one that is open
     SendMessageW(AboutWindow(), WM_CLOSE, 0, 0);
     SendMessageW(AboutWindow(), WM_COMMAND, IDOK, 0);
-    EXPECT_EQ(AboutWindow(), nullptr);
-    EXPECT_TRUE(IsItemEnabled(TrayMenu(), kTrayAbout) && IsMainFree());
+    EXPECT_TRUE(!AboutWindow() && IsItemEnabled(TrayMenu(), kTrayAbout) && IsMainFree());
 
     for (const bool aboutClosesFirst : {false, true}) {
         MainCommand(kSystemInfo);
@@ -151,8 +149,7 @@ TEST_F(UpdateTest, ShowsTheOutcomeOfEveryAnswer)
         L"Voltaro Console needs to be closed for applying update\n\nVoltaro will automatically close in 5 Seconds.",
         Answer::TimedOut}});
     SendMessageW(window, WM_COMMAND, kCloseVoltaro, 0);
-    EXPECT_FALSE(IsWindow(main));
-    EXPECT_EQ(QuitCode(), 0);
+    EXPECT_TRUE(!IsWindow(main) && QuitCode() == 0);
 }
 
 TEST_F(UpdateTest, GoesOnWaitingAfterAnAnswerThatItDoesNotKnow)
@@ -167,8 +164,7 @@ TEST_F(UpdateTest, GoesOnWaitingAfterAnAnswerThatItDoesNotKnow)
         SendMessageW(window, WM_CLOSE, 0, 0);
         Command(WindowId::Update, IDOK);
         Command(WindowId::Update, IDCANCEL);
-        EXPECT_TRUE(updateBusy && IsWindowVisible(window));
-        EXPECT_EQ(Shown(), kChecking);
+        EXPECT_TRUE(updateBusy && IsWindowVisible(window) && Shown() == kChecking);
         EXPECT_EQ(TakeOperations(), Operations{L"CheckForUpdates"});
     }
 }

@@ -62,8 +62,7 @@ TEST_F(LoadedTrayTest, WhatComesDuringARequestFollowsItOnce)
     ClickTrayIcon(); // asks for the battery itself, and nobody calls the agent lost
     shell.join();
     Pump();
-    EXPECT_EQ(TakeOperations(), Operations(3, L"GetBatteryInfo"));
-    EXPECT_TRUE(connection.connected);
+    EXPECT_TRUE(TakeOperations() == Operations(3, L"GetBatteryInfo") && connection.connected);
 }
 
 // A box is open for a while, as a message loop of its own, in which the shell reports all it can.
@@ -198,8 +197,7 @@ TEST_F(PauseTest, ResumesWhateverIsAnsweredAndPausesOnSuccessAlone)
         boxes.Expect({box});
         AnswerWith(asked[0], status);
         MainCommand(resumes ? kResume : kPauseOneHour);
-        EXPECT_EQ(Look(), LookFor(0));
-        EXPECT_TRUE(resumes || (IsOpen(WindowId::Main) && TakeOperations() == asked));
+        EXPECT_TRUE(Look() == LookFor(0) && (resumes || (IsOpen(WindowId::Main) && TakeOperations() == asked)));
     }
 }
 

@@ -23,8 +23,7 @@ ConsoleProgram::ConsoleProgram(const simulator::Scenario& scenario)
     EXPECT_TRUE(ReadInstallPath(programTexts.installDirectory));
     PrepareVersionTexts();
     static const bool registered = RegisterClasses();
-    EXPECT_TRUE(registered);
-    EXPECT_TRUE(CreateWindows());
+    EXPECT_TRUE(registered && CreateWindows());
     EXPECT_EQ(servicePort, m_agent.Port());
 }
 

@@ -32,8 +32,7 @@ TEST_F(RealBox, ClosesItselfTakesTheQuitBackAndLeavesItsOwnerAsItWas)
         EXPECT_EQ(AskWithTimeout(m_owner.Get(), kQuestion, 300), Answer::TimedOut);
         const ULONGLONG taken = GetTickCount64() - start;
         EXPECT_TRUE(taken >= 250 && taken < 3000) << taken;
-        EXPECT_EQ(IsWindowEnabled(m_owner.Get()), enabled);
-        EXPECT_EQ(FindWindowW(nullptr, kQuestion.caption), nullptr);
+        EXPECT_TRUE(IsWindowEnabled(m_owner.Get()) == enabled && FindWindowW(nullptr, kQuestion.caption) == nullptr);
         EXPECT_EQ(QuitCode(), std::nullopt);
     }
 }
@@ -46,22 +45,19 @@ TEST_F(RealBox, AnAnswerInTimeStopsTheTimerAndTheEndOfTheProgramIsNoTimeOut)
             SendMessageW(box, WM_COMMAND, IDYES, 0);
         }
     });
-    EXPECT_EQ(AskWithTimeout(m_owner.Get(), kQuestion, 2000), Answer::Yes);
-    EXPECT_EQ(QuitCode(), std::nullopt);
+    EXPECT_TRUE(AskWithTimeout(m_owner.Get(), kQuestion, 2000) == Answer::Yes && QuitCode() == std::nullopt);
     SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR timer, DWORD) {
         KillTimer(nullptr, timer);
         PostQuitMessage(7);
     });
-    EXPECT_EQ(AskWithTimeout(m_owner.Get(), kQuestion, 2000), Answer::No);
-    EXPECT_EQ(QuitCode(), 7);
+    EXPECT_TRUE(AskWithTimeout(m_owner.Get(), kQuestion, 2000) == Answer::No && QuitCode() == 7);
 }
 
 TEST_F(RealBox, SuppressedBoxesAnswerUnseen)
 {
     SuppressMessageBoxes();
     ShowMessage(nullptr, {L"Failed", L"Never shown."});
-    EXPECT_FALSE(AskQuestion(nullptr, kQuestion));
-    EXPECT_EQ(AskWithTimeout(nullptr, kQuestion, 5000), Answer::TimedOut);
+    EXPECT_TRUE(!AskQuestion(nullptr, kQuestion) && AskWithTimeout(nullptr, kQuestion, 5000) == Answer::TimedOut);
 }
 
 TEST(WaitingTest, AWaitAnswersProbesAndPaintsWithoutSpinningButLeavesInput)
