@@ -1,6 +1,5 @@
 #include "measure.h"
 
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -73,12 +72,12 @@ void JudgeGrowth(const char* what, const std::vector<std::size_t>& sizes, const 
     std::ranges::transform(sizes, std::back_inserter(works), work);
     const std::vector<double> times = Medians(works, 31);
     std::printf("%-58s", what);
-    double worst = 0;
+    double worst = 0, least = times[0] / static_cast<double>(sizes[0]);
     for (std::size_t i = 0; i < sizes.size(); ++i) {
         std::printf(" %zu: %.3f ms", sizes[i], times[i]);
-        for (std::size_t j = 0; j < i; ++j)
-            worst
-                = std::max(worst, times[i] / times[j] * static_cast<double>(sizes[j]) / static_cast<double>(sizes[i]));
+        const double share = times[i] / static_cast<double>(sizes[i]);
+        worst = std::max(worst, share / least);
+        least = std::min(least, share);
     }
     std::printf("; worst %.2f (limit %.2f)", worst, kLimit);
     Conclude(worst <= kLimit);

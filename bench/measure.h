@@ -15,9 +15,7 @@ namespace voltaro::bench {
 
 using Work = std::function<void()>;
 
-// The time that a piece of work takes, in milliseconds.
-[[nodiscard]] double Time(const Work& work);
-
+[[nodiscard]] double Time(const Work& work); // in milliseconds
 [[nodiscard]] double Median(std::vector<double> figures);
 
 // Median times of several pieces of work, run in turn for so many rounds after one round to warm up.
@@ -29,8 +27,7 @@ void JudgeFigure(const char* what, double figure, const char* unit, double limit
 // The same work at growing sizes: ten times the size may take eleven times the time. Prints the time of each.
 void JudgeGrowth(const char* what, const std::vector<std::size_t>& sizes, const std::function<Work(std::size_t)>& work);
 
-// The verdict.
-[[nodiscard]] bool IsWithinLimits();
+[[nodiscard]] bool IsWithinLimits(); // the verdict
 
 // Loads an answer's document and asks for the text of each node of the path. The thread must have entered COM.
 void ReadBare(const std::wstring& text, const wchar_t* path);
@@ -39,8 +36,7 @@ void ReadBare(const std::wstring& text, const wchar_t* path);
 [[nodiscard]] std::vector<EventLine> LongDay(std::size_t count = kMaxEventLines);
 inline constexpr LocalTime kLongDay{2026, 11, 20}, kLongDayNow{2026, 11, 21, 12};
 
-// All windows of the program in this process, hidden.
-void MakeWindows();
+void MakeWindows(); // all of the program, in this process, hidden
 
 // The groups of figures; an agent answers at the service's port, and an installation names it.
 [[nodiscard]] double MeasureRequests(); // the median of a bare exchange

@@ -19,8 +19,8 @@ std::intptr_t failResult = 0;
 void FailOnce();
 }
 
-// Stands for a function of any parameters: passes every call on with its registers untouched, but for this thread's
-// n-th. The thread's identifier and last error are in its environment block.
+// Stands for any function: passes every call on with its registers untouched, but for this thread's n-th. The thread's
+// identifier and last error are in its environment block.
 asm(R"(
     .globl FailOnce
 FailOnce:
@@ -43,15 +43,13 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-// What holds a function's address: an entry of this program's import table.
-using FunctionPlace = void**;
+using FunctionPlace = void**; // what holds a function's address
 
 struct Call {
     const char* function;
     std::intptr_t result = 0;
     std::uint32_t error = ERROR_NOT_ENOUGH_MEMORY;
 };
-
 // Of one build, exchange and read. Calls that give memory or handles back are not among them.
 constexpr Call kLinkCalls[] = {{"WSAStartup", WSASYSNOTREADY, 0}, {"socket", -1, WSAENOBUFS},
     {"setsockopt", -1, WSAEFAULT}, {"WSAEventSelect", -1, WSAENOBUFS}, {"connect", -1, WSAECONNREFUSED},

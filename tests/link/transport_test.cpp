@@ -22,24 +22,17 @@ constexpr wchar_t kStatusRequest[] = L"<?xml version=\"1.0\"?><vltp version=\"1.
                                      L"<MessageId>{00000000-0000-0000-0000-000000000000}</MessageId>"
                                      L"<operation>GetSystemstatus</operation></request></vltp>";
 
-// What behaviours of the agent make of an exchange by a member that has the room. The slow answer takes longer than the
-// member's time; 15 bytes end within the length digits; what follows a length that is 64 too large never comes.
-const struct {
-    Outcome outcome;
-    std::vector<const wchar_t*> faults;
-    std::size_t bytes = 700; // that the answer takes
-} kBehaviours[] = {
-    {Outcome::Answered,
-        {L"none", L"late:30", L"slow:60", L"byte-by-byte", L"pieces", L"no-nul", L"inner-nul", L"garbage:50",
-            L"status"}},
+// What behaviours of the agent make of an exchange by a member that has the room. 15 bytes end within the length
+// digits.
+// clang-format off
+const struct { Outcome outcome; std::vector<const wchar_t*> faults; std::size_t bytes = 700; } kBehaviours[] = { // that the answer takes
+    {Outcome::Answered, {L"none", L"late:30", L"slow:60", L"byte-by-byte", L"pieces", L"no-nul", L"inner-nul", L"garbage:50", L"status"}},
     {Outcome::Answered, {L"entities"}, 1000},
-    {Outcome::ClosedByAgent,
-        {L"close", L"close-mid-frame:1", L"close-mid-frame:15", L"close-mid-frame:16", L"close-mid-frame:17",
-            L"close-mid-frame", L"refuse", L"reset-mid-frame", L"wrong-length:64"}},
+    {Outcome::ClosedByAgent, {L"close", L"close-mid-frame:1", L"close-mid-frame:15", L"close-mid-frame:16", L"close-mid-frame:17", L"close-mid-frame", L"refuse", L"reset-mid-frame", L"wrong-length:64"}},
     {Outcome::TimedOut, {L"silent"}},
-    {Outcome::Damaged,
-        {L"wrong-length:-8", L"length:0", L"length:17", L"length:-1", L"length:text", L"length", L"http"}},
+    {Outcome::Damaged, {L"wrong-length:-8", L"length:0", L"length:17", L"length:-1", L"length:text", L"length", L"http"}},
 };
+// clang-format on
 
 TEST(TransportTest, EveryMemberAgainstEveryBehaviour)
 {

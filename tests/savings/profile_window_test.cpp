@@ -11,11 +11,6 @@ constexpr int kSaved = 101, kInbuilt = 102, kBranded = 103, kOthers = 104, kNote
 struct ProfileWindowTest : testing::Test, LoadedProgram {
     void Open() { OpenProfileWindow(WindowOf(WindowId::Savings)); }
     void Click(int id) { Command(WindowId::Profile, id); }
-    void ClickRadio(int id)
-    {
-        SetChecked(m_window, id, true); // as the user's click leaves it
-        Click(id);
-    }
     void Set(int id, const wchar_t* text) { Do({{id, text}}); }
     [[nodiscard]] static std::wstring Watts() { return Shown(kMonitorOn) + L" " + Shown(kMonitorOff); }
     const HWND m_window = WindowOf(WindowId::Profile);
@@ -69,14 +64,14 @@ TEST_F(ProfileWindowTest, ChoicesOfMonitor)
     Set(kType, L"CRT"); // has that size too
     EXPECT_EQ(Watts(), L"141.00 3.50");
     for (const int kind : {kInbuilt, kBranded}) {
-        ClickRadio(kind);
+        Do({{kind}});
         EXPECT_TRUE(Watts() == L"0.00 0.00" && !IsOn(kMonitorOn) && !IsOn(kType));
         EXPECT_EQ(IsWindowVisible(ControlOf(m_window, kNote)) != FALSE, kind == kInbuilt);
     }
-    ClickRadio(kOthers);
+    Do({{kOthers}});
     EXPECT_EQ(Watts(), L"141.00 3.50");
     Set(kMonitorOn, L"99");
-    ClickRadio(kOthers); // chosen before: keeps the user's own figures
+    Do({{kOthers}}); // chosen before: keeps the user's own figures
     EXPECT_EQ(Watts(), L"99 3.50");
     TakeOperations();
     boxes.Expect({{L"Refresh", {}, Answer::No}, {L"Refresh", {}, Answer::Yes}});
@@ -104,8 +99,8 @@ TEST_F(ProfileWindowTest, AnUntouchedRecordGoesBackAsItCame)
         ExpectSent(L"ApplyPowerConsumptionData", Line(ElementOf(L"details", record)));
     }
     Click(kEdit);
-    ClickRadio(kBranded);
-    ClickRadio(kOthers);
+    Do({{kBranded}});
+    Do({{kOthers}});
     EXPECT_EQ(Watts(), L"21.23 0.49") << "the default monitor's";
 }
 
@@ -150,7 +145,7 @@ TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
     EXPECT_NE(LastRequest(L"ApplyPowerConsumptionData").find(L"<ManualSetFlag>No</ManualSetFlag>"), std::wstring::npos);
     boxes.Expect({{L"Power Consumption Settings", {}}});
     Click(kEdit);
-    ClickRadio(kInbuilt);
+    Do({{kInbuilt}});
     Click(kSave);
     const std::wstring sent = LastRequest(L"ApplyPowerConsumptionData");
     EXPECT_TRUE(sent.find(L"Flag>Yes<") != sent.npos && sent.find(L"<MonitorSize/>") != sent.npos) << sent;

@@ -21,8 +21,7 @@ struct Day {
     float consumed = 0, saved = 0;
 };
 
-// The lines of a day, separated by "|": "Istime 10" stands for the event on 2024-02-29 at 10:00:00, "Duratn 30" and
-// "Pwrcon 1.5" for those lines, and after "=" a line stands as it is.
+// The lines of a day, separated by "|": "Istime 10" is the event on 2024-02-29 at 10:00:00; after "=" any line.
 static std::vector<EventLine> EventLines(std::wstring_view text)
 {
     std::vector<EventLine> lines;

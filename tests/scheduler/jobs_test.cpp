@@ -76,8 +76,7 @@ TEST(JobDocumentTest, TenJobsOfSevenTasksAndNoMore)
     EXPECT_TRUE(read.jobs[0].tasks.size() == 7 && read.droppedTasks == 1);
 }
 
-// One thing at a time of a job spoilt: less is read, never more. Places in a job: 0 name, 3 schedule (in it 3
-// frequency), 4 action (in it 0 power-off, 1 tasks).
+// Less is read, never more. Places in a job: 0 name, 3 schedule (3 frequency), 4 action (0 power-off, 1 tasks).
 TEST(JobDocumentTest, DamagedTreesInventNothing)
 {
     ScheduledJob whole = Job(L"j");

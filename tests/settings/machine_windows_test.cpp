@@ -33,9 +33,8 @@ TEST_F(MachineWindows, TheLoadFillsAllPagesAndCopyAllTakesThem)
             {L"Off", IDB_MACHINE_OFF, L"Windows by Microsoft on Ubuntu Linux", IDB_SYSTEM_PANES, 38},
             {L"Off", IDB_MACHINE_OFF, L"Debian GNU/Linux", IDB_SYSTEM_PROMPT, 25}}) {
         SystemDetails details;
-        const auto answer = ParseAnswer(
-            Format(L"<d><CPUInfo><a/><a/><a/><a/><s>%ls</s></CPUInfo><OSInfo><n>%ls</n></OSInfo></d>", state, system)
-                .c_str());
+        const std::wstring cpu = Format(L"<CPUInfo><a/><a/><a/><a/><s>%ls</s></CPUInfo>", state);
+        const auto answer = ParseAnswer((L"<d>" + cpu + L"<OSInfo><n>" + system + L"</n></OSInfo></d>").c_str());
         details.Read(&*answer);
         const auto draw = [](HDC dc, void* of) { DrawMachine(dc, *static_cast<SystemDetails*>(of)); };
         const Pixels page(RenderBitmap(90, 150, draw, &details).Get());

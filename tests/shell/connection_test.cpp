@@ -60,12 +60,10 @@ TEST_F(UnloadedProgram, TriesThreeTimesGreysWhatNeedsAnAgentAndGoesOnWithoutSche
         EXPECT_TRUE(TakeOperations() == asked && connection.connected == (asked == kLoadOrder));
         EXPECT_NE(HostLineText() == L"Not initialized.", connection.connected);
     };
-    load(L"GetSystemstatus",
-        {L"Connection Issue", L"           To check for services (in Windows) go to Start->Run.. , type"},
+    load(L"GetSystemstatus", {L"Connection Issue", L"for services (in Windows) go to Start->Run.. , type"},
         Operations(3, L"GetSystemstatus"));
     load(L"GetSystemDetails", {}, {L"GetSystemstatus", L"GetSystemDetails"});
-    load(
-        L"GetPowerSchemes", {L"Failed to communicate with Voltaro Agent", L"Voltaro Agent not responding"}, kLoadOrder);
+    load(L"GetPowerSchemes", {L"Failed to communicate with Voltaro Agent", L"Agent not responding"}, kLoadOrder);
 }
 
 TEST_F(ConnectionTest, OneLossOneBox)
@@ -199,8 +197,7 @@ TEST_F(ConnectionTest, EachOutcomeIsToldInItsOwnWay)
     EXPECT_EQ(SendOrLose(pause(fits + 1)).Result(), Outcome::NotSent) << "no room for the NUL";
     EXPECT_TRUE(connection.connected);
     Agent().Stop();
-    boxes.Expect(
-        {{L"Connection Closed !", L"Please check if Voltaro Service is started ?"}, {L"Connection Issue", {}}});
+    boxes.Expect({{L"Connection Closed !", L"if Voltaro Service is started ?"}, {L"Connection Issue", {}}});
     EXPECT_EQ(SendOrLose(Plain(Operation::GetSavingsTillDate)).Result(), Outcome::CannotConnect);
     EXPECT_FALSE(connection.connected);
 }

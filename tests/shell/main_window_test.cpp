@@ -96,8 +96,7 @@ TEST_F(MainWindowTest, ClosesOnYesAndOnNoAnswerOnly)
     SendMessageW(main, WM_CLOSE, 0, 0);
     EXPECT_TRUE(IsWindow(main) && IsItemEnabled(TrayMenu(), kTrayClose));
     EXPECT_TRUE(SendMessageW(main, WM_QUERYENDSESSION, 0, 0) && !QuitCode());
-    boxes.Expect(
-        {{L"Voltaro Help", L"The help file is missing:\n\n"}, {L"Close Voltaro Console ?", {}, Answer::TimedOut}});
+    boxes.Expect({{L"Voltaro Help", L"file is missing:\n\n"}, {L"Close Voltaro Console ?", {}, Answer::TimedOut}});
     MainCommand(kTrayHelp);
     MainCommand(kTrayClose);
     EXPECT_FALSE(IsWindow(main));

@@ -5,9 +5,8 @@
 
 namespace voltaro {
 
-// A window, what opens it (a command of the main window, a button of another one), its help page, the sum of how it
-// looks then, how many requests its opening makes and how many F5 makes, the key that closes it and whether its work is
-// a worker's. Count stands for the about box.
+// A window, what opens it (a command or a button), its help page, the sum of how it looks then, how many requests its
+// opening and F5 make, the key that closes it and whether its work is a worker's. Count stands for the about box.
 struct Opening {
     WindowId window, opener;
     int command;

@@ -44,14 +44,14 @@ ConsoleProgram::~ConsoleProgram()
     DestroyWindows();
     connection.connected = false;
     connection.detailsAnswered = false;
+    notPaused = false;
+    updateBusy = false;
+    trayRestoreAllowed = false;
     std::destroy_at(&agentRecords);
     std::construct_at(&agentRecords);
     hostSettings = {};
     proxySettings = {};
     savedProfile = {};
-    notPaused = false;
-    updateBusy = false;
-    trayRestoreAllowed = false;
     ReleaseAllHolders();
     ReleaseMainWindow(HoldReason::Check);
     refreshRequests = 0;

@@ -60,8 +60,8 @@ void DestroyWindows();
 // A window and its pages.
 [[nodiscard]] std::vector<HWND> WithPages(HWND window);
 
-// The whole program in a test: all windows, hidden, against a simulated agent in a thread of its own. A transport
-// second lasts 100 ms. Nothing is loaded until Load, no workers run and no icon shows until a test starts them.
+// The whole program: all windows, hidden, against a simulated agent; a transport second lasts 100 ms. Nothing is loaded
+// until Load, no workers run and no icon shows until a test starts them.
 class ConsoleProgram {
 public:
     explicit ConsoleProgram(const simulator::Scenario& scenario = simulator::DefaultScenario());
@@ -96,8 +96,7 @@ public:
     void ExpectRefused(const ExpectedBox& box, std::initializer_list<Step> steps);
     static void DoubleClick(HWND list, int row);
 
-    // A control of a window or its pages (else of the one in front), what it shows, chooses or
-    // holds, and whether it can be used.
+    // A control of a window, else of the one in front, or its pages; what it shows or chooses; whether it can be used.
     [[nodiscard]] static HWND Find(ControlName name, WindowId window = WindowId::Count);
     [[nodiscard]] static std::wstring Shown(ControlName name, WindowId window = WindowId::Count);
     [[nodiscard]] static bool IsOn(ControlName name, WindowId window = WindowId::Count)
@@ -107,8 +106,7 @@ public:
 
     Operations TakeOperations() { return m_agent.TakeOperations(); }
     [[nodiscard]] std::wstring LastRequest(std::wstring_view operation) const { return m_agent.LastRequest(operation); }
-    // Expects the last request of an operation in the usual envelope, whatever its identifier; `fields` as Line() shows
-    // elements.
+    // Expects the last request of an operation in the usual envelope; `fields` as Line() shows elements.
     void ExpectSent(const std::wstring& operation, const std::wstring& fields);
 
     // Answers the operation so, whatever it asks: with a document, a status word or kNoAnswer; any other as usual.

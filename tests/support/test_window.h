@@ -14,8 +14,7 @@
 
 namespace voltaro {
 
-// A top-level window for tests, as long as the object lives. Messages go to `handler` first, as to any window then; one
-// without a handler has the keyboard.
+// A top-level window as long as the object lives. Messages go to the handler first; one without it has the keyboard.
 class TestWindow {
 public:
     using Handler = std::function<std::optional<LRESULT>(HWND window, UINT message, WPARAM w, LPARAM l)>;
@@ -130,8 +129,7 @@ inline std::wstring ClassOf(HWND window)
     return name;
 }
 
-// A control as the user, or a screen reader, finds it: a button by its text, a field by the label right before it.
-// Null when there is none.
+// A control as a screen reader finds it: a button by its text, a field by the label right before it. Null for none.
 inline HWND Labelled(HWND window, const wchar_t* label)
 {
     for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {

@@ -50,8 +50,7 @@ static int CountIn(const Pixels& pixels, HWND window, HWND control, COLORREF col
 struct Appearance : testing::Test, LoadedProgram {
     Appearance()
     {
-        constexpr DayDurations kDay
-            = {.poweredOn = 50400, .offTotal = 36000, .active = 43200, .idle = 7200, .off = 36000};
+        constexpr DayDurations kDay = {.poweredOn = 50400, .offTotal = 36000, .active = 43200, .idle = 7200};
         shownDay = MakeShownDay({2024, 2, 29}, {kDay, {}, 0, 0}, savedProfile);
         OpenSavingsWindow(main);
         RecomputeSavings();

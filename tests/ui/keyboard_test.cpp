@@ -76,8 +76,7 @@ static std::wstring MenuLook(HMENU menu)
     return look;
 }
 
-// A line of class, place, style, text, tip, limit, choices and columns. What stands in fields and lists is the agent's;
-// the height of a closed combo box is the font's.
+// A line without what is not the program's: texts in fields and lists, the height of a closed combo box.
 static std::wstring ControlLook(HWND control, LONG ignoredStyles)
 {
     const std::wstring kind = ClassOf(control);

@@ -1,7 +1,6 @@
 #pragma once
 
-// The few names of the platform that the link and the simulated agent's server use, over POSIX: in the place of the
-// real header, so that a race detector sees both. An event is a flag, or stands for a socket's readiness.
+// The platform's names that the link and the simulated agent's server use, over POSIX, in the place of the real header.
 #include <arpa/inet.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -32,7 +31,7 @@ enum : int { WSAENETDOWN = ENETDOWN, WSAENETRESET = ENETRESET, WSAECONNABORTED =
 enum : DWORD { WAIT_OBJECT_0 = 0, WAIT_TIMEOUT = 258, INFINITE = UINT32_MAX };
 inline const HANDLE INVALID_HANDLE_VALUE = nullptr;
 
-struct Event {
+struct Event { // a flag, or a socket's readiness
     std::mutex mutex;
     std::condition_variable changed;
     bool set = false;
