@@ -41,8 +41,7 @@ void Damage(Element& tree, Bytes& bytes, std::span<const wchar_t* const> names)
 
 } // namespace voltaro::fuzz
 
-using voltaro::fuzz::Bytes;
-using voltaro::fuzz::kTargets;
+using namespace voltaro::fuzz;
 
 #ifdef VOLTARO_FUZZ
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -59,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 }
 #else
 // Runs the target on the content, then on copies of it with some bytes changed or dropped.
-void RunVaried(const voltaro::fuzz::Target& target, const std::vector<std::uint8_t>& content)
+void RunVaried(const Target& target, const std::vector<std::uint8_t>& content)
 {
     std::mt19937 random(20240506);
     for (int copy = 0; copy <= 500; ++copy) {
@@ -78,12 +77,10 @@ void RunVaried(const voltaro::fuzz::Target& target, const std::vector<std::uint8
 int main(int, char** arguments)
 {
     for (const auto& target : kTargets) {
-        for (const auto& entry :
-            std::filesystem::directory_iterator(arguments[1] + std::string(1, '/') + target.name)) {
+        for (const auto& entry : std::filesystem::directory_iterator(std::string(arguments[1]) + '/' + target.name)) {
             std::cout << entry.path() << '\n' << std::flush; // what fails is the last one named
             std::ifstream file(entry.path(), std::ios::binary);
-            const std::vector<std::uint8_t> content{std::istreambuf_iterator<char>(file), {}};
-            RunVaried(target, content);
+            RunVaried(target, {std::istreambuf_iterator<char>(file), {}});
         }
     }
 }

@@ -70,6 +70,10 @@ use_wine() {
     touch "$WINEPREFIX/ready"
 }
 
+# on_one_core COMMAND...: Wine's programs and their server answer each other all the time, which is slow where one core
+# has to wake the other.
+on_one_core() { taskset --cpu-list "$(taskset --cpu-list --pid $$ | sed 's/.*: //; s/[^0-9].*//')" "$@"; }
+
 started=()
 # Ends, by id, whatever this script started.
 end_started() {

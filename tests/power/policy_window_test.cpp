@@ -44,8 +44,7 @@ TEST_F(PolicyWindow, RulesAreModifiedAndDeletedByMouseAndKeyboard)
     EXPECT_TRUE(IsOn(kModifyRule));
     Press(VK_RETURN);
     EXPECT_EQ(Shown(kModifiedName), L"MeetingRoom.exe");
-    Do({{kRuleDescription, L"Calls"}, {kFirstRuleCheck}, {kFirstRuleCheck + 6},
-        {kSaveRule}}); // its own name is no obstacle
+    Do({{kRuleDescription, L"Calls"}, {kFirstRuleCheck}, {kFirstRuleCheck + 6}, {kSaveRule}});
     EXPECT_EQ(ListText(m_list, true), L"MeetingRoom.exe\tCalls\tDisabled\tNo\tNo\tNo\tyes\tNo\tYes\tNo\tNo\r\n");
     for (int check = 1; check <= 8; ++check) {
         DoubleClick(m_list, 0);

@@ -38,13 +38,12 @@ TEST(TrayTest, ALeftClickRestoresOnceTheConsoleWasLoaded)
 {
     ConsoleProgram program;
     for (const bool loaded : {false, true}) {
-        if (loaded)
-            program.Load();
         program.MainCommand(kMenuExitToTray);
         program.TakeOperations();
         program.ClickTrayIcon();
         EXPECT_EQ(program.IsOpen(WindowId::Main), loaded);
         EXPECT_EQ(program.TakeOperations(), Operations(loaded, L"GetBatteryInfo"));
+        program.Load();
     }
 }
 

@@ -5,10 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <mutex>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace voltaro {

@@ -2,7 +2,6 @@
 
 #include "link/element.h"
 
-#include <initializer_list>
 #include <string>
 
 namespace voltaro {
