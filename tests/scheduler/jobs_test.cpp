@@ -96,6 +96,7 @@ TEST(JobDocumentTest, DamagedTreesInventNothing)
         {[](E& e) { At(e, {0, 0}).text.Clear(); },           [](J& j) { j.name.clear(); }, 1},
         {[](E& e) { e.children.push_back({}); },             [](J&) {}, 1},
         {[](E& e) { At(e, {0, 3}).name = L"Schedule_2"; },   [](J& j) { j.startTime.clear(); j.kind = {}; j.weekDays = {}; }},
+        {[](E& e) { At(e, {0, 3}).children.pop_back(); },    [](J& j) { j.otherKind = L""; j.kind = {}; j.weekDays = {}; }},
         {[](E& e) { At(e, {0, 3, 3, 0}).text = L"Hourly"; }, [](J& j) { j.otherKind = L"Hourly"; j.kind = {}; j.weekDays = {}; }},
         {[](E& e) { At(e, {0, 3, 3}).children.resize(3); },  [](J& j) { j.weekDays[6] = false; }},
         {[](E& e) { At(e, {0}).children.resize(4); },        [](J& j) { j.powerOff = false; j.powerOffType.clear(); j.tasks.clear(); }},
