@@ -17,11 +17,6 @@ namespace {
 
 constexpr const wchar_t* kSkeletonReady = L"VoltaroBenchSkeletonReady";
 
-double PrivateMegabytes(const Process& process)
-{
-    return static_cast<double>(PrivateBytes(process.Get())) / 1e6;
-}
-
 double ProcessorMs(const Process& process)
 {
     ULARGE_INTEGER kernel{}, user{};
@@ -71,10 +66,10 @@ void MeasureStart(const Programs& programs, double bareExchange)
     for (int round = 0; round < 17; ++round) {
         std::unique_ptr<Process> process;
         StartConsole(programs, process, painted.emplace_back(), connected.emplace_back());
-        memory.push_back(PrivateMegabytes(*process));
+        const auto held = PrivateBytes(process->Get());
         process.reset();
         skeleton.push_back(StartSkeleton(programs, process));
-        memory.back() -= PrivateMegabytes(*process);
+        memory.push_back(static_cast<double>(held - PrivateBytes(process->Get())) / 1e6);
     }
     JudgeRatio("start to first paint / skeleton with the same windows, icon", Median(painted), Median(skeleton), 1.15);
     JudgeRatio("start to connected / 1.15 x skeleton + 2.5 x exchanges", Median(connected),

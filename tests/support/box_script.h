@@ -36,7 +36,6 @@ public:
         platformCalls.showMessageBox = m_before;
     }
 
-    // Adds boxes for the next step of a test.
     void Expect(std::initializer_list<ExpectedBox> boxes)
     {
         const std::lock_guard lock(m_mutex);
