@@ -22,10 +22,9 @@ constexpr wchar_t kStatusRequest[] = L"<?xml version=\"1.0\"?><vltp version=\"1.
                                      L"<MessageId>{00000000-0000-0000-0000-000000000000}</MessageId>"
                                      L"<operation>GetSystemstatus</operation></request></vltp>";
 
-// What behaviours of the agent make of an exchange by a member that has the room. 15 bytes end within the length
-// digits.
+// What behaviours of the agent make of an exchange by a member that has room for so many bytes; 15 end in the digits.
 // clang-format off
-const struct { Outcome outcome; std::vector<const wchar_t*> faults; std::size_t bytes = 700; } kBehaviours[] = { // that the answer takes
+const struct { Outcome outcome; std::vector<const wchar_t*> faults; std::size_t bytes = 700; } kBehaviours[] = {
     {Outcome::Answered, {L"none", L"late:30", L"slow:60", L"byte-by-byte", L"pieces", L"no-nul", L"inner-nul", L"garbage:50", L"status"}},
     {Outcome::Answered, {L"entities"}, 1000},
     {Outcome::ClosedByAgent, {L"close", L"close-mid-frame:1", L"close-mid-frame:15", L"close-mid-frame:16", L"close-mid-frame:17", L"close-mid-frame", L"refuse", L"reset-mid-frame", L"wrong-length:64"}},
