@@ -15,7 +15,7 @@ enum class License : std::uint8_t { Active, NotActivated, Expired };
 // Reads the activation status and shows it on the main window.
 ReadResult ReadActivationStatus();
 
-// The gate before every apply, save, create and delete and before the savings report: asks the agent, and refuses with
+// The check before every apply, save, create and delete and before the savings report: asks the agent, and refuses with
 // a box of that caption when the product is not active. False also when the agent is lost.
 [[nodiscard]] bool CheckLicense(HWND owner, const wchar_t* caption);
 

@@ -78,7 +78,7 @@ ReportRows EstimateRows(const DayDurations& durations, const SavingsFigures& fig
     };
 }
 
-std::wstring ReckoningOf(std::wstring_view label)
+std::wstring FormulaOf(std::wstring_view label)
 {
     if (label != kEmissionLabel)
         return {};

@@ -38,7 +38,7 @@ inline constexpr Captions2 kDurationColumns = {L"System Duration", L"Cumulative 
 [[nodiscard]] ReportRows EmissionRows(const SavingsFigures& figures);
 
 // How a row's value is computed, for its tooltip; empty where the label says it.
-[[nodiscard]] std::wstring ReckoningOf(std::wstring_view label);
+[[nodiscard]] std::wstring FormulaOf(std::wstring_view label);
 
 // The second tab: the energy rows, each with the time that it stands for, and the idle periods by length.
 [[nodiscard]] ReportRows EstimateRows(const DayDurations& durations, const SavingsFigures& figures);

@@ -112,7 +112,7 @@ void DrawPage(HDC dc, const ReportPage& page)
 
 std::wstring TipOf(HWND list, int row)
 {
-    return ReckoningOf(CellOf(list, row, 0));
+    return FormulaOf(CellOf(list, row, 0));
 }
 
 LRESULT OnCreate(HWND window, const ReportPage& page)

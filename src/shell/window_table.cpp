@@ -154,7 +154,7 @@ void ReportFailure(const wchar_t* text)
     ShowMessage(nullptr, {L"Error", text});
 }
 
-// The places of the controls reckon with a frame of 3 pixels, a caption of 23 and a menu of 20. Where the user has
+// The places of the controls assume a frame of 3 pixels, a caption of 23 and a menu of 20. Where the user has
 // larger ones the window grows by the difference, or its lower controls would be cut.
 void KeepClientSize(HWND window, const WindowRow& row)
 {

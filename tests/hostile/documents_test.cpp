@@ -44,8 +44,8 @@ TEST(HostileDocumentTest, EveryDocumentInEveryWindow)
         if (document.ends_with(L":"))
             document += std::to_wstring(elsewhere.Port()) + L"/x";
         program.Agent().SetFault(L"*", *simulator::ParseFault(document));
-        for (const wchar_t* gate : {L"GetSystemstatus", L"GetActivationstatus"}) // or no window would open
-            program.Agent().SetFault(gate, *simulator::ParseFault(L"late:0"));
+        for (const wchar_t* check : {L"GetSystemstatus", L"GetActivationstatus"}) // or no window would open
+            program.Agent().SetFault(check, *simulator::ParseFault(L"late:0"));
         program.Load();
         connection.connected = true;
         OpenPolicy(L"Presentations"); // whatever the list of policies holds

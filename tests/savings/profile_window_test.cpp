@@ -119,7 +119,7 @@ TEST_F(ProfileWindowTest, RefusedPowersAreToldAndEmptied)
     }
 }
 
-TEST_F(ProfileWindowTest, SavesAManualEntryReckonsAnewThenSavesTheAutomatic)
+TEST_F(ProfileWindowTest, SavesAManualEntryComputesAnewThenSavesTheAutomatic)
 {
     Open();
     shownDay = MakeShownDay({2024, 2, 29}, {{.poweredOn = 3600, .active = 3600}, {}, 0, 0}, savedProfile);

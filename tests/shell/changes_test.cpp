@@ -45,11 +45,11 @@ struct ChangesTest : testing::Test, LoadedProgram { };
 
 TEST_F(ChangesTest, EveryAnswerToEveryChange)
 {
-    const std::wstring gate = L"GetActivationstatus";
+    const std::wstring check = L"GetActivationstatus";
     for (const Change& change : kChanges) {
         const std::wstring operation = change.operation;
         const auto sent = [&](Operations readAgain) {
-            readAgain.insert(readAgain.begin(), {gate, operation});
+            readAgain.insert(readAgain.begin(), {check, operation});
             return readAgain;
         };
         const ExpectedBox& odd = change.lenient ? change.done : change.failed;
@@ -67,8 +67,8 @@ TEST_F(ChangesTest, EveryAnswerToEveryChange)
             {operation, kNoStatus, odd, sent(readAfterOdd)},
             {operation, L"Success", change.done, sent(change.readAfterSuccess)},
             {operation, L"success", change.done, sent(change.readAfterSuccess)},
-            {operation, L"Not Activated", {unlicensed, L"'Localhost' is not activated."}, sent({gate})},
-            {gate, L"License Expired", {unlicensed, L"The license of Voltaro on 'Localhost' has expired."}, {gate}},
+            {operation, L"Not Activated", {unlicensed, L"'Localhost' is not activated."}, sent({check})},
+            {check, L"License Expired", {unlicensed, L"The license of Voltaro on 'Localhost' has expired."}, {check}},
             {operation, kMalformed, odd, sent(readAfterOdd)},
             {operation, kNoAnswer, {L"Connection Issue", L"is not responding"}, sent({})},
         };

@@ -59,7 +59,7 @@ TEST_F(Controls, FocusLeavesAControlThatIsDisabledOrHiddenAndComesBack)
     Show(window, kNumber, false);
     EXPECT_EQ(GetFocus(), Of(kPassword));
     Show(window, kNumber, true);
-    EXPECT_EQ(GetFocus(), Of(kPassword)) << "it was lent only";
+    EXPECT_EQ(GetFocus(), Of(kPassword)) << "only for the time being";
     Enable(window, kEdit, true);
     EXPECT_EQ(GetFocus(), Of(kEdit));
     Enable(window, kEdit, false);
