@@ -52,7 +52,7 @@
 #define IDB_BATTERY_DISCHARGING 1114 // any other status of a battery in use
 #define IDB_BATTERY_UNKNOWN 1115     // "Unknown status"
 
-// licence state, 125 x 16
+// license state, 125 x 16
 #define IDB_LICENSE_ACTIVE 1120   // "Activated"
 #define IDB_LICENSE_INACTIVE 1121 // "Not Activated"
 #define IDB_LICENSE_EXPIRED 1122  // "License Expired"
