@@ -9,8 +9,7 @@
 
 namespace voltaro {
 
-constexpr auto kEditor = WindowId::Scheme, kDisplayPage = WindowId::SchemeDisplay,
-               kPowerOffPage = WindowId::SchemePowerOff, kPolicy = WindowId::Policy, kRule = WindowId::Rule;
+constexpr auto kEditor = WindowId::Scheme, kPolicy = WindowId::Policy, kRule = WindowId::Rule;
 
 // The program with the scheme editor open.
 struct PowerProgram : LoadedProgram {

@@ -4,8 +4,7 @@
 
 namespace voltaro {
 
-constexpr auto kList = WindowId::JobList, kEditor = WindowId::JobEditor, kActions = WindowId::JobActions,
-               kTasks = WindowId::JobTasks;
+constexpr auto kList = WindowId::JobList, kEditor = WindowId::JobEditor;
 
 // The program with its job windows, driven by what stands on the screen.
 struct SchedulerProgram : LoadedProgram {

@@ -1,5 +1,6 @@
 #include "link/document.h"
 #include "resources/resource_ids.h"
+#include "settings/machine_texts.h"
 #include "settings/system_info_pages.h"
 #include "support/pixels.h"
 #include "support/program.h"
@@ -40,6 +41,8 @@ TEST_F(MachineWindows, TheLoadFillsAllPagesAndCopyAllTakesThem)
         const Pixels page(RenderBitmap(90, 150, draw, &details).Get());
         EXPECT_TRUE(Shows(page, picture, {5, 15, 80, 90}) && Shows(page, logo, {4, 99, 84, 99 + height})) << system;
     }
+    for (const wchar_t* none : {L"Windows 10", L"microsoft windows", L"UBUNTU"})
+        EXPECT_EQ(LogoOf(none), SystemLogo::None) << none;
     MainCommand(kSystemInfo);
     EXPECT_EQ(TakeOperations(), Operations{});
     ClickTab(FindWindowExW(WindowOf(WindowId::SystemInfo), nullptr, WC_TABCONTROLW, nullptr), 2);

@@ -63,12 +63,13 @@ TEST_F(RecordWindows, PortsTravelWhole)
     SendMessageW(Find(L"Remote Manager 2 address"), IPM_SETADDRESS, 0, MAKEIPADDRESS(10, 0, 7, 1));
     Set(L"Local Host");
     Set(L"Remote Manager 2");
-    Set(L"TCP Port :", L"00080 tcp");
-    ApplyAndExpect(L"Localhost=No TCPPort=80 UDPPort=4917 MonitoringIP=192.168.20.5 MonitoringTCPPort=4920 "
+    Set(L"TCP Port :", L" 0001 tcp"); // the lowest and the highest
+    Set(L"UDP Port :", L"65535");
+    ApplyAndExpect(L"Localhost=No TCPPort=1 UDPPort=65535 MonitoringIP=192.168.20.5 MonitoringTCPPort=4920 "
                    L"RemoteManager1=0.0.0.0 RemoteManager1Enable=Yes RemoteManager2=10.0.7.1 RemoteManager2Enable=Yes "
                    L"MonitoringURL=http://monitor.office.example/voltaro?site=3&unit=12 MonitoringURLEnable=No "
                    L"MonitoringIPEnable=Yes");
-    EXPECT_EQ(Shown(L"TCP Port :"), L"80"); // read again
+    EXPECT_EQ(Shown(L"TCP Port :"), L"1"); // read again
 }
 
 TEST_F(RecordWindows, ProxyTravelsWholeAndItsFieldsFollowTheirSwitches)

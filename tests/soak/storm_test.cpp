@@ -72,15 +72,16 @@ std::vector<HWND> OpenWindows()
 // From the menu of the notification area now and then, and whenever the bar cannot be reached.
 void Choose()
 {
-    HMENU menu = RandomBelow(3) == 0 || !IsWindowEnabled(WindowOf(WindowId::Main)) ? TrayMenu() : MainMenuBar();
+    const bool tray = RandomBelow(3) == 0 || !IsWindowEnabled(WindowOf(WindowId::Main));
+    HMENU menu = tray ? TrayMenu() : MainMenuBar();
     int at = 0;
     for (HMENU inner = menu; inner != nullptr; inner = GetSubMenu(menu, at)) {
         menu = inner;
         at = static_cast<int>(RandomBelow(static_cast<std::size_t>(GetMenuItemCount(menu))));
     }
-    const bool again = !connection.connected && RandomBelow(2) == 0;
+    const bool again = !tray && !connection.connected && RandomBelow(2) == 0;
     const UINT item = again ? static_cast<UINT>(kReinitialize) : GetMenuItemID(menu, at);
-    if (item != kWebSite && IsItemEnabled(again ? MainMenuBar() : menu, item))
+    if (item != kWebSite && IsItemEnabled(tray ? TrayMenu() : MainMenuBar(), item))
         PostMessageW(WindowOf(WindowId::Main), WM_COMMAND, item, 0);
 }
 
